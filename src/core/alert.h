@@ -1,0 +1,60 @@
+// The one way to tell the user something, and the exception that carries it off other threads.
+// Role: callable from everywhere. How an alert is shown and how the program ends are seams that the
+// application sets; without them an alert prints.
+#pragma once
+#include <string>
+
+enum alert_type : int {
+    alert_language = 0,  // language chooser; the strings are ignored
+    alert_sys_event = 1, // message that also arms the system-event check
+    alert_message = 2,   // message, the program goes on
+    alert_fatal = 3,     // logged, shown, then the process ends
+};
+
+// Four lines of text. close_to: window to return to afterwards. Strings are never used as formats.
+void __MACIBM_alert(int close_to, std::string C_string1, std::string C_string2, std::string C_string3,
+                    std::string C_string4, int type, const char* file, int line);
+#define MACIBM_alert(close_to, s1, s2, s3, s4, type) \
+    __MACIBM_alert(close_to, s1, s2, s3, s4, type, __FILE__, __LINE__)
+
+// Faults of data that the program lives with: writes the lines with file and line to "Error.out",
+// shows each distinct message once as type 2, and lets the caller go on with its substitute.
+void data_fault(std::string s1, std::string s2, std::string s3, std::string s4, const char* file, int line);
+#define MACIBM_data_fault(s1, s2, s3, s4) data_fault(s1, s2, s3, s4, __FILE__, __LINE__)
+
+struct alert_lines {
+    std::string line[4];
+};
+
+// What the application puts in place of printing.
+struct alert_seam_struct {
+    // Shows an alert and waits for the user; null before the graphics are up and in headless runs.
+    void (*show)(int close_to, const alert_lines& text, int type) = nullptr;
+    // Orderly shutdown of a fatal end, without preferences; null outside the full program.
+    void (*finish)(int is_normal_exit) = nullptr;
+    // Ends the process, never returns. Tests and fuzzers replace it by one that throws.
+    void (*end)(const alert_lines& text) = nullptr;
+};
+extern alert_seam_struct alert_seam;
+
+extern int g_done;            // ends the frame loop
+extern int check_sys_event;   // armed by alerts of type 1
+
+bool THREAD_IsMainThread();
+bool THREAD_IsInited();
+void THREAD_Init();           // remembers the calling thread as the main one
+
+class XException {
+public:
+    XException(std::string c1, std::string c2, std::string c3, std::string c4, const char* file, int line);
+    XException(const XException&) = default;
+    XException& operator=(const XException&) = default;
+    virtual ~XException() = default;
+
+    void ReportAndQuit() const;      // type 3 alert
+    void ReportAndContinue() const;  // type 2 alert; off the main thread it logs and ends the process
+
+    std::string c1_, c2_, c3_, c4_;
+    const char* file_;  // not owned
+    int line_;
+};

@@ -1,0 +1,74 @@
+// Sizes that every subsystem agrees on, and the small enumerations of the part index space.
+// Role: included by all records; knows nothing of them.
+#pragma once
+
+constexpr int vehDIM = 10;        // aircraft slots; slot 0 is always the user's aircraft
+constexpr int strDIM = 500;       // path-like strings, terminator included
+constexpr int nameDIM = 40;       // names, terminator included
+constexpr int idDIM = 5;          // airport identifiers, terminator included
+constexpr int fuelDIM = 3;        // fuel tanks
+constexpr int flapDIM = 10;       // flap detent entries
+constexpr int part_sDIM = 20;     // stations of a body
+constexpr int part_rDIM = 18;     // points round one station of a body
+constexpr int pathDIM = 6000;     // recorded snapshots
+constexpr int logDIM = 5000;      // logbook lines
+constexpr int datDIM = 200;       // rows of the data table
+constexpr int textDIM = 1400;     // interface strings
+constexpr int ip_addDIM = 40;     // network address slots
+constexpr int fixDIM = 6;         // radio slots
+constexpr int XRES = 1024;        // virtual screen of the interface
+constexpr int YRES = 768;
+constexpr int Xtrue = 1;
+constexpr int Xfals = 0;
+
+constexpr int engnDIM = 8;        // thrust points, and engines among them
+constexpr int wingDIM = 56;       // wing-like parts: blades, surfaces, pylons
+constexpr int partDIM = 95;       // all parts
+constexpr int gearDIM = 10;       // gear legs
+constexpr int wattDIM = 24;       // weapon attachments
+constexpr int doorDIM = 20;       // gear doors
+constexpr int sbrkDIM = 4;        // speed-brake doors
+constexpr int wpnDIM = 25;        // weapons; the last is never flown
+constexpr int elDIM = 10;         // elements of one wing-like part
+constexpr int bladDIM = 4;        // blades kept apart in the element tables
+constexpr int failDIM = 172;      // failure slots
+constexpr int insDIM = 300;       // instruments of a panel
+constexpr int aflDIM = 721;       // entries of a polar table
+constexpr int boatDIM = 5;        // ships
+
+// The 95 parts share one index space; first and last index of each kind, both inclusive.
+enum part_range : int {
+    part_thru_first = 0, part_thru_last = 7,       // thrust points; wing[] describes one blade
+    part_wing_first = 8, part_wing_last = 39,      // lifting surfaces: downwash, ground effect
+    part_main_last = 15,                           // wings 1 to 4
+    part_hstb_left = 16, part_hstb_right = 17,     // horizontal stabiliser
+    part_vstb_first = 18, part_vstb_last = 19,     // fins
+    part_pylo_first = 40, part_pylo_last = 55,     // pylons: forces, no downwash
+    part_pylo_low = 48,                            // first lower pylon
+    part_body_first = 56, part_body_last = 76,     // bodies; 56 is the fuselage
+    part_nace_first = 77, part_nace_last = 84,     // nacelle of thrust point n at 77 + n
+    part_fair_first = 85, part_fair_last = 94,     // fairing of gear n at 85 + n
+};
+
+// How a slot moves (flt[p].update_type).
+enum update_kind : int {
+    pln_update_primary = 0,    // full flight model, slot 0 only, or replay
+    pln_update_local_AI = 1,   // AI pilot with simple kinematics
+    pln_update_net = 2,        // dead reckoning between network messages
+    pln_update_plugin = 3,     // moved by a plugin; the system leaves it alone
+};
+
+// Failure slots (flt[p].fail_stat[]), as far as other code tests them by name. A per-engine slot
+// is the base plus the engine; a per-surface slot the base plus the part index.
+enum fail_slot : int {
+    fail_vacuum = 0,
+    fail_ss_asi = 1, fail_ss_ahz = 2, fail_ss_alt = 3, fail_ss_tsi = 4, fail_ss_dgy = 5, fail_ss_vvi = 6,
+    fail_L_flp = 26, fail_R_flp = 27, fail_L_flp_off = 28, fail_R_flp_off = 29,
+    fail_slat = 30, fail_throttle = 31, fail_gear = 32,
+    fail_esys = 44, fail_otto = 47, fail_inverter = 50,
+    fail_pitot = 52, fail_static = 53, fail_engine = 54, fail_eng_sep = 62,
+    fail_wing_sep = 126,       // base for parts 8 to 39
+    fail_pylo_sep = 116,       // base for parts 40 to 55; the two ranges share slots 156 to 165
+    fail_wing1_left = 134, fail_wing2_left = 136, fail_wing3_left = 138, fail_wing4_left = 140,
+};
+constexpr char fail_active = 6;   // the one state in which a failure acts

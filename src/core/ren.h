@@ -1,0 +1,25 @@
+// Rendering options and the view.
+#pragma once
+
+// Views by their command codes.
+enum view_code : int { view_fwd_panel = 1500 };
+
+struct ren_struct {
+    float view_xyz[3];          // eye, world frame, m
+    float view_ele_msl, view_ele_agl;
+    float final_the, final_psi, final_phi;
+    float sin_final_the, cos_final_the, sin_final_psi, cos_final_psi, sin_final_phi, cos_final_phi;
+    float cockpit_the, cockpit_psi, cockpit_phi;
+    float FOV;                  // horizontal field of view, degrees
+    int vert1, vert2;
+    int view_type_act;          // view_code
+    int is_viewer;              // this machine only shows another's flight
+    int trans_panel, mouse_look, sunglasses_on, night_vision_on, show_path;
+    float current_alpha;
+    int wpn_to_track, elum_renders, draw_shadows, stars_are_vis;
+    float glare_rat;
+    float apt_lite_rat, hud_brt, pan_brt, ins_brt;
+    int num_fas_finds, num_slo_finds;   // terrain queries of this frame
+    int num_tex_units, max_iso;
+};
+extern ren_struct ren;

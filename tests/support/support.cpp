@@ -1,0 +1,76 @@
+#include "support.h"
+
+#include <fenv.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "core/random.h"
+#include "core/seams.h"
+
+namespace test {
+
+std::vector<shown_alert> alerts;
+
+void fresh() {
+    alerts.clear();
+    alert_seam.show = [](int, const alert_lines& text, int type) { alerts.push_back({text, type}); };
+    alert_seam.finish = nullptr;
+    alert_seam.end = [](const alert_lines& text) { throw fatal(text); };
+    THREAD_Init();
+    clear_records();
+    init_con();
+    seams_headless();
+    rand_seed(1);
+    init_rand_rat();
+    // Earth; spelled out, so that the tests of the core need no weather
+    con.planet_mu = 3.986012e14f;
+    con.planet_rad = 6378145.0f;
+    con.planet_mu_air = 1.7894e-05f;
+    con.planet_rho_water = 1000.0f;
+    con.sl_T_cel = 15.0f;
+    con.sl_P_pas = 101325.0f;
+    con.sl_r_met = 1.225f;
+    env.lat_sou = 33;
+    env.lon_wes = -119;
+    g_done = 0;
+}
+
+alert_lines expect_fatal(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const fatal& f) {
+        return f.lines;
+    }
+    ADD_FAILURE() << "no fatal alert";
+    return {};
+}
+
+fp_traps::fp_traps() : before_(fegetexcept()) {
+    feclearexcept(FE_ALL_EXCEPT);
+    feenableexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW);
+}
+fp_traps::~fp_traps() {
+    fedisableexcept(FE_ALL_EXCEPT);
+    feclearexcept(FE_ALL_EXCEPT);
+    feenableexcept(before_);
+}
+
+temp_folder::temp_folder() {
+    char name[] = "/tmp/tarvane-test-XXXXXX";
+    if (!mkdtemp(name)) throw std::runtime_error("cannot make a folder below /tmp");
+    path_ = std::string(name) + "/";
+}
+temp_folder::~temp_folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+std::string temp_folder::write(const std::string& name, const std::string& bytes) const {
+    const std::string full = path_ + name;
+    std::filesystem::create_directories(std::filesystem::path(full).parent_path());
+    std::ofstream(full, std::ios::binary) << bytes;
+    return full;
+}
+
+}  // namespace test
