@@ -4,7 +4,7 @@
 
 struct env_struct {
     int planet;             // 0 Earth, 1 Mars
-    int lat_sou, lon_wes;   // south-west corner of the region, degrees
+    float lat_sou, lon_wes; // south-west corner of the region, whole degrees
     float reg_x1_mtr, reg_x2_mtr, reg_y1_mtr, reg_y2_mtr, reg_z1_mtr, reg_z2_mtr;  // extent, world frame
     float mag_var;          // added to a true heading gives the magnetic one, degrees
     int surf_tex;           // surface code under the aircraft

@@ -18,3 +18,6 @@ struct stl_struct {
     std::string nav_name[fixDIM];
 };
 extern stl_struct stl;
+
+// First of the four strings that tell about a low frame rate.
+constexpr int text_frame_rate = 1360;

@@ -32,8 +32,8 @@ void fresh() {
     con.sl_T_cel = 15.0f;
     con.sl_P_pas = 101325.0f;
     con.sl_r_met = 1.225f;
-    env.lat_sou = 33;
-    env.lon_wes = -119;
+    env.lat_sou = 33.0f;
+    env.lon_wes = -119.0f;
     g_done = 0;
 }
 

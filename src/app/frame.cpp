@@ -1,0 +1,189 @@
+// One pass of the main loop.
+#include "app/frame.h"
+
+#include "core/alert.h"
+#include "core/clocks.h"
+#include "core/logs.h"
+#include "core/num.h"
+#include "core/records.h"
+#include "core/seams.h"
+#include "net/messages.h"
+#include "plugins/host.h"
+#include "sound/sound.h"
+#include "ui/windows.h"
+#include "weather/clouds.h"
+
+namespace {
+// -- periodic flags
+
+struct puff_timer {
+    int mnw_struct::*flag;
+    float period;       // s
+    double last_fired;  // real_time
+};
+puff_timer puff_timers[] = {
+    {&mnw_struct::puff01, 10.0f, 0.0}, {&mnw_struct::puff02, 5.0f, 0.0},  {&mnw_struct::puff05, 2.0f, 0.0},
+    {&mnw_struct::puff1, 1.0f, 0.0},   {&mnw_struct::puff2, 0.5f, 0.0},   {&mnw_struct::puff5, 0.2f, 0.0},
+    {&mnw_struct::puff10, 0.1f, 0.0},  {&mnw_struct::puff20, 0.05f, 0.0}, {&mnw_struct::puff40, 0.025f, 0.0},
+};
+
+// Each flag is set for one pass when more than its period has gone by, by the clock of the last pass.
+void set_periodic_flags() {
+    for (puff_timer& t : puff_timers) {
+        const bool fires = t.last_fired + t.period < clocks.real.now;
+        mnw.*t.flag = fires;
+        if (fires) t.last_fired = clocks.real.now;
+    }
+}
+
+void clear_input_flags() {
+    return_hit = 0;
+    mnw.mouse_clicked = mnw.mouse_lifted = mnw.key_hit = 0;
+    stl.help_message.clear();
+    if (mnw.top_win == -1) mnw.top_win = win_fly;
+}
+
+// -- wall clock
+
+bool clock_started;
+float last_time_sec;
+
+// time_sec starts over every 5000 s; the difference to the last reading carries over the jump.
+void advance_real_time() {
+    constexpr double window = 5000.0;
+    const float now = time_sec();
+    if (!clock_started) {
+        clock_started = true;
+        last_time_sec = now;
+    }
+    double dt = static_cast<double>(now) - last_time_sec;
+    if (dt < 0.0) dt += window;
+    last_time_sec = now;
+    clocks.real.step(mnw.real_time, dt, 0.0);
+}
+
+// -- time steps
+
+int cntr_FM, cntr_UI;
+double last_time_FM, last_time_UI;
+double proof_time;
+
+// Every tenth pass the period chases the measured one, a quarter of the way in the logarithm.
+void adapt_period(int* counter, double* last_time, float* ratio, float* period, float lo, float hi) {
+    if ((*counter)++ % 10 != 0) return;
+    *ratio = fltlim(0.1f * static_cast<float>(clocks.real.now - *last_time) / *period, 0.5f, 1.5f);
+    *period = fltlim(*period * powf(*ratio, 0.25f), lo, hi);
+    *last_time = clocks.real.now;
+}
+
+void adapt_time_steps() {
+    constexpr float FM_min = 0.001f, FM_max = 0.08f, UI_min = 0.0001f, UI_max = 9999.9f;
+    if (mnw.top_win == win_fly) {
+        adapt_period(&cntr_FM, &last_time_FM, &mnw.rt_rat_FM, &mnw.prd_FM, FM_min, FM_max);
+        last_time_UI = clocks.real.now;
+        return;
+    }
+    last_time_FM = clocks.real.now;  // a long stay in a window is not one long frame
+    if (!intrange(mnw.top_win, win_alrt, win_save))
+        adapt_period(&cntr_UI, &last_time_UI, &mnw.rt_rat_UI, &mnw.prd_UI, UI_min, UI_max);
+}
+
+void frame_rate_proof() {
+    if (cntr_FM == 5) proof_time = clocks.real.now;
+    if (cntr_FM == 6 && clocks.real.now - proof_time < 0.4) mnw.framerateOK = 1;
+}
+
+// -- mouse
+
+void mouse_timing() {
+    constexpr float hold = 0.25f;  // s; a drag, and the gap of a double click
+    constexpr float moved = 0.5f;  // virtual units
+    static float old_mx, old_my, last_click_time = -9999.0f;
+    mnw.delay_dragging = mnw.now_dragging && mnw.real_time - mnw.m_down_time > hold;
+    mnw.mouse_double_clicked = mnw.mouse_clicked && mnw.real_time - last_click_time < hold;
+    if (mnw.mouse_clicked) {
+        last_click_time = mnw.real_time;
+        mnw.now_dragging = 1;
+        mnw.m_move_time = mnw.m_down_time = mnw.real_time;
+        mnw.entry_field = -1;
+    }
+    if (mnw.mouse_lifted) mnw.now_dragging = mnw.delay_dragging = 0;
+    if (fabsf(mnw.mx - old_mx) > moved || fabsf(mnw.my - old_my) > moved) mnw.m_move_time = mnw.real_time;
+    old_mx = mnw.mx;
+    old_my = mnw.my;
+}
+
+void pulse_colours() {
+    const float rat = 0.7f + 0.3f * sinf(15.0f * mnw.real_time);
+    set_pulse_colours(rat);
+    mnw.pulse_alpha = rat;
+}
+
+void choose_cursor() {
+    constexpr float idle = 10.0f;  // s without movement
+    if (mnw.real_time - mnw.m_move_time > idle) mnw.cursor_type = 1;
+}
+
+bool window_is_modal() {
+    return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save);
+}
+}  // namespace
+
+int have_done_first_update = 0;
+int return_hit = 0;
+
+void reset_frame_statics() {
+    for (puff_timer& t : puff_timers) t.last_fired = 0.0;
+    clocks = clocks_struct{};
+    clock_started = false;
+    cntr_FM = cntr_UI = 0;
+    last_time_FM = last_time_UI = proof_time = 0.0;
+}
+
+void MACIBM_event_proc() {
+    constexpr int sound_click = 222;
+    set_periodic_flags();
+    profile_chart("init", 0);
+    clear_input_flags();
+    seam.drain_events();
+    // messages may restart the flight; an alert can stand in the middle of a frame, so they wait for it
+    if (mnw.top_win != win_alrt) NET_listen();
+    if (mnw.mouse_clicked) soun.SOUND_set(sound_click, 1.0f, 1.0f);
+    if (!have_done_first_update) return;
+    profile_chart("event", 0);
+
+    advance_real_time();
+    adapt_time_steps();
+    mouse_timing();
+    pulse_colours();
+    frame_rate_proof();
+    mnw.cursor_type = 0;
+    ren.num_fas_finds = ren.num_slo_finds = 0;
+    if (mnw.menu_up >= 0) MACIBM_handleclick(0);  // moving over another title opens that menu
+    profile_chart("menu", 0);
+
+    if (!window_is_modal()) {
+        APP_update();
+        mnw.first_miss_cycle = 0;
+    }
+    profile_chart("fill", 0);
+    choose_cursor();
+    seam.draw_overlay();
+    profile_chart("help", 0);
+    seam.swap_buffers();
+    if (mnw.top_win == win_wxr && !mnw.now_dragging) clou.cloud_update();
+    profile_chart("end", 1);
+}
+
+void profile_chart(const char* loc, int is_last) {
+    static double last_mark, frame_start;
+    if (!mnw.track_cpu || mnw.top_win != win_fly) return;
+    const double now = 0.001 * static_cast<double>(seam.epoch_millisec());
+    if (frame_start == 0.0) frame_start = last_mark = now;
+    xer << loc << ": " << now - last_mark << '\n';
+    last_mark = now;
+    if (is_last) {
+        xer << "TOT: " << now - frame_start << " sec\n";
+        frame_start = last_mark = now;
+    }
+}

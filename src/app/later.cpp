@@ -1,0 +1,225 @@
+// Routines of subsystems that do not exist yet: each call stands in its place in the frame and gets its
+// neutral answer here. The file shrinks as they are built.
+#include <math.h>
+
+#include "aircraft/acf_old.h"
+#include "app/frame.h"
+#include "atc/controllers.h"
+#include "cockpit/panel.h"
+#include "cockpit/radios.h"
+#include "core/num.h"
+#include "core/records.h"
+#include "core/seams.h"
+#include "core/upward.h"
+#include "flight/ai_pilot.h"
+#include "flight/autopilot.h"
+#include "flight/contact.h"
+#include "flight/engines.h"
+#include "flight/propel.h"
+#include "flight/recording.h"
+#include "flight/systems.h"
+#include "flight/weapons.h"
+#include "net/data_table.h"
+#include "net/messages.h"
+#include "platform/window.h"
+#include "plugins/host.h"
+#include "scenery/nav_data.h"
+#include "scenery/objects.h"
+#include "scenery/region.h"
+#include "scenery/terrain_query.h"
+#include "scene/world.h"
+#include "sound/chatter.h"
+#include "ui/commands.h"
+#include "ui/devices.h"
+#include "ui/logbook.h"
+#include "ui/prefs.h"
+#include "ui/windows.h"
+#include "weather/clouds.h"
+#include "weather/puffs.h"
+#include "weather/real_weather.h"
+
+// -- weather: no report, no cloud volume, no precipitation, no smoke
+clou_class clou;
+puff_class puff;
+void real_weather_step() {}
+void clou_class::cloud_update() {}
+void clou_class::blow_region_x(float) {}
+void clou_class::blow_region_z(float) {}
+float clou_class::ret_wxr_local(float, float, float) { return 0.0f; }
+float clou_class::ret_wxr_above(float, float, float) { return 0.0f; }
+void puff_class::spawn_puff(float, float, float, float, float, float, float, int, float) {}
+
+// -- scenery: one region, a bare sphere at elevation 0, dry
+void check_for_shift(double, double) {}
+void load_region(int) {}
+void read_planet_nav() {}
+float runway_heading_true() { return 0.0f; }
+float magnetic_variation(double, double) { return 0.0f; }
+int build_obs(std::string, int) { return -1; }
+
+float y_with_xhz(float x, float ele, float z) {
+    const double rad = static_cast<double>(con.planet_rad) + ele;
+    return static_cast<float>(sqrt(rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z) -
+                              con.planet_rad);
+}
+float return_terrain_y(float x, float z, int) {
+    const float y = y_with_xhz(x, 0.0f, z);
+    env.terrain_ctr[0] = x;
+    env.terrain_ctr[1] = y;
+    env.terrain_ctr[2] = z;
+    env.terrain_nrm[0] = x / con.planet_rad;
+    env.terrain_nrm[1] = (y + con.planet_rad) / con.planet_rad;
+    env.terrain_nrm[2] = z / con.planet_rad;
+    for (float& v : env.terrain_vel) v = 0.0f;
+    return y;
+}
+int terrain_is_wet(float, float, int) { return 0; }
+int wheels_are_wet() { return 0; }
+
+// -- flight: no engines, discs, wheels, systems; controls are the pilot's yoke, tabs, trims and links
+void init_engine_specs(int, int) {}
+void do_a_jet(int) {}
+void do_a_rocket(int) {}
+float get_rocket_thrust(int) { return 0.0f; }
+void set_thro(int en, float val) { flt[0].engn[en].thro_ref = fltlim(val, 0.0f, veh[0].throt_max_FWD); }
+void set_prop(int, float) {}
+void set_mixt(int, float) {}
+void set_ptch(int, float) {}
+int eng_has_fadec(int, int) { return 0; }
+int fadec_is_running(int) { return 0; }
+void do_all_props() {}
+void steer_nosewheel() {}
+// No forces, but it is known when the gear is below the ground, so that the crash test lives.
+void touch_surfaces() { flt[0].onground_any = flt[0].y_agl_mtr < 0.0f; }
+void failure_clocks() {}
+void system_ice() {}
+void system_transponder() {}
+void system_fuel_flow() {}
+void system_hydraulics() {}
+void system_vacuum() {}
+void system_cabin_pressure() {}
+void system_annunciators() {}
+void system_tow_and_jett_lines() {}
+void system_electrical_load() {}
+void system_tow_or_winch_line() {}
+void system_slung_load() {}
+void system_water_bomber() {}
+void system_arresting_wire() {}
+void system_catapult() {}
+void manage_gyro(int) {}
+void fail_it(int slot) { flt[0].fail_stat[slot] = fail_active; }
+void update_with_AI(int) {}
+int otto_running() { return 0; }
+void zero_path() {}
+void snap_save(snap_struct*, int) {}
+void snap_recall(snap_struct, snap_struct, float) {}
+int IO_wpn(int, int, int, const std::string&, const std::string&, int) { return 0; }
+void attach_weapon(int, int) {}
+void force_weapons() {}
+void integ_weapons(int) {}
+int wpn_is_on_board(int, int) { return 0; }
+void clear_flying_objects() {}
+
+void update_autopilot(int p) {
+    flt_struct& f = flt[p];
+    const veh_struct& v = veh[p];
+    f.FC_ptch = mnw.YK_ptch + v.elev_tab;
+    f.FC_hdng = mnw.YK_hdng + v.rudd_tab;
+    f.FC_roll = mnw.YK_roll + v.ailn_tab;
+    if (fabsf(v.rudd_with_ailn_rat) > 0.01f) f.FC_hdng += f.FC_roll * v.rudd_with_ailn_rat;
+    if (fabsf(v.elev_with_flap_rat) > 0.01f) f.FC_ptch += f.handle_rat_act * v.elev_with_flap_rat;
+    if (!v.flying_stab_EQ) f.FC_ptch += f.elev_trim;
+    f.FC_hdng += f.rudd_trim;
+    f.FC_roll += f.ailn_trim;
+    f.FC_ptch = fltlim(f.FC_ptch, -1.0f, 1.0f);
+    f.FC_hdng = fltlim(f.FC_hdng, -1.0f, 1.0f);
+    f.FC_roll = fltlim(f.FC_roll, -1.0f, 1.0f);
+}
+
+// -- aircraft: no older files, no outer picture
+int OLD_IO_acf(const std::string&, int) { return 0; }
+void load_plane_geo(int, int, int, int) {}
+
+// -- cockpit: no radios, no panel
+mors_class mors;
+void mors_class::manage() {}
+void check_markers() {}
+void handle_nav(int) {}
+void handle_adf(int) {}
+void update_FMS(int) {}
+void update_gps_and_bearings() {}
+void load_panel() {}
+
+// -- network, data table, plugins, controllers: nobody there
+void NET_re_init() {}
+void NET_close() {}
+void NET_listen() {}
+void NET_send(const char*, const char*, int, int) {}
+int NET_is_up() { return 0; }
+int has_multiplayer() { return 0; }
+void NET_send_stat(int) {}
+void NET_send_vehn(int, int) {}
+void NET_send_snap(int, int) {}
+void data_rows_to_graph() {}
+void data_rows_to_file() {}
+void data_rows_to_net() {}
+void set_dataoutput_params() {}
+void TVPInitializePlugins(const char*) {}
+void TVPShutdownPlugins() {}
+int TVPGetNumberPlanesToHandle(int num_acf, int) { return num_acf; }
+void TVPUpdatePlaneNameAndPath(int, const char*, const char*) {}
+void TVPEventHook(int, float, float, long, long) {}
+void handle_plan() {}
+void handle_vectors() {}
+void LSO_respond() {}
+int atc_is_talking() { return 0; }
+void clear_atc_and_plan() {}
+
+// -- interface: no preferences, menus, settings windows, logbook, chatter, key file, devices
+int handle_prefs(int, int, const std::string&) { return 0; }
+void manage_apt() {}
+void manage_dat() {}
+void manage_wxr() {}
+void manage_tim() {}
+void manage_wgt() {}
+void manage_rel() {}
+void manage_acf() {}
+void manage_qfl() {}
+void manage_snd() {}
+void manage_ren() {}
+void manage_fdr() {}
+void manage_joy() {}
+void manage_wrn() {}
+void manage_map() {}
+void manage_wrl() {}
+void manage_log() {}
+void manage_ins() {}
+void manage_env() {}
+void manage_vew() {}
+void manage_pln() {}
+void MACIBM_handleclick(int) {}
+void MACIBM_showinit(const char*) {}
+void MACIBM_update_back_texes() {}
+void MACIBM_setupforlang(int) {}
+void set_pulse_colours(float) {}
+void load_interface_images() {}
+void choose_language() { mnw.lang = 0; }
+void show_start_notes() {}
+void logbook_read() {}
+void logbook_entry() {}
+void load_radio_chatter() {}
+void read_key_file() {}
+void JOY_init() {}
+void JOY_close() {}
+void JOY_get() { mouse_flies(); }
+void init_hardware_out() {}
+void close_hardware_out(int) {}
+
+// -- scene: the plain view stands for the world renderer
+void init_world_rendering() {}
+void build_DLs() {}
+void scene_state_step() {}
+void WORLD_scene_all_cases() {
+    scene_state_step();
+    seam.draw_world();
+}

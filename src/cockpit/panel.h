@@ -1,0 +1,4 @@
+// Instrument panel.
+#pragma once
+
+void load_panel();      // pictures and instruments of the user's aircraft

@@ -1,0 +1,4 @@
+// AI pilot of the other slots.
+#pragma once
+
+void update_with_AI(int p);

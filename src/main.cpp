@@ -1,0 +1,31 @@
+// Tarvane: starts the system, runs its frames, ends it.
+#include <unistd.h>
+
+#include "app/frame.h"
+#include "core/alert.h"
+#include "core/logs.h"
+#include "core/paths.h"
+#include "core/records.h"
+#include "core/seams.h"
+#include "platform/window.h"
+#include "ui/windows.h"
+
+int main() {
+    try {
+        const std::string folder = executable_folder();
+        if (chdir(folder.c_str()) != 0) return 1;  // logs and data stand beside the executable
+        seams_headless();
+        platform_install_seams();
+        init_sim(folder);
+        ren.view_type_act = view_fwd_panel;
+        MACIBM_update_back_texes();
+        while (!g_done) MACIBM_event_proc();
+        MACIBM_finishup(1);
+    } catch (const XException& e) {
+        e.ReportAndQuit();
+    } catch (...) {
+        xer << "catch anything else\n";
+        xer.flush();
+    }
+    return 0;
+}

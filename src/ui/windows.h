@@ -1,0 +1,34 @@
+// Settings windows, one routine each, called once a frame while open.
+#pragma once
+
+void manage_apt();
+void manage_dat();
+void manage_wxr();
+void manage_tim();
+void manage_wgt();
+void manage_rel();
+void manage_acf();
+void manage_qfl();
+void manage_snd();
+void manage_ren();
+void manage_fdr();
+void manage_joy();
+void manage_wrn();
+void manage_map();
+void manage_wrl();
+void manage_log();
+void manage_ins();
+void manage_env();
+void manage_vew();
+void manage_pln();
+
+// Switches what occupies the screen. from_str: a short note of the caller.
+void MACIBM_startwind(int new_top_win, const char* from_str);
+void MACIBM_handleclick(int enter_close);
+void MACIBM_showinit(const char* init_string);  // one step of the start-up screen
+void MACIBM_update_back_texes();
+void set_pulse_colours(float rat);  // the four pulsing entries of the colour table
+void MACIBM_setupforlang(int hard_reset);
+void load_interface_images();  // interface.png and blank.png
+void choose_language();        // asks on a first start
+void show_start_notes();
