@@ -3,11 +3,13 @@
 
 #include "core/alert.h"
 #include "core/clocks.h"
+#include "core/input_gate.h"
 #include "core/logs.h"
 #include "core/num.h"
 #include "core/records.h"
 #include "core/seams.h"
 #include "net/messages.h"
+#include "platform/window.h"
 #include "plugins/host.h"
 #include "sound/sound.h"
 #include "ui/windows.h"
@@ -128,9 +130,6 @@ bool window_is_modal() {
     return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save);
 }
 }  // namespace
-
-int have_done_first_update = 0;
-int return_hit = 0;
 
 void reset_frame_statics() {
     for (puff_timer& t : puff_timers) t.last_fired = 0.0;

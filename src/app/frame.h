@@ -39,5 +39,3 @@ void reset_frame_statics();
 // Whether flight data is recorded and sent now.
 int collect_data();
 
-extern int have_done_first_update;  // the window has appeared; clocks may run
-extern int return_hit;              // Return was pressed in this frame

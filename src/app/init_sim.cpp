@@ -262,6 +262,6 @@ void MACIBM_finishup(int is_normal_exit) {
     NET_close();
     JOY_close();
     soun.SOUND_close();
-    platform_close_window();
+    window_close();
     close_logs();
 }

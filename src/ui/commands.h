@@ -2,7 +2,7 @@
 #pragma once
 
 // Commands by number, as far as the program has them.
-enum command_code : int { cmd_quit = 700, cmd_view_first = 1500, cmd_view_last = 1540 };
+enum command_code : int { cmd_quit = 308, cmd_trace = 1803 };
 
-// While the mouse is the stick: the middle of the screen is neutral, up is nose down.
+// While the mouse is the stick: the middle of the screen is neutral, pulling it down lifts the nose.
 void mouse_flies();

@@ -22,9 +22,6 @@ void manage_env();
 void manage_vew();
 void manage_pln();
 
-// Switches what occupies the screen. from_str: a short note of the caller.
-void MACIBM_startwind(int new_top_win, const char* from_str);
-void MACIBM_handleclick(int enter_close);
 void MACIBM_showinit(const char* init_string);  // one step of the start-up screen
 void MACIBM_update_back_texes();
 void set_pulse_colours(float rat);  // the four pulsing entries of the colour table

@@ -1,0 +1,72 @@
+// The command gate: every command and key ends here.
+#include "ui/commands.h"
+
+#include "aircraft/deflect.h"
+#include "core/alert.h"
+#include "core/input_gate.h"
+#include "core/num.h"
+#include "core/records.h"
+#include "core/upward.h"
+#include "ui/logbook.h"
+
+void APP_handlemenu(int item) {
+    if (item == cmd_quit) {
+        g_done = 1;
+    } else if (item == cmd_trace) {
+        mnw.cyc_out = 1;
+    } else if (item >= view_fwd_panel && item <= 1540) {
+        ren.view_type_act = view_fwd_panel;  // the one view there is
+    }
+    TVPEventHook(1, mnw.real_time, 0.0f, 0, 0);
+}
+
+namespace {
+void step(float& value, float by, float lo, float hi) { value = fltlim(value + by, lo, hi); }
+
+void toggle(int& flag) { flag = !flag; }
+
+void trim_key(int key) {
+    constexpr float trim_step = 0.02f;
+    if (key == special_up) step(flt[0].elev_trim, -trim_step, -1.0f, 1.0f);
+    if (key == special_down) step(flt[0].elev_trim, trim_step, -1.0f, 1.0f);
+}
+
+// Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2.
+void flight_key(int key) {
+    constexpr float rudder_step = 0.1f, brake_step = 0.25f;
+    flt_struct& f = flt[0];
+    switch (key) {
+        case 'z': return step(mnw.YK_hdng, -rudder_step, -1.0f, 1.0f);
+        case 'x': return step(mnw.YK_hdng, rudder_step, -1.0f, 1.0f);
+        case 'c': mnw.YK_hdng = 0.0f; return;
+        case '1': return update_flap_slat_rqst_with_hand(0, -1);
+        case '2': return update_flap_slat_rqst_with_hand(0, 1);
+        case '3': return step(f.sbrk_rqst, -brake_step, 0.0f, 1.0f);
+        case '4': return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
+        case 'g': return toggle(f.gear_handle);
+        case 'm': return toggle(mnw.mouse_is_joy);
+        case 't': return APP_handlemenu(cmd_trace);
+        case 'r': return init_flt_0(start_airport, place_runway);
+        default: return;
+    }
+}
+}  // namespace
+
+void APP_handlekey(int use_code, int key) {
+    if (use_code == key_use_special) return trim_key(key);
+    if (use_code == key_use_ctrl) {
+        if (key == 'q') APP_handlemenu(cmd_quit);
+        return;
+    }
+    if (use_code != key_use_char || mnw.top_win != win_fly) return;
+    if (key == 'q') return APP_handlemenu(cmd_quit);
+    if (key == 'p') return toggle(mnw.paused);
+    flight_key(key);
+}
+
+void mouse_flies() {
+    if (!mnw.mouse_is_joy || mnw.has_joy || mnw.top_win != win_fly) return;
+    constexpr float travel = 0.4f;  // share of the screen from neutral to full
+    mnw.YK_roll = fltlim((mnw.mx - 0.5f * XRES) / (travel * XRES), -1.0f, 1.0f);
+    mnw.YK_ptch = fltlim((0.5f * YRES - mnw.my) / (travel * YRES), -1.0f, 1.0f);
+}
