@@ -28,7 +28,7 @@ const char* const usage =
     "Exit status: 0 good, 1 fault in the aircraft, 2 wrong use.\n";
 
 void list_record(const char* heading, const veh_field_list& fields) {
-    printf("\n%s\n", heading);
+    if (heading) printf("\n%s\n", heading);
     for (int r = 0; r < fields.count; ++r) {
         const veh_field_struct& row = fields.rows[r];
         if (!acf_is_designers(row)) continue;
@@ -54,8 +54,12 @@ veh_field_list run_of(const acf_section_struct& run) {
 }
 
 int list_fields() {
-    for (const acf_section_struct& run : acf_sections())
-        list_record(("[" + std::string(run.section) + "]").c_str(), run_of(run));
+    std::string section;
+    for (const acf_section_struct& run : acf_sections()) {
+        const std::string heading = "[" + std::string(run.section) + "]";
+        list_record(section == run.section ? nullptr : heading.c_str(), run_of(run));
+        section = run.section;
+    }
     list_record("[[engine]] thrust point, with the fields of its hub and blade below", veh_engn_list());
     list_record(
         "[surface.NAME], [[engine]] wing-like part, with the place fields below; foil, foil_root and "

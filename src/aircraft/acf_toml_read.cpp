@@ -48,6 +48,21 @@ size_t name_distance(const std::string& a, const std::string& b) {
     return row[b.size()];
 }
 
+// What may have been meant, as the end of a message: a name that goes on where this one stops, or the one
+// that differs least.
+std::string meant(const std::string& name, const std::vector<std::string>& known) {
+    size_t least = 2 + name.size() / 4;
+    std::string best;
+    for (const std::string& other : known) {
+        const size_t distance = other.starts_with(name + "_") ? 0 : name_distance(name, other);
+        if (distance < least) {
+            least = distance;
+            best = other;
+        }
+    }
+    return best.empty() ? "" : "; did you mean \"" + best + "\"?";
+}
+
 class reader {
 public:
     reader(std::string file, int p) : file_(std::move(file)), p_(p), v_(veh[p]) {}
@@ -143,7 +158,7 @@ void reader::read_int(const toml::node& node, const veh_field_struct& row, unsig
         if (value < 0) return fault(node.source(), std::string(row.name) + " has to be one of " + kinds);
     } else {
         return fault(node.source(), std::string(row.name) + " has to be a whole number" +
-                                        (kinds.empty() ? " or true or false" : " or one of " + kinds));
+                                        (kinds.empty() ? "" : " or one of " + kinds));
     }
     if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
         return fault(node.source(), std::string(row.name) + " does not fit into 32 bits");
@@ -197,7 +212,7 @@ void reader::read_field(const toml::node& node, const veh_field_struct& row, uns
 void reader::unknown_key(const toml::key& key, const std::vector<open_record>& records,
                          const names& other_keys) {
     const std::string name(key.str());
-    std::string text = "unknown key \"" + name + "\"";
+    const std::string text = "unknown key \"" + name + "\"";
     const veh_field_list block = veh_block_list();
     for (int r = 0; r < block.count; ++r)
         if (name == block.rows[r].name && acf_section_of(block.rows[r]))
@@ -207,13 +222,7 @@ void reader::unknown_key(const toml::key& key, const std::vector<open_record>& r
     for (const open_record& record : records)
         for (int r = 0; r < record.fields.count; ++r)
             if (is_open(record, record.fields.rows[r])) known.push_back(record.fields.rows[r].name);
-    const auto nearest =
-        std::min_element(known.begin(), known.end(), [&](const std::string& a, const std::string& b) {
-            return name_distance(name, a) < name_distance(name, b);
-        });
-    if (nearest != known.end() && name_distance(name, *nearest) <= 1 + name.size() / 4)
-        text += "; did you mean \"" + *nearest + "\"?";
-    fault(key.source(), text);
+    fault(key.source(), text + meant(name, known));
 }
 
 void reader::read_fields(const toml::table& table, const std::vector<open_record>& records,
@@ -349,8 +358,9 @@ void reader::read_parts(const toml::node& node, int first, int last) {
         const std::string name(key.str());
         const int en = acf_part_index(name);
         if (en < first || en > last) {
-            fault(key.source(), "there is no part \"" + name + "\" here; the names run from " +
-                                    acf_part_name(first) + " to " + acf_part_name(last));
+            names known;
+            for (int other = first; other <= last; ++other) known.push_back(acf_part_name(other));
+            fault(key.source(), "there is no part \"" + name + "\" here" + meant(name, known));
             continue;
         }
         if (described_[en]) fault(key.source(), "part " + acf_part_name(en) + " is described twice");

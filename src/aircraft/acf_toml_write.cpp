@@ -143,7 +143,7 @@ private:
     void key(const std::string& name, const std::string& value) { out_ += name + " = " + value + "\n"; }
     void field(const veh_field_struct& row, const unsigned char* record);
     void record(const veh_field_list& fields, const void* record);
-    void wing(const veh_wing_struct& wing);
+    void wing_record(const veh_wing_struct& wing);
     void block_sections();
     void engines();
     void surfaces();
@@ -193,7 +193,7 @@ void writer::record(const veh_field_list& fields, const void* record) {
 }
 
 // Airfoils are mostly the same at both Reynolds numbers, if not at root and tip too.
-void writer::wing(const veh_wing_struct& wing) {
+void writer::wing_record(const veh_wing_struct& wing) {
     veh_wing_struct rest = wing;
     const bool one_root = strcmp(wing.Rafl0, wing.Rafl1) == 0, one_tip = strcmp(wing.Tafl0, wing.Tafl1) == 0;
     if (one_root && one_tip) {
@@ -240,7 +240,7 @@ void writer::engines() {
         entry("engine", en, expected);
         record(veh_engn_list(), &v().engn[en]);
         record(veh_part_list(), &v().part[en]);
-        wing(v().wing[en]);
+        wing_record(v().wing[en]);
     }
 }
 
@@ -255,7 +255,7 @@ void writer::surfaces() {
             continue;
         heading("[surface." + acf_part_name(en) + "]");
         record(veh_part_list(), &v().part[en]);
-        wing(v().wing[en]);
+        wing_record(v().wing[en]);
     }
 }
 
