@@ -1,0 +1,150 @@
+// acf_make: compiles an aircraft from its text.
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "aircraft/acf_file.h"
+#include "aircraft/acf_layout.h"
+#include "aircraft/acf_range.h"
+#include "aircraft/acf_toml.h"
+#include "core/alert.h"
+#include "core/con.h"
+#include "core/paths.h"
+
+namespace {
+constexpr int source_slot = 1;  // not the user's slot, in which a faulty design would end the program
+constexpr int loaded_slot = 2;
+enum exit_code : int { exit_good = 0, exit_bad_aircraft = 1, exit_bad_usage = 2 };
+
+const char* const usage =
+    "acf_make IN.toml OUT.acf    compile an aircraft\n"
+    "acf_make --fields           list every section and field with its meaning\n"
+    "acf_make --help             show this text\n"
+    "\n"
+    "Only fields that are not zero need to be named; units are feet, pounds, knots and degrees.\n"
+    "The left wings and the pylons of further engines are copies unless they have a table of their own.\n"
+    "A body may list stations = [{ z = 0, y = 0, w = 1, h = 1.2, n = 2 }, ...] in place of geo_xyz.\n"
+    "The result is loaded again, range-checked and checked as a design before it is kept.\n"
+    "Exit status: 0 good, 1 fault in the aircraft, 2 wrong use.\n";
+
+void list_record(const char* heading, const veh_field_list& fields) {
+    if (heading) printf("\n%s\n", heading);
+    for (int r = 0; r < fields.count; ++r) {
+        const veh_field_struct& row = fields.rows[r];
+        if (!acf_is_designers(row)) continue;
+        std::string dims;
+        for (const int dim : row.dims)
+            if (dim) dims += "[" + std::to_string(dim) + "]";
+        const char* type = row.type == 'f' ? "number" : row.type == 'i' ? "whole" : "text";
+        printf("  %-28s %-6s %s\n", (row.name + dims).c_str(), type, row.doc);
+        const std::string kinds = acf_kind_names(row.name);
+        if (!kinds.empty()) printf("  %-28s %-6s one of %s\n", "", "", kinds.c_str());
+    }
+}
+
+// One section of the block as a list of its own.
+veh_field_list run_of(const acf_section_struct& run) {
+    veh_field_list list = veh_block_list();
+    const veh_field_struct* end = list.rows + list.count;
+    while (list.rows < end && strcmp(list.rows->name, run.first) != 0) ++list.rows;
+    list.count = 1;
+    while (list.rows + list.count < end && strcmp(list.rows[list.count - 1].name, run.last) != 0)
+        ++list.count;
+    return list;
+}
+
+int list_fields() {
+    std::string section;
+    for (const acf_section_struct& run : acf_sections()) {
+        const std::string heading = "[" + std::string(run.section) + "]";
+        list_record(section == run.section ? nullptr : heading.c_str(), run_of(run));
+        section = run.section;
+    }
+    list_record("[[engine]] thrust point, with the fields of its hub and blade below", veh_engn_list());
+    list_record(
+        "[surface.NAME], [[engine]] wing-like part, with the place fields below; foil, foil_root and "
+        "foil_tip "
+        "set several airfoil names at once",
+        veh_wing_list());
+    list_record("[body.NAME], [surface.NAME], [[engine]] place and body", veh_part_list());
+    list_record("[[gear]]", veh_gear_list());
+    list_record("[[door]] and [[speedbrake]]", veh_door_list());
+    list_record("[[weapon]]", veh_watt_list());
+    printf("\n[[instrument]]\n  type, x, y, size (1)\n\nNames of parts\n ");
+    for (int en = part_wing_first; en < partDIM; ++en) printf(" %s", acf_part_name(en).c_str());
+    printf("\n");
+    return exit_good;
+}
+
+bool set_path(int p, const std::string& path) {
+    if (path.size() >= strDIM) return false;
+    memcpy(veh[p].path, path.c_str(), path.size() + 1);
+    return true;
+}
+
+bool same_bytes(int p, int q) {
+    const auto written = acf_arrays(p), read = acf_arrays(q);
+    for (size_t i = 0; i < written.size(); ++i)
+        if (memcmp(written[i].first, read[i].first,
+                   static_cast<size_t>(written[i].count) * written[i].size) != 0)
+            return false;
+    return true;
+}
+
+// The file as any reader finds it: the same record, and a design that can fly.
+bool loads_well(const std::string& path) {
+    set_path(loaded_slot, path);
+    if (!acf_read_record(loaded_slot)) {
+        fprintf(stderr, "%s: cannot be read back\n", path.c_str());
+        return false;
+    }
+    memset(veh[source_slot].path, 0, sizeof veh[source_slot].path);
+    if (!same_bytes(source_slot, loaded_slot)) {
+        fprintf(stderr, "%s: reads back otherwise than it was written\n", path.c_str());
+        return false;
+    }
+    set_path(loaded_slot, path);
+    return IO_acf(0, loaded_slot, 1);  // a faulty design has been shown by now
+}
+
+void remind(int p) {
+    for (int en = 0; en < wingDIM; ++en)
+        if (veh[p].wing[en].varinc)
+            printf("%s: incidence varies; inc2 is half the wanted travel, since it acts twice\n",
+                   acf_part_name(en).c_str());
+}
+
+int make(const std::string& in, const std::string& out) {
+    std::string error;
+    if (!acf_from_toml(in, source_slot, &error)) {
+        fputs(error.c_str(), stderr);
+        return exit_bad_aircraft;
+    }
+    const std::string fault = acf_admit(source_slot);
+    if (!fault.empty()) {
+        fprintf(stderr, "%s: %s\n", in.c_str(), fault.c_str());
+        return exit_bad_aircraft;
+    }
+    remind(source_slot);
+    set_path(source_slot, out);
+    if (!IO_acf(1, source_slot, 1)) return exit_bad_aircraft;
+    if (loads_well(out)) return exit_good;
+    remove(set_dir_chars(out).c_str());  // a build must not take it for good
+    return exit_bad_aircraft;
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::string first = argc > 1 ? argv[1] : "";
+    if (first == "--help") return fputs(usage, stdout), exit_good;
+    if (first == "--fields") return list_fields();
+    const std::string out = argc == 3 ? argv[2] : "";
+    if (argc != 3 || out.size() < 5 || out.compare(out.size() - 4, 4, ".acf") != 0 ||
+        out.size() > path_len_max - 8) {
+        fputs(usage, stderr);
+        return exit_bad_usage;
+    }
+    THREAD_Init();
+    init_con();
+    return make(first, out);
+}
