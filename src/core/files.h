@@ -17,8 +17,11 @@ bool ftype_is_bin(int ftype);
 extern std::ifstream inf[2];
 extern int inf_use;          // which of the two inputs is in use
 extern std::ofstream ouf;
-extern int rev_inf_bin;      // the open binary input has the other byte order
-extern int extra_char_eoln;  // the open text input ends its lines with two characters
+// Of the input opened last; the readers keep their own note for each of the two.
+extern int rev_inf_bin;      // a binary input of the other byte order
+extern int extra_char_eoln;  // a text input that ends its lines with two characters
+// Text behind the version of the airport and navaid tables, kept for writing them back.
+extern std::string copyright_apt, copyright_nav;
 
 // Opens and reads the header; 0 when the file cannot be read, its first byte does not fit, or its
 // version differs. version 0 skips the version. A wrong version is silent unless alert_bad_version.
@@ -28,6 +31,10 @@ void inf_close();
 int ouf_open(const std::string& path, int ftype, int version);
 // Flushes and closes; 0 when any write failed.
 int ouf_close();
+// The same pair for data that must not be lost: writes beside the old file, which ouf_replace puts in
+// its place only when every byte is on the disk. A failure is told to the user and leaves the old file.
+int ouf_open_beside(const std::string& path, int ftype, int version);
+int ouf_replace();
 
 // Reads del_add bytes and, for a reversed input, swaps each 4-byte word. What a short file does not
 // hold stays as it was.
@@ -36,8 +43,8 @@ void rev_byte_order4(unsigned char* word);
 
 // From the open input. A number that cannot be parsed is the fatal "File-scanning error!" with the
 // file's name.
-int int_scan();              // text or binary, by the type the input was opened with
-float flt_scan();            // text
-std::string str_scan();      // text: one word
-std::string str_scan_to_EOL();
-void lin_scan();             // text: skips the rest of the line
+int int_scan();                 // text or binary, by the type the input was opened with
+float flt_scan();               // text
+std::string str_scan();         // text: one word
+std::string str_scan_to_EOL();  // text: the rest of the line without the blanks before it
+void lin_scan();                // text: skips the rest of the line

@@ -17,6 +17,9 @@ void init_paths(const std::string& app_folder);
 // The folder of the running executable, with a closing "/".
 std::string executable_folder();
 
+// Longest path that is opened; a longer one counts as a file that is not there.
+constexpr size_t path_len_max = 500;
+
 bool is_a_dir_char(char c);  // "\", ":" or "/"
 
 // A path the file system can open: separators become "/" from the third character on, and the last
