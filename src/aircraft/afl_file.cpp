@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <iomanip>
 #include <limits>
 #include <map>
 #include <memory>
@@ -21,9 +20,9 @@
 #include "core/veh.h"
 
 static constexpr int afl_versions[] = {700, 650, 641, 613, 363};  // in the order in which they are tried
-static constexpr int afl_device = 1234;                          // type code of every foil file
-static constexpr float old_Llinrange = 10.0f;                    // degrees; before version 700 fixed
-static constexpr float old_mach_div = 0.75f;                     // version 363 holds none
+static constexpr int afl_device = 1234;                           // type code of every foil file
+static constexpr float old_Llinrange = 10.0f;                     // degrees; before version 700 fixed
+static constexpr float old_mach_div = 0.75f;                      // version 363 holds none
 // A foil is some 25 kB of text; what stands behind this many bytes cannot belong to it.
 static constexpr std::streamsize afl_bytes_max = 1 << 20;
 
@@ -68,11 +67,14 @@ public:
         while (at_ != end_ && !is_white(*at_)) ++at_;
     }
     void rest_of_line() {
-        while (at_ != end_ && *at_ != '\n' && *at_ != '\r') ++at_;
-        for (int i = 0; i < (extra_char_eoln ? 2 : 1) && at_ != end_; ++i) ++at_;
+        while (at_ != end_ && !is_eoln(*at_)) ++at_;
+        if (at_ == end_) return;
+        const char first = *at_++;
+        if (extra_char_eoln && at_ != end_ && is_eoln(*at_) && *at_ != first) ++at_;
     }
 
 private:
+    static bool is_eoln(char c) { return c == '\n' || c == '\r'; }
     static bool is_white(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
     void skip_white() {
         while (at_ != end_ && is_white(*at_)) ++at_;
@@ -93,25 +95,25 @@ static std::vector<float*> number_order(int version, afl_struct& a, int RT, int 
     float *clM = &a.clM[RT][Re], *clB = &a.clB[RT][Re], *almin = &a.almin[RT][Re], *almax = &a.almax[RT][Re];
     switch (version) {
         case 700:  // the doubled drag numbers are history; the second occurrence stands
-            return {re_num,    t_rat,     mach_div,   clM,       clB,        almin,     almax,    &a.Llinrange,
-                    &a.Lpow,   &a.Lstall, &a.Ldrop1,  &a.Lpowstl, &a.Ldrop2, &a.Dmin,   &a.DminCL, &a.Dal10,
-                    &a.Dpow,   &a.DminCL, &a.Dal10,   &a.Dpow,   &a.Bloc,    &a.Bwidth, &a.Bdepth, &a.Bpower,
-                    &a.cmal2,  &a.cmal3,  &a.cm1,     &a.cm2,    &a.cm3,     &a.cm4};
+            return {re_num,   t_rat,     mach_div,  clM,        clB,       almin,     almax,     &a.Llinrange,
+                    &a.Lpow,  &a.Lstall, &a.Ldrop1, &a.Lpowstl, &a.Ldrop2, &a.Dmin,   &a.DminCL, &a.Dal10,
+                    &a.Dpow,  &a.DminCL, &a.Dal10,  &a.Dpow,    &a.Bloc,   &a.Bwidth, &a.Bdepth, &a.Bpower,
+                    &a.cmal2, &a.cmal3,  &a.cm1,    &a.cm2,     &a.cm3,    &a.cm4};
         case 650:
-            return {re_num,    t_rat,     mach_div,  clM,       clB,       &a.Lpow,   &a.Lstall, &a.Ldrop1,
-                    &a.Lpowstl, &a.Ldrop2, &a.Dmin,  &a.DminCL, &a.Dal10,  &a.Dpow,   &a.DminCL, &a.Dal10,
-                    &a.Dpow,   &a.Bloc,   &a.Bwidth, &a.Bdepth, &a.Bpower, &a.cmal2,  &a.cmal3,  &a.cm1,
-                    &a.cm2,    &a.cm3,    &a.cm4,    almin,     almax};
+            return {re_num,     t_rat,     mach_div,  clM,       clB,       &a.Lpow,  &a.Lstall, &a.Ldrop1,
+                    &a.Lpowstl, &a.Ldrop2, &a.Dmin,   &a.DminCL, &a.Dal10,  &a.Dpow,  &a.DminCL, &a.Dal10,
+                    &a.Dpow,    &a.Bloc,   &a.Bwidth, &a.Bdepth, &a.Bpower, &a.cmal2, &a.cmal3,  &a.cm1,
+                    &a.cm2,     &a.cm3,    &a.cm4,    almin,     almax};
         case 641:
-            return {re_num,    t_rat,      mach_div,  &dropped,  clM,       clB,        &a.Lpow,  &a.Lstall,
-                    &a.Ldrop1, &a.Lpowstl, &a.Ldrop2, &a.Dmin,   &a.DminCL, &a.Dal10,   &a.Dpow,  &a.DminCL,
-                    &a.Dal10,  &a.Dpow,    &a.Bloc,   &a.Bwidth, &a.Bdepth, &a.Bpower,  &a.cmal2, &a.cmal3,
+            return {re_num,    t_rat,      mach_div,  &dropped,  clM,       clB,       &a.Lpow,  &a.Lstall,
+                    &a.Ldrop1, &a.Lpowstl, &a.Ldrop2, &a.Dmin,   &a.DminCL, &a.Dal10,  &a.Dpow,  &a.DminCL,
+                    &a.Dal10,  &a.Dpow,    &a.Bloc,   &a.Bwidth, &a.Bdepth, &a.Bpower, &a.cmal2, &a.cmal3,
                     &a.cm1,    &a.cm2,     &a.cm3,    &a.cm4,    almin,     almax};
         default:  // 613 and 363
-            return {t_rat,     re_num,     almin,     almax,     clB,      clM,       &a.Lpow,   &a.Lstall,
-                    &a.Ldrop1, &a.Ldrop2,  &a.Lpowstl, &a.DminCL, &a.Dmin, &a.Dal10,  &a.Dpow,   &a.cmal2,
-                    &a.cmal3,  &a.cm1,     &a.cm2,    &a.cm3,    &a.cm4,   &a.Bwidth, &a.Bdepth, &a.Bpower,
-                    &a.Bloc};
+            return {t_rat,     re_num,    almin,     almax,      clB,       clM,     &a.Lpow,
+                    &a.Lstall, &a.Ldrop1, &a.Ldrop2, &a.Lpowstl, &a.DminCL, &a.Dmin, &a.Dal10,
+                    &a.Dpow,   &a.cmal2,  &a.cmal3,  &a.cm1,     &a.cm2,    &a.cm3,  &a.cm4,
+                    &a.Bwidth, &a.Bdepth, &a.Bpower, &a.Bloc};
     }
 }
 
@@ -173,22 +175,33 @@ static int read_afl(afl_struct& a, int RT, int Re, const std::string& path, aler
     return version;
 }
 
+// Decimal form without exponent; precision -1 is the shortest that reads back as the same float.
+static std::string decimal(float value, int precision = -1) {
+    char digits[64];
+    constexpr auto fixed = std::chars_format::fixed;
+    const std::to_chars_result end =
+        precision < 0 ? std::to_chars(digits, digits + sizeof digits, value, fixed)
+                      : std::to_chars(digits, digits + sizeof digits, value, fixed, precision);
+    return std::string(digits, end.ptr);
+}
+
+static std::string padded(const std::string& text, size_t width) {
+    return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
+}
+
 static int write_afl(afl_struct& a, int RT, int Re, const std::string& path) {
     if (!ouf_open(path, ftype_afl, 700)) return 0;
     ouf << afl_device << " device type code\n";
     const char* gap = "";
     for (const float* number : number_order(700, a, RT, Re)) {
-        char digits[64];  // shortest decimal form that reads back as the same float
-        const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, *number,
-                                                       std::chars_format::fixed);
-        ouf << gap << std::string_view(digits, static_cast<size_t>(end.ptr - digits));
+        ouf << gap << decimal(*number);
         gap = " ";
     }
-    ouf << "\nalpha cl cd cm:\n" << std::fixed;
+    ouf << "\nalpha cl cd cm:\n";
     for (int i = 0; i < aflDIM; ++i) {
-        ouf << std::setw(6) << std::setprecision(1) << ret_alpha(i) << std::setprecision(5);
+        ouf << padded(decimal(ret_alpha(i), 1), 6);
         for (float coefficient : {a.cl[RT][Re][i], a.cd[RT][Re][i], a.cm[RT][Re][i]})
-            ouf << ' ' << std::setw(8) << coefficient;
+            ouf << ' ' << padded(decimal(coefficient, 5), 8);
         ouf << '\n';
     }
     return ouf_close() ? 700 : 0;

@@ -58,8 +58,7 @@ float ret_cd(float al, const afl_struct* afl, int RT, int Re) {
 
 float ret_cm(float al, const afl_struct* afl) {
     if (fltrange(al, -al_curve, afl->cmal2)) return extrap(-al_curve, afl->cm1, afl->cmal2, afl->cm2, al);
-    if (fltrange(al, afl->cmal2, afl->cmal3))
-        return extrap(afl->cmal2, afl->cm2, afl->cmal3, afl->cm3, al);
+    if (fltrange(al, afl->cmal2, afl->cmal3)) return extrap(afl->cmal2, afl->cm2, afl->cmal3, afl->cm3, al);
     if (fltrange(al, afl->cmal3, al_curve)) return extrap(afl->cmal3, afl->cm3, al_curve, afl->cm4, al);
     return 0.0f;
 }

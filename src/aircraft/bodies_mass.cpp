@@ -93,11 +93,11 @@ void derive_prop_discs(int p) {
         veh_engn_struct& engn = veh[p].engn[en];
         const veh_wing_struct& blade = veh[p].wing[en];
         for (int el = 0; el < blade.els; ++el)
-            engn.ringarea[el] = con.pi * (sqr(get_el_base_loc(p, en, el + 1.0f, 'X')) -
-                                          sqr(get_el_base_loc(p, en, el, 'X')));
+            engn.ringarea[el] =
+                con.pi * (sqr(get_el_base_loc(p, en, el + 1.0f, 'X')) - sqr(get_el_base_loc(p, en, el, 'X')));
         engn.discarea = con.pi * sqr(get_el_base_loc(p, en, blade.els, 'X'));
 
-        constexpr float solidity = 0.6f;   // of the blade's section box
+        constexpr float solidity = 0.6f;    // of the blade's section box
         constexpr float density = 2700.0f;  // aluminium, kg/m3
         const float* t_rat = veh[p].afl[en].t_rat;
         const float chord = 0.5f * (blade.Ctip + blade.Croot);
@@ -167,20 +167,35 @@ static void add_surfaces(int p, float& wetted, inertia_struct& J) {
     }
 }
 
-// Measures the bodies, which leaves their areas and aerodynamic places in the record.
+// Measures a body of the record.
+static void measure_body(int p, int en, veh_part_struct& part, float& wetted, inertia_struct& J) {
+    part.area_frnt = part.area_side = part.area_nrml = 0.0f;
+    get_MI_S_body(p, en, 0, part.part_x, part.part_y, part.part_z, &part.area_frnt, &part.area_side,
+                  &part.area_nrml, &part.aero_x_os, &part.aero_y_os, &part.aero_z_os, &wetted, &J.xx, &J.yy,
+                  &J.zz);
+}
+
 static void add_bodies(int p, float& wetted, inertia_struct& J) {
     for (int en = part_body_first; en < partDIM; ++en) {
         if (!has_this_body(p, en)) continue;
         veh_part_struct& part = veh[p].part[en];
-        part.area_frnt = part.area_side = part.area_nrml = 0.0f;
-        get_MI_S_body(p, en, 0, part.part_x, part.part_y, part.part_z, &part.area_frnt, &part.area_side,
-                      &part.area_nrml, &part.aero_x_os, &part.aero_y_os, &part.aero_z_os, &wetted, &J.xx, &J.yy,
-                      &J.zz);
+        measure_body(p, en, part, wetted, J);
         if (in_report(p))
             cyc << "body " << en << " " << stl.text[1200 + en] << ": frontal area " << part.area_frnt
                 << ", side " << part.area_side << ", plan " << part.area_nrml << ", centroid ("
                 << part.aero_x_os << ", " << part.aero_y_os << ", " << part.aero_z_os << ")\n";
     }
+}
+
+float bodies_wetted_area(int p) {
+    float wetted = 0.0f;
+    inertia_struct ignored;
+    for (int en = part_body_first; en < partDIM; ++en) {
+        if (!has_this_body(p, en)) continue;
+        veh_part_struct scratch = veh[p].part[en];
+        measure_body(p, en, scratch, wetted, ignored);
+    }
+    return wetted;
 }
 
 void derive_inertia(int p) {
@@ -204,8 +219,8 @@ void derive_inertia(int p) {
         acf.Jzz_unitmass = (engines.zz + shell.zz * per_area) / m_empty;
     }
     if (in_report(p))
-        cyc << "mass of the engines " << mas_engines << ", of the shell " << mas_shell << ", surface of the shell "
-            << wetted << '\n'
+        cyc << "mass of the engines " << mas_engines << ", of the shell " << mas_shell
+            << ", surface of the shell " << wetted << '\n'
             << "radii of gyration: pitch " << sqrtf(acf.Jxx_unitmass) << ", yaw " << sqrtf(acf.Jyy_unitmass)
             << ", roll " << sqrtf(acf.Jzz_unitmass) << '\n';
 }

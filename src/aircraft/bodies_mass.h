@@ -12,3 +12,6 @@ float findarea(float x1, float y1, float z1, float x2, float y2, float z2, float
 void get_MI_S_body(int p, int en, int is_wpn, float x, float y, float z, float* s_frn, float* s_sid,
                    float* s_top, float* x_aero, float* y_aero, float* z_aero, float* swet_tot,
                    float* Jxx_unitmass, float* Jyy_unitmass, float* Jzz_unitmass);
+
+// Surface of all bodies of a derived aircraft, square metres.
+float bodies_wetted_area(int p);

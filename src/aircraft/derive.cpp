@@ -6,6 +6,7 @@
 #include "aircraft/acf_fault.h"
 #include "aircraft/afl_file.h"
 #include "aircraft/autoset.h"
+#include "aircraft/bodies_mass.h"
 #include "aircraft/derive_steps.h"
 #include "aircraft/location.h"
 #include "core/logs.h"
@@ -18,8 +19,8 @@ static int lies_in(const std::string& path, const std::string& folder) {
     const std::string root = "Aircraft";
     for (size_t at = path.find(root); at != std::string::npos; at = path.find(root, at + 1)) {
         const size_t behind = at + root.size();
-        const bool whole = (at == 0 || is_a_dir_char(path[at - 1])) && behind < path.size() &&
-                           is_a_dir_char(path[behind]);
+        const bool whole =
+            (at == 0 || is_a_dir_char(path[at - 1])) && behind < path.size() && is_a_dir_char(path[behind]);
         if (whole) return path.compare(behind + 1, folder.size(), folder) == 0;
     }
     return 0;
@@ -145,8 +146,8 @@ static void report_balance(int p) {
         << "; static margin by area " << 100.0f * sum.centroid_margin << " percent\n"
         << "wing: area " << sum.S_ref << ", span " << sum.span << ", mean chord " << sum.mean_chord
         << ", aspect ratio " << sum.AR << "; other near-flat surfaces " << sum.S_stab << '\n'
-        << "neutral point of wing and tail by lift slope and downwash " << sum.z_neutral
-        << "; static margin " << 100.0f * sum.static_margin << " percent\n";
+        << "neutral point of wing and tail by lift slope and downwash " << sum.z_neutral << "; static margin "
+        << 100.0f * sum.static_margin << " percent\n";
 }
 
 // No number that failed may fly. 0 after the fault.
@@ -161,7 +162,6 @@ static int derive_steps(int p) {
     const foil_load_scope foils;
     mark_folder_kind(p);
     open_report(p);
-    clear_unusable_derived(p);
     convert_block(p);
     if (!convert_wings(p)) return 0;
     convert_places(p);

@@ -11,7 +11,7 @@ int derive_model(int p);
 // What a designer wants to know of a derived aircraft, for tools. Metres, square metres; places aft of
 // the centre of gravity.
 struct aircraft_summary_struct {
-    float S_ref;             // plan area of wings 1 to 4, left and right
+    float S_ref;  // plan area of wings 1 to 4, left and right
     float span;
     float mean_chord;        // area-weighted mean of their element chords
     float AR;                // span squared over S_ref

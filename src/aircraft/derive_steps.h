@@ -6,9 +6,6 @@
 #include "core/records.h"
 
 // -- units and places (derive_units.cpp)
-// Bytes of derived fields mean nothing in a file: a value no float of a flight model can have counts
-// as zero.
-void clear_unusable_derived(int p);
 void convert_block(int p);
 // Surfaces and blades, and their foils. 0 when a foil is at fault.
 int convert_wings(int p);

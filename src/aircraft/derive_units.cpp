@@ -23,7 +23,8 @@ constexpr int floats_in() {
     static_assert(std::is_same_v<std::remove_all_extents_t<T>, float>);
     return sizeof(T) / sizeof(float);
 }
-#define UNIT(record, field, factor) {offsetof(record, field), floats_in<decltype(record::field)>(), &con_struct::factor}
+#define UNIT(record, field, factor) \
+    { offsetof(record, field), floats_in<decltype(record::field)>(), &con_struct::factor }
 
 // clang-format off
 constexpr unit_row block_units[] = {
@@ -126,19 +127,6 @@ void for_each_record(int p, F&& visit) {
 
 }  // namespace
 
-void clear_unusable_derived(int p) {
-    constexpr float usable_max = 1.0e9f;  // the bound that the reader sets for the designer's own values
-    for_each_record(p, [](const record_view& record) {
-        for (int r = 0; r < record.list.count; ++r) {
-            const veh_field_struct& row = record.list.rows[r];
-            if (row.type != 'f' || row.role == veh_role_file || row.role == veh_role_spare) continue;
-            float* value = reinterpret_cast<float*>(const_cast<char*>(record.base) + row.offset);
-            for (int i = 0; i < row.size / 4; ++i)
-                if (!(flt_abs(value[i]) < usable_max)) value[i] = 0.0f;
-        }
-    });
-}
-
 std::string first_nan_field(int p) {
     std::string found;
     for_each_record(p, [&](const record_view& record) {
@@ -150,7 +138,8 @@ std::string first_nan_field(int p) {
                 if (!std::isfinite(value[i])) {
                     found = row.name;
                     if (record.index >= 0)
-                        found = std::string(record.list.record) + " " + std::to_string(record.index) + " " + found;
+                        found = std::string(record.list.record) + " " + std::to_string(record.index) + " " +
+                                found;
                     break;
                 }
         }

@@ -19,9 +19,7 @@ void derive_slats(int p) {
 }
 
 // Only near-flat surfaces throw and meet wash.
-static bool washes(int p, int en) {
-    return has_this_wing(p, en) && flt_abs(veh[p].wing[en].dihed1) < 45.0f;
-}
+static bool washes(int p, int en) { return has_this_wing(p, en) && flt_abs(veh[p].wing[en].dihed1) < 45.0f; }
 
 // Sets the flags of the elements of washee that lie behind the span of washer.
 static void flag_washed_elements(int p, int washee, int washer) {
@@ -43,7 +41,8 @@ static float ret_spec_wash(int p, int washee, int washer) {
     const float semilen = fltmax2(ahead.semilen_JND, 0.01f);
     const float dz = flt_abs(veh[p].part[washee].part_z - veh[p].part[washer].part_z);
     const float dy = flt_abs(veh[p].part[washee].part_y - veh[p].part[washer].part_y);
-    const float wash = interp(0.6f, 5.1f, 1.6f, 4.1f, dz / semilen) + interp(0.0f, 0.0f, 0.6f, -3.2f, dy / semilen) +
+    const float wash = interp(0.6f, 5.1f, 1.6f, 4.1f, dz / semilen) +
+                       interp(0.0f, 0.0f, 0.6f, -3.2f, dy / semilen) +
                        interp(6.0f, 2.0f, 12.0f, -2.0f, ahead.AR) + interp(1.0f, -1.1f, 0.0f, 1.1f, ahead.TR);
     const bool root_chords_overlap = dz < veh[p].wing[washee].Croot + ahead.Croot;
     return root_chords_overlap ? 0.5f * wash : wash;

@@ -100,8 +100,7 @@ float biplane_e(int p, int en, int sen) {
     const float s1 = fltmax2(veh[p].wing[en].semilen_SEG, 1.0e-6f);
     const float s2 = fltmax2(veh[p].wing[sen].semilen_SEG, 1.0e-6f);
     const float gamma = flt_abs(veh[p].part[en].part_y - veh[p].part[sen].part_y) / (s1 + s2);
-    const float sigma =
-        0.9962f + gamma * (-4.896f + gamma * (17.98f + gamma * (-37.8f + gamma * 31.0f)));
+    const float sigma = 0.9962f + gamma * (-4.896f + gamma * (17.98f + gamma * (-37.8f + gamma * 31.0f)));
     const float mu = fltmin2(s1, s2) / fltmax2(s1, s2);
     return fltmax2(2.0f * sqr(mu) / (sqr(mu) + 2.0f * sigma * mu + 1.0f), 0.5f);
 }
@@ -145,9 +144,9 @@ void report_wing(int p, int en, const wing_ends& ends, const planform_struct& pl
     cyc << "surface " << en << " " << stl.text[1200 + en] << ": root (" << ends.root.x << ", " << ends.root.y
         << ", " << ends.root.z << ") chord " << ends.root.chord << ", tip (" << ends.tip.x << ", "
         << ends.tip.y << ", " << ends.tip.z << ") chord " << ends.tip.chord << '\n'
-        << "    semi-length " << wing.semilen_JND << ", sweep " << plan.sweep_25_mac << ", of the leading edge "
-        << plan.sweep_00_mac << ", washout " << plan.washout << ", taper " << wing.TR << ", aspect ratio "
-        << wing.AR << '\n'
+        << "    semi-length " << wing.semilen_JND << ", sweep " << plan.sweep_25_mac
+        << ", of the leading edge " << plan.sweep_00_mac << ", washout " << plan.washout << ", taper "
+        << wing.TR << ", aspect ratio " << wing.AR << '\n'
         << "    e " << wing.e << ", cl ratio " << wing.cl_D_cl0 << ", alpha ratio " << wing.al_D_al0
         << ", cm ratio " << wing.cm_D_cm0 << ", delta factor " << wing.delta_fac << ", stall alpha "
         << wing.alpha_max << '\n';

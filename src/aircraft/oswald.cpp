@@ -182,7 +182,7 @@ float ret_e(float aspec, float washo, float sweep, float taper) {
 
 float interp9(float x1, float x2, float x3, float y1, float y2, float y3, float z11, float z21, float z31,
               float z12, float z22, float z32, float z13, float z23, float z33, float x, float y) {
-    const bool left = x < x2, high = y > y2;
+    const bool left = x<x2, high = y> y2;
     const float xa = left ? x1 : x2, xb = left ? x2 : x3;
     const float ya = high ? y2 : y1, yb = high ? y3 : y2;
     // along x on the lower and on the upper line of the quadrant
