@@ -49,7 +49,7 @@ void derive_simple_values(int p) {
     // degrees per second to full travels per second; a disc that does not turn goes with its nacelle
     float range = flt_abs(acf.vect_max_disc - acf.vect_min_disc);
     if (range < 0.01f && acf.vect_EQ) range = flt_abs(acf.vect_max_nace - acf.vect_min_nace);
-    acf.vect_rate = range < 0.01f ? 0.0f : acf.vect_rate / range;
+    acf.vect_rate = range < 0.01f ? 0.0f : fltmax2(acf.vect_rate, 0.0f) / range;
 
     constexpr float sl_P_standard = 101325.0f;  // Pa; the engine's data do not change with the weather
     acf.EPR_max = 1.0f + acf.thrust_max / fltmax2(acf.face_jet * sl_P_standard, 1.0f);
