@@ -2,6 +2,7 @@
 #include "weather/atmosphere.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
 
 #include "core/atm.h"

@@ -1,0 +1,70 @@
+// The air in the loop of the flight model: wind at an element, density, the step of a frame.
+// The reference is nine sines, which is what the turbulence field cannot go below.
+#include <benchmark/benchmark.h>
+
+#include "core/random.h"
+#include "core/records.h"
+#include "core/seams.h"
+#include "weather/atmosphere.h"
+#include "weather/weather_step.h"
+#include "weather/wind.h"
+
+static void start(float turbulence) {
+    clear_records();
+    init_con();
+    seams_headless();
+    init_rand_rat();
+    set_planet_specs(0);
+    init_weather_defaults();
+    mnw.prd_FM = 0.02f;
+    flt[0].cos_psi = flt[0].cos_the = flt[0].cos_phi = 1.0f;
+    flt[0].dob_x = 20000.0, flt[0].dob_y = 1000.0, flt[0].dob_z = -35000.0;
+    wind_reset();
+    wind.final_trb_rat = turbulence;
+}
+
+static void nine_sines(benchmark::State& state) {
+    start(0.0f);
+    float d = 20000.0f;
+    for (auto _ : state) {
+        float sum = 0.0f;
+        for (int i = 0; i < 9; ++i) sum += sinf(d * (0.06f + 0.01f * i));
+        benchmark::DoNotOptimize(sum);
+        d += 0.1f;
+    }
+}
+BENCHMARK(nine_sines);
+
+// range 0: tenths of turbulence
+static void ret_wind_acf(benchmark::State& state) {
+    start(0.1f * state.range(0));
+    float x = 0.0f, vx, vy, vz;
+    for (auto _ : state) {
+        wind.ret_wind_acf(x, 0.5f, -1.0f, &vx, &vy, &vz);
+        benchmark::DoNotOptimize(vx + vy + vz);
+        x = x < 30.0f ? x + 0.1f : -30.0f;
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(ret_wind_acf)->Arg(0)->Arg(3);
+
+static void standard_rho(benchmark::State& state) {
+    start(0.0f);
+    float h = 0.0f;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(find_standard_rho(0, h));
+        h = h < 40000.0f ? h + 97.0f : 0.0f;
+    }
+}
+BENCHMARK(standard_rho);
+
+static void air_of_a_frame(benchmark::State& state) {
+    start(0.0f);
+    for (auto _ : state) {
+        weather_step();
+        local_air_step();
+    }
+}
+BENCHMARK(air_of_a_frame);
+
+BENCHMARK_MAIN();

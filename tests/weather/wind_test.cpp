@@ -1,0 +1,360 @@
+// Wind: signs, layers, gust, turbulence, thermals, ridge lift, microbursts, and the query in aircraft axes.
+#include "weather/wind.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "core/geo3.h"
+#include "core/random.h"
+#include "core/seams.h"
+#include "sound/sound.h"
+#include "support.h"
+#include "weather/atmosphere.h"
+
+class wind_test : public test::system_test {
+protected:
+    void SetUp() override {
+        system_test::SetUp();
+        set_planet_specs(0);
+        wind_reset();
+        mnw.prd_FM = 0.02f;
+        flt[0].y_agl_mtr = 3000.0f;
+        flt[0].dob_ele = 3000.0;
+        env.terrain_nrm[1] = 1.0f;
+        const float alt[3] = {1000.0f, 2000.0f, 5000.0f};
+        std::copy(alt, alt + 3, atm.set_wind_alt_mtrs);
+        attitude(0.0f, 0.0f, 0.0f);
+    }
+    static void attitude(float psi, float the, float phi) {
+        flt[0].sin_psi = sin_deg(psi), flt[0].cos_psi = cos_deg(psi);
+        flt[0].sin_the = sin_deg(the), flt[0].cos_the = cos_deg(the);
+        flt[0].sin_phi = sin_deg(phi), flt[0].cos_phi = cos_deg(phi);
+    }
+    static void all_layers(float spd_kts, float dir_mag) {
+        std::fill_n(atm.set_wind_spd_kts, 3, spd_kts);
+        std::fill_n(atm.set_wind_dir_mag, 3, dir_mag);
+    }
+    static void settle(int frames = 1000) {
+        for (int i = 0; i < frames; ++i) wind.per_cycle();
+    }
+    static Vector3 at(float x, float y, float z) {
+        float vx, vy, vz;
+        wind.ret_wind_wrl(x, y, z, &vx, &vy, &vz);
+        return {vx, vy, vz};
+    }
+    static Vector3 on_aircraft(float x, float y, float z) {
+        float vx, vy, vz;
+        wind.ret_wind_acf(x, y, z, &vx, &vy, &vz);
+        return {vx, vy, vz};
+    }
+    test::fp_traps traps_;
+};
+
+TEST_F(wind_test, wind_from_the_west_pushes_east) {
+    all_layers(20.0f, 270.0f);
+    attitude(360.0f, 0.0f, 0.0f);
+    settle();
+    const float ms = 20.0f * con.ktstomsc;
+    EXPECT_NEAR(wind.ret_wind_x(), ms, 1e-3f);
+    EXPECT_NEAR(wind.ret_wind_z(), 0.0f, 1e-3f);
+    EXPECT_NEAR(wind.ret_wind_dir_true(), 270.0f, 1e-2f);
+    EXPECT_NEAR(wind.ret_wind_spd_msc(), 10.289f, 1e-2f);
+    flt[0].vz = -50.0f;  // flying north: the air comes from ahead and pushes to the right
+    EXPECT_NEAR(on_aircraft(0, 0, 0).dx, ms, 1e-3);
+    EXPECT_NEAR(on_aircraft(0, 0, 0).dz, 50.0, 1e-3);
+
+    all_layers(20.0f, 10.0f);
+    env.mag_var = 10.0f;  // 10 magnetic is north here
+    settle();
+    EXPECT_NEAR(wind.ret_wind_z(), ms, 1e-3f);  // air moves south
+    EXPECT_NEAR(fltwrap(wind.ret_wind_dir_true(), -180.0f, 180.0f), 0.0f, 1e-2f);
+    all_layers(20.0f, 5.5f);  // -4.5 is cut to -4: 356
+    settle();
+    EXPECT_NEAR(wind.ret_wind_dir_true(), 356.0f, 1e-2f);
+}
+
+TEST_F(wind_test, layers_are_held_outside_and_linear_between) {
+    const float dir[3] = {350.0f, 10.0f, 10.0f}, spd[3] = {10.0f, 20.0f, 50.0f}, turb[3] = {0.0f, 3.0f, 9.0f};
+    std::copy(dir, dir + 3, atm.set_wind_dir_mag);
+    std::copy(spd, spd + 3, atm.set_wind_spd_kts);
+    std::copy(turb, turb + 3, atm.set_turb_inc);
+    float s, d, gs, gd, t;
+    const auto stats = [&](float h) { wind.ret_wind_stats(h, &s, &d, &gs, &gd, &t); };
+    stats(-100.0f);
+    EXPECT_FLOAT_EQ(s, 10.0f);
+    stats(1500.0f);
+    EXPECT_FLOAT_EQ(s, 15.0f);
+    EXPECT_FLOAT_EQ(d, 180.0f);  // plain numbers, no care for the wrap
+    stats(4000.0f);
+    EXPECT_FLOAT_EQ(s, 40.0f);
+    EXPECT_FLOAT_EQ(t, 7.0f);
+    for (const float knot : atm.set_wind_alt_mtrs) {
+        stats(knot - 0.01f);
+        const float below = s;
+        stats(knot + 0.01f);
+        EXPECT_NEAR(s, below, 1e-3f);
+    }
+    std::reverse(atm.set_wind_alt_mtrs, atm.set_wind_alt_mtrs + 3);  // a stranger's order
+    for (float h = 0.0f; h < 7000.0f; h += 50.0f) {
+        stats(h);
+        EXPECT_TRUE(s >= 10.0f && s <= 50.0f);
+    }
+}
+
+TEST_F(wind_test, gusts_swing_about_the_wind) {
+    all_layers(20.0f, 90.0f);
+    std::fill_n(atm.set_shear_spd_kts, 3, 10.0f);
+    std::fill_n(atm.set_shear_dir, 3, 30.0f);
+    settle();
+    double sum = 0.0, least = 1e9, most = 0.0, least_dir = 360.0, most_dir = 0.0, jump = 0.0;
+    float last = wind.ret_wind_x();
+    constexpr int frames = 100000;
+    for (int i = 0; i < frames; ++i) {
+        mnw.puff1 = i % 50 == 0;
+        wind.per_cycle();
+        const double kts = wind.ret_wind_spd_msc() * con.msctokts;
+        sum += kts;
+        least = std::min(least, kts), most = std::max(most, kts);
+        least_dir = std::min<double>(least_dir, wind.ret_wind_dir_true());
+        most_dir = std::max<double>(most_dir, wind.ret_wind_dir_true());
+        jump = std::max<double>(jump, std::fabs(wind.ret_wind_x() - last));
+        last = wind.ret_wind_x();
+    }
+    EXPECT_NEAR(sum / frames, 20.0, 0.5);
+    EXPECT_TRUE(least >= 10.0 && least < 14.0 && most <= 30.0 && most > 26.0) << least << ' ' << most;
+    EXPECT_TRUE(least_dir >= 59.0 && least_dir < 75.0 && most_dir <= 120.0 && most_dir > 105.0);
+    EXPECT_LT(jump, 0.3);  // of some 10 m/s of swing, in 0.02 s
+}
+
+TEST_F(wind_test, turbulence_is_three_sines_an_axis) {
+    wind.final_trb_rat = 0.2f;
+    wind.final_X_msc = 3.0f;
+    double sum[3] = {}, square[3] = {};
+    constexpr int n = 200000;
+    for (int i = 0; i < n; ++i) {
+        const float x = flt_rand(-5000.0f, 5000.0f);
+        const float y = flt_rand(-5000.0f, 5000.0f);
+        const float z = flt_rand(-5000.0f, 5000.0f);
+        const Vector3 v = at(x, y, z);
+        const double part[3] = {v.dx - 3.0, v.dy, v.dz};
+        for (int a = 0; a < 3; ++a) sum[a] += part[a], square[a] += part[a] * part[a];
+    }
+    for (int a = 0; a < 3; ++a) {
+        EXPECT_NEAR(sum[a] / n, 0.0, 0.02);
+        EXPECT_NEAR(square[a] / n, 3.0 * 2.0 * 2.0 / 2.0, 0.05);  // amplitude 2 m/s each, phases free
+    }
+    // one sine at a time: along z the x wind repeats after 60 / 0.8 m; all repeat after 2 pi s
+    EXPECT_NEAR(at(10.0f, 20.0f, 30.0f).dx, at(10.0f, 20.0f, 105.0f).dx, 1e-4);
+    const Vector3 before = at(10.0f, 20.0f, 30.0f);
+    wind.totl_os_t += con.pim2;
+    EXPECT_NEAR((at(10.0f, 20.0f, 30.0f).dy), before.dy, 1e-4);
+    // the whole pattern moves with its offset
+    wind.totl_os_t = 0.0f, wind.totl_os_x = 7.0f, wind.totl_os_z = -5.0f;
+    EXPECT_NEAR(at(17.0f, 20.0f, 25.0f).dx, before.dx, 1e-4);
+    // a wing feels it unevenly, but smoothly
+    EXPECT_GT(std::fabs(at(0, 0, 0).dy - at(20, 0, 0).dy), 0.1);
+    EXPECT_LT(std::fabs(at(0, 0, 0).dy - at(0.01f, 0, 0).dy), 0.01);
+}
+
+TEST_F(wind_test, still_settings_give_one_wind_everywhere) {
+    all_layers(15.0f, 40.0f);
+    settle();
+    EXPECT_EQ(wind.final_trb_rat, 0.0f);
+    EXPECT_EQ(at(1.0f, 2.0f, 3.0f).dx, at(900.0f, -20.0f, 44.0f).dx);
+    EXPECT_EQ(at(1.0f, 2.0f, 3.0f).dx, wind.ret_wind_x());
+}
+
+TEST_F(wind_test, turbulence_strength_by_height_and_cloud) {
+    std::fill_n(atm.set_turb_inc, 3, 9.0f);
+    const auto strength = [](float agl, double ele) {
+        flt[0].y_agl_mtr = agl, flt[0].dob_ele = ele;
+        wind.per_cycle();
+        return wind.final_trb_rat;
+    };
+    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.45f);
+    EXPECT_FLOAT_EQ(strength(0.0f, 0.0), 0.225f);
+    EXPECT_FLOAT_EQ(strength(15.0f, 0.0), 0.3375f);
+    EXPECT_FLOAT_EQ(strength(7500.0f, 7500.0), 0.225f);  // half of the last kilometre below 8000 m
+    EXPECT_FLOAT_EQ(strength(1e5f, 1e5), 0.045f);
+    std::fill_n(atm.set_turb_inc, 3, 0.0f);
+    atm.level_rat_acf = 0.75f;
+    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.375f);
+    atm.cld_type[1] = 5, atm.base_h_MSL[1] = 500.0f, atm.tops_h_MSL[1] = 2000.0f;
+    ren.view_ele_msl = 2000.0f;  // the edge belongs to it
+    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.25f);
+    ren.view_ele_msl = 2001.0f;
+    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.375f);
+}
+
+TEST_F(wind_test, field_goes_with_the_wind_and_its_phase_never_stalls) {
+    all_layers(20.0f, 270.0f);
+    settle();
+    const float x0 = wind.totl_os_x, t0 = wind.totl_os_t;
+    settle(50);
+    EXPECT_NEAR(wind.totl_os_x - x0, 20.0f * con.ktstomsc, 0.01f);  // one second's way
+    EXPECT_NEAR(wind.totl_os_t - t0, 1.0f, 1e-3f);
+    for (int i = 0; i < 20000; ++i) {
+        mnw.puff1 = i % 50 == 0;
+        wind.per_cycle();
+        EXPECT_LE(std::fabs(wind.totl_os_x), 1025.0f);  // wraps, wanders 25 m
+    }
+    mnw.prd_FM = 0.001f;
+    wind.totl_os_t = 100000.0f;  // a day: a float sum would add nothing or too much
+    settle(100000);
+    EXPECT_NEAR(wind.totl_os_t, 100100.0f, 0.02f);
+}
+
+TEST_F(wind_test, aircraft_axes) {
+    wind.final_X_msc = 4.0f, wind.final_Y_msc = -1.0f, wind.final_Z_msc = 7.0f, wind.final_trb_rat = 0.3f;
+    flt[0].dob_x = 1234.0, flt[0].dob_y = 800.0, flt[0].dob_z = -4321.0;
+    flt[0].vx = 30.0f, flt[0].vy = 2.0f, flt[0].vz = -40.0f;
+
+    // heading east: a point on the right wing lies to the south; what blows south blows to the right
+    attitude(90.0f, 0.0f, 0.0f);
+    const Vector3 south = at(1234.0f, 800.0f, -4311.0f);
+    Vector3 felt = on_aircraft(10.0f, 0.0f, 0.0f);
+    EXPECT_NEAR(felt.dx, south.dz + 40.0, 1e-3);
+    EXPECT_NEAR(felt.dz, 30.0 - south.dx, 1e-3);
+    // right wing straight down
+    attitude(0.0f, 0.0f, 90.0f);
+    const Vector3 below = at(1234.0f, 790.0f, -4321.0f);
+    felt = on_aircraft(10.0f, 0.0f, 0.0f);
+    EXPECT_NEAR(felt.dx, 2.0 - below.dy, 1e-3);
+    // any attitude keeps the speed
+    attitude(213.0f, -31.0f, 77.0f);
+    Vector3 air = at(1234.0f, 800.0f, -4321.0f);
+    air = {air.dx - 30.0, air.dy - 2.0, air.dz + 40.0};
+    EXPECT_NEAR(on_aircraft(0, 0, 0).squared_length(), air.squared_length(), 1e-1);
+}
+
+TEST_F(wind_test, thermals_stand_on_the_ground) {
+    atm.therm_vvi_fpm = 1000.0f, atm.therm_alt_ft = 1000.0f * con.mtrstoft;
+    const float full = 1000.0f * con.fpmtomsc;
+    const auto lift = [](float agl) {
+        flt[0].y_agl_mtr = agl;
+        wind.per_cycle();
+        return wind.ret_wind_y();
+    };
+    EXPECT_EQ(lift(500.0f), 0.0f);  // no share of the ground, no thermal
+    atm.therm_prt = 2.0f;           // everywhere, to see the profile
+    EXPECT_NEAR(lift(0.0f), 0.0f, 1e-6f);
+    EXPECT_NEAR(lift(50.0f), 0.5f * full, 1e-4f);
+    EXPECT_NEAR(lift(100.0f), full, 1e-4f);
+    EXPECT_NEAR(lift(900.0f), full, 1e-4f);
+    EXPECT_NEAR(lift(1000.0f), 0.5f * full, 1e-4f);
+    EXPECT_NEAR(lift(1100.0f), 0.0f, 1e-4f);
+    // a share of the ground, in patches: off and on at once, and the same on coming back
+    atm.therm_prt = 0.4f;
+    int inside = 0, edges = 0;
+    float last = 0.0f;
+    for (int i = 0; i < 20000; ++i) {
+        flt[0].dob_x = i * 10.0, flt[0].dob_z = 5000.0;
+        const float now = lift(500.0f);
+        EXPECT_TRUE(now == 0.0f || std::fabs(now - full) < 1e-4f);
+        inside += now > 0.0f;
+        edges += now != last;
+        last = now;
+    }
+    EXPECT_TRUE(inside > 3000 && inside < 10000) << inside;
+    EXPECT_TRUE(edges > 100 && edges < 1500) << edges;
+}
+
+TEST_F(wind_test, slopes_lift_the_wind_that_blows_against_them) {
+    all_layers(20.0f, 270.0f);
+    const float ms = 20.0f * con.ktstomsc;
+    const auto lift = [](float agl) {
+        flt[0].y_agl_mtr = agl;
+        settle();
+        return wind.ret_wind_y();
+    };
+    env.terrain_nrm[0] = -0.5f, env.terrain_nrm[1] = 0.866f;  // a slope that faces west
+    EXPECT_NEAR(lift(0.0f), 0.5f * ms, 1e-2f);
+    EXPECT_NEAR(lift(500.0f), 0.25f * ms, 1e-2f);
+    EXPECT_NEAR(lift(1000.0f), 0.0f, 1e-2f);
+    env.terrain_nrm[0] = 0.5f;  // the lee side sinks
+    EXPECT_NEAR(lift(0.0f), -0.5f * ms, 1e-2f);
+    env.terrain_nrm[0] = 0.0f, env.terrain_nrm[2] = -0.5f;  // along the slope: nothing
+    EXPECT_NEAR(lift(0.0f), 0.0f, 1e-2f);
+}
+
+static std::vector<int> sounds;
+
+TEST_F(wind_test, microbursts_come_and_go) {
+    seam.play_sound = [](int slot, float, float) { sounds.push_back(slot); };
+    sounds.clear();
+    veh[0].warn1_EQ = 1, stg.warn_bb = 1;
+    flt[0].y_agl_mtr = 200.0f;
+    const auto fly = [&](int frames, auto&& each) {
+        for (int i = 0; i < frames; ++i) {
+            mnw.totl_time += mnw.prd_FM;
+            wind.per_cycle();
+            each();
+        }
+    };
+    const auto nothing = [] {};
+    atm.burst_prob = 0.01f;
+    fly(50000, nothing);
+    atm.burst_prob = 1.0f, flt[0].y_agl_mtr = 300.0f;
+    fly(50000, nothing);
+    EXPECT_TRUE(sounds.empty());
+    EXPECT_EQ(wind.ret_wind_spd_msc(), 0.0f);
+
+    flt[0].y_agl_mtr = 299.0f;
+    float fastest = 0.0f, lowest = 0.0f, highest = 0.0f;
+    int east = 0, west = 0, north = 0, south = 0;
+    constexpr int hours = 20;
+    for (int hour = 0; hour < hours; ++hour) {
+        mnw.totl_time = 0.0f;  // keeps its float fine enough for a step
+        fly(180000, [&] {
+            fastest = std::max(fastest, wind.ret_wind_spd_msc());
+            lowest = std::min(lowest, wind.ret_wind_y()), highest = std::max(highest, wind.ret_wind_y());
+            const float x = wind.ret_wind_x(), z = wind.ret_wind_z();
+            east += x > 5.0f, west += x<-5.0f, south += z> 5.0f, north += z < -5.0f;
+            EXPECT_TRUE(x == 0.0f || std::fabs(x) < 47.0f);
+        });
+    }
+    // one a minute of waiting, and some 15 s of its own: 48 an hour
+    EXPECT_NEAR(static_cast<double>(sounds.size()) / hours, 48.0, 5.0);
+    EXPECT_TRUE(std::all_of(sounds.begin(), sounds.end(), [](int slot) { return slot == 51; }));
+    EXPECT_TRUE(fastest > 75.0f * con.ktstomsc && fastest < 90.0f * con.ktstomsc) << fastest;
+    EXPECT_TRUE(lowest < -6000.0f * con.fpmtomsc && lowest > -8000.0f * con.fpmtomsc) << lowest;
+    EXPECT_LT(highest, 0.1f);  // it presses down, never up
+    for (const int count : {east, west, north, south})
+        EXPECT_NEAR(count * 4.0 / (east + west + north + south), 1.0, 0.25);
+}
+
+TEST_F(wind_test, a_burst_holds_while_time_stands_still) {
+    atm.burst_prob = 1.0f, flt[0].y_agl_mtr = 50.0f;
+    while (wind.ret_wind_spd_msc() < 5.0f) {
+        mnw.totl_time += mnw.prd_FM;
+        wind.per_cycle();
+    }
+    settle();
+    const float held = wind.ret_wind_spd_msc();
+    EXPECT_GT(held, 5.0f);
+    settle(100000);
+    EXPECT_NEAR(wind.ret_wind_spd_msc(), held, 1e-3f);
+    mnw.totl_time += 25.0f;
+    atm.burst_prob = 0.0f;
+    settle(3000);
+    EXPECT_NEAR(wind.ret_wind_spd_msc(), 0.0f, 1e-3f);
+}
+
+TEST_F(wind_test, noise_joins_its_table_smoothly) {
+    EXPECT_FLOAT_EQ(interp_noise(0.0f, 0.0f, 0), 2.0f * randrat[0] - 1.0f);
+    EXPECT_FLOAT_EQ(interp_noise(3.0f, 2.0f, 5), 2.0f * randrat[(2 * 8932 + 3 + 5) % 10000] - 1.0f);
+    EXPECT_FLOAT_EQ(interp_noise(0.5f, 0.5f, 0),
+                    0.5f * (randrat[0] + randrat[1] + randrat[8932] + randrat[8933]) - 1.0f);
+    EXPECT_EQ(interp_noise(-12.3f, 4.5f, 9), interp_noise(12.3f, -4.5f, 9));
+    float last = interp_noise(100.0f, 50.0f, 3);
+    for (int i = 1; i < 20000; ++i) {
+        const float now = interp_noise(100.0f + i * 0.001f, 50.0f - i * 0.0007f, 3);
+        EXPECT_LE(std::fabs(now), 1.0f);
+        EXPECT_LT(std::fabs(now - last), 0.005f);
+        last = now;
+    }
+    EXPECT_LE(std::fabs(interp_noise(3e9f, 9e9f, 127)), 1.0f);  // far beyond any region
+    EXPECT_EQ(test::expect_fatal([] { interp_noise(1.0f, 1.0f, -1); }).line[0],
+              "Cannot pass in negative float rand seed to interp_noise!");
+}
