@@ -3,10 +3,12 @@
 #include <math.h>
 
 #include "aircraft/acf_old.h"
+#include "aircraft/draw/geometry.h"
 #include "app/frame.h"
 #include "atc/controllers.h"
 #include "cockpit/panel.h"
 #include "cockpit/radios.h"
+#include "core/input_gate.h"
 #include "core/num.h"
 #include "core/records.h"
 #include "core/seams.h"
@@ -197,7 +199,8 @@ void manage_ins() {}
 void manage_env() {}
 void manage_vew() {}
 void manage_pln() {}
-void MACIBM_handleclick(int) {}
+void stop_fire() {}
+void stop_starter() {}
 void MACIBM_showinit(const char*) {}
 void MACIBM_update_back_texes() {}
 void MACIBM_setupforlang(int) {}

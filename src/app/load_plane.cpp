@@ -1,14 +1,19 @@
 // Loading of an aircraft with all it brings, and the choice of background aircraft.
 #include "app/load_plane.h"
 
+#include <stdio.h>
 #include <string.h>
 
 #include "aircraft/acf_file.h"
 #include "aircraft/derive.h"
+#include "aircraft/draw/geometry.h"
 #include "app/frame.h"
+#include "app/plane_sounds.h"
+#include "cockpit/panel.h"
 #include "core/alert.h"
 #include "core/clocks.h"
 #include "core/dirlist.h"
+#include "core/files.h"
 #include "core/num.h"
 #include "core/paths.h"
 #include "core/random.h"
@@ -19,7 +24,6 @@
 #include "sound/sound.h"
 #include "ui/windows.h"
 #include "weather/atmosphere.h"
-#include "app/plane_sounds.h"
 
 namespace {
 // Bounded copy, always terminated.

@@ -16,6 +16,7 @@ public:
     void SOUND_fill_buffer(int snd_en, std::string dir, std::string file);
     // Plays or adjusts: pitch ratio and volume ratio, 1 as recorded. A slot out of range is ignored.
     void SOUND_set(int snd_en, float frq_rat, float vol_rat);
+    int SOUND_init();       // 1 when a sound device answers
     void SOUND_stop();      // silences everything, the files stay
     void SOUND_maintain();  // once a frame: the sounds that follow the aircraft
     void SOUND_close();     // silences everything and forgets the files
