@@ -92,6 +92,24 @@ static void trace_totals() {
     trace_values("coefficients", {{"cl", f.cl_overall}, {"cd", f.cd_overall}, {"Cm", f.C_m}, {"Cn", f.C_n}, {"l/d", f.l_o_d}});
 }
 
+static void air_forces() {
+    aero_elements();
+    aero_downwash();
+    aero_spanwise_load();
+    aero_bodies();
+    aero_gear_drag();
+    aero_speedbrake_doors();
+    aero_chute();
+}
+
+void tunnel_step() {
+    clear_sums();
+    aero_ground_effect();
+    clear_forces();
+    air_forces();
+    display_coefficients();
+}
+
 void set_vel_flight(int iter) {
     if (mnw.cyc_out) trace_header();
     clear_sums();
@@ -109,13 +127,7 @@ void set_vel_flight(int iter) {
     system_tow_or_winch_line();
     system_slung_load();
 
-    aero_elements();
-    aero_downwash();
-    aero_spanwise_load();
-    aero_bodies();
-    aero_gear_drag();
-    aero_speedbrake_doors();
-    aero_chute();
+    air_forces();
 
     steer_nosewheel();
     touch_surfaces();

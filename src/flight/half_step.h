@@ -5,6 +5,10 @@
 // mnw.prd_FM is the half step.
 void set_vel_flight(int iter);
 
+// The forces of the air alone on a held aircraft: nothing is integrated, no mass weighs in. Downwash and
+// spanwise load settle over a few calls.
+void tunnel_step();
+
 // The sections that stand in mass_motion.cpp, in their order.
 void build_masses();              // m_total, inertias, and the moments of masses off centre
 void load_factors();              // g_nrml, g_axil, g_side and world acceleration
