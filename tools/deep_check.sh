@@ -1,0 +1,54 @@
+#!/bin/bash
+# The slow part of ./check --deep. Seconds per fuzz target: FUZZ_SECONDS, 600 by default.
+set -e
+root=$(cd "$(dirname "$0")/.." && pwd)
+cd "$root"
+fuzz_seconds=${FUZZ_SECONDS:-600}
+
+echo "== flight hash over two compilers and two optimisation levels"
+hashes=()
+for compiler in g++ clang++; do
+    for level in O0 O2; do
+        folder=build-hash-$compiler-$level
+        cmake -S . -B "$folder" -G Ninja -DCMAKE_CXX_COMPILER=$compiler -DCMAKE_BUILD_TYPE=None \
+            -DCMAKE_CXX_FLAGS="-$level" -DTARVANE_TESTS=OFF >/dev/null
+        cmake --build "$folder" >/dev/null
+        hash=$("$folder/tools/flightlab" hash --passes 10000)
+        echo "$compiler -$level: $hash"
+        hashes+=("$hash")
+    done
+done
+[ "$(printf '%s\n' "${hashes[@]}" | sort -u | wc -l)" -eq 1 ] || { echo "the hashes differ"; exit 1; }
+
+echo "== tests under address and undefined-behaviour sanitizers"
+cmake -S . -B build-asan -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug -DTARVANE_SANITIZE=ON >/dev/null
+cmake --build build-asan
+ASAN_OPTIONS=detect_leaks=0 ctest --test-dir build-asan --output-on-failure -j "$(nproc)"
+
+echo "== fuzz targets, $fuzz_seconds s each"
+cmake -S . -B build-fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Release -DTARVANE_FUZZ=ON \
+    -DTARVANE_SANITIZE=ON -DTARVANE_TESTS=OFF >/dev/null
+cmake --build build-fuzz
+for target in build-fuzz/fuzz/fuzz_*; do
+    [ -x "$target" ] && [ -f "$target" ] || continue
+    name=$(basename "$target")
+    corpus=$(mktemp -d)
+    echo "-- $name"
+    "$target" -max_total_time="$fuzz_seconds" -timeout=60 -rss_limit_mb=4096 -print_final_stats=1 "$corpus" \
+        >"build-fuzz/$name.log" 2>&1 || { tail -40 "build-fuzz/$name.log"; exit 1; }
+    grep 'stat::number_of_executed_units' "build-fuzz/$name.log" || true
+    rm -rf "$corpus"
+done
+
+echo "== clang-tidy"
+cmake -S . -B build -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >/dev/null
+clang-tidy -p build --quiet $(git ls-files 'src/*.cpp') 2>/dev/null | grep -E 'warning|error' | sort -u | head -50 || true
+
+echo "== coverage"
+cmake -S . -B build-cov -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTARVANE_COVERAGE=ON >/dev/null
+cmake --build build-cov >/dev/null
+ctest --test-dir build-cov -j "$(nproc)" >/dev/null || true
+gcovr -r . --filter src/ build-cov | tail -5
+
+echo "== soak: an hour of flight"
+build/tools/flightlab fly --seconds 3600 --script random --quiet
