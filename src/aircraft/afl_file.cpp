@@ -46,7 +46,7 @@ public:
         if (at_ != end_ && *at_ == '+') ++at_;
         double value = 0.0;
         const std::from_chars_result got = std::from_chars(at_, end_, value);
-        if (got.ec != std::errc() || !(std::fabs(value) <= std::numeric_limits<float>::max())) {
+        if (got.ec != std::errc() || !(fabs(value) <= std::numeric_limits<float>::max())) {
             failed_ = true;
             return 0.0f;
         }
@@ -226,7 +226,7 @@ static const char* slot_fault(const afl_struct& a, int RT, int Re) {
         if (a.cd[RT][Re][i] < 0.0f) return "I have found a NEGATIVE DRAG for this aifoil:";
     // flight divides by the slope to find the angle of zero lift
     const double slope = a.clM[RT][Re];
-    if (slope == 0.0 || std::fabs(a.clB[RT][Re] / slope) >= 1.0e10) return nan_text;
+    if (slope == 0.0 || fabs(a.clB[RT][Re] / slope) >= 1.0e10) return nan_text;
     return nullptr;
 }
 

@@ -35,7 +35,11 @@ static void open_report(int p) {
     if (!in_report(p)) return;
     cyc << "\nLOAD REPORT of " << veh[p].name << " (" << veh[p].path << ")\n"
         << "metres, kilograms, newtons, seconds, degrees; x right, y up, z aft of the centre of gravity\n";
-    stg.over_g = stg.over_vne = stg.over_vfe = stg.over_vle = 0;
+}
+
+// A new aircraft of the user has exceeded nothing yet.
+static void forget_exceeded_limits(int p) {
+    if (p == 0) stg.over_g = stg.over_vne = stg.over_vfe = stg.over_vle = 0;
 }
 
 void derive_simple_values(int p) {
@@ -55,13 +59,16 @@ void derive_simple_values(int p) {
     acf.EPR_max = 1.0f + acf.thrust_max / fltmax2(acf.face_jet * sl_P_standard, 1.0f);
     acf.idle_rat[0] *= 0.75f;
 
-    // a tyre stands on the chord that 4 degrees either side of straight down cut off, one side counting
+    // the ground touches each tyre along 4 degrees of its circle
     acf.tire_s_contact = 0.0f;
     for (int g = 0; g < gearDIM; ++g)
         if (has_this_gear(p, g))
             acf.tire_s_contact += acf.gear[g].tire_radius * sin_deg(4.0f) * acf.gear[g].tire_swidth;
+}
 
+static void report_simple_values(int p) {
     if (!in_report(p)) return;
+    const veh_struct& acf = veh[p];
     cyc << "masses: empty " << acf.m_empty << ", maximum " << acf.m_max << ", fuel " << acf.m_fuel_tot
         << ", jettisonable " << acf.m_jettison << '\n'
         << "centre of gravity limits: " << acf.cgZ_fwd << " to " << acf.cgZ_aft << '\n'
@@ -69,7 +76,11 @@ void derive_simple_values(int p) {
         << acf.EPR_max << ", tyre contact area " << acf.tire_s_contact << '\n'
         << "engine speeds: idle " << acf.RSC_idlespeed_ENGN << ", redline " << acf.RSC_redline_ENGN
         << "; propeller: idle " << acf.RSC_idlespeed_PROP << ", redline " << acf.RSC_redline_PROP
-        << "; greatest torque " << acf.trq_max_eng << '\n';
+        << "; greatest torque " << acf.trq_max_eng << '\n'
+        << "idle ratios " << acf.idle_rat[0] << ", " << acf.idle_rat[1] << "; landing light ("
+        << acf.lanliteC_xyz[0] << ", " << acf.lanliteC_xyz[1] << ", " << acf.lanliteC_xyz[2] << ")\n";
+    for (int g = 0; g < gearDIM; ++g)
+        if (has_this_gear(p, g)) cyc << "gear " << g << ": tyre inertia " << acf.gear[g].tire_mi << '\n';
 }
 
 void place_wings(int p) {
@@ -134,6 +145,8 @@ static void derive_mean_chords(int p) {
         float chords = 0.0f;
         for (int el = 0; el < wing.els; ++el) chords += wing.mac[el];
         wing.average_MAC = chords / wing.els;
+        if (in_report(p))
+            cyc << "surface " << en << ": mean chord of its elements " << wing.average_MAC << '\n';
     }
     veh[p].average_MAC_acf = find_centroids(p).mean_chord;
 }
@@ -162,10 +175,12 @@ static int derive_steps(int p) {
     const foil_load_scope foils;
     mark_folder_kind(p);
     open_report(p);
+    forget_exceeded_limits(p);
     convert_block(p);
     if (!convert_wings(p)) return 0;
     convert_places(p);
     derive_simple_values(p);
+    report_simple_values(p);
     place_wings(p);
     if (!derive_finite_wings(p)) return 0;
     set_rev_con(p);  // now that the shift of delta wings is known

@@ -124,7 +124,7 @@ int derive_ratios(int p, int en, const planform_struct& plan) {
     veh_wing_struct& wing = veh[p].wing[en];
     const double a0_theo = 18.0 / con.pi;
     const double ls_D_ls0 = 1.0 / (a0_theo / (con.pi * static_cast<double>(wing.e) * wing.AR) + 1.0);
-    const double cl_D_cl0 = (std::sqrt(8.0 * ls_D_ls0 + 1.0) + 1.0) / 4.0;
+    const double cl_D_cl0 = (sqrt(8.0 * ls_D_ls0 + 1.0) + 1.0) / 4.0;
     const double al_D_al0 = ls_D_ls0 / cl_D_cl0;
     wing.cl_D_cl0 = static_cast<float>(cl_D_cl0);
     wing.al_D_al0 = static_cast<float>(al_D_al0);
@@ -132,9 +132,9 @@ int derive_ratios(int p, int en, const planform_struct& plan) {
     wing.cm_D_cm0 = sqr(cos_sweep) * wing.AR / (2.0f * cos_sweep + wing.AR);
     wing.alpha_max /= wing.al_D_al0;
 
-    const bool whole = std::fabs(al_D_al0 * cl_D_cl0 - ls_D_ls0) < 0.01;
+    const bool whole = fabs(al_D_al0 * cl_D_cl0 - ls_D_ls0) < 0.01;
     // (1 - al_D_al0) / (1 - cl_D_cl0) is 2, without the division, which a wing without loss would fail
-    const bool split = std::fabs((1.0 - al_D_al0) - 2.0 * (1.0 - cl_D_cl0)) <= 0.01 * (1.0 - cl_D_cl0);
+    const bool split = fabs((1.0 - al_D_al0) - 2.0 * (1.0 - cl_D_cl0)) <= 0.01 * (1.0 - cl_D_cl0);
     return whole && split;
 }
 
@@ -144,9 +144,9 @@ void report_wing(int p, int en, const wing_ends& ends, const planform_struct& pl
     cyc << "surface " << en << " " << stl.text[1200 + en] << ": root (" << ends.root.x << ", " << ends.root.y
         << ", " << ends.root.z << ") chord " << ends.root.chord << ", tip (" << ends.tip.x << ", "
         << ends.tip.y << ", " << ends.tip.z << ") chord " << ends.tip.chord << '\n'
-        << "    semi-length " << wing.semilen_JND << ", sweep " << plan.sweep_25_mac
-        << ", of the leading edge " << plan.sweep_00_mac << ", washout " << plan.washout << ", taper "
-        << wing.TR << ", aspect ratio " << wing.AR << '\n'
+        << "    element length " << wing.element_len << ", semi-length " << wing.semilen_JND << ", sweep "
+        << plan.sweep_25_mac << ", of the leading edge " << plan.sweep_00_mac << ", washout " << plan.washout
+        << ", taper " << wing.TR << ", aspect ratio " << wing.AR << '\n'
         << "    e " << wing.e << ", cl ratio " << wing.cl_D_cl0 << ", alpha ratio " << wing.al_D_al0
         << ", cm ratio " << wing.cm_D_cm0 << ", delta factor " << wing.delta_fac << ", stall alpha "
         << wing.alpha_max << '\n';

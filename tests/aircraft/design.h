@@ -65,7 +65,7 @@ inline void set_foils(veh_wing_struct& wing, const char* name) {
     for (char* foil : {wing.Rafl0, wing.Rafl1, wing.Tafl0, wing.Tafl1}) std::strcpy(foil, name);
 }
 
-// Designs surface en; ACF_autoset then mirrors odd surfaces up to 17 to the left.
+// Designs surface en, odd ones up to 17 with their left twin, which ACF_autoset mirrors.
 inline void surface(int p, int en, const surface_struct& s) {
     veh_part_struct& part = veh[p].part[en];
     veh_wing_struct& wing = veh[p].wing[en];
@@ -81,6 +81,9 @@ inline void surface(int p, int en, const surface_struct& s) {
     for (int el = 0; el < s.els; ++el)
         wing.incidence[el] = s.inc_root + (s.inc_tip - s.inc_root) * el / (s.els > 1 ? s.els - 1 : 1);
     set_foils(wing, "plain.afl");
+    // a left surface counts as designed by its length; the rest is mirrored
+    if (en % 2 == 1 && en >= part_wing_first && en <= part_hstb_right)
+        veh[p].wing[en - 1].semilen_SEG = s.len;
 }
 
 }  // namespace design

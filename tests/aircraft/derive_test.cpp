@@ -1,0 +1,605 @@
+// From the designer's record to the flight model.
+#include "aircraft/derive.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <fstream>
+
+#include "aircraft/acf_fault.h"
+#include "aircraft/autoset.h"
+#include "aircraft/bodies_mass.h"
+#include "aircraft/derive_steps.h"
+#include "aircraft/location.h"
+#include "aircraft/oswald.h"
+#include "core/logs.h"
+#include "core/num.h"
+#include "design.h"
+
+namespace {
+
+constexpr float ft = 0.3048f;
+constexpr float lb = 0.4535925f;
+
+class derive : public test::system_test {
+protected:
+    void SetUp() override {
+        test::system_test::SetUp();
+        forget_faulty_acf();
+        for (int p : {0, 3}) {
+            hangar.place(p);
+            veh[p].m_empty = 1000.0f;
+            veh[p].m_max = 2000.0f;
+            veh[p].Vso_kts = 50.0f;
+        }
+    }
+    // Completes and derives what the test has designed.
+    static void make(int p = 0) {
+        ACF_autoset(p);
+        ASSERT_TRUE(derive_model(p)) << test::alerts.back().text.line[0];
+    }
+    design::hangar hangar;
+};
+
+// -- efficiency
+TEST_F(derive, oswald_table_is_whole) {
+    double sum = 0.0;
+    for (float aspec : {1, 5, 10, 25, 60})
+        for (float washo : {0, 2, 5})
+            for (float sweep : {-40, -25, 0, 25, 40, 70})
+                for (float taper : {0.0f, 0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.7f, 1.0f})
+                    sum += static_cast<double>(ret_e(aspec, washo, sweep, taper));
+    EXPECT_NEAR(sum, 655.482, 1e-4);
+    EXPECT_FLOAT_EQ(ret_e(1, 0, -40, 0), 0.941f);
+    EXPECT_FLOAT_EQ(ret_e(60, 5, 70, 1), 0.801f);
+    EXPECT_FLOAT_EQ(ret_e(10, 2, 25, 0.4f), 0.997f);
+    EXPECT_FLOAT_EQ(ret_e(900, -7, 85, 4), ret_e(60, 0, 70, 1));            // off the grid: its edge
+    EXPECT_NEAR(ret_e(7.5f, 0, 0, 0.5f), 0.5f * (0.994f + 0.995f), 1e-6f);  // between two aspect ratios
+    EXPECT_NEAR(ret_e(10, 3.5f, 25, 0.6f), 0.25f * (0.993f + 0.979f + 0.992f + 1.000f), 1e-6f);
+    EXPECT_EQ(test::expect_fatal([] { ret_e(NAN, 0, 0, 0); }).line[0], "Out of bounds e-search!");
+}
+
+TEST_F(derive, interp9_goes_straight_in_each_quadrant) {
+    const auto at = [](float x, float y) {
+        return interp9(0, 1, 3, 10, 20, 40, 1, 2, 6, 3, 5, 7, 4, 9, 8, x, y);
+    };
+    EXPECT_FLOAT_EQ(at(0.5f, 15), (1 + 2 + 3 + 5) / 4.0f);
+    EXPECT_FLOAT_EQ(at(2, 15), (2 + 6 + 5 + 7) / 4.0f);
+    EXPECT_FLOAT_EQ(at(0.5f, 30), (3 + 5 + 4 + 9) / 4.0f);
+    EXPECT_FLOAT_EQ(at(2, 30), (5 + 7 + 9 + 8) / 4.0f);
+    EXPECT_FLOAT_EQ(at(5, 20), 9);  // the right cell goes on: 5, 7, 9
+    EXPECT_FLOAT_EQ(at(0, 60), 5);  // and so does the upper: 3, 4, 5
+}
+
+// -- finite wings
+TEST_F(derive, single_wing_has_its_textbook_numbers) {
+    design::surface(0, 9, {0, 0, 0, 4, 2, 15, 0, 0, 1.5f, -0.5f});
+    make();
+    const veh_wing_struct& wing = veh[0].wing[9];
+    EXPECT_NEAR(wing.semilen_JND, 15 * ft, 1e-5f);
+    EXPECT_NEAR(wing.TR, 0.5f, 1e-6f);
+    EXPECT_NEAR(wing.AR, 10.0f, 1e-5f);
+    EXPECT_NEAR(wing.e, ret_e(10, 2, 0, 0.5f), 1e-6f);
+    // the finite slope of lifting-line theory
+    const float slope = 1.0f / (18.0f / (con.pi * con.pi * wing.e * wing.AR) + 1.0f);
+    EXPECT_NEAR(wing.al_D_al0 * wing.cl_D_cl0, slope, 1e-5f);
+    EXPECT_NEAR((1.0f - wing.al_D_al0) / (1.0f - wing.cl_D_cl0), 2.0f, 1e-3f);
+    EXPECT_NEAR(wing.cm_D_cm0, 10.0f / 12.0f, 1e-5f);
+    EXPECT_NEAR(wing.alpha_max, 15.0f / wing.al_D_al0, 1e-4f);
+    EXPECT_EQ(wing.delta_fac, 0.0f);  // its aspect ratio is that of no delta
+    EXPECT_NEAR(veh[0].wing[8].semilen_JND, wing.semilen_JND, 1e-6f);
+    EXPECT_EQ(veh[0].afl[8].re_num[1][0], 0.0f);  // a Reynolds range without width is opened
+    EXPECT_FLOAT_EQ(veh[0].afl[8].re_num[1][1], 99.9f);
+
+    design::surface(3, 9, {0, 0, 0, 0.001f, 0.001f, 300});  // the chord is floored, the ratios are near 1
+    make(3);
+    EXPECT_GT(veh[3].wing[9].AR, 50000.0f);
+    EXPECT_NEAR(veh[3].wing[9].cl_D_cl0, 1.0f, 1e-4f);
+}
+
+TEST_F(derive, delta_wing_and_its_sweeps) {
+    // leading edge: the root's 2.5 ft ahead of its quarter chord, the tip at the quarter chord line
+    const float sweep = 45.0f, len = 10.0f;
+    design::surface(0, 9, {0, 0, 0, 10, 0, len, 0, sweep});
+    make();
+    const veh_wing_struct& wing = veh[0].wing[9];
+    const float out = len * 0.70710678f, aft = out + 2.5f;
+    const float sweep_00 = std::atan2(aft, out) * 57.29578f;
+    EXPECT_NEAR(wing.AR, 2 * len / 5, 1e-5f);
+    EXPECT_NEAR(wing.delta_fac, sweep_00 / 65.0f * 1.0f * (10.0f - 4.0f) / 9.5f, 1e-4f);
+    EXPECT_NEAR(wing.cm_D_cm0, 0.5f * 4.0f / (2 * 0.70710678f + 4.0f), 1e-5f);
+    // a surface wholly ahead works the other way; the shift to half chord decides
+    veh[0].part[9].part_z = -0.30f * wing.Croot;
+    set_rev_con(0);
+    EXPECT_EQ(wing.rev_con, wing.delta_fac < 0.2f);
+}
+
+TEST_F(derive, chain_of_segments_is_one_wing_in_any_order) {
+    std::array<int, 3> slots = {9, 11, 13};
+    float AR = 0.0f, e = 0.0f;
+    do {
+        clear_acf(0);
+        hangar.place(0);
+        veh[0].m_empty = 1000.0f;
+        const float dihed[3] = {0, 3, 6}, len[3] = {10, 6, 4}, chord[4] = {5, 4.5f, 4, 2};
+        float x = 1.0f, y = 0.0f;
+        for (int i = 0; i < 3; ++i) {
+            design::surface(0, slots[i],
+                            {x, y, 0, chord[i], chord[i + 1], len[i], dihed[i], 0, 3.0f - i, 2.0f - i});
+            x += len[i] * cos_deg(dihed[i]);
+            y += len[i] * sin_deg(dihed[i]);
+        }
+        make();
+        for (int i = 0; i < 3; ++i) {
+            const veh_wing_struct& wing = veh[0].wing[slots[i]];
+            EXPECT_NEAR(wing.semilen_JND, pythag(x, y) * ft, 1e-4f);  // from the centreline to the last tip
+            EXPECT_NEAR(wing.AR, 2 * pythag(x, y) / 3.5f, 1e-4f);
+            EXPECT_NEAR(wing.TR, 0.4f, 1e-5f);
+            EXPECT_NEAR(wing.element_len, len[i] * ft / 5, 1e-5f);  // the elements stay apart
+            if (AR == 0.0f) AR = wing.AR, e = wing.e;
+            EXPECT_FLOAT_EQ(wing.AR, AR);
+            EXPECT_FLOAT_EQ(wing.e, e);
+        }
+    } while (std::next_permutation(slots.begin(), slots.end()));
+    EXPECT_NEAR(e, ret_e(AR, 3.0f, 0.0f, 0.4f), 1e-4f);  // washout from the first root to the last tip
+
+    design::surface(3, 9, {0, 0, 0, 4, 4, 10});
+    design::surface(3, 11, {10.5f, 0, 0, 4, 4, 10});  // a gap of more than a tenth of the chord
+    make(3);
+    EXPECT_NEAR(veh[3].wing[9].semilen_JND, 10 * ft, 1e-5f);
+    EXPECT_NEAR(veh[3].wing[11].semilen_JND, 20.5f * ft, 1e-5f);  // reaches the centreline by itself
+}
+
+TEST_F(derive, equal_biplane_wings_share_their_induced_drag) {
+    const auto build = [&](float gap, float stagger) {
+        clear_acf(0);
+        hangar.place(0);
+        veh[0].m_empty = 1000.0f;
+        design::surface(0, 9, {0.5f, 0, 0, 4, 4, 10});
+        design::surface(0, 11, {0.5f, gap, stagger, 4, 4, 10});
+        make();
+        return veh[0].wing[9].e;
+    };
+    // a quarter of the span: sigma 0.42642, worked out by hand
+    EXPECT_NEAR(build(5.0f, 0.0f), 1.0f / (1.0f + 0.42642f), 1e-4f);
+    EXPECT_FLOAT_EQ(veh[0].wing[11].e, veh[0].wing[9].e);
+    EXPECT_FLOAT_EQ(veh[0].wing[8].e, veh[0].wing[9].e);
+    const float alone = build(30.0f, 0.0f);  // further than two chords apart
+    EXPECT_GT(alone, 0.9f);
+    EXPECT_FLOAT_EQ(build(5.0f, 6.0f), alone);   // further along than above
+    EXPECT_FLOAT_EQ(build(0.39f, 0.0f), alone);  // closer than a tenth of the chord: one wing
+    const float touching = build(0.41f, 0.0f);
+    EXPECT_LT(touching, 0.55f);  // nearly in one place: each has the induced drag of both
+    EXPECT_GT(touching, 0.5f);
+}
+
+// -- masses
+// A closed tube of 16 sides along z, its middle at the part's place.
+void tube(veh_part_struct& part, float radius, float len) {
+    part.part_eq = 1;
+    part.s_dim = part_sDIM;
+    part.r_dim = part_rDIM;
+    for (int s = 0; s < part_sDIM; ++s)
+        for (int r = 0; r < part_rDIM; ++r) {
+            // from the top down the right side in 8 steps, then back up the left
+            const float turn = 22.5f * (r <= 8 ? r : r - 1);
+            part.geo_xyz[s][r][0] = radius * sin_deg(turn);
+            part.geo_xyz[s][r][1] = radius * cos_deg(turn);
+            part.geo_xyz[s][r][2] = len * (s / 19.0f - 0.5f);
+        }
+}
+
+TEST_F(derive, tube_has_the_areas_and_inertia_of_a_thin_shell) {
+    constexpr float R = 3.0f, L = 20.0f;
+    veh[0].part[56].part_y = 2.0f;
+    veh[0].part[56].part_z = 7.0f;
+    veh[0].cgY = 2.0f;
+    veh[0].cgZ = 5.0f;
+    tube(veh[0].part[56], R, L);
+    make();
+    const veh_part_struct& body = veh[0].part[56];
+    const float polygon = 8.0f * R * R * 0.38268343f;  // 16 triangles of 22.5 degrees
+    EXPECT_NEAR(body.area_frnt, polygon * ft * ft, 1e-3f);
+    EXPECT_NEAR(body.area_side, 2 * R * L * ft * ft, 1e-3f);
+    EXPECT_NEAR(body.area_nrml, 2 * R * L * ft * ft, 1e-3f);
+    EXPECT_NEAR(bodies_wetted_area(0), 32 * R * 0.19509032f * L * ft * ft, 1e-2f);
+    EXPECT_NEAR(body.aero_y_os, 0.0f, 1e-4f);
+    EXPECT_NEAR(body.aero_z_os, 2.0f * ft, 1e-4f);
+    // without engines the shell has all the mass; squared radii of gyration per mass
+    const float pitch = (R * R / 2 + L * L / 12 + 4.0f) * ft * ft;
+    EXPECT_NEAR(veh[0].Jzz_unitmass, R * R * ft * ft, 0.04f * R * R * ft * ft);
+    EXPECT_NEAR(veh[0].Jxx_unitmass, pitch, 0.02f * pitch);
+    EXPECT_NEAR(veh[0].Jyy_unitmass, pitch, 0.02f * pitch);
+
+    veh[3].manual_rad_gyr = 1;  // entered radii, in feet
+    veh[3].Jxx_unitmass = 5.0f;
+    veh[3].Jzz_unitmass = 4.0f;
+    make(3);
+    EXPECT_NEAR(veh[3].Jxx_unitmass, 2.3226f, 1e-4f);
+    EXPECT_NEAR(veh[3].Jzz_unitmass, 1.4864f, 1e-4f);
+}
+
+TEST_F(derive, engines_weigh_by_kind_and_at_most_half_the_aircraft) {
+    veh[0].m_empty = 4000.0f;
+    veh[0].m_max = 6000.0f;
+    veh[0].num_engines = veh[0].num_thrustpoints = 2;
+    veh[0].power_max = 200.0f;
+    veh[0].thrust_max = 1000.0f;
+    veh[0].MP_max = 59.84f;
+    veh[0].RSC_redline_ENGN = 3000.0f;
+    const struct {
+        engn_kind kind;
+        float pounds;
+    } kinds[] = {
+        // clang-format off
+        {engn_recip_carb, 350 * 0.35355339f}, {engn_electric, 350}, {engn_turb_free, 100}, {engn_turb_fixed, 100},
+        {engn_jet_lo, 180}, {engn_jet_hi, 180}, {engn_rocket, 10}, {engn_tip_rocket, 10},
+        // clang-format on
+    };
+    for (const auto& k : kinds) {
+        veh[3] = veh[0];
+        for (int en : {0, 1}) {
+            veh[3].engn[en].engn_type = k.kind;
+            design::surface(3, en, {en ? 10.0f : -10.0f, 0, 0, 1, 1, 3});
+        }
+        make(3);
+        EXPECT_NEAR(veh[3].engn[1].engn_mass, k.pounds * lb, 1e-2f) << k.kind;
+        // on the wing, 10 feet out, with nothing else to spread the mass over
+        EXPECT_NEAR(veh[3].Jzz_unitmass, 2 * k.pounds * lb * sqr(10 * ft) / (4000 * lb), 1e-3f);
+        EXPECT_NEAR(veh[3].Jxx_unitmass, 0.0f, 1e-6f);
+    }
+    EXPECT_NEAR(veh[3].engn[0].mi_engn_rpm, 0.4f * 200 * 745.7f / sqr(3000 * 0.10471976f), 1e-3f);
+
+    veh[0].power_max = 20000.0f;  // heavier than the aircraft: the shell keeps half
+    design::surface(0, 9, {0, 0, 0, 4, 4, 12, 0, 0, 0, 0, 1});
+    design::surface(0, 0, {0, 0, 0, 1, 1, 3});
+    design::surface(0, 1, {0, 0, 0, 1, 1, 3});
+    make();
+    EXPECT_NEAR(veh[0].Jzz_unitmass, 0.5f * sqr(9 * ft), 1e-3f);  // at three quarters of the only element
+}
+
+TEST_F(derive, discs_add_up) {
+    veh[0].num_thrustpoints = 3;
+    veh[0].rotor_mi_rat = 1.5f;
+    veh[0].tip_weight = 10.0f;
+    for (int en = 0; en < 3; ++en) {
+        design::surface(0, en, {0, 0, 0, 1, 0.5f, 4});
+        veh[0].engn[en].num_blades = 3;
+    }
+    veh[0].engn[1].prop_type = prop_lift_fan;
+    veh[0].engn[2].prop_type = prop_collective;
+    veh[0].engn[1].is_ducted = 1;
+    make();
+    EXPECT_NEAR(veh[0].wing[0].AR, 2 * 4 / 0.75f, 1e-4f);
+    EXPECT_NEAR(veh[0].wing[1].AR, 20 * 4 / 0.75f, 1e-3f);  // the duct saves the blade tips
+    EXPECT_EQ(veh[0].wing[1].e, 1.0f);
+    const veh_engn_struct& disc = veh[0].engn[0];
+    EXPECT_NEAR(disc.discarea, con.pi * sqr(4 * ft), 1e-4f);
+    float rings = 0.0f;
+    for (int el = 0; el < 5; ++el) rings += disc.ringarea[el];
+    EXPECT_NEAR(rings, disc.discarea, 1e-4f);
+    EXPECT_NEAR(disc.ringarea[0], disc.discarea / 25, 1e-5f);
+    // radius 1.2192, mean chord 0.2286, thickness 0.12 of it, 60 percent solid aluminium
+    EXPECT_NEAR(disc.prop_mass, 1.2192f * 0.2286f * 0.027432f * 0.6f * 3 * 1.5f * 2700, 1e-2f);
+    EXPECT_NEAR(disc.mi_prop_rpm, disc.prop_mass * sqr(0.707f * 1.2192f), 1e-3f);
+    EXPECT_NEAR(veh[0].engn[1].mi_prop_rpm, 2 * disc.mi_prop_rpm, 1e-3f);
+    EXPECT_NEAR(veh[0].engn[2].mi_prop_rpm - disc.mi_prop_rpm, 30 * lb * sqr(0.85f * 1.2192f), 1e-3f);
+}
+
+TEST_F(derive, swept_blade_runs_along_its_sweep) {
+    veh[0].num_thrustpoints = 1;
+    design::surface(0, 0, {0, 0, 0, 1, 1, 10, 0, 0, 0, 0, 5});
+    veh[0].wing[0].element_len = 2.0f;
+    veh[0].engn[0].bladesweep[1] = 60.0f;
+    EXPECT_NEAR(get_el_base_loc(0, 0, 1.5f, 'X'), 2.0f + 0.5f, 1e-5f);
+    EXPECT_NEAR(get_el_base_loc(0, 0, 1.5f, 'Z'), 0.8660254f, 1e-5f);
+    EXPECT_NEAR(get_el_base_loc(0, 0, 5.0f, 'X'), 9.0f, 1e-5f);
+    EXPECT_EQ(get_el_base_loc(0, 0, 5.0f, 'Y'), 0.0f);
+    EXPECT_EQ(test::expect_fatal([] { get_el_base_loc(0, 1, 0, 'X'); }).line[0],
+              "get_el_base_loc for a part we do not have!");
+}
+
+// -- units and places
+TEST_F(derive, designers_units_become_si) {
+    struct {
+        float veh_struct::*field;
+        float si;  // of one unit
+    } const fields[] = {
+        // clang-format off
+        {&veh_struct::power_max, 745.7f},            {&veh_struct::crit_alt_jet, 0.3048f},
+        {&veh_struct::RSC_maxgreen_ENGN, 0.1047198f}, {&veh_struct::thrust_max, 4.44442f},
+        {&veh_struct::face_rocket, 0.09290304f},     {&veh_struct::m_fuel_tot, 0.4535925f},
+        {&veh_struct::blown_flap_add_speed, 0.514444f}, {&veh_struct::max_press_diff, 6888.8f},
+        // clang-format on
+    };
+    for (const auto& f : fields) veh[0].*f.field = 1.0f;
+    veh[0].puff_LMN[2] = 1.0f;
+    veh[0].exhaust_os_xyz[1] = 1.0f;
+    veh[0].gear[0].gear_type = gear_one;
+    veh[0].gear[0].scon = veh[0].part[60].damp = 1.0f;
+    veh[0].gear[0].tire_radius = 2.0f;
+    veh[0].gear[0].tire_swidth = 0.5f;
+    veh[0].gear[0].steers = 1;
+    veh[0].nw_cutoff_omega = 10.0f;
+    veh[0].sbrk[2].area = veh[0].door[19].geo[3][3][2] = 1.0f;
+    veh[0].engn[0].prop_gear_rat = 2.0f;
+    veh[0].RSC_redline_ENGN = 2000.0f;
+    veh[0].engn[5].SFC = veh[0].engn[6].SFC = 3600.0f;
+    veh[0].engn[6].engn_type = engn_jet_hi;
+    make();
+    for (const auto& f : fields) EXPECT_NEAR(veh[0].*f.field, f.si, 2e-5f * f.si);
+    EXPECT_NEAR(veh[0].puff_LMN[2], 1.354659f, 1e-5f);
+    EXPECT_NEAR(veh[0].exhaust_os_xyz[1], 0.3048f, 1e-6f);
+    EXPECT_NEAR(veh[0].gear[0].scon, 14.58143f, 1e-4f);
+    EXPECT_NEAR(veh[0].part[60].damp, 14.58143f, 1e-4f);
+    EXPECT_NEAR(veh[0].nw_cutoff_omega, 5.14444f / 0.6096f, 1e-4f);
+    EXPECT_NEAR(veh[0].gear[0].tire_mi, 5000 * 0.1380975f * 0.1524f, 1e-2f);
+    EXPECT_NEAR(veh[0].tire_s_contact, 0.6096f * 0.0697565f * 0.1524f, 1e-6f);
+    EXPECT_NEAR(veh[0].sbrk[2].area, 0.09290304f, 1e-7f);
+    EXPECT_NEAR(veh[0].door[19].geo[3][3][2], 0.3048f, 1e-7f);
+    EXPECT_NEAR(veh[0].RSC_redline_PROP, 1000 * 0.1047198f, 1e-3f);
+    EXPECT_NEAR(veh[0].engn[5].SFC, 0.4535925f / 745.7f, 1e-8f);  // kg per watt second
+    EXPECT_NEAR(veh[0].engn[6].SFC, 1 / 9.79828f, 1e-6f);         // kg per newton second
+    EXPECT_NEAR(veh[0].trq_max_eng, 745.7f / (2000 * 0.1047198f), 1e-4f);
+}
+
+TEST_F(derive, every_place_is_measured_from_the_centre_of_gravity) {
+    veh_struct& acf = veh[0];
+    acf.cgY = 3.0f;
+    acf.cgZ = 9.0f;
+    const auto put = [](float* xyz) { xyz[0] = 1, xyz[1] = 4, xyz[2] = 10; };  // one foot right, up and aft
+    float* const vectors[] = {acf.pe_xyz,      acf.lanlite1_xyz, acf.lanlite2_xyz, acf.taxilite_xyz,
+                              acf.fuserb1_xyz, acf.fuserb2_xyz,  acf.taillite_xyz, acf.refuel_xyz,
+                              acf.jett_xyz,    acf.anchor_xyz,   acf.cockpit_xyz,  acf.tank_xyz[0],
+                              acf.tank_xyz[2], acf.door[7].xyz,  acf.sbrk[3].xyz};
+    for (float* xyz : vectors) put(xyz);
+    float* const heights[] = {&acf.jato_Y,         &acf.chute_Y,        &acf.tow_hook_Y,
+                              &acf.win_hook_Y,     &acf.m_displaced_Y,  &acf.part[94].part_y,
+                              &acf.gear[9].gear_y, &acf.watt[23].watt_y};
+    float* const stations[] = {&acf.jato_Z,          &acf.chute_Z,        &acf.tow_hook_Z,
+                               &acf.win_hook_Z,      &acf.cgZ_aft,        &acf.water_rud_Z,
+                               &acf.part[94].part_z, &acf.gear[9].gear_z, &acf.watt[23].watt_z};
+    for (float* y : heights) *y = 4;
+    for (float* z : stations) *z = 10;
+    acf.part[94].part_x = acf.gear[9].gear_x = acf.watt[23].watt_x = 1;
+    acf.cgZ_fwd = 12.0f;  // behind the centre of gravity: drawn to just ahead of it
+    acf.has_lanlite2 = 1;
+    acf.lanlite2_xyz[0] = -3;
+    ASSERT_TRUE(derive_model(0));
+    for (float* xyz : vectors)
+        for (int i = xyz == acf.lanlite2_xyz ? 1 : 0; i < 3; ++i) EXPECT_NEAR(xyz[i], ft, 1e-6f);
+    for (float* y : heights) EXPECT_NEAR(*y, ft, 1e-6f);
+    for (float* z : stations) EXPECT_NEAR(*z, ft, 1e-6f);
+    for (float x : {acf.part[94].part_x, acf.gear[9].gear_x, acf.watt[23].watt_x, -acf.lanliteC_xyz[0]})
+        EXPECT_NEAR(x, ft, 1e-6f);
+    EXPECT_EQ(acf.cgY, 0.0f);
+    EXPECT_EQ(acf.cgZ, 0.0f);
+    EXPECT_FLOAT_EQ(acf.cgZ_fwd, -0.01f);
+}
+
+TEST_F(derive, simple_values_hold_their_limits) {
+    veh[0].Vso_kts = 20.0f;
+    veh[3].Vso_kts = 400.0f;
+    veh[0].vect_rate = veh[3].vect_rate = 30.0f;
+    veh[0].vect_EQ = 1;
+    veh[0].vect_max_nace = 90.0f;
+    veh[3].vect_min_disc = 80.0f;
+    veh[3].vect_max_disc = 20.0f;
+    veh[0].idle_rat[0] = veh[0].idle_rat[1] = 1.0f;
+    veh[0].thrust_max = 1000.0f;
+    veh[0].face_jet = 2.0f;
+    veh[0].crit_alt_prop = 20000.0f;
+    std::strcpy(veh[0].path, "/x/Aircraft/Heavy Metal/A/test.acf");
+    std::strcpy(veh[3].path, "Aircraft:General Aviation:B:test.acf");
+    make(0);
+    make(3);
+    EXPECT_NEAR(veh[0].V_ref_ms, 25.7222f, 1e-3f);
+    EXPECT_NEAR(veh[3].V_ref_ms, 128.611f, 1e-2f);
+    EXPECT_NEAR(veh[0].vect_rate, 1.0f / 3, 1e-6f);  // the disc stands still, the nacelle turns 90
+    EXPECT_NEAR(veh[3].vect_rate, 0.5f, 1e-6f);
+    EXPECT_FLOAT_EQ(veh[0].idle_rat[0], 0.75f);
+    EXPECT_FLOAT_EQ(veh[0].idle_rat[1], 1.0f);
+    EXPECT_NEAR(veh[0].EPR_max, 1 + 4444.42f / (2 * 0.09290304f * 101325), 1e-4f);
+    // 20,000 ft: 0.653 kg/m3 in the standard atmosphere
+    EXPECT_NEAR(veh[0].max_boost_pas_prop, (1 - 0.653f / 1.225f) * 101325, 900.0f);
+    EXPECT_TRUE(veh[0].is_hm && !veh[0].is_ga);
+    EXPECT_TRUE(veh[3].is_ga && !veh[3].is_hm);
+}
+
+// -- wash and slats
+void wing_and_tail(int p) {
+    design::surface(p, 9, {0, 0, 0, 4, 2, 12});
+    design::surface(p, 17, {0, 1.8f, 14.4f, 3, 3, 15, 0, 0, 0, 0, 10});
+}
+
+TEST_F(derive, tail_behind_the_span_flies_in_the_wash) {
+    wing_and_tail(0);
+    design::surface(0, 18, {2, 1, 15, 3, 2, 5, 90});
+    make();
+    EXPECT_NEAR(veh[0].wing[18].semilen_JND, 5 * ft, 1e-5f);  // a fin's root is not drawn to x = 0
+    for (int el = 0; el < 10; ++el) {
+        EXPECT_EQ(veh[0].in_downwash[17][9][el], el < 8) << el;  // middles at 0.75, 2.25 ... to 12 ft
+        EXPECT_EQ(veh[0].in_downwash[17][8][el], 0);             // the other side's wing
+        EXPECT_EQ(veh[0].in_downwash[9][17][el], 0);             // nothing washes forward
+        EXPECT_EQ(veh[0].in_downwash[16][8][el], el < 8);
+        EXPECT_EQ(veh[0].in_downwash[18][9][el] + veh[0].in_downwash[17][18][el], 0);  // nor is a fin in it
+    }
+    // ls 14.4/12: 4.5; vs 1.8/12: -0.8; AR 8: 2 - 4/3; TR 0.5: 0
+    const float wash = 4.5f - 0.8f + 2.0f - 4.0f / 3.0f;
+    EXPECT_NEAR(veh[0].wing[9].spec_wash, wash, 1e-4f);
+    EXPECT_NEAR(veh[0].wing[8].spec_wash, wash, 1e-4f);
+    EXPECT_EQ(veh[0].wing[17].spec_wash, 0.0f);
+}
+
+TEST_F(derive, slats_overlapping_roots_and_ties) {
+    wing_and_tail(0);
+    veh[0].part[17].part_z = 6.9f;
+    veh[0].part[17].part_y = 0.0f;
+    veh[0].wing[9].slat[2] = 1;
+    veh[0].slat_inc = 6.0f;
+    make();
+    EXPECT_NEAR(veh[0].wing[9].slat_effect, 1 + 6.0f / veh[0].wing[9].alpha_max, 1e-5f);
+    EXPECT_EQ(veh[0].wing[17].slat_effect, 1.0f);
+    EXPECT_NEAR(veh[0].wing[9].spec_wash, 0.5f * (5.1f + 2.0f - 4.0f / 3.0f), 1e-3f);
+
+    wing_and_tail(3);
+    veh[3].part[17].part_z = 0.0f;  // side by side
+    veh[3].wing[9].spec_wash = 2.5f;
+    veh[3].in_downwash[9][17][3] = 1;
+    make(3);
+    EXPECT_EQ(veh[3].in_downwash[17][9][0], 0);
+    EXPECT_EQ(veh[3].in_downwash[9][17][3], 1);       // what the file brought stands
+    EXPECT_FLOAT_EQ(veh[3].wing[9].spec_wash, 2.5f);  // and so does its wash, away from the user's slot
+}
+
+// -- summary, load, order
+TEST_F(derive, summary_of_a_plain_wing_is_what_a_ruler_says) {
+    design::surface(0, 9, {0, 0, 2, 4, 4, 15});
+    make();
+    const aircraft_summary_struct sum = aircraft_summary(0);
+    EXPECT_NEAR(sum.S_ref, 120 * ft * ft, 1e-3f);
+    EXPECT_NEAR(sum.span, 30 * ft, 1e-4f);
+    EXPECT_NEAR(sum.mean_chord, 4 * ft, 1e-4f);
+    EXPECT_NEAR(sum.AR, 7.5f, 1e-4f);
+    EXPECT_NEAR(sum.S_wet, 240 * ft * ft, 1e-2f);
+    EXPECT_NEAR(sum.z_centroid, 2 * ft, 1e-4f);
+    EXPECT_NEAR(sum.z_neutral, 2 * ft, 1e-4f);  // a wing alone is neutral at its quarter chord
+    EXPECT_NEAR(sum.static_margin, 0.5f, 1e-4f);
+    EXPECT_NEAR(veh[0].average_MAC_acf, 4 * ft, 1e-4f);
+
+    clear_acf(0);
+    hangar.place(0);
+    veh[0].m_empty = 1000.0f;
+    wing_and_tail(0);
+    make();
+    const aircraft_summary_struct both = aircraft_summary(0);
+    EXPECT_GT(both.z_neutral, 1.0f * ft);
+    EXPECT_LT(both.z_neutral, both.z_centroid);  // the wash takes from the tail
+    EXPECT_NEAR(both.S_stab, 90 * ft * ft, 1e-3f);
+}
+
+TEST_F(derive, flight_begins_half_laden) {
+    veh[0].m_empty = 1000;
+    veh[0].m_max = 3000;
+    veh[0].m_fuel_tot = 400;
+    veh[0].m_jettison = 100;
+    veh[0].num_tanks = 2;
+    veh[0].tank_rat[0] = 0.8f;
+    veh[0].tank_rat[1] = 0.2f;
+    veh[0].tank_rat[2] = 0.5f;
+    veh[3] = veh[0];
+    veh[3].m_displaced = 1800;
+    veh[3].jett_is_slung = 1;
+    veh[3].watt[4].watt_name[0] = 'x';
+    veh[3].wpn[4].type = 2;
+    veh[3].wpn[4].added_mass = 10;
+    veh[3].wpn[4].total_weapon_mass_now = 30;
+    veh[3].wpn[5].type = 2;  // nothing hangs here by the record
+    make(0);
+    make(3);
+    EXPECT_NEAR(flt[0].m_fuel[0], 100 * lb, 1e-3f);
+    EXPECT_NEAR(flt[0].m_fuel[1], 80 * lb, 1e-3f);
+    EXPECT_EQ(flt[0].m_fuel[2], 0.0f);
+    EXPECT_NEAR(flt[0].m_jettison, 50 * lb, 1e-3f);
+    EXPECT_NEAR(flt[0].m_fixed, 750 * lb, 1e-3f);
+    EXPECT_GT(mnw.hobs_time, 0.0f);
+    EXPECT_LE(mnw.hobs_time, 3.6e6f);
+    EXPECT_EQ(flt[3].m_jettison, 0.0f);
+    EXPECT_NEAR(flt[3].m_fixed, 300 * lb - 40, 1e-2f);  // as much as makes the airship float
+    EXPECT_EQ(veh[3].wpn[5].type, 0);
+}
+
+TEST_F(derive, fault_ends_the_users_load_and_empties_a_strangers_slot) {
+    wing_and_tail(3);
+    std::strcpy(veh[3].wing[17].Tafl1, "none.afl");
+    ACF_autoset(3);
+    veh[0] = veh[3];
+    EXPECT_FALSE(derive_model(3));
+    ASSERT_EQ(test::alerts.size(), 1u);
+    EXPECT_EQ(test::alerts[0].type, alert_message);
+    EXPECT_EQ(veh[3].m_empty, 0.0f);
+    EXPECT_EQ(veh[3].part[9].part_eq, 0);
+    const std::string warning = test::alerts[0].text.line[0];
+    EXPECT_EQ(test::expect_fatal([] { derive_model(0); }).line[0], warning);
+
+    clear_acf(0);
+    hangar.place(0);
+    tube(veh[0].part[56], 2, 10);
+    for (auto& station : veh[0].part[56].geo_xyz)
+        for (auto& point : station) point[0] = -point[0];  // wound the wrong way: no frontal area
+    veh[3] = veh[0];
+    EXPECT_TRUE(derive_model(3));
+    EXPECT_EQ(test::expect_fatal([] { derive_model(0); }).line[0],
+              "I have found a part with no frontal area!. This is bad news for the math engine!");
+
+    clear_acf(0);
+    hangar.place(0);
+    design::surface(0, 9, {0, 0, 0, 4, 4, 10, NAN});
+    ACF_autoset(0);
+    EXPECT_EQ(test::expect_fatal([] { derive_model(0); }).line[0], "Finite wing reduction fail!");
+    clear_acf(0);
+    hangar.place(0);
+    veh[0].gear[4].stat_def = INFINITY;
+    const alert_lines lines = test::expect_fatal([] { derive_model(0); });
+    EXPECT_EQ(lines.line[0], "Finite wing reduction fail!");
+    EXPECT_NE(lines.line[2].find("4 stat_def"), std::string::npos);
+}
+
+TEST_F(derive, users_aircraft_gets_a_report) {
+    const std::string path = hangar.folder().path() + "report";
+    wing_and_tail(0);
+    cyc.open(path);
+    make();
+    cyc.close();
+    std::ifstream in(path);
+    const std::string text((std::istreambuf_iterator<char>(in)), {});
+    for (const char* word : {"LOAD REPORT of test.acf", "surface 9 washes surface 17: 4.3666", "surface 17",
+                             "static margin", "radii of gyration", "starting load"})
+        EXPECT_NE(text.find(word), std::string::npos) << word;
+}
+
+// -- existence
+TEST_F(derive, parts_come_off_with_their_failures) {
+    wing_and_tail(3);
+    veh[3].num_engines = 1;
+    veh[3].num_thrustpoints = 3;
+    veh[3].engn[0].engn_type = engn_jet_lo;
+    veh[3].part[77].part_eq = veh[3].part[78].part_eq = veh[3].part[40].part_eq = 1;
+    veh[3].gear[9].gear_type = gear_skid;
+    veh[3].part[17].part_eq = 1;
+    EXPECT_TRUE(has_this_wing(3, 17) && has_this_wing(3, 40) && has_this_body(3, 77) && has_this_gear(3, 9));
+    EXPECT_FALSE(has_this_wing(3, 18) || has_this_body(3, 56) || has_this_gear(3, 0));
+    EXPECT_TRUE(has_this_thru(3, 0, thru_any));
+    EXPECT_FALSE(has_this_thru(3, 0, thru_disc) || has_this_wing(3, 0));  // a jet has no disc
+    EXPECT_TRUE(has_this_thru(3, 2, thru_disc) && has_this_wing(3, 2));   // a driven fan has
+    EXPECT_FALSE(has_this_thru(3, 3, thru_any) || has_this_thru(3, 3, thru_disc));
+    EXPECT_TRUE(has_this_engn(3, 0, engn_any) && has_this_engn(3, 0, engn_jet));
+    EXPECT_FALSE(has_this_engn(3, 1, engn_any) || has_this_engn(3, 0, engn_prop) ||
+                 has_this_engn(3, 0, engn_roc));
+    veh[3].engn[0].engn_type = engn_tip_rocket;
+    EXPECT_TRUE(has_this_thru(3, 0, thru_disc) && has_this_engn(3, 0, engn_roc));
+
+    flt[3].fail_stat[fail_eng_sep + 0] = 5;  // not in force yet
+    EXPECT_TRUE(has_this_engn(3, 0, engn_any));
+    flt[3].fail_stat[fail_eng_sep + 0] = flt[3].fail_stat[126 + 17] = flt[3].fail_stat[116 + 40] =
+        fail_active;
+    EXPECT_FALSE(has_this_engn(3, 0, engn_any) || has_this_thru(3, 0, thru_any) || has_this_body(3, 77));
+    EXPECT_FALSE(has_this_wing(3, 17) || has_this_wing(3, 40));
+    EXPECT_TRUE(has_this_body(3, 78));
+    veh[3].hide_prop_at_90_vect = 1;
+    flt[3].engn[2].vert_disc_vector = 90.0f;
+    EXPECT_FALSE(has_this_thru(3, 2, thru_any));
+
+    const std::pair<std::function<int()>, const char*> bad[] = {
+        {[] { return has_this_wing(0, 56); }, "Bad has_this_wing search range!"},
+        {[] { return has_this_body(0, 55); }, "Bad has_this_body search range!"},
+        {[] { return has_this_gear(0, -1); }, "Bad has_this_gear search range!"},
+        {[] { return has_this_thru(0, 8, 5); }, "Bad has_this_thru search range!"},
+        {[] { return has_this_thru(0, 0, 4); }, "Bad has_this_thru search type!"},
+        {[] { return has_this_engn(0, 8, 0); }, "Bad has_this_engn search range!"},
+    };
+    for (const auto& [call, text] : bad)
+        EXPECT_EQ(test::expect_fatal([&call = call] { call(); }).line[0], text);
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+// The compiled airfoils, and what the compiler refuses.
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "aircraft/afl_file.h"
+#include "aircraft/afl_polar.h"
+#include "core/paths.h"
+#include "support.h"
+
+namespace {
+
+class airfoils : public test::system_test {};
+
+TEST_F(airfoils, all_load_without_an_alert_and_are_sound_sections) {
+    afl_path = INSTALL_FOLDER "Airfoils:";
+    std::snprintf(veh[0].path, sizeof veh[0].path, "/nowhere/x.acf");
+    int count = 0;
+    for (const auto& file : std::filesystem::directory_iterator(INSTALL_FOLDER "Airfoils")) {
+        const std::string name = file.path().filename().string();
+        SCOPED_TRACE(name);
+        ++count;
+        EXPECT_LE(name.size(), 39u);
+        ASSERT_TRUE(load_foil_for_part(name, 0, 9, 0, 0));
+        const afl_struct& a = veh[0].afl[9];
+        const int stall = 360 + static_cast<int>(std::lround(a.almax[0][0] * 10)) - 1;
+        EXPECT_NEAR(a.cl[0][0][stall], a.Lstall, 0.02f);
+        // no kink at either end of the linear range: the slope goes on
+        for (float end : {a.Llinrange, -a.Llinrange})
+            EXPECT_NEAR(ret_cl(end + 0.2f, &a, 0, 0) - ret_cl(end - 0.2f, &a, 0, 0), 0.4f * a.clM[0][0],
+                        0.1f * a.clM[0][0]);
+    }
+    EXPECT_GE(count, 7);
+    EXPECT_TRUE(test::alerts.empty());
+
+    ASSERT_TRUE(load_foil_for_part("NACA 0009 (symmetrical).afl", 0, 9, 0, 0));
+    const afl_struct& a = veh[0].afl[9];
+    for (int i = 0; i < 360; ++i) {
+        const bool at_stall = std::fabs(std::fabs(ret_alpha(i)) - a.almax[0][0]) < 0.06f;
+        if (at_stall) continue;  // before the drop on one side, behind it on the other
+        EXPECT_NEAR(a.cl[0][0][i], -a.cl[0][0][720 - i], 2e-5f) << ret_alpha(i);
+        EXPECT_NEAR(a.cm[0][0][i], -a.cm[0][0][720 - i], 2e-5f) << ret_alpha(i);
+    }
+}
+
+TEST_F(airfoils, compiler_refuses_what_breaks_the_curves) {
+    const std::string source = SOURCE_FOLDER "content/airfoils/NACA 63-618 Re 3 million.toml";
+    std::ifstream in(source);
+    const std::string good((std::istreambuf_iterator<char>(in)), {});
+    test::temp_folder folder;
+    const auto compile = [&](const std::string& from, const std::string& to,
+                             const std::string& out = "a.afl") {
+        std::string text = good;
+        text.replace(text.find("\n" + from) + 1, from.size(), to);
+        const std::string toml = folder.write("a.toml", text);
+        const std::string command = TOOL_FOLDER "afl_make '" + toml + "' '" + folder.path() + out + "' >" +
+                                    folder.path() + "said 2>&1";
+        const int status = std::system(command.c_str());
+        std::ifstream said(folder.path() + "said");
+        const std::string message((std::istreambuf_iterator<char>(said)), {});
+        EXPECT_EQ(status != 0, !std::filesystem::exists(folder.path() + out)) << message;
+        std::filesystem::remove(folder.path() + out);
+        return message;
+    };
+    EXPECT_NE(compile("re_num", "re_num").find("least drag 0.0054"), std::string::npos);
+    const char* const refused[][3] = {
+        {"almax = 12.5", "almax = 7.5", "Llinrange 7.5 must be below almax 7.5"},
+        {"almin = -12.0", "almin = -20", "almin is -20, allowed are"},
+        {"clM = 0.106", "clM = 0", "clM is 0, allowed are"},
+        {"clM = 0.106", "clM = nan", "clM is nan, allowed are"},
+        {"DminCL = 0.50", "DminCL = 1.505", "least drag at 10 degrees"},
+        {"Bdepth = 0.0030", "Bdepth = 0.0100", "drag is not positive"},
+        {"Bpower = 3.0", "Bpower = 0", "needs Bwidth, Bdepth and Bpower"},
+        {"cm4 = -0.140", "cm5 = 1", "unknown key \"cm5\""},
+        {"cm4 = -0.140", "", "cm4 is missing"},
+        {"cm4 = -0.140", "cm4 = = 2", "line"},
+    };
+    for (const auto& [from, to, message] : refused)
+        EXPECT_NE(compile(from, to).find(message), std::string::npos) << to << "\n" << compile(from, to);
+    EXPECT_NE(compile("re_num", "re_num", std::string(36, 'x') + ".afl").find("longer than 39"),
+              std::string::npos);
+}
+
+}  // namespace
