@@ -98,8 +98,9 @@ TEST_F(files_test, without_a_version_the_text_starts_behind_the_first_line) {
 }
 
 TEST_F(files_test, what_is_no_number_is_fatal_and_names_the_file) {
-    for (const std::string bad :
-         {"abc", "nan", "inf", "1e999", "--1", "1.2.3e", "", "1e+", std::string(500, '1').c_str()}) {
+    const std::vector<std::string> bad_numbers = {
+        "abc", "nan", "inf", "1e999", "--1", "1.2.3e", "", "1e+", std::string(500, '1')};
+    for (const std::string& bad : bad_numbers) {
         const std::string path = folder.write("t.afl", "I\n700 v\n" + bad);
         ASSERT_TRUE(inf_open(path, ftype_afl, 700, 0));
         lin_scan();
