@@ -8,7 +8,8 @@
 #include "core/num.h"
 
 bool acf_is_designers(const veh_field_struct& row) {
-    return row.role == veh_role_file || strcmp(row.name, "spec_wash") == 0;
+    return row.role == veh_role_file || strcmp(row.name, "spec_wash") == 0 ||
+           strcmp(row.name, "is_left") == 0;
 }
 
 const std::vector<acf_section_struct>& acf_sections() {

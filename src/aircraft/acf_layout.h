@@ -7,7 +7,8 @@
 
 #include "core/veh.h"
 
-// Fields that a text describes: the designer's, and spec_wash, which a load only adds to.
+// Fields that a text describes: the designer's, and the two that a load takes over from the file:
+// spec_wash, and is_left of the further surfaces.
 bool acf_is_designers(const veh_field_struct& row);
 
 // A run of block fields under one heading, both ends included. Rows of one section are neighbours.

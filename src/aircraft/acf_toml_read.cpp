@@ -272,9 +272,13 @@ void reader::read_foils(const toml::table& table, veh_wing_struct& wing) {
     const shorthand shorthands[] = {{"foil", {wing.Rafl0, wing.Rafl1, wing.Tafl0, wing.Tafl1}},
                                     {"foil_root", {wing.Rafl0, wing.Rafl1}},
                                     {"foil_tip", {wing.Tafl0, wing.Tafl1}}};
-    for (const shorthand& row : shorthands)
-        if (const toml::node* node = table.get(row.key))
-            for (char* field : row.fields) read_text(*node, row.key, field, sizeof wing.Rafl0);
+    for (const shorthand& row : shorthands) {
+        const toml::node* node = table.get(row.key);
+        if (!node) continue;
+        char name[sizeof wing.Rafl0] = {};
+        read_text(*node, row.key, name, sizeof name);
+        for (char* field : row.fields) memcpy(field, name, sizeof name);
+    }
 }
 
 void reader::read_engine(const toml::table& table, int en) {

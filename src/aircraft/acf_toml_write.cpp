@@ -143,7 +143,7 @@ private:
     void key(const std::string& name, const std::string& value) { out_ += name + " = " + value + "\n"; }
     void field(const veh_field_struct& row, const unsigned char* record);
     void record(const veh_field_list& fields, const void* record);
-    void wing_record(const veh_wing_struct& wing);
+    void wing_record(int en);
     void block_sections();
     void engines();
     void surfaces();
@@ -154,6 +154,7 @@ private:
     void downwash();
 
     const veh_struct& v() const { return veh[p_]; }
+    veh_wing_struct described_wing(int en) const;
     // Heading of the next entry of a list; the slot is told only where one is skipped.
     void entry(const std::string& name, int slot, int& expected);
 
@@ -192,17 +193,23 @@ void writer::record(const veh_field_list& fields, const void* record) {
         if (acf_is_designers(fields.rows[r]) && is_set(fields.rows[r], first)) field(fields.rows[r], first);
 }
 
+// The side of all but the further surfaces follows from their number.
+veh_wing_struct writer::described_wing(int en) const {
+    veh_wing_struct wing = v().wing[en];
+    if (en <= part_vstb_last || en >= part_pylo_first) wing.is_left = 0;
+    return wing;
+}
+
 // Airfoils are mostly the same at both Reynolds numbers, if not at root and tip too.
-void writer::wing_record(const veh_wing_struct& wing) {
-    veh_wing_struct rest = wing;
-    const bool one_root = strcmp(wing.Rafl0, wing.Rafl1) == 0, one_tip = strcmp(wing.Tafl0, wing.Tafl1) == 0;
-    if (one_root && one_tip) {
-        const bool one = strcmp(wing.Rafl0, wing.Tafl0) == 0;
-        if (wing.Rafl0[0]) key(one ? "foil" : "foil_root", string_text(wing.Rafl0));
-        if (wing.Tafl0[0] && !one) key("foil_tip", string_text(wing.Tafl0));
-        for (char* name : {rest.Rafl0, rest.Rafl1, rest.Tafl0, rest.Tafl1}) name[0] = 0;
+void writer::wing_record(int en) {
+    veh_wing_struct wing = described_wing(en);
+    const std::string root = wing.Rafl0, tip = wing.Tafl0;
+    if (root == wing.Rafl1 && tip == wing.Tafl1) {
+        if (!root.empty()) key(root == tip ? "foil" : "foil_root", string_text(root));
+        if (!tip.empty() && root != tip) key("foil_tip", string_text(tip));
+        for (char* name : {wing.Rafl0, wing.Rafl1, wing.Tafl0, wing.Tafl1}) name[0] = 0;
     }
-    record(veh_wing_list(), &rest);
+    record(veh_wing_list(), &wing);
 }
 
 void writer::block_sections() {
@@ -234,28 +241,30 @@ void writer::entry(const std::string& name, int slot, int& expected) {
 void writer::engines() {
     int expected = 0;
     for (int en = 0; en < engnDIM; ++en) {
-        if (!any_set(veh_engn_list(), &v().engn[en]) && !any_set(veh_wing_list(), &v().wing[en]) &&
+        const veh_wing_struct blade = described_wing(en);
+        if (!any_set(veh_engn_list(), &v().engn[en]) && !any_set(veh_wing_list(), &blade) &&
             !any_set(veh_part_list(), &v().part[en]))
             continue;
         entry("engine", en, expected);
         record(veh_engn_list(), &v().engn[en]);
         record(veh_part_list(), &v().part[en]);
-        wing_record(v().wing[en]);
+        wing_record(en);
     }
 }
 
 // A surface that is what it would be without a table gets none.
 void writer::surfaces() {
     for (int en = part_wing_first; en <= part_pylo_last; ++en) {
+        const veh_wing_struct described = described_wing(en);
         veh_wing_struct wing;
         veh_part_struct part;
         acf_copied_surface(p_, en, wing, part);
-        if (same_record(veh_wing_list(), &wing, &v().wing[en]) &&
+        if (same_record(veh_wing_list(), &wing, &described) &&
             same_record(veh_part_list(), &part, &v().part[en]))
             continue;
         heading("[surface." + acf_part_name(en) + "]");
         record(veh_part_list(), &v().part[en]);
-        wing_record(v().wing[en]);
+        wing_record(en);
     }
 }
 

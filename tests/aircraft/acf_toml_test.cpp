@@ -1,0 +1,331 @@
+// The text form of an aircraft: nothing is lost either way, faults are told with their line, and the two
+// programs do what they say.
+#include "aircraft/acf_toml.h"
+
+#include <sys/wait.h>
+
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <random>
+
+#include "aircraft/acf_file.h"
+#include "aircraft/acf_layout.h"
+#include "core/files.h"
+#include "sample_acf.h"
+#include "support.h"
+
+class acf_toml_test : public test::system_test {
+protected:
+    test::temp_folder folder;
+
+    std::string errors(int p, const std::string& text) {
+        std::string error;
+        const int result = acf_from_toml(folder.write("t.toml", text), p, &error);
+        EXPECT_EQ(result, error.empty());
+        // messages without the path of the file
+        std::string out;
+        for (size_t at = 0, end; (end = error.find('\n', at)) != std::string::npos; at = end + 1)
+            out += error.substr(at, end - at).substr(folder.path().size() + 7) + "\n";
+        return out;
+    }
+    std::string read(const std::string& path) const {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    void expect_same_designers(int p, int q) {
+        const auto a = acf_arrays(p), b = acf_arrays(q);
+        for (size_t n = 0; n < a.size(); ++n)
+            for (int r = 0; r < a[n].fields.count; ++r) {
+                const veh_field_struct& row = a[n].fields.rows[r];
+                if (row.role != veh_role_file) continue;
+                for (int i = 0; i < a[n].count; ++i)
+                    EXPECT_EQ(memcmp(a[n].first + i * a[n].size + row.offset,
+                                     b[n].first + i * b[n].size + row.offset, static_cast<size_t>(row.size)),
+                              0)
+                        << a[n].name << "[" << i << "]." << row.name;
+            }
+    }
+};
+
+TEST_F(acf_toml_test, every_field_survives_with_any_value) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 3; ++round) {
+        clear_acf(0);
+        for (const acf_array_struct& array : acf_arrays(0))
+            for (int r = 0; r < array.fields.count; ++r) {
+                const veh_field_struct& row = array.fields.rows[r];
+                if (!acf_is_designers(row)) continue;
+                for (int i = 0; i < array.count; ++i) {
+                    if (round > 0 && random() % 2) continue;  // holes in the lists
+                    unsigned char* first = array.first + i * array.size + row.offset;
+                    for (int b = 0; b < row.size; b += 4) {
+                        uint32_t word = random();
+                        if (row.type == 'f') {  // any sign and mantissa, down to denormals, below 1e9
+                            do word = random();
+                            while (!(fabsf(std::bit_cast<float>(word)) < 1e9f));
+                        }
+                        memcpy(first + b, &word, sizeof word);
+                    }
+                    if (row.type == 'c') first[random() % static_cast<unsigned>(row.size)] = 0;
+                }
+            }
+        for (int& type : veh[0].ins_type) type = static_cast<int>(random() % 632) - 1;
+        for (veh_wing_struct& wing : veh[0].wing) wing.is_left = 0;
+        veh[0].wing[33].is_left = 1;
+        veh[0].in_downwash[17][9][4] = 1;
+        const std::string text = acf_to_toml(0);
+        ASSERT_EQ(errors(1, text), "");
+        EXPECT_EQ(acf_to_toml(1), text);
+        EXPECT_EQ(veh[1].in_downwash[17][9][4], 1);
+        EXPECT_EQ(veh[1].wing[33].is_left, 1);
+        EXPECT_EQ(veh[1].wing[40].spec_wash, veh[0].wing[40].spec_wash);
+        // behind the end of a text nothing is kept
+        for (const acf_array_struct& array : acf_arrays(0))
+            for (int r = 0; r < array.fields.count; ++r) {
+                const veh_field_struct& row = array.fields.rows[r];
+                for (int i = 0; row.type == 'c' && row.role == veh_role_file && i < array.count; ++i) {
+                    char* chars = reinterpret_cast<char*>(array.first) + i * array.size + row.offset;
+                    const size_t used = strnlen(chars, static_cast<size_t>(row.size));
+                    memset(chars + used, 0, static_cast<size_t>(row.size) - used);
+                }
+            }
+        expect_same_designers(0, 1);
+        ASSERT_EQ(errors(1, acf_to_toml(0, true)), "");
+        EXPECT_EQ(acf_to_toml(1), text);
+    }
+}
+
+TEST_F(acf_toml_test, every_field_of_the_block_has_a_section) {
+    const veh_field_list block = veh_block_list();
+    for (int r = 0; r < block.count; ++r) {
+        const std::string name = block.rows[r].name;
+        const bool of_instruments = name.rfind("ins_", 0) == 0;
+        EXPECT_EQ(acf_section_of(block.rows[r]) != nullptr,
+                  acf_is_designers(block.rows[r]) && !of_instruments)
+            << name;
+    }
+    for (int en = 0; en < partDIM; ++en) {
+        EXPECT_EQ(acf_part_index(acf_part_name(en)), en);
+        EXPECT_EQ(acf_part_index(std::to_string(en)), en);
+    }
+    EXPECT_EQ(acf_part_index("95"), -1);
+    EXPECT_EQ(acf_part_index(""), -1);
+}
+
+TEST_F(acf_toml_test, what_a_designer_writes_is_what_the_record_holds) {
+    ASSERT_EQ(errors(0, sample_acf_toml), "");
+    const veh_struct& v = veh[0];
+    EXPECT_EQ(v.Vso_kts, 92.5f);
+    EXPECT_STREQ(v.author, "J. M\xc3\xbcller \"tester\"");
+    EXPECT_EQ(v.tank_xyz[1][0], 6.0f);
+    EXPECT_EQ(v.engn[1].engn_type, engn_jet_hi);
+    EXPECT_EQ(v.part[1].part_x, 5.0f);
+    EXPECT_STREQ(v.wing[9].Rafl1, "thick.afl");
+    EXPECT_STREQ(v.wing[9].Tafl0, "thin.afl");
+    EXPECT_EQ(v.gear[0].steers, 1);
+    EXPECT_EQ(v.gear[1].gear_z, 20.0f);
+    EXPECT_EQ(v.watt[3].watt_prt, 9);
+    EXPECT_EQ(v.ins_type[2], 134);
+    EXPECT_EQ(v.ins_size[1], 1.0f);
+    EXPECT_EQ(v.ins_size[2], 0.75f);
+    EXPECT_EQ(v.ins_type[3], -1);
+    // copies that need no table
+    EXPECT_EQ(v.part[8].part_x, -2.5f);
+    EXPECT_EQ(v.wing[8].semilen_SEG, 22.0f);
+    EXPECT_EQ(v.part[41].part_eq, 1);
+    EXPECT_EQ(v.part[41].part_x, 4.0f);
+    EXPECT_EQ(v.part[42].part_eq, 0);
+    EXPECT_FALSE(std::signbit(v.part[16].part_x));
+    const std::string text = acf_to_toml(0);
+    EXPECT_EQ(text.find("wing1_left"), std::string::npos);
+    EXPECT_NE(text.find("[surface.wing1_right]"), std::string::npos);
+    EXPECT_NE(text.find("watt_prt = 9"), std::string::npos);
+    EXPECT_NE(text.find("slot = 3"), std::string::npos);
+}
+
+TEST_F(acf_toml_test, a_table_of_its_own_keeps_a_surface_from_being_copied) {
+    const std::string right = "[surface.9]\nsemilen_SEG = 5\nels = 2\n";
+    ASSERT_EQ(errors(0, right + "[surface.wing1_left]\n"), "");
+    EXPECT_EQ(veh[0].wing[8].semilen_SEG, 0.0f);
+    EXPECT_NE(acf_to_toml(0).find("[surface.wing1_left]\n"), std::string::npos);
+    ASSERT_EQ(errors(0, right + "[surface.8]\nsemilen_SEG = 4\n"), "");
+    EXPECT_EQ(veh[0].wing[8].els, 0);
+}
+
+TEST_F(acf_toml_test, stations_make_closed_rings_from_the_top_down_the_right_side) {
+    ASSERT_EQ(errors(0, R"(
+[body.body60]
+r_dim = 10
+stations = [{ z = 0 }, { z = 4, y = 1, w = 3, h = 2 }, { z = 9, y = 1, w = 3, h = 2, n = 4 }]
+)"),
+              "");
+    const veh_part_struct& body = veh[0].part[60];
+    EXPECT_EQ(body.part_eq, 1);
+    EXPECT_EQ(body.s_dim, 3);
+    for (int s = 1; s < 3; ++s) {
+        const auto& ring = body.geo_xyz[s];
+        EXPECT_EQ(ring[0][0], 0.0f);
+        EXPECT_EQ(ring[0][1], 3.0f);
+        EXPECT_EQ(ring[2][0], 3.0f);  // the right side, half way down
+        EXPECT_EQ(ring[2][1], 1.0f);
+        EXPECT_EQ(ring[4][0], 0.0f);
+        EXPECT_EQ(ring[4][1], -1.0f);
+        for (int i = 0; i < 10; ++i) {
+            EXPECT_EQ(ring[i][0], -ring[9 - i][0]);
+            EXPECT_EQ(ring[i][1], ring[9 - i][1]);
+            const double n = s == 1 ? 2 : 4;  // every point lies on its outline
+            EXPECT_NEAR(pow(fabs(ring[i][0] / 3.0), n) + pow(fabs((ring[i][1] - 1.0) / 2.0), n), 1.0, 1e-5);
+        }
+    }
+    EXPECT_EQ(body.geo_xyz[2][5][2], 9.0f);
+    EXPECT_EQ(body.geo_xyz[1][10][2], 0.0f);  // no further points
+    ASSERT_EQ(errors(0, sample_acf_toml), "");
+    EXPECT_EQ(veh[0].part[56].r_dim, part_rDIM);
+}
+
+TEST_F(acf_toml_test, faults_are_told_with_line_and_remedy) {
+    EXPECT_EQ(errors(0, R"([speeds]
+Vne = 100
+m_empty = 3
+Vs_kts = "x"
+Vso_kts = inf
+Vfe_kts = 1e9
+[wigs]
+[surface.wing1_rigt]
+[surface.wing1_right]
+els = 1.5
+ail1 = [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11]
+foil = "a name that is longer than the field has room for.afl"
+trq_max_eng = 4
+[surface.9]
+[body.wing2_right]
+[body.fuselage]
+geo_xyz = [[[0, 0, 0, 0]]]
+stations = [{ z = 0 }, { q = 1 }]
+[body.body57]
+stations = [{ z = 0 }, { q = 1, n = 0 }]
+[[gear]]
+gear_type = "two"
+[[door]]
+slot = 20
+[[instrument]]
+type = 631
+colour = 1
+[engine]
+[[weapon]]
+slot = 1
+[[weapon]]
+slot = 1
+[tanks]
+num_tanks = 4294967296
+tank_rat = 1
+[identity]
+tailnum = 5
+author = [0]
+)"),
+              R"(2: unknown key "Vne"; did you mean "Vne_kts"?
+3: unknown key "m_empty" here; it belongs into [weights]
+4: Vs_kts has to be a number
+5: Vso_kts has to be finite and below 1e9
+6: Vfe_kts has to be finite and below 1e9
+7: there is no section "wigs"
+8: there is no part "wing1_rigt" here; did you mean "wing1_right"?
+9: part wing1_right is described twice
+10: els has to be a whole number
+11: ail1 has to be a list of up to 10 entries here
+12: foil has room for 39 bytes
+13: unknown key "trq_max_eng"
+15: there is no part "wing2_right" here
+17: geo_xyz has to be a list of up to 3 entries here
+18: stations and geo_xyz exclude each other
+20: a station has z, y (centre), w and h (half width and height) and n (exponent), not "q"
+20: the exponent n of a station has to be 0.1 or more
+22: gear_type has to be one of none, skid, one, two_abreast, two_tandem, four_2x2, six_2x3, four_abreast, eight, three_abreast
+23: door slots run from 0 to 19
+26: instrument types run from 0 to 630
+27: an instrument has type, x, y, size and slot, not "colour"
+28: write [[engine]] once for each engine
+31: weapon slot 1 is used twice
+34: num_tanks does not fit into 32 bits
+35: tank_rat has to be a list of up to 3 entries here
+37: tailnum has to be a text in quotes
+38: the bytes of author have to be numbers from 1 to 255
+)");
+    EXPECT_EQ(errors(0, "[speeds\n").substr(0, 3), "1: ");
+    std::string error;
+    EXPECT_FALSE(acf_from_toml(folder.path() + "none.toml", 0, &error));
+    EXPECT_FALSE(error.empty());
+}
+
+// -- the programs
+class acf_programs_test : public acf_toml_test {
+protected:
+    std::string output;
+    int run(const std::string& command) {
+        const std::string log = folder.path() + "log";
+        const int status = std::system((TOOL_FOLDER + command + " >" + log + " 2>&1").c_str());
+        output = read(log);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+};
+
+TEST_F(acf_programs_test, make_and_dump_are_inverse_byte_for_byte) {
+    const std::string f = folder.path();
+    folder.write("in.toml", sample_acf_toml);
+    ASSERT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 0) << output;
+    EXPECT_EQ(output, "");
+    ASSERT_EQ(run("acf_dump " + f + "a.acf " + f + "canonical.toml"), 0) << output;
+    folder.write("sub/x", "");
+    ASSERT_EQ(run("acf_make " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
+    ASSERT_EQ(run("acf_dump " + f + "sub/b.acf"), 0);
+    EXPECT_EQ(output, read(f + "canonical.toml"));
+    EXPECT_TRUE(read(f + "a.acf") == read(f + "sub/b.acf"));
+
+    // a file of the other byte order, built from this one: texts stay, all else is turned round
+    std::string big = read(f + "a.acf");
+    big[0] = 'a';
+    strcpy(veh[0].path, (f + "a.acf").c_str());
+    ASSERT_TRUE(acf_read_record(0));
+    for (size_t at = 1; at + 3 < big.size(); at += 4)
+        std::swap(big[at], big[at + 3]), std::swap(big[at + 1], big[at + 2]);
+    long start = 5;
+    for (const acf_array_struct& array : acf_arrays(0)) {
+        for (int i = 0; i < array.count; ++i)
+            for (int r = 0; r < array.fields.count; ++r)
+                if (array.fields.rows[r].type == 'c' && array.fields.rows[r].size > 1)
+                    memcpy(&big[static_cast<size_t>(start + i * array.size + array.fields.rows[r].offset)],
+                           array.first + i * array.size + array.fields.rows[r].offset,
+                           static_cast<size_t>(array.fields.rows[r].size));
+        start += long{array.count} * array.size;
+    }
+    EXPECT_EQ(start, acf_file_size);
+    folder.write("big.acf", big);
+    ASSERT_EQ(run("acf_dump " + f + "big.acf"), 0) << output;
+    EXPECT_TRUE(output == read(f + "canonical.toml"));
+}
+
+TEST_F(acf_programs_test, faults_are_told_and_leave_no_file) {
+    const std::string f = folder.path();
+    folder.write("in.toml", "[speeds]\nVne = 3\n");
+    EXPECT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 1);
+    EXPECT_EQ(output, f + "in.toml:2: unknown key \"Vne\"; did you mean \"Vne_kts\"?\n");
+    folder.write("in.toml", "[speeds]\nVne_kts = 3\n[surface.wing1_right]\nsemilen_SEG = 4\nvarinc = 1\n");
+    EXPECT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 1);
+    EXPECT_EQ(output, f + "in.toml: wing[9].els is 0, allowed are 1 to 10\n");
+    folder.write("in.toml",
+                 "[speeds]\nVne_kts = 3\n[surface.wing1_right]\nels = 4\nsemilen_SEG = 4\nvarinc = 1\n");
+    EXPECT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 1);
+    EXPECT_NE(output.find("inc2 is half the wanted travel"), std::string::npos);
+    EXPECT_NE(output.find("This plane has no tail number!"), std::string::npos);
+    EXPECT_FALSE(std::ifstream(f + "a.acf").good());
+    EXPECT_EQ(run("acf_make " + f + "in.toml " + f + "a.txt"), 2);
+    EXPECT_EQ(run("acf_make"), 2);
+    EXPECT_EQ(run("acf_dump " + f + "none.acf"), 1);
+    EXPECT_EQ(run("acf_dump " + f + "in.toml"), 1);
+    EXPECT_EQ(run("acf_dump --what"), 2);
+    for (const char* program : {"acf_make", "acf_dump"}) EXPECT_EQ(run(std::string(program) + " --help"), 0);
+    EXPECT_EQ(run("acf_make --fields"), 0);
+    EXPECT_NE(output.find("semilen_SEG"), std::string::npos);
+}

@@ -1,0 +1,416 @@
+// Derived fields of the aircraft record, and the tests of a design.
+#include <cmath>
+#include <cstring>
+
+#include "aircraft/acf_toml.h"
+#include "aircraft/autoset.h"
+#include "aircraft/check.h"
+#include "core/nav.h"
+#include "sample_acf.h"
+#include "support.h"
+
+class autoset_test : public test::system_test {
+protected:
+    veh_struct& v = veh[0];
+
+    void load_sample() {
+        test::temp_folder folder;
+        std::string error;
+        ASSERT_TRUE(acf_from_toml(folder.write("s.toml", sample_acf_toml), 0, &error)) << error;
+    }
+    void surface(int en, float span, int els = 4) {
+        v.wing[en].semilen_SEG = span;
+        v.wing[en].els = els;
+    }
+};
+
+TEST_F(autoset_test, a_second_run_changes_nothing) {
+    load_sample();
+    ACF_autoset(0);
+    const auto once = std::make_unique<veh_struct>(v);
+    ACF_autoset(0);
+    EXPECT_EQ(memcmp(once.get(), &v, sizeof v), 0);
+}
+
+TEST_F(autoset_test, any_record_is_survived) {
+    ACF_autoset(0);
+    EXPECT_EQ(v.wing[9].ail1_elR, 0.0f);  // no such surface, untouched
+    for (const int fill : {0xff, 0x7f, 0x80, 0x01}) {
+        memset(static_cast<void*>(&v), fill, sizeof v);
+        ACF_autoset(0);
+        EXPECT_EQ(v.part[0].part_eq, 0);
+    }
+}
+
+TEST_F(autoset_test, parts_exist_by_span_and_by_thrust_point) {
+    surface(9, 0.05f);
+    surface(8, 0.06f);
+    surface(30, 0.0501f);
+    v.num_thrustpoints = 2;
+    for (int en = 40; en <= 84; ++en) v.part[en].part_eq = 1;
+    for (int en = 40; en <= 55; ++en) surface(en, 1.0f);
+    v.part[3].part_eq = 1;
+    v.part[48].part_eq = 0;
+    ACF_autoset(0);
+    EXPECT_EQ(v.part[3].part_eq, 0);
+    EXPECT_EQ(v.part[8].part_eq, 1);  // by the length it came with, before the right side was copied
+    EXPECT_EQ(v.wing[8].semilen_SEG, 0.05f);
+    EXPECT_EQ(v.part[9].part_eq, 0);
+    EXPECT_EQ(v.part[30].part_eq, 1);
+    EXPECT_EQ(v.part[41].part_eq, 1);
+    EXPECT_EQ(v.part[42].part_eq, 0);
+    EXPECT_EQ(v.part[48].part_eq, 0);
+    EXPECT_EQ(v.part[49].part_eq, 1);
+    EXPECT_EQ(v.part[60].part_eq, 1);
+    EXPECT_EQ(v.part[78].part_eq, 1);
+    EXPECT_EQ(v.part[79].part_eq, 0);
+}
+
+TEST_F(autoset_test, the_left_side_is_the_mirror_of_the_right) {
+    load_sample();
+    strcpy(v.wing[8].Rafl0, "other.afl");
+    v.wing[8].incidence[9] = 7.0f;  // beyond the elements of the right
+    v.part[8].scon = 12.0f;
+    v.afl[9].t_rat[1] = 0.15f;
+    v.part[17].part_x = 0.0f;
+    ACF_autoset(0);
+    EXPECT_STREQ(v.wing[8].Rafl0, "thick.afl");
+    EXPECT_EQ(v.part[8].part_x, -2.5f);
+    EXPECT_EQ(v.part[8].part_z, 15.0f);
+    EXPECT_EQ(v.part[8].top_s2, 0.5f);
+    EXPECT_EQ(v.wing[8].incidence[7], -1.5f);
+    EXPECT_EQ(v.wing[8].incidence[9], 7.0f);
+    EXPECT_EQ(v.part[8].scon, 12.0f);
+    EXPECT_EQ(v.afl[8].t_rat[1], 0.15f);
+    EXPECT_TRUE(std::signbit(v.part[16].part_x));
+    EXPECT_EQ(v.wing[16].inc_trim[3], 1);
+    EXPECT_EQ(v.flying_stab_EQ, 1);
+    EXPECT_EQ(v.wing[8].is_left, 1);
+    EXPECT_EQ(v.wing[8].lat_sign, -1.0f);
+    EXPECT_EQ(v.wing[9].lat_sign, 1.0f);
+    EXPECT_EQ(v.wing[18].is_left, 0);
+    EXPECT_EQ(v.wing[20].lat_sign, -1.0f);  // as the file has it
+}
+
+TEST_F(autoset_test, pylons_nacelles_and_fairings_go_where_they_belong) {
+    load_sample();
+    v.gear[1].latE = 0.0f;
+    v.gear[1].lonE = 90.0f;
+    ACF_autoset(0);
+    // the first pylon stands 1 ft inboard of, 0.5 above and 1 ahead of the left engine
+    EXPECT_FLOAT_EQ(v.part[41].part_x, 4.0f);
+    EXPECT_FLOAT_EQ(v.part[41].part_y, 2.5f);
+    EXPECT_FLOAT_EQ(v.part[41].part_z, 27.0f);
+    EXPECT_EQ(v.wing[40].is_left, 1);
+    EXPECT_EQ(v.wing[41].is_left, 0);
+    EXPECT_EQ(v.part[78].part_x, 5.0f);
+    EXPECT_EQ(v.part[78].part_z, 28.0f);
+    // a leg hanging straight down: the wheel is one leg below, the fairing a static deflection above it
+    EXPECT_EQ(v.gear[0].dep_rat, 1.0f);
+    EXPECT_EQ(v.part[85].part_y, -3.5f);
+    EXPECT_EQ(v.part[85].part_z, 6.0f);
+    EXPECT_EQ(v.gear[1].lonN, 90.0f);
+    EXPECT_NEAR(v.part[86].part_z, 25.0f, 1e-5f);
+}
+
+TEST_F(autoset_test, element_areas_sum_to_the_trapezoid) {
+    load_sample();
+    ACF_autoset(0);
+    const veh_wing_struct& wing = v.wing[9];
+    float area = 0.0f;
+    for (int el = 0; el < wing.els; ++el) area += wing.el_s[el];
+    EXPECT_NEAR(area, 0.5f * (8.0f + 4.0f) * 22.0f * cosf(20.0f * 0.01745329f), 1e-3f);
+    EXPECT_EQ(wing.el_s[8], 0.0f);
+    EXPECT_FLOAT_EQ(wing.element_len, 22.0f / 8.0f);
+    // the mean aerodynamic chord of chords 8 and 7.5, by the integral of c squared over that of c
+    EXPECT_NEAR(wing.mac[0], 2.0f / 3.0f * (8 * 8 + 8 * 7.5f + 7.5f * 7.5f) / 15.5f, 1e-5f);
+    EXPECT_FLOAT_EQ(v.wing[20].mac[1], 2.0f);
+    EXPECT_EQ(v.part[9].s_dim, 16);
+    EXPECT_EQ(v.part[9].r_dim, 14);
+    EXPECT_EQ(v.part[56].r_dim, 18);
+}
+
+TEST_F(autoset_test, controls_cover_from_their_first_to_their_last_element) {
+    load_sample();
+    v.wing[9].spo2[2] = v.wing[9].spo2[5] = 1;
+    v.wing[9].ail2[9] = 1;  // beyond the surface
+    ACF_autoset(0);
+    EXPECT_EQ(v.wing[8].ail1_elR, 6.0f);
+    EXPECT_EQ(v.wing[8].ail1_elT, 8.0f);
+    EXPECT_EQ(v.wing[9].spo2_elR, 2.0f);
+    EXPECT_EQ(v.wing[9].spo2_elT, 6.0f);
+    EXPECT_EQ(v.wing[9].ail2_elR, 10.0f);
+    EXPECT_EQ(v.wing[9].ail2_elT, 0.0f);
+    EXPECT_EQ(v.wing[18].rud1_elR, 1.0f);
+    EXPECT_EQ(v.wing[17].elev_elT, 4.0f);
+    EXPECT_EQ(v.flap_EQ, 1);
+    EXPECT_EQ(v.slat_EQ, 1);
+    EXPECT_EQ(v.sbrk_EQ, 1);
+    EXPECT_EQ(v.varsweep_EQ, 0);
+}
+
+TEST_F(autoset_test, ailerons_that_droop_are_flaps) {
+    surface(20, 5.0f);
+    v.wing[20].ail2[0] = 1;
+    v.wing[20].varinc = 1;
+    v.ail1_flaps = 10.0f;
+    v.slat_EQ = v.sbrk_EQ = 1;
+    ACF_autoset(0);
+    EXPECT_EQ(v.flap_EQ, 0);
+    EXPECT_EQ(v.varinc_EQ, 1);
+    EXPECT_EQ(v.slat_EQ, 0);
+    EXPECT_EQ(v.sbrk_EQ, 0);
+    v.ail2_flaps = 0.02f;
+    ACF_autoset(0);
+    EXPECT_EQ(v.flap_EQ, 1);
+}
+
+TEST_F(autoset_test, a_surface_ahead_of_the_centre_of_gravity_works_the_other_way) {
+    surface(20, 5.0f);
+    v.wing[20].Croot = 4.0f;
+    v.part[20].part_z = 9.0f;
+    v.cgZ = 10.01f;
+    v.wing[21].rev_con = 1;
+    ACF_autoset(0);
+    EXPECT_EQ(v.wing[20].rev_con, 1);
+    v.wing[20].delta_fac = 0.5f;
+    set_rev_con(0);
+    EXPECT_EQ(v.wing[20].rev_con, 0);
+}
+
+TEST_F(autoset_test, the_farthest_steering_gear_steers) {
+    v.gear[2].steers = v.gear[5].steers = v.gear[6].steers = 1;
+    v.gear[5].gear_z = v.gear[6].gear_z = -8.0f;
+    v.gear[2].gear_z = 5.0f;
+    v.gear[1].gear_z = 20.0f;
+    ACF_autoset(0);
+    EXPECT_EQ(v.gear_EQ, 0);
+    EXPECT_EQ(v.gear_steer_EN, 0);  // none of them exists
+    for (const int g : {1, 2, 5, 6}) v.gear[g].gear_type = gear_one;
+    ACF_autoset(0);
+    EXPECT_EQ(v.gear_EQ, 1);
+    EXPECT_EQ(v.gear_steer_EN, 5);
+    v.gear[5].gear_z = v.gear[6].gear_z = v.gear[2].gear_z = 0.0f;
+    ACF_autoset(0);
+    EXPECT_EQ(v.gear_steer_EN, 0);
+}
+
+TEST_F(autoset_test, rotors_and_jet_nacelles) {
+    v.num_engines = 1;
+    v.num_thrustpoints = 3;
+    v.engn[0].prop_type = v.engn[2].prop_type = v.engn[4].prop_type = prop_collective;
+    v.engn[1].prop_type = prop_tail_rotor;
+    for (int en = 0; en < engnDIM; ++en) v.part[77 + en].cd = 0.1f;
+    v.engn[5].engn_type = v.engn[7].engn_type = engn_jet_lo;
+    ACF_autoset(0);
+    EXPECT_EQ(v.tailrotor_EQ, 1);
+    EXPECT_EQ(v.collective_EQ, 1);
+    EXPECT_EQ(v.collective_en, 2);
+    EXPECT_EQ(v.part[77].cd, 0.1f);
+    EXPECT_EQ(v.part[82].cd, 0.0f);
+    EXPECT_EQ(v.part[84].cd, 0.1f);  // the eighth keeps its drag
+}
+
+TEST_F(autoset_test, the_panel_of_the_user_decides_what_the_aircraft_has) {
+    struct flag_row {
+        int type;
+        int veh_struct::*flag;
+        int expected;
+    };
+    const flag_row rows[] = {
+        {556, &veh_struct::has_hsi, 0},         {557, &veh_struct::has_hsi, 1},
+        {569, &veh_struct::has_hsi, 1},         {570, &veh_struct::has_hsi, 0},
+        {244, &veh_struct::has_hsi, 1},         {484, &veh_struct::has_hsi, 1},
+        {568, &veh_struct::has_hdg_set, 1},     {569, &veh_struct::has_hdg_set, 0},
+        {439, &veh_struct::has_hdg_set, 1},     {545, &veh_struct::has_radalt, 1},
+        {225, &veh_struct::has_radar, 0},       {227, &veh_struct::has_radar, 1},
+        {34, &veh_struct::has_SC_fd, 1},        {35, &veh_struct::has_DC_fd, 1},
+        {621, &veh_struct::has_stallwarn, 1},   {400, &veh_struct::has_press_controls, 1},
+        {91, &veh_struct::has_igniter, 1},      {95, &veh_struct::has_idlespeed, 1},
+        {94, &veh_struct::has_FADEC_switch, 1}, {76, &veh_struct::has_clutch_switch, 1},
+        {11, &veh_struct::has_pre_rotate, 1},   {138, &veh_struct::has_mixture, 1},
+        {78, &veh_struct::has_kts_mac, 1},      {438, &veh_struct::has_asi_set, 1},
+        {441, &veh_struct::has_vvi_set, 1},     {444, &veh_struct::has_alt_set, 1},
+        {208, &veh_struct::has_fms, 1},         {7, &veh_struct::auto_fea_EQ, 1},
+        {68, &veh_struct::battery_EQ, 1},       {67, &veh_struct::avionics_EQ, 1},
+        {92, &veh_struct::generator_EQ, 1},     {93, &veh_struct::inverter_EQ, 1},
+        {90, &veh_struct::fuelpump_EQ, 1},
+    };
+    for (const flag_row& row : rows) {
+        std::fill(std::begin(v.ins_type), std::end(v.ins_type), -1);
+        v.ins_type[123] = row.type;
+        v.*row.flag = !row.expected;
+        ACF_autoset(0);
+        EXPECT_EQ(v.*row.flag, row.expected) << row.type;
+        EXPECT_EQ(v.xflt_overflow[0], static_cast<float>(v.has_fms));
+    }
+    v.ins_type[0] = 524;
+    v.ins_type[1] = 175;
+    ACF_autoset(0);
+    EXPECT_EQ(nav.otto_ah_vac_ele, 0);
+    EXPECT_EQ(nav.otto_dg_vac_ele, 1);
+    EXPECT_EQ(v.beacon_EQ, 1);
+    v.ins_type[0] = 555;
+    v.ins_type[1] = -1;
+    ACF_autoset(0);
+    EXPECT_EQ(nav.otto_ah_vac_ele, 1);
+    EXPECT_EQ(nav.otto_dg_vac_ele, 0);
+    EXPECT_EQ(v.beacon_EQ, 1);  // never taken away
+
+    veh[1].ins_type[0] = 557;  // another aircraft keeps what its file says
+    ACF_autoset(1);
+    EXPECT_EQ(veh[1].has_hsi, 0);
+}
+
+TEST_F(autoset_test, the_reentry_display_brings_its_instruments) {
+    std::fill(std::begin(v.ins_type), std::end(v.ins_type), -1);
+    v.ins_type[5] = 230;
+    v.ins_x[5] = 500.0f;
+    v.ins_y[5] = 300.0f;
+    v.ins_type[297] = 621;
+    ACF_autoset(0);
+    EXPECT_EQ(v.ins_type[299], 236);
+    EXPECT_EQ(v.ins_y[299], 370.0f);
+    EXPECT_EQ(v.ins_type[298], 246);
+    EXPECT_EQ(v.ins_y[298], 230.0f);
+    EXPECT_EQ(v.ins_type[297], 252);
+    EXPECT_EQ(v.ins_x[297], 440.0f);
+    EXPECT_EQ(v.ins_y[297], 290.0f);
+    EXPECT_EQ(v.ins_size[297], 1.0f);
+    EXPECT_EQ(v.has_stallwarn, 0);
+    EXPECT_EQ(v.has_hsi, 1);
+}
+
+TEST_F(autoset_test, texts_levers_and_autopilot) {
+    load_sample();
+    memset(v.tailnum, 'N', sizeof v.tailnum);
+    memset(v.author, 'a', sizeof v.author);
+    v.ott_phi_ratio = 3.0f;
+    ACF_autoset(0);
+    EXPECT_STREQ(v.tailnum, "NNNNNN");
+    EXPECT_EQ(strlen(v.author), 112u);
+    EXPECT_EQ(v.thro_x_ctr, 450.0f);
+    EXPECT_EQ(v.cowl_x_ctr, 0.0f);
+    EXPECT_EQ(v.ott_phi_ratio, 1.0f);
+    EXPECT_EQ(v.ott_the_deg_off_for_full_def, 30.0f);
+    v.custom_autopilot = 1;
+    v.ott_phi_ratio = 3.0f;
+    ACF_autoset(0);
+    EXPECT_EQ(v.ott_phi_ratio, 3.0f);
+}
+
+// -- the design check
+
+class check_test : public test::system_test {
+protected:
+    // The user's slot, sound: a jet in engine 0 and a carburetted single in engine 1.
+    void sound() {
+        clear_acf(0);
+        veh_struct& v = veh[0];
+        strcpy(v.tailnum, " N1");
+        strcpy(v.path, "Aircraft:x.acf");
+        v.Vne_kts = 100.0f;
+        v.m_empty = 1000.0f;
+        v.m_max = 1000.0f;
+        v.num_engines = v.num_thrustpoints = 3;
+        v.throt_max_FWD = 1.0f;
+        v.thrust_max = v.face_jet = v.power_max = v.MP_max = 10.0f;
+        v.RSC_redline_ENGN = v.RSC_mingreen_ENGN = v.RSC_maxgreen_ENGN = v.RSC_idlespeed_ENGN = 600.0f;
+        v.rock_max_sl = v.rock_max_opt = v.rock_max_vac = 10.0f;
+        v.engn[0].engn_type = engn_jet_hi;
+        v.engn[1].engn_type = engn_recip_carb;
+        v.engn[2].engn_type = engn_rocket;
+        v.m_fuel_tot = 100.0f;
+        v.num_tanks = 3;
+        v.tank_rat[0] = 0.5f;
+        v.tank_rat[2] = 0.4951f;
+    }
+    std::string fault() {
+        std::string line;
+        try {
+            EXPECT_EQ(ACF_check(0, 0), 1);
+        } catch (const test::fatal& end) {
+            line = end.lines.line[0];
+            EXPECT_EQ(end.lines.line[3],
+                      "Fix this problem in Hullwright. The plane in question is: Aircraft:x.acf");
+        }
+        return line;
+    }
+};
+
+TEST_F(check_test, each_fault_is_told_in_its_words) {
+    struct fault_row {
+        void (*spoil)(veh_struct&);
+        const char* line;
+    };
+    const fault_row rows[] = {
+        {[](veh_struct& v) { strcpy(v.tailnum, "   "); }, "This plane has no tail number!"},
+        {[](veh_struct& v) { v.tailnum[0] = 0; }, "This plane has no tail number!"},
+        {[](veh_struct& v) { v.Vne_kts = 0.009f; }, "You entered a Vne of zero!"},
+        {[](veh_struct& v) { v.m_empty = 0.0f; }, "You have entered an empty weight of zero!"},
+        {[](veh_struct& v) { v.m_max = 0.0f; }, "You have entered a maximum weight of zero!"},
+        {[](veh_struct& v) { v.m_max = 999.0f; },
+         "You have selected an empty weight that is greater than the maximum weight for this airplane!"},
+        {[](veh_struct& v) { v.rev_thrust_EQ = 1; },
+         "This aircraft has reverse-thrust capability as decided in the ENGINES screen."},
+        {[](veh_struct& v) { v.throt_max_FWD = 0.0f; },
+         "Problem: The max THROTTLE available as decided in Hullwright is ZERO PERCENT! OOPS!"},
+        {[](veh_struct& v) { v.rock_max_vac = 0.0f; },
+         "You requested a rocket engine in the ENGINES screen, but have entered an engine thrust of zero!"},
+        {[](veh_struct& v) { v.thrust_max = 0.0f; },
+         "You requested a jet engine in the ENGINES screen, but have entered an engine thrust of zero!"},
+        {[](veh_struct& v) { v.power_max = 0.0f; },
+         "You requested a reciprocating or turbine engine in the ENGINES screen, but have entered an engine "
+         "power of "
+         "zero!"},
+        {[](veh_struct& v) { v.MP_max = 0.0f; },
+         "You have entered a maximum manifold pressure in the ENGINES screen of 0!"},
+        {[](veh_struct& v) { v.face_jet = 0.0f; },
+         "Do not enter zero as a compressor area for a jet engine!"},
+        {[](veh_struct& v) { v.RSC_maxgreen_ENGN = 0.5f; },
+         "You have entered zero for some of the engine RPM parameters in the ENGINES screen!"},
+        {[](veh_struct& v) { v.RSC_idlespeed_ENGN = 0.0f; },
+         "You have entered zero for some of the engine RPM parameters in the ENGINES screen!"},
+        {[](veh_struct& v) { v.RSC_idlespeed_ENGN = 601.0f; },
+         "You entered an idle rpm greater then the maximum engine rpm in the ENGINES screen!"},
+        {[](veh_struct& v) { v.engn[0].prop_type = prop_manual; },
+         "This design is either a helicopter or a plane with a variable-pitch prop."},
+        {[](veh_struct& v) { v.engn[0].max_pitch = 1.0f; },
+         "This design has a fixed-pitch prop, but you entered different fine and coarse pitches in the props "
+         "screen!"},
+        {[](veh_struct& v) { v.tank_rat[1] = -0.001f; },
+         "Look at the WEIGHT AND BALANCE window. Then look at the RATIO of fuel in each fuel tank."},
+        {[](veh_struct& v) { v.tank_rat[1] = 0.011f; },
+         "Look at the WEIGHT AND BALANCE window. Then look at the RATIO of fuel in each fuel tank."},
+    };
+    sound();
+    EXPECT_EQ(fault(), "");
+    for (const fault_row& row : rows) {
+        sound();
+        row.spoil(veh[0]);
+        EXPECT_EQ(fault(), row.line);
+    }
+    // the first one only, in the order above
+    for (const fault_row& row : rows)
+        if (row.spoil != rows[1].spoil) row.spoil(veh[0]);
+    strcpy(veh[0].tailnum, "N1");
+    EXPECT_EQ(fault(), "You entered a Vne of zero!");
+}
+
+TEST_F(check_test, what_is_not_used_is_not_tested) {
+    sound();
+    veh[0].engn[1].engn_type = engn_electric;
+    veh[0].RSC_idlespeed_ENGN = 0.0f;
+    veh[0].MP_max = 0.0f;
+    EXPECT_EQ(fault(), "");
+
+    veh[0].num_engines = veh[0].num_thrustpoints = 0;
+    veh[0].throt_max_FWD = veh[0].power_max = veh[0].thrust_max = 0.0f;
+    veh[0].engn[0].max_pitch = 20.0f;
+    veh[0].m_fuel_tot = 0.0f;
+    veh[0].tank_rat[0] = 0.0f;
+    EXPECT_EQ(fault(), "");
+
+    veh[0].num_thrustpoints = 1;  // a driven disc without an engine of its own
+    EXPECT_EQ(fault().substr(0, 34), "This design has a fixed-pitch prop");
+}
