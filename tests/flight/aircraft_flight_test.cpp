@@ -1,0 +1,199 @@
+// Whole flights of the aircraft of the content, against first principles.
+#include <math.h>
+
+#include "aircraft/derive.h"
+#include "app/headless.h"
+#include "core/random.h"
+#include "flight/half_step.h"
+#include "flying.h"
+
+namespace {
+constexpr float altitude = 2000.0f;
+
+class every_aircraft : public ::testing::TestWithParam<std::string> {
+protected:
+    void SetUp() override { test::fly_aircraft(GetParam()); }
+    // In the trim of 1.4 times the stall speed.
+    lab_trim fly_trimmed() {
+        const lab_polar p = lab_performance(altitude);
+        const lab_trim t = lab_trim_glide(1.4f * p.stall_speed, altitude);
+        EXPECT_TRUE(t.found);
+        lab_fly_trim(t, altitude);
+        return t;
+    }
+};
+INSTANTIATE_TEST_SUITE_P(content, every_aircraft, ::testing::ValuesIn(test::aircraft_names()),
+                         [](const auto& info) { return info.param.substr(0, 4); });
+
+TEST_P(every_aircraft, stays_in_its_trim_with_the_stick_held) {
+    test::fp_traps traps;
+    const lab_trim t = fly_trimmed();
+    test::run_frames(30.0f);
+    EXPECT_NEAR(flt[0].AV_msc, t.speed, 0.03f * t.speed);
+    EXPECT_NEAR(flt[0].alpha, t.alpha, 0.3f);
+    EXPECT_NEAR(flt[0].phi, 0.0f, 1.0f);
+}
+
+TEST_P(every_aircraft, glides_as_far_as_its_lift_over_drag) {
+    const lab_trim t = fly_trimmed();
+    const double x0 = flt[0].dob_x, z0 = flt[0].dob_z, h0 = flt[0].dob_ele;
+    const float v0 = flt[0].AV_msc;
+    test::run_frames(60.0f);
+    const double distance = hypot(flt[0].dob_x - x0, flt[0].dob_z - z0);
+    // the speed's energy counts as height
+    const double lost = h0 - flt[0].dob_ele + (v0 * v0 - flt[0].AV_msc * flt[0].AV_msc) / (2.0 * con.g);
+    EXPECT_NEAR(distance / lost, t.CL / t.CD, 0.03 * t.CL / t.CD);
+}
+
+TEST_P(every_aircraft, never_gains_energy_in_still_air) {
+    fly_trimmed();
+    mnw.YK_roll = 0.2f;
+    double energy = test::specific_energy();
+    for (int i = 0; i < 64 * 60; ++i) {
+        mnw.YK_ptch = 0.3f * sinf(0.05f * i);
+        lab_frame(1.0f / 64.0f);
+        const double now = test::specific_energy();
+        // a float velocity of 50 m/s resolves the energy to about 2e-4 J/kg
+        ASSERT_LT(now, energy + 2e-3) << "frame " << i;
+        energy = now;
+    }
+}
+
+TEST_P(every_aircraft, is_the_same_seen_in_a_mirror) {
+    float phi[2], psi[2], the[2];
+    for (int side = 0; side < 2; ++side) {
+        test::fly_aircraft(GetParam());
+        fly_trimmed();
+        const float sign = side ? -1.0f : 1.0f;
+        mnw.YK_roll = 0.4f * sign;
+        mnw.YK_hdng = 0.1f * sign;
+        test::run_frames(6.0f);
+        phi[side] = flt[0].phi * sign;
+        psi[side] = fltwrap(flt[0].psi * sign, -180.0f, 180.0f);
+        the[side] = flt[0].the;
+    }
+    EXPECT_GT(fabsf(phi[0]), 5.0f);
+    EXPECT_NEAR(phi[0], phi[1], 0.02f);
+    EXPECT_NEAR(psi[0], psi[1], 0.02f);
+    EXPECT_NEAR(the[0], the[1], 0.02f);
+}
+
+TEST_P(every_aircraft, answers_its_controls_the_right_way) {
+    lab_trim t = fly_trimmed();
+    const float the0 = flt[0].the;
+    const float yoke = mnw.YK_ptch;
+    mnw.YK_ptch = yoke + 0.2f;
+    test::run_frames(1.0f);
+    EXPECT_GT(flt[0].the, the0 + 0.5f) << "pull";
+    lab_fly_trim(t, altitude);
+    mnw.YK_roll = 0.5f;
+    test::run_frames(1.0f);
+    EXPECT_GT(flt[0].phi, 3.0f) << "stick right";
+    lab_fly_trim(t, altitude);
+    mnw.YK_roll = 0.0f;
+    mnw.YK_hdng = 0.5f;
+    test::run_frames(1.0f);
+    EXPECT_LT(fabsf(flt[0].psi), 90.0f);
+    EXPECT_GT(flt[0].beta, 0.5f) << "right pedal: nose right of the path";
+    mnw.YK_hdng = 0.0f;
+}
+
+TEST_P(every_aircraft, stands_by_its_trim_when_the_step_is_a_fortieth_as_long) {
+    float height[2], speed[2];
+    const float steps[2] = {0.001f, 0.04f};
+    for (int i = 0; i < 2; ++i) {
+        test::fly_aircraft(GetParam());
+        fly_trimmed();
+        const double h0 = flt[0].dob_ele;
+        for (float t = 0.0f; t < 40.0f; t += steps[i]) lab_frame(steps[i]);
+        height[i] = static_cast<float>(h0 - flt[0].dob_ele);
+        speed[i] = flt[0].AV_msc;
+    }
+    EXPECT_NEAR(speed[0], speed[1], 0.02f * speed[0]);
+    EXPECT_NEAR(height[0], height[1], 0.02f * height[0]);
+}
+
+// The long-period motion: with the pitch damping Cm_q of the tail the restoring part of the textbook's
+// omega = sqrt(2) g / V is the static over the manoeuvre margin.
+TEST_P(every_aircraft, has_the_phugoid_of_the_textbook) {
+    const lab_trim t = fly_trimmed();
+    lab_flight at;
+    at.speed = t.speed;
+    at.altitude = altitude;
+    at.alpha = t.alpha;
+    at.gamma = t.gamma;
+    const lab_stability s = lab_slopes(at);
+    // pitch damping by holding the aircraft in a steady pitch rate
+    const float rate = 0.05f, c = aircraft_summary(0).mean_chord;
+    float Cm[2];
+    for (int i = 0; i < 2; ++i) {
+        lab_place(at);
+        flt[0].Qrad = i ? rate : -rate;
+        for (int k = 0; k < 4; ++k) tunnel_step();
+        Cm[i] = flt[0].M / (flt[0].Qstatic * aircraft_summary(0).S_ref * c);
+    }
+    const float Cm_q = (Cm[1] - Cm[0]) / (2.0f * rate);  // per rad/s
+    const float CL_alpha_rad = s.CL_alpha * con.radtodeg;
+    const float g_per_rate = t.speed / con.g;            // load per rad/s in a pull-up
+    const float manoeuvre = s.static_margin - Cm_q * con.g / t.speed / t.CL;
+    ASSERT_GT(manoeuvre, s.static_margin);
+    (void)CL_alpha_rad;
+    const float period = static_cast<float>(M_PI) * sqrtf(2.0f) * g_per_rate * sqrtf(manoeuvre / s.static_margin);
+
+    lab_fly_trim(t, altitude);
+    flt[0].vz *= 1.05f;  // five percent fast, heading north
+    test::run_frames(period);  // the short period dies out
+    // from one crossing of the mean path to the next of the same sense, twice
+    float first = -1.0f, last = -1.0f;
+    int crossings = 0;
+    float before = flt[0].v_path - t.gamma;
+    for (float time = 0.0f; time < 4.0f * period; time += 1.0f / 64.0f) {
+        lab_frame(1.0f / 64.0f);
+        const float now = flt[0].v_path - t.gamma;
+        if (before < 0.0f && now >= 0.0f) {
+            if (first < 0.0f) first = time;
+            last = time;
+            ++crossings;
+        }
+        before = now;
+    }
+    ASSERT_GE(crossings, 3);
+    const float measured = (last - first) / (crossings - 1);
+    EXPECT_NEAR(measured, period, 0.08f * period);
+}
+
+TEST_P(every_aircraft, survives_ten_minutes_of_random_controls) {
+    test::fp_traps traps;
+    fly_trimmed();
+    stg.reset_on_crash = 0;
+    rand_seed(7);
+    float stick[3] = {};
+    for (int i = 0; i < 64 * 600; ++i) {
+        for (float& s : stick) s = fltlim(s + flt_rand(-0.2f, 0.2f), -1.0f, 1.0f);
+        mnw.YK_ptch = stick[0];
+        mnw.YK_roll = stick[1];
+        mnw.YK_hdng = stick[2];
+        if (i % 640 == 0) {
+            flt[0].sbrk_rqst = flt_rand(0.0f, 1.0f);
+            flt[0].handle_rat_req = flt_rand(0.0f, 1.0f);
+        }
+        if (flt[0].dob_ele < 500.0) lab_fly_trim(lab_trim_glide(30.0f, altitude), altitude);
+        lab_frame(1.0f / 64.0f);
+        ASSERT_LT(fabsf(flt[0].g_total), 1000.0f);
+        ASSERT_LT(flt[0].AV_msc, 2000.0f);
+    }
+}
+
+TEST(headless, repeats_bit_for_bit) {
+    unsigned long long hash[2];
+    for (auto& h : hash) {
+        test::fly_aircraft("");
+        atm.set_turb_inc[0] = atm.set_turb_inc[1] = atm.set_turb_inc[2] = 3.0f;
+        for (int i = 0; i < 1000; ++i) headless_frame();
+        h = flight_state_hash();
+    }
+    EXPECT_EQ(hash[0], hash[1]);
+    headless_frame();
+    EXPECT_NE(flight_state_hash(), hash[0]);
+}
+}  // namespace

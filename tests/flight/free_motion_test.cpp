@@ -1,0 +1,131 @@
+// Motion without air: closed forms of mechanics.
+#include <math.h>
+
+#include "core/axes.h"
+#include "core/globe.h"
+#include "flying.h"
+
+namespace {
+class free_motion : public ::testing::Test {
+protected:
+    void SetUp() override { test::fly_bare_mass(); }
+};
+
+TEST_F(free_motion, falls_by_the_inverse_square_law) {
+    test::fp_traps traps;
+    const double r0 = con.planet_rad + flt[0].dob_y;
+    const double g = con.planet_mu / (r0 * r0);
+    const double y0 = flt[0].dob_y;
+    const float seconds = 20.0f;
+    test::run_frames(seconds);
+    EXPECT_NEAR(flt[0].vy, -g * seconds, 0.02);
+    // half the square of the time; semi-implicit steps of 1/128 s fall ahead by g t dt / 2
+    const double lead = 0.5 * g * seconds / 128.0;
+    EXPECT_NEAR(y0 - flt[0].dob_y, 0.5 * g * seconds * seconds + lead, 0.5);
+    EXPECT_NEAR(flt[0].g_total, 0.0f, 1e-3f);
+    EXPECT_NEAR(flt[0].dob_ele, flt[0].dob_y, 1e-3);
+}
+
+TEST_F(free_motion, keeps_a_circular_orbit_through_frame_shifts) {
+    const double r0 = con.planet_rad + flt[0].dob_y;
+    const double v = sqrt(con.planet_mu / r0);
+    flt[0].vx = static_cast<float>(v);  // due east
+    const double energy0 = test::specific_energy();
+    const float dt = 1.0f / 16.0f;
+    const double seconds = 1200.0;
+    int shifts = 0;
+    for (double t = 0.0; t < seconds; t += dt) {
+        lab_frame(dt);
+        const double east = dobwrap(flt[0].dob_lon - ref_lon(), -180.0, 180.0);
+        const double north = flt[0].dob_lat - ref_lat();
+        if (fabs(east) < 2.0 && fabs(north) < 2.0) continue;
+        // the region moves by whole degrees; place, velocity and attitude turn with it
+        const double dlat = round(north), dlon = round(east);
+        const double lat = flt[0].dob_lat, lon = flt[0].dob_lon, ele = flt[0].dob_ele;
+        env.lat_sou += static_cast<float>(dlat);
+        env.lon_wes = static_cast<float>(dobwrap(env.lon_wes + dlon, -180.0, 180.0));
+        double q[4];
+        axis_shift_to_quat(dlat, dlon, q);
+        shift_xyz_quat(q, &flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, 0);
+        double vx = flt[0].vx, vy = flt[0].vy, vz = flt[0].vz;
+        shift_xyz_quat(q, &vx, &vy, &vz, 1);
+        flt[0].vx = static_cast<float>(vx);
+        flt[0].vy = static_cast<float>(vy);
+        flt[0].vz = static_cast<float>(vz);
+        double lat2, lon2, ele2;
+        xdob_latlonel_with_xyz(&lat2, &lon2, &ele2, flt[0].dob_x, flt[0].dob_y, flt[0].dob_z);
+        ASSERT_NEAR(lat2, lat, 1e-9);
+        ASSERT_NEAR(lon2, lon, 1e-9);
+        ASSERT_NEAR(ele2, ele, 1e-3);
+        ++shifts;
+    }
+    EXPECT_GT(shifts, 20);
+    // a circle: the height stays, and the angle covered is that of Kepler's third law
+    EXPECT_NEAR(flt[0].dob_ele, 200000.0, 200.0);
+    EXPECT_NEAR(test::specific_energy(), energy0, 2e-5 * fabs(energy0));
+    const double lat0 = 34.0 * dob_degtorad, lon0 = -117.5 * dob_degtorad;
+    const double lat1 = flt[0].dob_lat * dob_degtorad, lon1 = flt[0].dob_lon * dob_degtorad;
+    const double arc = acos(sin(lat0) * sin(lat1) + cos(lat0) * cos(lat1) * cos(lon1 - lon0));
+    EXPECT_NEAR(arc, v / r0 * seconds, 2e-3);
+}
+
+TEST_F(free_motion, rolls_under_a_constant_moment) {
+    // 900 N m about the roll axis of 9000 kg m2: 0.1 rad/s2
+    veh[0].puff_LMN[0] = 900.0f;
+    stg.puffers_on = 1;
+    mnw.YK_roll = 1.0f;
+    const float seconds = 4.0f, dt = 1.0f / 64.0f;
+    test::run_frames(seconds, dt);
+    const float rad = 180.0f / static_cast<float>(M_PI);
+    EXPECT_NEAR(flt[0].P, 0.1f * seconds * rad, 0.02f);
+    // semi-implicit steps of dt / 2 lead by half a step's rate
+    const float lead = 0.1f * seconds * 0.25f * dt;
+    EXPECT_NEAR(flt[0].phi, (0.05f * seconds * seconds + lead) * rad, 0.1f);
+    EXPECT_NEAR(flt[0].the, 0.0f, 1e-3f);
+}
+
+TEST_F(free_motion, turns_about_one_axis_by_the_rate_times_the_time) {
+    flt[0].R = 10.0f;  // degrees per second, nose right
+    flt[0].Rrad = flt[0].R * con.degtorad;
+    test::run_frames(9.0f);
+    EXPECT_NEAR(flt[0].psi, 90.0f, 0.05f);
+    flt[0].R = flt[0].Rrad = 0.0f;
+    flt[0].Q = 10.0f;
+    flt[0].Qrad = flt[0].Q * con.degtorad;
+    test::run_frames(3.0f);
+    EXPECT_NEAR(flt[0].the, 30.0f, 0.05f);
+    const float norm = flt[0].q[0] * flt[0].q[0] + flt[0].q[1] * flt[0].q[1] + flt[0].q[2] * flt[0].q[2] +
+                       flt[0].q[3] * flt[0].q[3];
+    EXPECT_NEAR(norm, 1.0f, 1e-5f);
+}
+
+TEST_F(free_motion, fuel_off_the_centre_tips_the_aircraft) {
+    // 100 kg two metres to the right, lifted at 1 g by a buoyant hull: the right wing drops
+    veh[0].tank_xyz[0][0] = 2.0f;
+    flt[0].m_fuel[0] = 100.0f;
+    flt[0].g_nrml = 1.0f;
+    lab_frame(1.0f / 64.0f);
+    EXPECT_GT(flt[0].P, 0.0f);
+    EXPECT_NEAR(flt[0].m_total, 1100.0f, 0.01f);
+    EXPECT_NEAR(flt[0].Jzz_total, 9000.0f + 400.0f, 0.1f);
+}
+
+TEST_F(free_motion, climb_in_the_true_vertical_at_the_regions_rim) {
+    // level flight on the sphere 100 km east of the centre: the frame's y falls, the climb is none
+    const double east = 100000.0;
+    double lat, lon, ele;
+    flt[0].dob_x = east;
+    flt[0].dob_y = sqrt((con.planet_rad + 200000.0) * (con.planet_rad + 200000.0) - east * east) - con.planet_rad;
+    flt[0].dob_z = 0.0;
+    xdob_latlonel_with_xyz(&lat, &lon, &ele, flt[0].dob_x, flt[0].dob_y, flt[0].dob_z);
+    flt[0].dob_lat = lat;
+    flt[0].dob_lon = lon;
+    const double lean = asin(east / (con.planet_rad + 200000.0));
+    flt[0].vx = static_cast<float>(100.0 * cos(lean));
+    flt[0].vy = static_cast<float>(-100.0 * sin(lean));
+    const float dt = 0.001f;
+    lab_frame(dt);
+    EXPECT_NEAR(flt[0].Vh_fpm * con.fpmtomsc, -9.2f * dt, 0.02f);  // only gravity of one frame
+    EXPECT_LT(flt[0].vy, -1.0f);
+}
+}  // namespace
