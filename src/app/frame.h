@@ -23,6 +23,7 @@ void PLANE_math_in_flight(int p);
 void crash_test();
 // Warnings of slot 0.
 void warn_the_pilot();
+void reset_warnings();  // forgets what was heard
 // Smoke, spray and JATO of slot p.
 void emit_puffs(int p);
 // One step of the network heartbeat.

@@ -12,12 +12,15 @@
 #include "core/upward.h"
 #include "flight/half_step.h"
 #include "platform/window.h"
+#include "weather/wind.h"
 
 void headless_start(const std::string& install_folder, const std::string& acf_file) {
     seams_headless();
     rand_seed(1);
     reset_frame_statics();
     reset_motion_statics();
+    reset_warnings();
+    wind_reset();
     init_records(install_folder);
     init_gen();
     have_done_first_update = 1;

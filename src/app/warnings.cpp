@@ -15,11 +15,21 @@ enum warn_sound : int {
     sound_chatter_first = 71, sound_chatter_last = 120,
 };
 
+// What was heard and seen last; outlives a flight.
+struct warning_state {
+    float next_chatter = -1.0f;   // real_time; below 0 before the first
+    bool was_below[11] = {};      // heights of the calls
+    int old_OM_lit = 0, old_MM_lit = 0, old_MM_dash = 0, old_IM_lit = 0;
+    int prev_otto_running = 0;
+    bool o_stal_warn = false, o_gear_warn = false;
+};
+warning_state state;
+
 void play(int slot) { soun.SOUND_set(slot, 1.0f, 1.0f); }
 
 // Every minute or so when the radio is quiet, every two seconds when it is busy.
 void radio_chatter() {
-    static float next_time = -1.0f;
+    float& next_time = state.next_chatter;
     const bool selects_com = nav.audio_sel == 10 || nav.audio_sel == 11;
     if (!mnw.radio_chatter_on || !selects_com || env.planet || !stl.verbal_string.empty() || atc_is_talking()) return;
     if (next_time < 0.0f) next_time = mnw.real_time + flt_rand(5.0f, 30.0f);
@@ -31,7 +41,7 @@ void radio_chatter() {
 // Each height is called once on the way down.
 void height_calls() {
     static const float heights_ft[11] = {1000, 500, 400, 300, 200, 100, 50, 40, 30, 20, 10};
-    static bool was_below[11];
+    bool(&was_below)[11] = state.was_below;
     const float h = (flt[0].y_agl_mtr - veh[0].h_eqlbm) * con.mtrstoft;
     for (int i = 0; i < 11; ++i) {
         const bool below = h < heights_ft[i];
@@ -59,21 +69,20 @@ void marker(int over, bool lit_now, int* lit, int* old_lit, int sound) {
 }
 
 void marker_lamps() {
-    static int old_OM_lit, old_MM_lit, old_MM_dash, old_IM_lit;
     const int cntr9ps = intround(10.0f * mnw.totl_time) % 9;
     if (!nav.ovr_OM && !nav.ovr_MM && !nav.ovr_IM) nav.marker_audio_working = 1;
     const bool dot = cntr9ps <= 1, dash = intrange(cntr9ps, 3, 7);
     const bool inner = cntr9ps <= 1 || intrange(cntr9ps, 3, 4) || intrange(cntr9ps, 6, 7);
     int dash_lit = 0;
-    marker(nav.ovr_OM, cntr9ps <= 4, &nav.OM_lit, &old_OM_lit, sound_outer);
-    marker(nav.ovr_MM, dot, &nav.MM_lit, &old_MM_lit, sound_middle_dot);
-    marker(nav.ovr_MM, dash, &dash_lit, &old_MM_dash, sound_middle_dash);
+    marker(nav.ovr_OM, cntr9ps <= 4, &nav.OM_lit, &state.old_OM_lit, sound_outer);
+    marker(nav.ovr_MM, dot, &nav.MM_lit, &state.old_MM_lit, sound_middle_dot);
+    marker(nav.ovr_MM, dash, &dash_lit, &state.old_MM_dash, sound_middle_dash);
     nav.MM_lit = nav.MM_lit || dash_lit;
-    marker(nav.ovr_IM, inner, &nav.IM_lit, &old_IM_lit, sound_inner);
+    marker(nav.ovr_IM, inner, &nav.IM_lit, &state.old_IM_lit, sound_inner);
 }
 
 void autopilot_disconnect() {
-    static int prev_otto_running;
+    int& prev_otto_running = state.prev_otto_running;
     const int running = otto_running();
     if (prev_otto_running && !running) {
         nav.auto_disc_timeout = mnw.totl_time;
@@ -97,9 +106,8 @@ bool gear_horn_on() {
 }
 
 void horns() {
-    static bool o_stal_warn, o_gear_warn;
-    horn(veh[0].has_stallwarn && flt[0].stall_warning, &o_stal_warn, sound_stall);
-    horn(gear_horn_on(), &o_gear_warn, sound_gear);
+    horn(veh[0].has_stallwarn && flt[0].stall_warning, &state.o_stal_warn, sound_stall);
+    horn(gear_horn_on(), &state.o_gear_warn, sound_gear);
 }
 
 void low_rotor() {
@@ -108,6 +116,8 @@ void low_rotor() {
     if (flt[0].lo_rotor_warning) play(sound_caution);
 }
 }  // namespace
+
+void reset_warnings() { state = warning_state{}; }
 
 void warn_the_pilot() {
     mors.manage();
