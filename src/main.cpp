@@ -7,7 +7,6 @@
 #include "core/paths.h"
 #include "core/records.h"
 #include "core/seams.h"
-#include "platform/window.h"
 #include "ui/windows.h"
 
 int main() {
@@ -15,7 +14,8 @@ int main() {
         const std::string folder = executable_folder();
         if (chdir(folder.c_str()) != 0) return 1;  // logs and data stand beside the executable
         seams_headless();
-        platform_install_seams();
+        seams_real_clock();
+        seam.has_display = seam.has_user = 1;
         init_sim(folder);
         ren.view_type_act = view_fwd_panel;
         MACIBM_update_back_texes();

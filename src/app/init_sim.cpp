@@ -1,5 +1,6 @@
 // Start-up in its fixed order, and shutdown.
 #include "app/frame.h"
+#include "app/alert_show.h"
 #include "app/load_plane.h"
 #include "atc/controllers.h"
 #include "cockpit/panel.h"
@@ -17,6 +18,7 @@
 #include "plugins/host.h"
 #include "scenery/nav_data.h"
 #include "scenery/region.h"
+#include "scene/plain_view.h"
 #include "scene/world.h"
 #include "sound/chatter.h"
 #include "sound/sound.h"
@@ -150,12 +152,25 @@ void graphics_are_missing() {
                  alert_fatal);
 }
 
+// What is drawn, and where alerts go, once there is a window.
+void draw_in_window() {
+    platform_install_seams();
+    seam.draw_world = seam.draw_background = plain_view_draw;
+    seam.draw_overlay = draw_alert;
+    if (seam.has_user) alerts_in_window();
+}
+
 // The window, unless nobody would see it.
 void open_window() {
     handle_prefs(0, 6, res_path);
     limit_periods_from_file();
+    mnw.x_res_now = mnw.x_res_req;
+    mnw.y_res_now = mnw.y_res_req;
     compute_screen_scale();
-    if (seam.has_display && !(MACIBM_setres(1) && MACIBM_getcontext())) graphics_are_missing();
+    if (seam.has_display) {
+        if (!MACIBM_setres(1) || !MACIBM_getcontext()) graphics_are_missing();
+        draw_in_window();
+    }
     load_interface_images();
     MACIBM_startwind(-1, "initial init");
     g_done = 0;

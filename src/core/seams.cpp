@@ -22,13 +22,29 @@ static void system_wait(float seconds) { std::this_thread::sleep_for(std::chrono
 
 void seams_headless() {
     virtual_seconds = 0.0;
-    seam = {virtual_millisec, virtual_wait, nothing, nothing, 0,       nothing,    nothing,
-            nothing,          no_sound,     nothing, nothing, no_datagram};
+    seam = {.epoch_millisec = virtual_millisec,
+            .wait = virtual_wait,
+            .drain_events = nothing,
+            .swap_buffers = nothing,
+            .has_display = 0,
+            .has_user = 0,
+            .draw_world = nothing,
+            .draw_background = nothing,
+            .draw_overlay = nothing,
+            .play_sound = no_sound,
+            .stop_sounds = nothing,
+            .poll_joystick = nothing,
+            .send_datagram = no_datagram};
 }
 
 void seams_real_clock() {
     seam.epoch_millisec = system_millisec;
     seam.wait = system_wait;
+}
+
+void seams_virtual_clock() {
+    seam.epoch_millisec = virtual_millisec;
+    seam.wait = virtual_wait;
 }
 
 void step_virtual_clock(double seconds) { virtual_seconds += seconds; }

@@ -10,7 +10,8 @@ struct seam_struct {
     // window system
     void (*drain_events)();               // all pending events into mnw
     void (*swap_buffers)();
-    int has_display;                      // 0: nothing is drawn and nobody can answer
+    int has_display;                      // a window is wanted
+    int has_user;                         // somebody can answer an alert
     // drawing
     void (*draw_world)();                 // the flying view
     void (*draw_background)();            // behind a settings window
@@ -28,6 +29,9 @@ extern seam_struct seam;
 void seams_headless();
 // Puts the system's clock in place; the other seams stay.
 void seams_real_clock();
+
+// Puts the virtual clock in place, the other seams stay.
+void seams_virtual_clock();
 
 // Advances the virtual clock.
 void step_virtual_clock(double seconds);
