@@ -10,6 +10,7 @@
 
 #include "app/frame.h"
 #include "app/headless.h"
+#include "core/alert.h"
 #include "core/input_gate.h"
 #include "core/num.h"
 #include "core/paths.h"
@@ -19,32 +20,34 @@
 #include "platform/window.h"
 
 namespace {
-// Where the mouse stands from a time on, as shares of its travel: roll right, pitch down the screen.
-struct stick_line {
+// What the script wants of the aircraft from a time on: bank right and nose up, degrees.
+struct attitude_line {
     float time;  // s
-    float roll, pull;
+    float bank, pitch;
 };
-const stick_line script[] = {
-    {0.0f, 0.0f, 0.0f},   {14.0f, 0.0f, 0.0f},  {15.0f, 0.35f, 0.05f}, {18.0f, 0.0f, 0.1f},
-    {30.0f, 0.0f, 0.1f},  {31.0f, -0.4f, 0.05f}, {35.5f, 0.0f, 0.0f},  {60.0f, 0.0f, 0.0f},
+const attitude_line script[] = {
+    {0.0f, 0.0f, 0.0f},  {12.0f, 0.0f, 0.0f},   {14.0f, 30.0f, -1.0f}, {24.0f, 30.0f, -1.0f},
+    {26.0f, 0.0f, 0.0f}, {30.0f, -20.0f, 0.0f}, {34.0f, -20.0f, 0.0f}, {36.0f, 0.0f, 0.0f},
+    {52.0f, 0.0f, -1.0f}, {54.0f, 0.0f, -6.0f}, {90.0f, 0.0f, -6.0f},
 };
 constexpr float flight_seconds = 75.0f;
-constexpr float picture_times[3] = {8.0f, 22.0f, 70.0f};
-constexpr float brakes_out = 52.0f, brakes_in = 60.0f;
+constexpr float picture_times[3] = {8.0f, 20.0f, 66.0f};
+constexpr float level_again = 38.0f, brakes_out = 52.0f, brakes_in = 70.0f;
 
-float between(const stick_line& a, const stick_line& b, float from, float to, float time) {
-    return interp(a.time, from, b.time, to, time);
-}
-
+// A hand on the stick that watches the horizon: it moves the mouse towards the attitude wanted.
 void feed_stick(float time) {
-    constexpr float travel = 0.4f;
-    float roll = 0.0f, pull = 0.0f;
+    constexpr float travel = 0.4f;  // share of the screen from neutral to full
+    float bank = 0.0f, pitch = 0.0f;
     const int lines = static_cast<int>(sizeof script / sizeof script[0]);
     for (int i = 0; i + 1 < lines; ++i) {
-        if (time < script[i].time || time >= script[i + 1].time) continue;
-        roll = between(script[i], script[i + 1], script[i].roll, script[i + 1].roll, time);
-        pull = between(script[i], script[i + 1], script[i].pull, script[i + 1].pull, time);
+        const attitude_line &a = script[i], &b = script[i + 1];
+        if (time < a.time || time >= b.time) continue;
+        bank = interp(a.time, a.bank, b.time, b.bank, time);
+        pitch = interp(a.time, a.pitch, b.time, b.pitch, time);
     }
+    const flt_struct& f = flt[0];
+    const float roll = fltlim(0.03f * (bank - f.phi) - 0.02f * f.P, -1.0f, 1.0f);
+    const float pull = fltlim(0.06f * (pitch - f.the) - 0.03f * f.Q, -1.0f, 1.0f);
     input_gate_mouse(XRES * (0.5f + travel * roll), YRES * (0.5f - travel * pull), 0, 0);
 }
 
@@ -140,7 +143,7 @@ int main(int argc, char** argv) {
         }
         if (frame % 8 == 0) write_row(log);
         const double now = energy_height();
-        if (time > 36.0f && time < brakes_out) {  // wings level again, brakes in
+        if (time > level_again && time < brakes_out) {
             straight.path += flt[0].AV_msc * headless_pass;
             straight.energy_height += before - now;
         }

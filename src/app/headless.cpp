@@ -24,7 +24,6 @@ void headless_start(const std::string& install_folder, const std::string& acf_fi
     init_records(install_folder);
     init_gen();
     have_done_first_update = 1;
-    mnw.mouse_is_joy = 0;
     const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;
     snprintf(veh[0].path, sizeof veh[0].path, "%s", path.c_str());
     load_plane(0);

@@ -65,7 +65,6 @@ void default_joystick() {
     mnw.joy_AXIS_use[1] = axis_ptch;
     mnw.joy_AXIS_use[3] = axis_thro;
     mnw.joy_rev_axis[3] = 1;
-    mnw.mouse_is_joy = 1;
     for (float& v : mnw.PFC_thro_min) v = 9999.9f;
     for (float& v : mnw.PFC_thro_max) v = -9999.9f;
 }

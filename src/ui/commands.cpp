@@ -6,6 +6,7 @@
 #include "core/input_gate.h"
 #include "core/num.h"
 #include "core/records.h"
+#include "core/seams.h"
 #include "core/upward.h"
 #include "ui/logbook.h"
 
@@ -31,6 +32,9 @@ void trim_key(int key) {
     if (key == special_down) step(flt[0].elev_trim, trim_step, -1.0f, 1.0f);
 }
 
+// The mouse is the stick unless it was parked.
+int mouse_parked;
+
 // Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2.
 void flight_key(int key) {
     constexpr float rudder_step = 0.1f, brake_step = 0.25f;
@@ -44,7 +48,7 @@ void flight_key(int key) {
         case '3': return step(f.sbrk_rqst, -brake_step, 0.0f, 1.0f);
         case '4': return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
         case 'g': return toggle(f.gear_handle);
-        case 'm': return toggle(mnw.mouse_is_joy);
+        case 'm': return toggle(mouse_parked);
         case 't': return APP_handlemenu(cmd_trace);
         case 'r': return init_flt_0(start_airport, place_runway);
         default: return;
@@ -65,7 +69,7 @@ void APP_handlekey(int use_code, int key) {
 }
 
 void mouse_flies() {
-    if (!mnw.mouse_is_joy || mnw.has_joy || mnw.top_win != win_fly) return;
+    if (!seam.has_display || mouse_parked || mnw.has_joy || mnw.top_win != win_fly) return;
     constexpr float travel = 0.4f;  // share of the screen from neutral to full
     mnw.YK_roll = fltlim((mnw.mx - 0.5f * XRES) / (travel * XRES), -1.0f, 1.0f);
     mnw.YK_ptch = fltlim((0.5f * YRES - mnw.my) / (travel * YRES), -1.0f, 1.0f);
