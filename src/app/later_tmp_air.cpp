@@ -1,4 +1,5 @@
 // Routines that do not exist yet: neutral bodies.
+#include "core/upward.h"
 #include "weather/clouds.h"
 #include "weather/real_weather.h"
 
@@ -11,3 +12,7 @@ float clou_class::ret_wxr_local(float, float, float) { return 0.0f; }
 float clou_class::ret_wxr_above(float, float, float) { return 0.0f; }
 
 void real_weather_step() {}
+
+void APP_handlekey(int, int) {}
+void stop_fire() {}
+void stop_starter() {}

@@ -9,6 +9,10 @@ void TVPEventHook(int event, float time, float data, long long_1, long long_2);
 void APP_handlemenu(int item);
 void APP_handlekey(int use_code, int key);
 
+// A key or button was let go: what fires or turns a starter only while held.
+void stop_fire();
+void stop_starter();
+
 // Starts the user's flight anew.
 void init_flt_0(int type_start1, int type_start2);
 
