@@ -1,0 +1,114 @@
+// The strip of flight data.
+#include "scene/flight_strip.h"
+
+#include <GL/gl.h>
+#include <stdio.h>
+
+#include <string>
+
+#include "core/atm.h"
+#include "core/con.h"
+#include "core/env.h"
+#include "core/flt.h"
+#include "core/mnw.h"
+#include "core/num.h"
+#include "draw/ogl.h"
+#include "draw/text.h"
+
+static constexpr text_colour label_colour{0.55f, 0.68f, 0.78f}, value_colour{0.94f, 0.97f, 1.0f},
+    warn_colour{1.0f, 0.72f, 0.25f};
+static constexpr float strip_height = 62.0f;  // virtual units, as all below
+
+static void box(float x1, float y1, float x2, float y2, float r, float g, float b, float a) {
+    OGL_setstate(fog_off, 0, lit_off, al_blend, depth_no_read, depth_no_write);
+    glColor4f(r, g, b, a);
+    glBegin(GL_QUADS);  // clockwise: the front side
+    glVertex2f(x1, y1);
+    glVertex2f(x1, y2);
+    glVertex2f(x2, y2);
+    glVertex2f(x2, y1);
+    glEnd();
+}
+
+// A number in its form; what is not finite shows as dashes.
+static std::string form(const char* format, float value) {
+    if (!(value - value == 0.0f)) return "---";
+    char text[32];
+    snprintf(text, sizeof text, format, static_cast<double>(value));
+    return text;
+}
+
+// Pictures a second, counted over half a second of wall clock.
+static float frame_rate() {
+    constexpr float span = 0.5f;
+    static float since = 0.0f, rate = 0.0f;
+    static int frames = 0;
+    ++frames;
+    const float passed = mnw.real_time - since;
+    if (passed >= span || passed < 0.0f) {
+        rate = passed > 0.0f ? static_cast<float>(frames) / passed : 0.0f;
+        since = mnw.real_time;
+        frames = 0;
+    }
+    return rate;
+}
+
+static float total_power_kW() {
+    float sum = 0.0f;
+    for (const flt_engn_struct& engine : flt[0].engn) sum += engine.power;
+    return sum * 0.001f;
+}
+
+struct column_struct {
+    const char* label;
+    std::string upper, lower;
+};
+
+static void draw_column(int place, int columns, const column_struct& column) {
+    const float width = (mnw.x2_pix - mnw.x1_pix - 16.0f) / static_cast<float>(columns);
+    const float x = mnw.x1_pix + 12.0f + width * static_cast<float>(place);
+    text_draw(x, 44.0f, column.label, label_colour);
+    text_draw(x, 25.0f, column.upper, value_colour);
+    text_draw(x, 8.0f, column.lower, value_colour);
+}
+
+static void draw_columns() {
+    const flt_struct& f = flt[0];
+    const float msc_to_kmh = 3.6f;
+    const float eas = f.AV_sig_kts * con.ktstomsc;
+    const column_struct columns[] = {
+        {"SPEED", form("%3.0f kt", f.AV_sig_kts), form("%3.0f km/h", eas * msc_to_kmh)},
+        {"HEIGHT", form("%5.0f ft", static_cast<float>(f.dob_ele) * con.mtrstoft),
+         form("%5.0f m gnd", f.y_agl_mtr)},
+        {"HEADING", form("%03.0f mag", fltwrap(f.psi + env.mag_var, 0.0f, 360.0f)),
+         form("%03.0f true", f.psi)},
+        {"CLIMB", form("%+5.0f ft/min", f.Vh_fpm), form("%+5.1f m/s", f.Vh_fpm * con.fpmtomsc)},
+        {"PITCH, ROLL", form("%+5.1f deg", f.the), form("%+5.1f deg", f.phi)},
+        {"LOAD", form("%+4.2f g", f.g_nrml), form("%+4.1f alpha", f.alpha)},
+        {"POWER", form("%4.0f kW", total_power_kW()), form("%3.0f %% lever", f.engn[0].thro_use * 100.0f)},
+        {"FLAP, BRAKE", form("%3.0f %%", f.handle_rat_act * 100.0f),
+         form("%3.0f %%", fltmax2(f.sbrk_rat, 0.0f) * 100.0f)},
+        {"STEP, RATE", form("%4.1f ms", mnw.prd_FM * 1000.0f), form("%3.0f /s", frame_rate())},
+    };
+    int place = 0;
+    for (const column_struct& column : columns) draw_column(place++, std::size(columns), column);
+}
+
+static void draw_note(const std::string& text) {
+    const float width = text_width(text) + 48.0f, middle = 0.5f * (mnw.x1_pix + mnw.x2_pix);
+    const float low = mnw.y2_pix - 96.0f;
+    box(middle - 0.5f * width, low, middle + 0.5f * width, low + 34.0f, 0.05f, 0.08f, 0.12f, 0.75f);
+    box(middle - 0.5f * width, low, middle + 0.5f * width, low + 2.0f, 1.0f, 0.72f, 0.25f, 0.9f);
+    text_draw(middle - 0.5f * text_width(text), low + 12.0f, text, warn_colour);
+}
+
+void flight_strip_draw() {
+    OGL_view_2d();
+    box(mnw.x1_pix, 0.0f, mnw.x2_pix, strip_height, 0.04f, 0.07f, 0.11f, 0.78f);
+    box(mnw.x1_pix, strip_height, mnw.x2_pix, strip_height + 1.5f, 0.55f, 0.68f, 0.78f, 0.6f);
+    draw_columns();
+    if (mnw.paused)
+        draw_note("PAUSED");
+    else if (mnw.replay_mode)
+        draw_note("REPLAY");
+}

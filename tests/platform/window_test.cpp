@@ -1,0 +1,293 @@
+// The real window on a screen of its own: what it shows for a known state, and what it takes from a
+// keyboard and a mouse that a second program moves.
+#include "platform/window.h"
+
+#include <GL/gl.h>
+#include <png.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <vector>
+
+#include "core/globe.h"
+#include "core/input_gate.h"
+#include "core/seams.h"
+#include "draw/ogl.h"
+#include "draw/text.h"
+#include "scene/plain_view.h"
+#include "support.h"
+#include "weather/atmosphere.h"
+#include "xvfb.h"
+
+struct pixel {
+    unsigned char r, g, b;
+    bool operator==(const pixel&) const = default;
+};
+
+struct picture {
+    int width, height;
+    std::vector<pixel> pixels;
+    const pixel& at(int x, int y) const { return pixels[static_cast<size_t>(y) * width + x]; }  // from below
+};
+
+static picture read_picture() {
+    picture p{mnw.x_res_now, mnw.y_res_now, {}};
+    p.pixels.resize(static_cast<size_t>(p.width) * p.height);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadBuffer(GL_BACK);
+    glReadPixels(0, 0, p.width, p.height, GL_RGB, GL_UNSIGNED_BYTE, p.pixels.data());
+    return p;
+}
+
+class window_test : public test::system_test {
+protected:
+    void SetUp() override {
+        system_test::SetUp();
+        set_planet_specs(0);
+        init_weather_defaults();
+        open(1024, 768);
+        place(33.4, -117.5, 1000.0);
+    }
+    void TearDown() override {
+        window_close();
+        seams_headless();
+    }
+    static void open(int x_res, int y_res) {
+        mnw.x_res_now = x_res, mnw.y_res_now = y_res;
+        compute_screen_scale();
+        ASSERT_EQ(MACIBM_getcontext(), 1);
+        window_fixed_gl_state();
+        platform_install_seams();
+        MACIBM_startwind(0, "");
+    }
+    static void place(double lat, double lon, double ele) {
+        flt_struct& f = flt[0];
+        xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, lat, lon, ele);
+        f.dob_lat = lat, f.dob_lon = lon, f.dob_ele = ele, f.y_agl_mtr = static_cast<float>(ele);
+    }
+    static picture look(float psi, float the, float phi) {
+        flt[0].psi = psi, flt[0].the = the, flt[0].phi = phi;
+        plain_view_draw();
+        return read_picture();
+    }
+    // Drains events until something holds, for as long as a slow machine may need.
+    template <class condition>
+    static bool comes(condition holds) {
+        for (int i = 0; i < 500; ++i) {
+            seam.drain_events();
+            if (holds()) return true;
+            usleep(10000);
+        }
+        return false;
+    }
+    static int xdotool(const std::string& words) { return test::run("xdotool " + words); }
+
+    test::xvfb screen_;
+};
+
+static bool is_sky(const pixel& p) { return p.b > p.r + 55 && p.b > 180; }
+
+// Lowest row of sky in a column: from above, the first edge that is no gradient.
+static int horizon_row(const picture& p, int x) {
+    constexpr int edge = 25;
+    int y = p.height - 1;
+    while (y > 0 && p.at(x, y).r - p.at(x, y - 1).r < edge) --y;
+    return y;
+}
+
+// The pixels that a tangent of 1 covers from the middle of the picture, at 45 degrees across.
+static double pixels_per_tangent(const picture& p) { return 0.5 * p.width / std::tan(22.5 * dob_degtorad); }
+
+TEST_F(window_test, horizon_stands_where_pitch_and_height_put_it) {
+    for (const double ele : {100.0, 1000.0, 10000.0}) {
+        place(ref_lat(), ref_lon(), ele);  // where the world's y is the local vertical
+        const double dip = std::acos(con.planet_rad / (con.planet_rad + ele)) * dob_radtodeg;
+        for (const float the : {-5.0f, 0.0f, 8.0f}) {
+            const picture p = look(30.0f, the, 0.0f);
+            const double below = std::tan((the + dip) * dob_degtorad) * pixels_per_tangent(p);
+            EXPECT_NEAR(horizon_row(p, 460), 384.0 - below, 1.6) << ele << ' ' << the;
+            EXPECT_TRUE(is_sky(p.at(100, 767)));
+            EXPECT_FALSE(is_sky(p.at(100, 100)));
+        }
+    }
+}
+
+TEST_F(window_test, horizon_tilts_with_roll) {
+    for (const float phi : {-20.0f, 0.0f, 20.0f, 45.0f}) {
+        const picture p = look(0.0f, 0.0f, phi);
+        const double slope = (horizon_row(p, 700) - horizon_row(p, 324)) / 376.0;
+        EXPECT_NEAR(slope, std::tan(phi * dob_degtorad), 0.02)
+            << phi;  // right wing down: the right side of the horizon rises
+    }
+    const picture inverted = look(0.0f, 0.0f, 180.0f);
+    EXPECT_TRUE(is_sky(inverted.at(100, 100)));
+    EXPECT_FALSE(is_sky(inverted.at(100, 760)));
+}
+
+// At the region's edge the local vertical leans against world y; a level attitude must still look level.
+TEST_F(window_test, horizon_is_level_at_the_regions_edge) {
+    place(34.0, -119.0, 100.0);
+    float psi, the, phi;
+    const float level[4] = {1.0f, 0.0f, 0.0f, 0.0f};  // level in the world frame, seen from here
+    quat_to_local_euler(level, 34.0, -119.0, &psi, &the, &phi);
+    ASSERT_GT(std::fabs(phi), 0.5f);
+    const picture p = look(0.0f, 0.0f, 0.0f);
+    EXPECT_NEAR((horizon_row(p, 1000) - horizon_row(p, 24)) / 976.0, std::tan(phi * dob_degtorad), 0.004);
+}
+
+// Shift in pixels to the left that best carries one row of the first picture to the second.
+static int best_shift(const picture& a, const picture& b, int y, int reach) {
+    int best = 0;
+    long least = -1;
+    for (int shift = -reach; shift <= reach; ++shift) {
+        long sum = 0;
+        for (int x = 300; x < 700; ++x) {
+            const pixel &p = a.at(x, y), &q = b.at(x - shift, y);
+            sum += std::abs(p.r - q.r) + std::abs(p.g - q.g) + std::abs(p.b - q.b);
+        }
+        if (least < 0 || sum < least) least = sum, best = shift;
+    }
+    return best;
+}
+
+TEST_F(window_test, ground_is_fixed_to_the_world) {
+    const picture before = look(0.0f, 0.0f, 0.0f);
+    // a turn to the right carries the ground to the left
+    const picture turned = look(5.0f, 0.0f, 0.0f);
+    EXPECT_NEAR(best_shift(before, turned, 280, 200),
+                std::tan(5.0 * dob_degtorad) * pixels_per_tangent(before), 12.0);
+    // so does a way to the east, by the distance of what is seen in that row
+    flt[0].dob_x += 150.0;
+    const picture moved = look(0.0f, 0.0f, 0.0f);
+    const double below = 384.0 - 200.0;
+    EXPECT_NEAR(best_shift(before, moved, 200, 200), 150.0 / 1000.0 * below, 3.0);
+    flt[0].dob_x -= 150.0;
+    EXPECT_TRUE(look(0.0f, 0.0f, 0.0f).pixels == before.pixels);
+}
+
+TEST_F(window_test, pause_and_flight_path_are_marked) {
+    const picture flying = look(0.0f, 0.0f, 0.0f);
+    mnw.paused = 1;
+    const picture paused = look(0.0f, 0.0f, 0.0f);
+    EXPECT_FALSE(paused.at(512, 690) == flying.at(512, 690));
+    mnw.paused = 0;
+    flt[0].vz = -30.0f, flt[0].vx = 3.0f;  // drifting east at a tenth: the mark stands right of the nose
+    const picture drifting = look(0.0f, 0.0f, 0.0f);
+    const int x = 512 + static_cast<int>(0.1 * pixels_per_tangent(flying));
+    EXPECT_GT(drifting.at(x + 6, 384).g, 200);
+    EXPECT_FALSE(drifting.at(x + 6, 384) == flying.at(x + 6, 384));
+}
+
+TEST_F(window_test, screenshot_is_the_picture) {
+    const test::temp_folder folder;
+    const picture p = look(10.0f, -3.0f, 12.0f);
+    const std::string path = folder.path() + "shot.png";
+    ASSERT_TRUE(save_screenshot(path));
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    ASSERT_TRUE(png_image_begin_read_from_file(&image, path.c_str()));
+    image.format = PNG_FORMAT_RGB;
+    std::vector<pixel> rows(image.width * image.height);
+    ASSERT_TRUE(png_image_finish_read(&image, nullptr, rows.data(), 0, nullptr));
+    ASSERT_EQ(rows.size(), p.pixels.size());
+    for (const auto& [x, y] : {std::pair{0, 0}, {1023, 0}, {0, 767}, {400, 300}})
+        EXPECT_TRUE(rows[(767 - y) * 1024 + x] == p.at(x, y));  // a file counts rows from above
+    EXPECT_FALSE(save_screenshot(folder.path() + "no/such/folder.png"));
+}
+
+TEST_F(window_test, text_keeps_its_place_and_width) {
+    glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+    text_draw(200.0f, 300.0f, "WM \x7f\xff", {0.0f, 1.0f, 0.0f});
+    const picture p = read_picture();
+    const int width = static_cast<int>(text_width("WM"));
+    EXPECT_GE(width, 12);
+    int inside = 0, outside = 0;
+    for (int y = 0; y < p.height; ++y) {
+        for (int x = 0; x < p.width; ++x) {
+            if (p.at(x, y).g == 0) continue;
+            EXPECT_EQ(p.at(x, y).r, 0);
+            (x >= 200 && x < 200 + width && y >= 296 && y < 316 ? inside : outside)++;
+        }
+    }
+    EXPECT_GT(inside, 30);
+    EXPECT_EQ(outside, 0);
+    EXPECT_FLOAT_EQ(text_width("12345678"), 4.0f * text_width("  "));
+}
+
+TEST_F(window_test, switches_change_only_by_their_rules) {
+    OGL_setstate(fog_on, 0, lit_on, al_both, depth_read, depth_write);
+    EXPECT_TRUE(glIsEnabled(GL_FOG) && glIsEnabled(GL_LIGHTING) && glIsEnabled(GL_LIGHT0) &&
+                glIsEnabled(GL_BLEND) && glIsEnabled(GL_ALPHA_TEST) && glIsEnabled(GL_DEPTH_TEST));
+    OGL_setstate(fog_off, 3, lit_off, al_test, depth_no_read, depth_no_write);
+    EXPECT_FALSE(glIsEnabled(GL_FOG) || glIsEnabled(GL_LIGHTING) || glIsEnabled(GL_BLEND) ||
+                 glIsEnabled(GL_DEPTH_TEST));
+    EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));  // the driver was said to have no units
+    EXPECT_EQ(
+        test::expect_fatal([] { OGL_setstate(2, 0, lit_on, al_none, depth_read, depth_write); }).line[0],
+        "Bad OGLsetstate argument!");
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(window_test, first_event_lets_the_clocks_run) {
+    have_done_first_update = 0;
+    EXPECT_TRUE(comes([] { return have_done_first_update != 0; }));
+    EXPECT_TRUE(have_created_ibm_win);
+}
+
+TEST_F(window_test, keys_arrive) {
+    ASSERT_EQ(xdotool("key a"), 0);
+    EXPECT_TRUE(comes([] { return mnw.key_pressed == 'a' && !mnw.any_key_is_down; }));
+    xdotool("key shift+slash");
+    EXPECT_TRUE(comes([] { return mnw.key_pressed == '?'; }));
+    EXPECT_TRUE(comes([] { return linkey_shft == 0; }));
+    xdotool("keydown Left");
+    EXPECT_TRUE(comes([] { return input_key_is_held(special_left); }));
+    usleep(700000);  // into the auto-repeat, which is no release
+    seam.drain_events();
+    EXPECT_TRUE(input_key_is_held(special_left));
+    xdotool("keyup Left");
+    EXPECT_TRUE(comes([] { return !input_key_is_held(special_left); }));
+    return_hit = 0;
+    xdotool("key Return");
+    EXPECT_TRUE(comes([] { return return_hit != 0; }));
+    mnw.key_hit = 0, mnw.key_pressed = 0;
+    xdotool("key Home");  // no key of ours: told and dropped
+    EXPECT_TRUE(comes([] { return mnw.key_hit != 0; }));
+    EXPECT_EQ(mnw.key_pressed, 0);
+}
+
+TEST_F(window_test, mouse_arrives_in_virtual_units) {
+    window_close();
+    open(1600, 1200);
+    ASSERT_EQ(xdotool("mousemove 800 300 click 1"), 0);
+    EXPECT_TRUE(comes([] { return mnw.mouse_clicked && mnw.mouse_lifted; }));
+    EXPECT_NEAR(mnw.mx, 512.0f, 1.0f);
+    EXPECT_NEAR(mnw.my, 576.0f, 1.0f);
+    mnw.mouse_clicked = 0;
+    xdotool("click 4 click 4 click 5");
+    EXPECT_TRUE(comes([] { return mnw.mouse_wheel == 1; }));
+    EXPECT_FALSE(mnw.mouse_clicked);
+}
+
+TEST_F(window_test, no_display_no_window) {
+    window_close();
+    setenv("DISPLAY", ":4711", 1);
+    EXPECT_EQ(MACIBM_getcontext(), 0);
+    EXPECT_EQ(MACIBM_setres(0), 1);
+}
+
+TEST_F(window_test, a_second_window_without_grab) {
+    window_close();
+    setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
+    open(1280, 1024);
+    place(ref_lat(), ref_lon(), 1000.0);
+    unsetenv("ORVL_NO_GRAB_KEYBOARD");
+    const picture p = look(0.0f, 0.0f, 0.0f);  // fonts and switches are made anew for the new context
+    EXPECT_NEAR(horizon_row(p, 300), 512.0 - std::tan(1.015 * dob_degtorad) * pixels_per_tangent(p), 3.0);
+    bool has_text = false;
+    for (int x = 0; x < 200; ++x) has_text = has_text || p.at(x, 34).r > 200;
+    EXPECT_TRUE(has_text);
+    xdotool("key b");
+    EXPECT_TRUE(comes([] { return mnw.key_pressed == 'b'; }));
+}
