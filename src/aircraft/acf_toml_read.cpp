@@ -415,6 +415,10 @@ void reader::read_downwash(const toml::node& node) {
         return fault(node.source(), "write [[downwash]] once for each pair");
     for (const toml::node& entry : *array) {
         const toml::table& table = *entry.as_table();
+        for (const auto& [key, value] : table)
+            if (key != "washee" && key != "washer" && key != "elements")
+                fault(key.source(),
+                      "a downwash has washee, washer and elements, not \"" + std::string(key.str()) + "\"");
         const int washee = surface_named(table, "washee"), washer = surface_named(table, "washer");
         const toml::array* elements = table["elements"].as_array();
         if (!elements || elements->size() > elDIM) {

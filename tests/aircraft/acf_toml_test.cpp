@@ -224,6 +224,9 @@ tank_rat = 1
 [identity]
 tailnum = 5
 author = [0]
+[[downwash]]
+washee = "hstab_right"
+washers = 9
 )"),
               R"(2: unknown key "Vne"; did you mean "Vne_kts"?
 3: unknown key "m_empty" here; it belongs into [weights]
@@ -252,6 +255,9 @@ author = [0]
 35: tank_rat has to be a list of up to 3 entries here
 37: tailnum has to be a text in quotes
 38: the bytes of author have to be numbers from 1 to 255
+39: washer has to be the name of a surface
+39: elements has to be a list of up to 10 numbers
+41: a downwash has washee, washer and elements, not "washers"
 )");
     EXPECT_EQ(errors(0, "[speeds\n").substr(0, 3), "1: ");
     std::string error;

@@ -218,23 +218,12 @@ TEST_F(autoset_test, the_panel_of_the_user_decides_what_the_aircraft_has) {
         int expected;
     };
     const flag_row rows[] = {
-        {556, &veh_struct::has_hsi, 0},         {557, &veh_struct::has_hsi, 1},
-        {569, &veh_struct::has_hsi, 1},         {570, &veh_struct::has_hsi, 0},
-        {244, &veh_struct::has_hsi, 1},         {484, &veh_struct::has_hsi, 1},
-        {568, &veh_struct::has_hdg_set, 1},     {569, &veh_struct::has_hdg_set, 0},
-        {439, &veh_struct::has_hdg_set, 1},     {545, &veh_struct::has_radalt, 1},
-        {225, &veh_struct::has_radar, 0},       {227, &veh_struct::has_radar, 1},
-        {34, &veh_struct::has_SC_fd, 1},        {35, &veh_struct::has_DC_fd, 1},
-        {621, &veh_struct::has_stallwarn, 1},   {400, &veh_struct::has_press_controls, 1},
-        {91, &veh_struct::has_igniter, 1},      {95, &veh_struct::has_idlespeed, 1},
-        {94, &veh_struct::has_FADEC_switch, 1}, {76, &veh_struct::has_clutch_switch, 1},
-        {11, &veh_struct::has_pre_rotate, 1},   {138, &veh_struct::has_mixture, 1},
-        {78, &veh_struct::has_kts_mac, 1},      {438, &veh_struct::has_asi_set, 1},
-        {441, &veh_struct::has_vvi_set, 1},     {444, &veh_struct::has_alt_set, 1},
-        {208, &veh_struct::has_fms, 1},         {7, &veh_struct::auto_fea_EQ, 1},
-        {68, &veh_struct::battery_EQ, 1},       {67, &veh_struct::avionics_EQ, 1},
-        {92, &veh_struct::generator_EQ, 1},     {93, &veh_struct::inverter_EQ, 1},
-        {90, &veh_struct::fuelpump_EQ, 1},
+        {556, &veh_struct::has_hsi, 0},     {557, &veh_struct::has_hsi, 1},
+        {569, &veh_struct::has_hsi, 1},     {570, &veh_struct::has_hsi, 0},
+        {484, &veh_struct::has_hsi, 1},     {568, &veh_struct::has_hdg_set, 1},
+        {569, &veh_struct::has_hdg_set, 0}, {225, &veh_struct::has_radar, 0},
+        {227, &veh_struct::has_radar, 1},   {11, &veh_struct::has_pre_rotate, 1},
+        {444, &veh_struct::has_alt_set, 1}, {208, &veh_struct::has_fms, 1},
     };
     for (const flag_row& row : rows) {
         std::fill(std::begin(v.ins_type), std::end(v.ins_type), -1);
