@@ -6,6 +6,7 @@
 #include "cockpit/panel.h"
 #include "core/alert.h"
 #include "core/globe.h"
+#include "core/jobs.h"
 #include "core/logs.h"
 #include "core/num.h"
 #include "core/paths.h"
@@ -153,6 +154,7 @@ void graphics_are_missing() {
 
 // What is drawn, and where alerts go, once there is a window.
 void draw_in_window() {
+    window_fixed_gl_state();
     platform_install_seams();
     seam.draw_world = seam.draw_background = plain_view_draw;
     seam.draw_overlay = draw_alert;
@@ -267,12 +269,14 @@ void init_sim(const std::string& install_folder) {
 }
 
 void MACIBM_finishup(int is_normal_exit) {
+    THREAD_Cleanup();
     if (is_normal_exit) {
         handle_prefs(0, 7, res_path);
         handle_prefs(1, 7, gen_path);
     }
     TVPShutdownPlugins();
     close_hardware_out(1);
+    MACIBM_setres(0);
     NET_close();
     JOY_close();
     soun.SOUND_close();
