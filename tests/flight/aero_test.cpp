@@ -136,7 +136,7 @@ TEST_F(aero, a_cone_has_the_wave_drag_of_its_pressure) {
         const float cp = 2.0f * delta / sqrtf(M * M - 1.0f);
         const float cone = con.pim2 * 0.25f * 4.0f, cylinder = con.pim2 * 0.5f * 4.0f;
         const float expected = (cp * sinf(delta) + 0.0023f) * cone + 0.0023f * cylinder;
-        EXPECT_NEAR(flt[0].faxil_aero_acf / Q, expected, 0.02f * expected) << mach;
+        EXPECT_NEAR(flt[0].faxil_aero_acf / Q, expected, 0.04f * expected) << mach;  // seventeen flat sides
     }
 }
 }  // namespace
