@@ -130,7 +130,8 @@ void take_system_time() {
 // The date follows the local clock over midnight, both ways.
 void roll_day() {
     constexpr float evening = 86399.0f, morning = 1.0f;
-    static float o_locl_time;
+    static float o_locl_time = -1.0f;  // no time before the first
+    if (o_locl_time < 0.0f) o_locl_time = mnw.locl_time;
     if (o_locl_time > evening && mnw.locl_time < morning)
         mnw.locl_date_jan1 = intwrap(mnw.locl_date_jan1 + 1, 0, 359);
     else if (o_locl_time < morning && mnw.locl_time > evening)
