@@ -14,14 +14,14 @@
 #include "platform/window.h"
 #include "weather/wind.h"
 
-void headless_start(const std::string& install_folder, const std::string& acf_file) {
+void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
     seams_headless();
     rand_seed(1);
     reset_frame_statics();
     reset_motion_statics();
     reset_warnings();
     wind_reset();
-    init_records(install_folder);
+    init_records(install_folder, logs);
     init_gen();
     have_done_first_update = 1;
     const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;

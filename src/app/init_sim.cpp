@@ -219,9 +219,9 @@ void choose_first_window() {
 }
 }  // namespace
 
-void init_records(const std::string& install_folder) {
+void init_records(const std::string& install_folder, log_target logs) {
     clear_records();
-    open_logs();
+    if (logs == log_to_files) open_logs();
     init_rand_rat();
     init_paths(install_folder);
     THREAD_Init();
