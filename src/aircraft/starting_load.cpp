@@ -4,7 +4,7 @@
 #include "core/logs.h"
 #include "core/num.h"
 #include "core/random.h"
-#include "flight/weapons.h"
+#include "aircraft/weapon_file.h"
 
 void load_weapons(int p) {
     for (int en = 0; en < wattDIM; ++en) {
