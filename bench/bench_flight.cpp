@@ -59,8 +59,9 @@ int elements() {
 void compare_with_calls(benchmark::State& state, int count) {
     state.counters["elements"] = count;
     state.counters["ref_us"] = 1e6 * seconds_of_25_calls() * count;
-    state.counters["x_of_ref"] = benchmark::Counter(seconds_of_25_calls() * count,
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["x_of_ref"] =
+        benchmark::Counter(seconds_of_25_calls() * count,
+                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 void interp_and_check(benchmark::State& state) {
@@ -137,7 +138,8 @@ void headless_frames(benchmark::State& state) {
         headless_frame();
         if (++frames % 2000 == 0) lab_fly_trim(lab_trim_glide(32.0f, 2000.0f), 2000.0f);
     }
-    state.counters["times_real_time"] = benchmark::Counter(static_cast<double>(frames) * headless_pass, benchmark::Counter::kIsRate);
+    state.counters["times_real_time"] =
+        benchmark::Counter(static_cast<double>(frames) * headless_pass, benchmark::Counter::kIsRate);
 }
 BENCHMARK(headless_frames)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 

@@ -71,7 +71,8 @@ void fly_three_half_steps() {
     for (int i = 0; i < 3; ++i) set_vel_flight(i & 1);
     update_with_fullsim2(0);
     const flt_struct& f = flt[0];
-    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.m_total}) must(std::isfinite(v));
+    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.m_total})
+        must(std::isfinite(v));
     must(std::isfinite(f.dob_x) && std::isfinite(f.dob_y) && std::isfinite(f.dob_z));
 }
 }  // namespace

@@ -54,8 +54,9 @@ unsigned long long flight_state_hash() {
     hasher hash;
     for (const double v : {f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele}) hash.add(v);
     for (const float v : f.q) hash.add(v);
-    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.alpha, f.beta, f.AV_msc, f.L, f.M,
-                          f.N, f.v_ind_kts, f.h_ind_ft, f.com_ind_mag, f.slip_ind_deg, f.m_total})
+    for (const float v : {f.vx,       f.vy,          f.vz,           f.P,      f.Q, f.R, f.psi, f.the,
+                          f.phi,      f.alpha,       f.beta,         f.AV_msc, f.L, f.M, f.N,   f.v_ind_kts,
+                          f.h_ind_ft, f.com_ind_mag, f.slip_ind_deg, f.m_total})
         hash.add(v);
     for (const flt_wing_struct& w : f.wing)
         for (int el = 0; el < elDIM; ++el) {

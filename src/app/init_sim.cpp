@@ -1,6 +1,6 @@
 // Start-up in its fixed order, and shutdown.
-#include "app/frame.h"
 #include "app/alert_show.h"
+#include "app/frame.h"
 #include "app/load_plane.h"
 #include "atc/controllers.h"
 #include "cockpit/panel.h"
@@ -17,10 +17,10 @@
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/nav_data.h"
-#include "scenery/region.h"
 #include "scene/plain_view.h"
 #include "scene/world.h"
+#include "scenery/nav_data.h"
+#include "scenery/region.h"
 #include "sound/chatter.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
@@ -141,15 +141,16 @@ void limit_periods_from_file() {
 
 void graphics_are_missing() {
     handle_prefs(0, 7, res_path);
-    MACIBM_alert(0,
-                 "I could not set up the graphics for Tarvane! I hope your monitor is at 1024x768 or higher! It must "
-                 "be!",
-                 "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "
-                 "resolution in Tarvane!",
-                 "You need at least 256 meg of RAM, 16 meg of VRAM, and OpenGl drivers for your 3-D accelerator card!",
-                 "If you reset the resolution, you can try launching Tarvane again, since I am resetting Tarvane to "
-                 "default resolution now.",
-                 alert_fatal);
+    MACIBM_alert(
+        0,
+        "I could not set up the graphics for Tarvane! I hope your monitor is at 1024x768 or higher! It must "
+        "be!",
+        "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "
+        "resolution in Tarvane!",
+        "You need at least 256 meg of RAM, 16 meg of VRAM, and OpenGl drivers for your 3-D accelerator card!",
+        "If you reset the resolution, you can try launching Tarvane again, since I am resetting Tarvane to "
+        "default resolution now.",
+        alert_fatal);
 }
 
 // What is drawn, and where alerts go, once there is a window.

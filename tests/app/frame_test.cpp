@@ -1,8 +1,9 @@
 // The frame and its schedule.
 #include "app/frame.h"
 
-#include <fstream>
 #include <math.h>
+
+#include <fstream>
 #include <sstream>
 
 #include "app/headless.h"
@@ -37,8 +38,8 @@ TEST_F(frame, periodic_flags_fire_once_a_period) {
         fired20 += mnw.puff20;
         fired02 += mnw.puff02;
     }
-    EXPECT_NEAR(fired1, 19, 1);    // the test is strict: 1.01 s at this rate
-    EXPECT_GT(fired20, 330);  // and 0.06 s, or 0.05 s where the clock has rounded up
+    EXPECT_NEAR(fired1, 19, 1);  // the test is strict: 1.01 s at this rate
+    EXPECT_GT(fired20, 330);     // and 0.06 s, or 0.05 s where the clock has rounded up
     EXPECT_LT(fired20, 401);
     EXPECT_NEAR(fired02, 3, 1);
     for (int i = 0; i < 10; ++i) {  // slow frames: the fast flags fire every pass
@@ -139,7 +140,8 @@ TEST_F(frame, the_profile_names_every_section_of_the_frame) {
     std::stringstream text;
     text << in.rdbuf();
     size_t at = 0;
-    for (const char* mark : {"init", "event", "menu", "math", "world", "plane", "scene_frame", "fill", "help", "end", "TOT: "}) {
+    for (const char* mark :
+         {"init", "event", "menu", "math", "world", "plane", "scene_frame", "fill", "help", "end", "TOT: "}) {
         at = text.str().find(mark, at);
         ASSERT_NE(at, std::string::npos) << mark;
     }
@@ -157,8 +159,9 @@ TEST_F(frame, a_trace_covers_one_half_step_and_names_the_controls) {
     std::ifstream in(folder.path() + "Tarvane.out");
     std::stringstream text;
     text << in.rdbuf();
-    for (const char* part : {"AILERON #1", "RUNNING AERODYNAMIC FORCE AND TOTAL MOMENT TOTALS, AIRCRAFT AXIS SYSTEM",
-                             "RUNNING PROPULSIVE FORCE", "RUNNING GEAR FORCE", "with induced drag", "TOTALS"})
+    for (const char* part :
+         {"AILERON #1", "RUNNING AERODYNAMIC FORCE AND TOTAL MOMENT TOTALS, AIRCRAFT AXIS SYSTEM",
+          "RUNNING PROPULSIVE FORCE", "RUNNING GEAR FORCE", "with induced drag", "TOTALS"})
         EXPECT_NE(text.str().find(part), std::string::npos) << part;
     const std::string header = "FLIGHT MODEL TRACE OF ONE HALF STEP";
     EXPECT_EQ(text.str().find(header), text.str().rfind(header));
@@ -228,7 +231,8 @@ TEST_F(frame, ground_proximity_test_by_height_and_sink) {
     update_with_fullsim2(0);
     EXPECT_TRUE(stg.BB_pullup);
     EXPECT_FALSE(stg.BB_sinkrate);
-    EXPECT_NE(test::expect_fatal([] { update_with_fullsim2(1); }).line[0].find("with p!=0!"), std::string::npos);
+    EXPECT_NE(test::expect_fatal([] { update_with_fullsim2(1); }).line[0].find("with p!=0!"),
+              std::string::npos);
 }
 
 TEST_F(frame, instruments_fail_the_way_they_are_built) {

@@ -52,12 +52,16 @@ TEST(program, starts_flies_pauses_and_quits_by_its_keys) {
     shot("b.png");
     usleep(700000);
     shot("c.png");
-    EXPECT_EQ(output_of("cd " + folder.path() + " && compare -metric AE -crop 1024x500+0+0 b.png c.png null: 2>&1"), "0")
+    EXPECT_EQ(
+        output_of("cd " + folder.path() + " && compare -metric AE -crop 1024x500+0+0 b.png c.png null: 2>&1"),
+        "0")
         << "paused, the picture stands";
     shell("xdotool key p");
     sleep(1);
     shot("d.png");
-    EXPECT_NE(output_of("cd " + folder.path() + " && compare -metric AE -crop 1024x500+0+0 c.png d.png null: 2>&1"), "0");
+    EXPECT_NE(
+        output_of("cd " + folder.path() + " && compare -metric AE -crop 1024x500+0+0 c.png d.png null: 2>&1"),
+        "0");
     shell("xdotool key q");
     int status = -1;
     for (int i = 0; i < 50; ++i) {

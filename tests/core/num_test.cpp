@@ -80,7 +80,8 @@ TEST_F(kit, random_numbers_repeat_and_stay_in_range) {
     rand_seed(5);
     EXPECT_EQ(again, flt_rand(-2.0f, 2.0f));
     EXPECT_EQ(flt_seedrand(0, 1, 7), flt_seedrand(0, 1, 10007));
-    EXPECT_EQ(test::expect_fatal([] { flt_seedrand(0, 1, -1); }).line[0], "Cannot pass in negative float rand seed!");
+    EXPECT_EQ(test::expect_fatal([] { flt_seedrand(0, 1, -1); }).line[0],
+              "Cannot pass in negative float rand seed!");
 }
 
 TEST_F(kit, quaternion_and_euler_angles_say_the_same) {
@@ -98,8 +99,8 @@ TEST_F(kit, quaternion_and_euler_angles_say_the_same) {
                 // the rotation by q is the rotation by the angles
                 float x1, y1, z1, x2, y2, z2;
                 rot_quat(q, 1.0f, 2.0f, 3.0f, &x1, &y1, &z1);
-                any_to_wrl(1.0f, 2.0f, 3.0f, &x2, &y2, &z2, sin_deg(psi), cos_deg(psi), sin_deg(the), cos_deg(the),
-                           sin_deg(phi), cos_deg(phi));
+                any_to_wrl(1.0f, 2.0f, 3.0f, &x2, &y2, &z2, sin_deg(psi), cos_deg(psi), sin_deg(the),
+                           cos_deg(the), sin_deg(phi), cos_deg(phi));
                 EXPECT_NEAR(x1, x2, 1e-4f);
                 EXPECT_NEAR(y1, y2, 1e-4f);
                 EXPECT_NEAR(z1, z2, 1e-4f);
@@ -144,7 +145,8 @@ TEST_F(kit, places_on_the_globe_and_back) {
     xdob_xyz_with_latlonel(&x, &y, &z, 34.0, 179.9, 0.0);
     EXPECT_NEAR(x, -1.1 * 111319.63 * cos(34.0 * dob_degtorad), 50.0);
     env.planet = 2;
-    EXPECT_EQ(test::expect_fatal([&] { xdob_xyz_with_latlonel(&x, &y, &z, 0, 0, 0); }).line[0], "Bad planet type!");
+    EXPECT_EQ(test::expect_fatal([&] { xdob_xyz_with_latlonel(&x, &y, &z, 0, 0, 0); }).line[0],
+              "Bad planet type!");
 }
 
 TEST_F(kit, a_frame_shift_leaves_every_place_where_it_is) {

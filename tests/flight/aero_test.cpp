@@ -47,10 +47,10 @@ TEST_F(aero, slipstream_reaches_what_lies_behind_the_disc) {
 
 TEST_F(aero, downwash_of_the_wing_lowers_the_tails_angle) {
     lab_tunnel(at);
-    const float CL = flt[0].wing[9].nrml_force_path /
-                     (flt[0].Qstatic * aircraft_summary(0).S_ref * 0.5f);
+    const float CL = flt[0].wing[9].nrml_force_path / (flt[0].Qstatic * aircraft_summary(0).S_ref * 0.5f);
     // spec_wash is in degrees per unit of lift coefficient; within a tenth for the induced angles
-    EXPECT_NEAR(flt[0].wing[17].downwash_deg[1], -veh[0].wing[9].spec_wash * CL, 0.15f * veh[0].wing[9].spec_wash * CL);
+    EXPECT_NEAR(flt[0].wing[17].downwash_deg[1], -veh[0].wing[9].spec_wash * CL,
+                0.15f * veh[0].wing[9].spec_wash * CL);
     EXPECT_EQ(flt[0].wing[9].downwash_deg[1], 0.0f);
     EXPECT_EQ(flt[0].wing[18].downwash_deg[1], 0.0f) << "the fin is no washee";
     flt[0].Mach = 1.0f;
@@ -98,7 +98,8 @@ TEST_F(aero, chute_and_fixed_gear_have_their_drag) {
     stg.chute_deploy_rat = 1.0f;
     flt[0].faxil_aero_acf = flt[0].fnrml_aero_acf = 0.0f;
     aero_chute();
-    EXPECT_NEAR(pythag(flt[0].faxil_aero_acf, flt[0].fnrml_aero_acf), 0.6f * 10.0f * 45.0f * 45.0f * con.lcl_r_met, 5.0f);
+    EXPECT_NEAR(pythag(flt[0].faxil_aero_acf, flt[0].fnrml_aero_acf),
+                0.6f * 10.0f * 45.0f * 45.0f * con.lcl_r_met, 5.0f);
     stg.chute_on = 0;
     aero_chute();
     EXPECT_EQ(stg.chute_deploy_rat, 0.0f);

@@ -5,9 +5,9 @@
 
 #include "core/num.h"
 #include "core/random.h"
+#include "flight/aero.h"
 #include "flight/controls.h"
 #include "flight/forces.h"
-#include "flight/aero.h"
 #include "support.h"
 
 namespace {
@@ -143,7 +143,8 @@ TEST_F(element, ground_ice_slat_sideslip_and_mach) {
     veh[0].afl[part].t_rat[0] = veh[0].afl[part].t_rat[1] = 0.05f;
     const float a = 4.0f * con.degtorad, beta = sqrtf(3.0f);
     EXPECT_NEAR(cl_at(4.0f), 4.0f * a / beta, 0.01f * 4.0f * a / beta) << "Ackeret";
-    EXPECT_NEAR(drag / q_S(), 4.0f * (a * a + 0.05f * 0.05f) / beta + 0.0046f, 5e-4f) << "wave and thickness drag";
+    EXPECT_NEAR(drag / q_S(), 4.0f * (a * a + 0.05f * 0.05f) / beta + 0.0046f, 5e-4f)
+        << "wave and thickness drag";
 }
 
 TEST_F(element, negative_drag_is_told) {

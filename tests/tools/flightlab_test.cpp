@@ -78,7 +78,8 @@ TEST(flightlab, the_flown_glide_is_the_reported_one) {
 
 TEST(flightlab, equal_seeds_fly_equal_flights_alone_or_in_parallel) {
     const test::temp_folder folder;
-    const std::string common = "fly --seconds 20 --script random --quiet --altitude 9000 --csv " + folder.path();
+    const std::string common =
+        "fly --seconds 20 --script random --quiet --altitude 9000 --csv " + folder.path();
     ASSERT_EQ(lab(common + "many.csv --runs 3 --jobs 2 --seed 5 " + sailplane).status, 0);
     ASSERT_EQ(lab(common + "alone.csv --seed 6 " + sailplane).status, 0);
     const std::string second = read_file(folder.path() + "many.1.csv");
@@ -124,7 +125,8 @@ TEST(flightlab, speaks_plainly_about_mistakes) {
     EXPECT_EQ(lab("tunnel --alpha 5:1:1 " + sailplane).status, 2);
     EXPECT_EQ(lab("report /nowhere.acf").status, 1);
     const test::temp_folder folder;
-    const std::string broken = folder.write("broken.acf", std::string("i\x40\x1f\0\0", 5) + std::string(200, '\xff'));
+    const std::string broken =
+        folder.write("broken.acf", std::string("i\x40\x1f\0\0", 5) + std::string(200, '\xff'));
     const result r = lab("report " + broken);
     EXPECT_EQ(r.status, 1);
     EXPECT_NE(r.text.find("broken.acf"), std::string::npos) << r.text;

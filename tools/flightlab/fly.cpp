@@ -46,17 +46,21 @@ std::vector<script_line> read_script(const std::string& path) {
         std::vector<double> values;
         for (std::string word; words >> word;) {
             double v;
-            if (!read_number(word, &v)) throw flight_fault(path + ":" + std::to_string(number) + ": \"" + word + "\" is not a number");
+            if (!read_number(word, &v))
+                throw flight_fault(path + ":" + std::to_string(number) + ": \"" + word +
+                                   "\" is not a number");
             values.push_back(v);
         }
         if (values.empty()) continue;
-        if (values.size() != 1 + controls) throw flight_fault(path + ":" + std::to_string(number) + ": six numbers are needed");
+        if (values.size() != 1 + controls)
+            throw flight_fault(path + ":" + std::to_string(number) + ": six numbers are needed");
         script_line line;
         line.time = static_cast<float>(values[0]);
         if (!script.empty() && line.time <= script.back().time)
             throw flight_fault(path + ":" + std::to_string(number) + ": the times have to rise");
         for (int c = 0; c < controls; ++c)
-            line.control[c] = fltlim(static_cast<float>(values[static_cast<size_t>(c + 1)]), c < 3 ? -1.0f : 0.0f, 1.0f);
+            line.control[c] =
+                fltlim(static_cast<float>(values[static_cast<size_t>(c + 1)]), c < 3 ? -1.0f : 0.0f, 1.0f);
         script.push_back(line);
     }
     if (script.empty()) throw flight_fault(path + ": no lines");
@@ -99,15 +103,49 @@ void walk_controls(float control[controls]) {
     set_controls(control);
 }
 
-const std::vector<const char*> columns = {
-    "time_s", "latitude_deg", "longitude_deg", "elevation_m", "true_airspeed_mps", "indicated_airspeed_kt",
-    "climb_mps", "heading_deg", "pitch_deg", "roll_deg", "alpha_deg", "beta_deg", "P_degps", "Q_degps", "R_degps",
-    "load_g", "CL", "CD", "speedbrake_ratio", "flap_ratio"};
+const std::vector<const char*> columns = {"time_s",
+                                          "latitude_deg",
+                                          "longitude_deg",
+                                          "elevation_m",
+                                          "true_airspeed_mps",
+                                          "indicated_airspeed_kt",
+                                          "climb_mps",
+                                          "heading_deg",
+                                          "pitch_deg",
+                                          "roll_deg",
+                                          "alpha_deg",
+                                          "beta_deg",
+                                          "P_degps",
+                                          "Q_degps",
+                                          "R_degps",
+                                          "load_g",
+                                          "CL",
+                                          "CD",
+                                          "speedbrake_ratio",
+                                          "flap_ratio"};
 
 std::vector<double> state_row(double time) {
     const flt_struct& f = flt[0];
-    return {time, f.dob_lat, f.dob_lon, f.dob_ele, f.AV_msc, f.v_ind_kts, f.Vh_fpm * con.fpmtomsc, f.psi, f.the, f.phi,
-            f.alpha, f.beta, f.P, f.Q, f.R, f.g_nrml, f.cl_overall, f.cd_overall, f.sbrk_rat, f.handle_rat_act};
+    return {time,
+            f.dob_lat,
+            f.dob_lon,
+            f.dob_ele,
+            f.AV_msc,
+            f.v_ind_kts,
+            f.Vh_fpm * con.fpmtomsc,
+            f.psi,
+            f.the,
+            f.phi,
+            f.alpha,
+            f.beta,
+            f.P,
+            f.Q,
+            f.R,
+            f.g_nrml,
+            f.cl_overall,
+            f.cd_overall,
+            f.sbrk_rat,
+            f.handle_rat_act};
 }
 
 struct flight_sum {

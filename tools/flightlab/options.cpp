@@ -39,7 +39,8 @@ options::options(const char* usage, const std::vector<option_row>& rows, int arg
 void options::print_help() const {
     printf("%s\nOptions\n", usage_);
     for (const option_row& row : rows_) {
-        const std::string left = std::string("--") + row.name + (row.value ? std::string(" ") + row.value : "");
+        const std::string left =
+            std::string("--") + row.name + (row.value ? std::string(" ") + row.value : "");
         printf("  %-22s %s\n", left.c_str(), row.help);
     }
 }
@@ -66,7 +67,8 @@ double options::number(const std::string& name, double fallback, double lowest, 
 
 int options::whole(const std::string& name, int fallback, int lowest, int highest) const {
     const double value = number(name, fallback, lowest, highest);
-    if (value != floor(value)) throw wrong_use("--" + name + ": " + text(name, "") + " is not a whole number");
+    if (value != floor(value))
+        throw wrong_use("--" + name + ": " + text(name, "") + " is not a whole number");
     return static_cast<int>(value);
 }
 
@@ -81,7 +83,8 @@ sweep options::range(const std::string& name, sweep fallback, double lowest, dou
         parts.push_back(number_within(name, rest.substr(0, colon), is_step ? 1e-3 : lowest, highest));
     }
     if (parts.size() == 1) return {parts[0], parts[0], 1.0};
-    if (parts.size() != 3 || parts[1] < parts[0]) throw wrong_use("--" + name + ": expected FROM:TO:STEP, rising");
+    if (parts.size() != 3 || parts[1] < parts[0])
+        throw wrong_use("--" + name + ": expected FROM:TO:STEP, rising");
     const sweep s{parts[0], parts[1], parts[2]};
     if (s.count() > max_points) throw wrong_use("--" + name + ": too many points");
     return s;

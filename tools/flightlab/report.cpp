@@ -25,7 +25,9 @@ void heading(const char* text) { printf("\n%s\n", text); }
 void line(const char* name, double si, const char* si_unit, double other, const char* other_unit) {
     printf("  %-30s %10.3f %-6s %10.3f %s\n", name, si, si_unit, other, other_unit);
 }
-void line(const char* name, double value, const char* unit) { printf("  %-30s %10.3f %s\n", name, value, unit); }
+void line(const char* name, double value, const char* unit) {
+    printf("  %-30s %10.3f %s\n", name, value, unit);
+}
 void length(const char* name, float m) { line(name, m, "m", m * con.mtrstoft, "ft"); }
 void area(const char* name, float m2) { line(name, m2, "m2", m2 * con.smtrtosf, "sq ft"); }
 void speed(const char* name, float ms) { line(name, ms, "m/s", ms * con.msctokts, "kt"); }
@@ -44,7 +46,8 @@ void print_mass(const aircraft_summary_struct& size) {
     const float mass = lab_mass();
     heading("Mass");
     line("mass", mass, "kg", mass * con.kgstolbs, "lb");
-    line("wing loading", mass / size.S_ref, "kg/m2", mass * con.kgstolbs / (size.S_ref * con.smtrtosf), "lb/sq ft");
+    line("wing loading", mass / size.S_ref, "kg/m2", mass * con.kgstolbs / (size.S_ref * con.smtrtosf),
+         "lb/sq ft");
     length("forward limit of the cg", size.cgZ_fwd);
     length("aft limit of the cg", size.cgZ_aft);
 }

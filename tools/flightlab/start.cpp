@@ -25,7 +25,8 @@
 
 namespace fs = std::filesystem;
 
-const option_row install_option = {"install", "DIR", "folder that holds Airfoils/ (Orvelle/ beside the tools)"};
+const option_row install_option = {"install", "DIR",
+                                   "folder that holds Airfoils/ (Orvelle/ beside the tools)"};
 
 namespace {
 // Holds what loading needs and nobody wants to keep. A fatal alert ends the process without unwinding,
@@ -63,7 +64,8 @@ std::string install_folder(const options& from) {
     const std::string beside = executable_folder() + "../Orvelle/";
     std::string folder = with_slash(from.text("install", fs::is_directory(beside) ? beside : "./"));
     if (!fs::is_directory(folder + "Airfoils"))
-        throw flight_fault(folder + " has no folder Airfoils: build the content, or name the folder with --install");
+        throw flight_fault(folder +
+                           " has no folder Airfoils: build the content, or name the folder with --install");
     return folder;
 }
 

@@ -22,7 +22,8 @@ struct tunnel_row {
     lab_coeffs c;
 };
 
-const std::vector<const char*> columns = {"alpha_deg", "beta_deg", "CL", "CD", "CL_over_CD", "CY", "Cm", "Cn", "Cl"};
+const std::vector<const char*> columns = {"alpha_deg", "beta_deg", "CL", "CD", "CL_over_CD",
+                                          "CY",        "Cm",       "Cn", "Cl"};
 
 std::vector<double> values_of(const tunnel_row& r) {
     const double ratio = r.c.CD != 0.0f ? r.c.CL / r.c.CD : 0.0;
@@ -44,8 +45,8 @@ void print_rows(const std::vector<tunnel_row>& rows) {
     printf("  alpha    beta       CL        CD    CL/CD        CY        Cm        Cn        Cl\n");
     for (const tunnel_row& r : rows) {
         const std::vector<double> v = values_of(r);
-        printf("%7.2f %7.2f %8.4f  %8.5f %8.2f  %8.4f  %8.4f  %8.4f  %8.4f\n", v[0], v[1], v[2], v[3], v[4], v[5], v[6],
-               v[7], v[8]);
+        printf("%7.2f %7.2f %8.4f  %8.5f %8.2f  %8.4f  %8.4f  %8.4f  %8.4f\n", v[0], v[1], v[2], v[3], v[4],
+               v[5], v[6], v[7], v[8]);
     }
 }
 
@@ -70,7 +71,8 @@ void print_span(const span_table& table, double alpha) {
     printf("  y m      cl c/mean c\n");
     for (const lab_span_point& p : table.points) {
         const int stars = static_cast<int>(p.ccl * 30.0f);
-        printf("%7.2f %10.4f  %s\n", p.y, p.ccl, std::string(stars > 0 ? static_cast<size_t>(stars) : 0, '*').c_str());
+        printf("%7.2f %10.4f  %s\n", p.y, p.ccl,
+               std::string(stars > 0 ? static_cast<size_t>(stars) : 0, '*').c_str());
     }
 }
 
