@@ -10,6 +10,7 @@
 
 #include "aircraft/afl_file.h"
 #include "core/num.h"
+#include "flight/coeffs.h"
 #include "support.h"
 
 static std::string folder() {
