@@ -309,7 +309,7 @@ void steered_moments(disc_run& r) {
     const disc_axes& a = r.axes;
     const float Q_rotor_from_acf = f.Qrad * pythag(a.aft.y, a.aft.z);
     const float R_rotor_from_acf = f.Rrad * pythag(a.aft.x, a.aft.z) + f.Prad * pythag(a.aft.x, a.aft.y);
-    const float mi = fltmax2(r.kind.mi_prop_rpm, 1e-3f);
+    const float mi = fltmax2(r.kind.mi_prop_rpm, disc_divisor_min);
     const float tip_radius = get_el_base_loc(0, r.en, r.blade.els, 'X');
     const float sin_vert = sin_deg(e.vert_disc_cyclic), cos_vert = cos_deg(e.vert_disc_cyclic);
 

@@ -3,6 +3,7 @@
 // the gauges, by small curves of each kind of engine. Torque goes to the shafts (propel.h), which own the
 // speeds tacrad_ENGN and tacrad_PROP; jets and rockets put their thrust into the propulsive sums.
 #pragma once
+#include "aircraft/check.h"
 #include "core/engn_kinds.h"
 
 // One engine for one force pass; burn_fuel on the first pass of a frame, so that fuel is taken once.
@@ -35,8 +36,5 @@ int fadec_is_running(int p, int e);
 // Engine computers, governors, feathering, beta, reverse and afterburners; once a frame behind the flight
 // controls.
 void control_engines();
-
-// Divisors that an aircraft file may leave at zero are held above this where they are used.
-constexpr float divisor_min = 0.01f;
 
 enum prop_mode_kind : int { mode_feather = 0, mode_normal = 1, mode_beta = 2, mode_reverse = 3 };

@@ -9,11 +9,11 @@
 
 namespace {
 constexpr float least_inertia = 1e-3f;  // kg m2, of a disc
-constexpr float least_gear = 1e-3f;
+constexpr float disc_divisor_min = 1e-3f;
 constexpr float least_engine_inertia = 1e-6f;  // kg m2
 
-float gear_of(int en) { return fltmax2(veh[0].engn[en].prop_gear_rat, least_gear); }
-float inertia_of(int en) { return fltmax2(veh[0].engn[en].mi_prop_rpm, least_inertia); }
+float gear_of(int en) { return fltmax2(veh[0].engn[en].prop_gear_rat, disc_divisor_min); }
+float inertia_of(int en) { return fltmax2(veh[0].engn[en].mi_prop_rpm, disc_divisor_min); }
 bool has_disc(int en) { return has_this_thru(0, en, thru_disc); }
 bool on_jet_power(int en) { return is_lift_fan(0, en) || is_gyr_rotor(0, en); }
 
