@@ -164,3 +164,20 @@ void control_engines() {
     if (part_failed(0, fail_throttle))
         for (flt_engn_struct& e : flt[0].engn) e.thro_ref = 0.0f;
 }
+
+void cold_engines() {
+    const float ambient_fah = con.lcl_T_cel * 1.8f + 32.0f;
+    for (int en = 0; en < engnDIM; ++en) {
+        flt_engn_struct& e = flt[0].engn[en];
+        for (float* at_rest : {&e.thro_ref, &e.thro_use, &e.mixt, &e.burning_rat, &e.N1, &e.N2, &e.TRQ_nm, &e.FF_kgs,
+                               &e.power, &e.FUELP, &e.OILP, &e.omegadot_ENGN, &e.tacrad_ENGN, &e.omegadot_PROP,
+                               &e.tacrad_PROP, &e.drag_TRQ, &e.thrust, &e.DVinc, &e.cyclic_elev_disc_tilt,
+                               &e.cyclic_ailn_disc_tilt, &e.Q_rotor_rad, &e.R_rotor_rad})
+            *at_rest = 0.0f;
+        for (float& ring : e.RING_DVinc) ring = 0.0f;
+        e.burning_fuel = e.ignition = stg.igniter[en] = 0;
+        e.ITT = con.lcl_T_cel;
+        e.EGT = e.CHT = e.OILT = ambient_fah;
+        stg.start_time[en] = 0.0f;
+    }
+}

@@ -37,4 +37,7 @@ int fadec_is_running(int p, int e);
 // controls.
 void control_engines();
 
+// Every engine and disc as it stands on a cold morning: at rest, without fuel, ignition, igniter or heat.
+void cold_engines();
+
 enum prop_mode_kind : int { mode_feather = 0, mode_normal = 1, mode_beta = 2, mode_reverse = 3 };
