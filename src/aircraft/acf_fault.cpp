@@ -5,9 +5,11 @@
 
 #include "core/alert.h"
 #include "core/mnw.h"
+#include "core/paths.h"
 #include "core/veh.h"
 
-static std::set<std::string> faulty;  // paths of the files given up
+// The files given up, by their path in the platform's form: one file has many spellings in the system's.
+static std::set<std::string> faulty;
 
 void acf_fault(int p, const std::string& s1, const std::string& s2, const std::string& s3,
                const std::string& s4, const char* file, int line) {
@@ -15,9 +17,11 @@ void acf_fault(int p, const std::string& s1, const std::string& s2, const std::s
         __MACIBM_alert(mnw.top_win, s1, s2, s3, s4, alert_fatal, file, line);
         return;
     }
-    if (faulty.insert(veh[p].path).second)
+    if (faulty.insert(set_dir_chars(veh[p].path)).second)
         __MACIBM_alert(mnw.top_win, s1, s2, s3, s4, alert_message, file, line);
 }
 
-bool acf_was_faulty(const std::string& path) { return faulty.count(path) != 0; }
+bool acf_was_faulty(const std::string& path) {
+    return !faulty.empty() && faulty.count(set_dir_chars(path)) != 0;
+}
 void forget_faulty_acf() { faulty.clear(); }

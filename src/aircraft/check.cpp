@@ -1,11 +1,8 @@
 // The tests of a design and what the designer is told.
 #include "aircraft/check.h"
 
-#include <set>
-
+#include "aircraft/acf_fault.h"
 #include "aircraft/exists.h"
-#include "core/alert.h"
-#include "core/mnw.h"
 #include "core/num.h"
 
 namespace {
@@ -159,20 +156,12 @@ const fault_text* first_fault(int p) {
             if (const fault_text* fault = pitch_fault(v.engn[0])) return fault;
     return fuel_fault(v);
 }
-
-std::set<std::string> refused_files;  // faulty designs met in slots 1 to 9
 }  // namespace
 
 int ACF_check(int p, int) {
     const fault_text* fault = first_fault(p);
     if (!fault) return 1;
-    const std::string path = veh[p].path;
-    const bool users_own = p == 0;
-    if (users_own || refused_files.insert(path).second)
-        MACIBM_alert(mnw.top_win, fault->line[0], fault->line[1], fault->line[2],
-                     "Fix this problem in Hullwright. The plane in question is: " + path,
-                     users_own ? alert_fatal : alert_message);
+    ACF_fault(p, fault->line[0], fault->line[1], fault->line[2],
+              std::string("Fix this problem in Hullwright. The plane in question is: ") + veh[p].path);
     return 0;
 }
-
-bool acf_was_refused(const std::string& path) { return refused_files.count(path) != 0; }

@@ -37,8 +37,7 @@ void fill_empty_slots() {
     const int planes = TVPGetNumberPlanesToHandle(stg.num_acf, 1);
     for (int p = 1; p < planes; ++p) {
         if (veh[p].name[0]) continue;
-        get_random_plane(p);
-        init_flt_p_other_ai(p);
+        if (get_random_plane(p)) init_flt_p_other_ai(p);
     }
 }
 
@@ -46,6 +45,7 @@ void update_aircraft() {
     if (!mnw.replay_mode) WORLD_math_in_flight();
     profile_chart("world", 0);
     for (int p = TVPGetNumberPlanesToHandle(stg.num_acf, 0) - 1; p >= 0; --p) {
+        if (p > 0 && !veh[p].name[0]) continue;  // no aircraft was fit for it
         PLANE_math_in_flight(p);
         profile_chart("plane", 0);
     }

@@ -200,8 +200,7 @@ void MACIBM_init(const std::string& install_folder) {
 void load_other_aircraft() {
     const int planes = TVPGetNumberPlanesToHandle(stg.num_acf, 1);
     for (int p = 1; p < planes; ++p) {
-        get_random_plane(p);
-        init_flt_p_other_ai(p);
+        if (get_random_plane(p)) init_flt_p_other_ai(p);
     }
 }
 

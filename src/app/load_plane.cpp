@@ -4,6 +4,9 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <vector>
+
+#include "aircraft/acf_fault.h"
 #include "aircraft/acf_file.h"
 #include "aircraft/derive.h"
 #include "aircraft/draw/geometry.h"
@@ -43,16 +46,25 @@ void name_from_path(int p) {
     TVPUpdatePlaneNameAndPath(p, veh[p].name, veh[p].path);
 }
 
+// A stranger's faulty file takes no place in the sky, not even that of the default aircraft.
+bool given_up(int p) { return p != 0 && acf_was_faulty(veh[p].path); }
+
 // The aircraft asked for, else the default one; without either there is no flight.
 int read_or_default(int p) {
     if (IO_acf(0, p, 0)) return 1;
+    if (given_up(p)) {
+        clear_acf(p);
+        return 0;
+    }
     copy_text(veh[p].path, app_path + stg.def_pln_path);
     copy_text(veh[p].name, stg.def_pln_file);
     if (IO_acf(0, p, 0)) return 1;
-    MACIBM_alert(mnw.top_win, "I could not find the plane requested, and I could also not find the following:",
-                 veh[p].path, "Be sure that default plane is in the 'Heavy Metal' folder in the 'Airplanes' folder.",
-                 "This aircraft is required to start up: install the aircraft folder again if it is missing.",
-                 alert_fatal);
+    MACIBM_alert(
+        mnw.top_win,
+        "I could not find the plane requested, and I could also not find the following:", veh[p].path,
+        "Be sure that default plane is in the 'Heavy Metal' folder in the 'Airplanes' folder.",
+        "This aircraft is required to start up: install the aircraft folder again if it is missing.",
+        alert_fatal);
     return 0;
 }
 
@@ -135,51 +147,67 @@ void init_flt_p_other_ai(int p) {
 }
 
 namespace {
-// The folder to go into from the present listing, or -1 when it is empty.
+// The folder to go into from the present listing, or -1 when it has none.
 int pick_folder(int p, int items) {
     const char* wanted = intrange(p, 2, 4) ? "General Aviation" : intrange(p, 5, 7) ? "Heavy Metal" : "";
-    for (int i = 0; i < items; ++i)
-        if (g_file_type[i] == ftype_folder && g_file[i] == wanted) return i;
-    return items > 0 ? int_rand(0, items - 1) : -1;
+    std::vector<int> folders;
+    for (int i = 0; i < items; ++i) {
+        if (g_file_type[i] != ftype_folder) continue;
+        if (g_file[i] == wanted) return i;
+        folders.push_back(i);
+    }
+    return folders.empty() ? -1 : folders[int_rand(0, static_cast<int>(folders.size()) - 1)];
 }
 
-int first_aircraft(int items) {
-    for (int i = 0; i < items; ++i)
-        if (g_file_type[i] == ftype_acf) return i;
+// The first aircraft of the present listing that has shown no fault, or -1.
+int first_sound_aircraft(int items, bool* met_faulty) {
+    for (int i = 0; i < items; ++i) {
+        if (g_file_type[i] != ftype_acf) continue;
+        if (!acf_was_faulty(g_path[i])) return i;
+        *met_faulty = true;
+    }
     return -1;
 }
 
+int load_as_traffic(int p, const std::string& path, const std::string& name) {
+    copy_text(veh[p].path, path);
+    copy_text(veh[p].name, name);
+    MACIBM_showinit(("Loading " + name + " as other air traffic.").c_str());
+    const int loaded = load_plane(p);
+    flt[p].dob_x = flt[p].dob_z = 9.9e+09;  // far out of sight until a placing follows
+    return loaded;
+}
+
 void no_aircraft_found() {
-    MACIBM_alert(mnw.top_win, "I Could not find planes to put in the sky with you!",
-                 "I suspect that maybe you have moved Tarvane out of the 'Orvelle' folder?",
-                 "Or maybe you have moved the 'Aircraft' folder out of the 'Orvelle' folder?",
-                 "You may need to delete your copy of Tarvane and re-install since I cannot seem to find the planes "
-                 "in their correct places.",
-                 alert_fatal);
+    MACIBM_alert(
+        mnw.top_win, "I Could not find planes to put in the sky with you!",
+        "I suspect that maybe you have moved Tarvane out of the 'Orvelle' folder?",
+        "Or maybe you have moved the 'Aircraft' folder out of the 'Orvelle' folder?",
+        "You may need to delete your copy of Tarvane and re-install since I cannot seem to find the planes "
+        "in their correct places.",
+        alert_fatal);
 }
 }  // namespace
 
-void get_random_plane(int p) {
+int get_random_plane(int p) {
     constexpr int max_tries = 10;
     int tries = 0;
+    bool met_faulty = false;
     wrk_path = acf_path;
     for (;;) {
         const int items = opensave_getitems(ftype_acf);
-        const int found = first_aircraft(items);
-        if (found >= 0) {
-            copy_text(veh[p].path, g_path[found]);
-            copy_text(veh[p].name, g_file[found]);
-            MACIBM_showinit(("Loading " + g_file[found] + " as other air traffic.").c_str());
-            load_plane(p);
-            break;
-        }
+        const int found = first_sound_aircraft(items, &met_faulty);
+        if (found >= 0) return load_as_traffic(p, g_path[found], g_file[found]);
         const int folder = pick_folder(p, items);
         if (folder >= 0) {
             wrk_path = g_path[folder];
         } else {
             wrk_path = acf_path;
-            if (++tries > max_tries) return no_aircraft_found();
+            if (++tries <= max_tries) continue;
+            // where only faulty files were met the default aircraft flies in their place
+            if (met_faulty) return load_as_traffic(p, app_path + stg.def_pln_path, stg.def_pln_file);
+            no_aircraft_found();
+            return 0;
         }
     }
-    flt[p].dob_x = flt[p].dob_z = 9.9e+09;  // far out of sight until a placing follows
 }

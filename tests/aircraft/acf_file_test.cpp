@@ -6,9 +6,9 @@
 #include <fstream>
 #include <limits>
 
+#include "aircraft/acf_fault.h"
 #include "aircraft/acf_range.h"
 #include "aircraft/acf_toml.h"
-#include "aircraft/check.h"
 #include "core/logs.h"
 #include "sample_acf.h"
 #include "support.h"
@@ -247,8 +247,8 @@ TEST_F(acf_file_test, a_strangers_faulty_design_is_a_warning_once_and_leaves_the
     EXPECT_EQ(test::alerts[0].text.line[0], "You entered a Vne of zero!");
     EXPECT_EQ(veh[3].m_empty, 0.0f);
     EXPECT_EQ(veh[3].path, folder.path() + "faulty.acf");
-    EXPECT_TRUE(acf_was_refused(folder.path() + "faulty.acf"));
-    EXPECT_FALSE(acf_was_refused(folder.path() + "x.acf"));
+    EXPECT_TRUE(acf_was_faulty(folder.path() + "faulty.acf"));
+    EXPECT_FALSE(acf_was_faulty(folder.path() + "x.acf"));
     EXPECT_EQ(test::expect_fatal([&] { load(0, file.bytes, "faulty.acf"); }).line[3],
               "Fix this problem in Hullwright. The plane in question is: " + folder.path() + "faulty.acf");
 }
