@@ -38,8 +38,11 @@ static void build_wing() {
     constexpr int els = 4;
     veh_wing_struct& wing = veh[0].wing[9];
     wing.els = els;
-    for (char* name : {wing.Rafl0, wing.Rafl1, wing.Tafl0, wing.Tafl1})
-        std::strcpy(name, name == wing.Rafl0 ? "f.afl" : "g.afl");
+    // four names, so that each table is looked up
+    std::strcpy(wing.Rafl0, "a.afl");
+    std::strcpy(wing.Rafl1, "b.afl");
+    std::strcpy(wing.Tafl0, "c.afl");
+    std::strcpy(wing.Tafl1, "d.afl");
     for (int el = 0; el < els; ++el) wing.mac[el] = wing.el_s[el] = 1.0f;
     wing.AR = 8.0f;
     wing.e = wing.al_D_al0 = wing.cl_D_cl0 = wing.cm_D_cm0 = 0.9f;
