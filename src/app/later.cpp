@@ -4,6 +4,7 @@
 
 #include "aircraft/acf_old.h"
 #include "aircraft/draw/geometry.h"
+#include "aircraft/weapon_file.h"
 #include "app/frame.h"
 #include "atc/controllers.h"
 #include "cockpit/panel.h"
