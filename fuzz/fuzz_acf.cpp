@@ -83,6 +83,18 @@ int odd_int(int old, input& in) {
     return pick % 2 ? old + static_cast<int>(pick % 16) - 8 : static_cast<int>(in.take(4));
 }
 
+// Of an array in the file the element to spoil: mostly one that the design uses.
+int choose_element(const std::string& bytes, long start, const acf_array_struct& array, input& in) {
+    const uint32_t pick = in.take(1);
+    if (pick % 8 == 7) return static_cast<int>(pick / 8) % array.count;
+    std::vector<int> used;
+    for (int i = 0; i < array.count; ++i) {
+        const auto first = bytes.begin() + start + long{i} * array.size;
+        if (std::any_of(first, first + array.size, [](char c) { return c != 0; })) used.push_back(i);
+    }
+    return used.empty() ? 0 : used[pick % used.size()];
+}
+
 // Overwrites some elements of one field, chosen by its place in the field lists.
 void overwrite_field(std::string& bytes, input& in) {
     const auto arrays = acf_arrays(0);
@@ -91,7 +103,7 @@ void overwrite_field(std::string& bytes, input& in) {
     for (uint32_t a = 0; a < which; ++a) start += long{arrays[a].count} * arrays[a].size;
     const acf_array_struct& array = arrays[which];
     const veh_field_struct& row = array.fields.rows[static_cast<int>(in.take(2)) % array.fields.count];
-    const int element = static_cast<int>(in.take(1)) % array.count;
+    const int element = choose_element(bytes, start, array, in);
     char* const field = &bytes[static_cast<size_t>(start + long{element} * array.size + row.offset)];
     if (row.type == 'c') {
         field[in.take(2) % static_cast<uint32_t>(row.size)] = static_cast<char>(in.take(1));
