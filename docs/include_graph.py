@@ -16,7 +16,7 @@ from pathlib import Path
 ORDER = ["core", "platform", "draw", "sound", "weather", "scenery", "aircraft", "flight", "cockpit", "net",
          "plugins", "atc", "ui", "scene", "app"]
 GL_FOLDERS = {"draw", "platform", "scene"}  # "draw" also as a subfolder of any subsystem
-BEGIN, END = "<!-- include graph: begin -->", "<!-- include graph: end -->"
+BEGIN, END = "<!-- include graph -->", "<!-- end of include graph -->"
 
 ROOT = Path(__file__).resolve().parent.parent
 SRC = ROOT / "src"

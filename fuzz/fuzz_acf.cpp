@@ -184,7 +184,7 @@ void start_system() {
     static bool started = false;
     if (!started) {
         fuzzing::catch_alerts();
-        headless_start(INSTALL_FOLDER, "");
+        headless_start(INSTALL_FOLDER, "", log_to_nothing);
         fuzzing::catch_alerts();
         lab_still_air();
         started = true;

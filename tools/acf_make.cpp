@@ -1,12 +1,16 @@
 // acf_make: compiles an aircraft from its text.
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <string>
 
 #include "aircraft/acf_file.h"
 #include "aircraft/acf_layout.h"
 #include "aircraft/acf_range.h"
 #include "aircraft/acf_toml.h"
+#include "aircraft/derive.h"
+#include "app/headless.h"
+#include "app/lab.h"
 #include "core/alert.h"
 #include "core/con.h"
 #include "core/paths.h"
@@ -18,13 +22,15 @@ enum exit_code : int { exit_good = 0, exit_bad_aircraft = 1, exit_bad_usage = 2 
 
 const char* const usage =
     "acf_make IN.toml OUT.acf    compile an aircraft\n"
+    "acf_make --quiet IN OUT     the same without the summary of what came of it\n"
     "acf_make --fields           list every section and field with its meaning\n"
     "acf_make --help             show this text\n"
     "\n"
     "Only fields that are not zero need to be named; units are feet, pounds, knots and degrees.\n"
     "The left wings and the pylons of further engines are copies unless they have a table of their own.\n"
     "A body may list stations = [{ z = 0, y = 0, w = 1, h = 1.2, n = 2 }, ...] in place of geo_xyz.\n"
-    "The result is loaded again, range-checked and checked as a design before it is kept.\n"
+    "The result is loaded again, range-checked and checked as a design before it is kept; areas, balance and\n"
+    "stall speed are told where its airfoils are found: beside it, or in Airfoils/ of the install folder.\n"
     "Exit status: 0 good, 1 fault in the aircraft, 2 wrong use.\n";
 
 void list_record(const char* heading, const veh_field_list& fields) {
@@ -114,7 +120,25 @@ void remind(int p) {
                    acf_part_name(en).c_str());
 }
 
-int make(const std::string& in, const std::string& out) {
+// What came of it: the derived model, and its stall in the tunnel. Left out where airfoils are missing.
+void summarise(const std::string& out) {
+    const std::string install = executable_folder() + "../Orvelle/";
+    init_paths(install);
+    if (!derive_model(loaded_slot)) return;  // what was missing has been told
+    headless_start(install, std::filesystem::absolute(out).string(), log_to_nothing);
+    lab_still_air();
+    const aircraft_summary_struct size = aircraft_summary(0);
+    printf("wing area       %8.2f m2  %8.1f sq ft\n", size.S_ref, size.S_ref * con.smtrtosf);
+    printf("mean chord      %8.3f m   %8.2f ft\n", size.mean_chord, size.mean_chord * con.mtrstoft);
+    printf("neutral point   %8.3f m   %8.2f ft aft of the centre of gravity\n", size.z_neutral,
+           size.z_neutral * con.mtrstoft);
+    printf("static margin   %8.1f %%   of the mean chord, wings and tail\n", 100.0f * size.static_margin);
+    constexpr float sea_level = 100.0f;  // m; clear of ground effect
+    const float stall = lab_performance(sea_level).stall_speed;
+    printf("stall speed     %8.1f m/s %8.1f kt at %.0f kg\n", stall, stall * con.msctokts, lab_mass());
+}
+
+int make(const std::string& in, const std::string& out, bool quiet) {
     std::string error;
     if (!acf_from_toml(in, source_slot, &error)) {
         fputs(error.c_str(), stderr);
@@ -128,13 +152,18 @@ int make(const std::string& in, const std::string& out) {
     remind(source_slot);
     set_path(source_slot, out);
     if (!IO_acf(1, source_slot, 1)) return exit_bad_aircraft;
-    if (loads_well(out)) return exit_good;
-    remove(set_dir_chars(out).c_str());  // a build must not take it for good
-    return exit_bad_aircraft;
+    if (!loads_well(out)) {
+        remove(set_dir_chars(out).c_str());  // a build must not take it for good
+        return exit_bad_aircraft;
+    }
+    if (!quiet) summarise(out);
+    return exit_good;
 }
 }  // namespace
 
 int main(int argc, char** argv) {
+    const bool quiet = argc > 1 && !strcmp(argv[1], "--quiet");
+    if (quiet) --argc, ++argv;
     const std::string first = argc > 1 ? argv[1] : "";
     if (first == "--help") return fputs(usage, stdout), exit_good;
     if (first == "--fields") return list_fields();
@@ -146,5 +175,5 @@ int main(int argc, char** argv) {
     }
     THREAD_Init();
     init_con();
-    return make(first, out);
+    return make(first, out, quiet);
 }

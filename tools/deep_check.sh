@@ -33,8 +33,13 @@ for target in build-fuzz/fuzz/fuzz_*; do
     [ -x "$target" ] && [ -f "$target" ] || continue
     name=$(basename "$target")
     corpus=$(mktemp -d)
+    case $name in
+        fuzz_afl) cp build-fuzz/Orvelle/Airfoils/*.afl "$corpus" ;;
+    esac
+    extra="-max_len=40000 -len_control=0"
+    [[ $name == fuzz_acf* ]] && extra="-max_len=400 -len_control=0"
     echo "-- $name"
-    "$target" -max_total_time="$fuzz_seconds" -timeout=60 -rss_limit_mb=4096 -print_final_stats=1 "$corpus" \
+    "$target" -max_total_time="$fuzz_seconds" -timeout=60 -rss_limit_mb=4096 -print_final_stats=1 $extra "$corpus" \
         >"build-fuzz/$name.log" 2>&1 || { tail -40 "build-fuzz/$name.log"; exit 1; }
     grep 'stat::number_of_executed_units' "build-fuzz/$name.log" || true
     rm -rf "$corpus"

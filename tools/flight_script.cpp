@@ -26,9 +26,9 @@ struct attitude_line {
     float bank, pitch;
 };
 const attitude_line script[] = {
-    {0.0f, 0.0f, 0.0f},  {12.0f, 0.0f, 0.0f},   {14.0f, 30.0f, -1.0f}, {24.0f, 30.0f, -1.0f},
-    {26.0f, 0.0f, 0.0f}, {30.0f, -20.0f, 0.0f}, {34.0f, -20.0f, 0.0f}, {36.0f, 0.0f, 0.0f},
-    {52.0f, 0.0f, -1.0f}, {54.0f, 0.0f, -6.0f}, {90.0f, 0.0f, -6.0f},
+    {0.0f, 0.0f, 0.0f},   {12.0f, 0.0f, 0.0f},   {14.0f, 30.0f, -1.0f}, {24.0f, 30.0f, -1.0f},
+    {26.0f, 0.0f, 0.0f},  {30.0f, -20.0f, 0.0f}, {34.0f, -20.0f, 0.0f}, {36.0f, 0.0f, 0.0f},
+    {52.0f, 0.0f, -1.0f}, {54.0f, 0.0f, -6.0f},  {90.0f, 0.0f, -6.0f},
 };
 constexpr float flight_seconds = 75.0f;
 constexpr float picture_times[3] = {8.0f, 20.0f, 66.0f};
@@ -78,9 +78,9 @@ struct flight_log {
 
 void write_row(flight_log& log) {
     const flt_struct& f = flt[0];
-    fprintf(log.csv, "%.3f,%.6f,%.6f,%.2f,%.2f,%.2f,%.2f,%.2f,%.2f,%.3f,%.3f,%.3f,%.2f\n", mnw.totl_time, f.dob_lat,
-            f.dob_lon, f.dob_ele, f.v_ind_kts, f.Vh_fpm, f.psi, f.the, f.phi, f.alpha, f.g_nrml, f.sbrk_rat,
-            f.l_o_d);
+    fprintf(log.csv, "%.3f,%.6f,%.6f,%.2f,%.2f,%.2f,%.2f,%.2f,%.2f,%.3f,%.3f,%.3f,%.2f\n", mnw.totl_time,
+            f.dob_lat, f.dob_lon, f.dob_ele, f.v_ind_kts, f.Vh_fpm, f.psi, f.the, f.phi, f.alpha, f.g_nrml,
+            f.sbrk_rat, f.l_o_d);
 }
 
 void note(flight_log& log) {
@@ -97,7 +97,8 @@ struct glide {
 double energy_height() { return flt[0].dob_ele + 0.5 * flt[0].AV_msc * flt[0].AV_msc / con.g; }
 
 int usage(const char* name) {
-    fprintf(stderr, "%s FOLDER    fly the script in a window and leave pictures, data and a summary there\n", name);
+    fprintf(stderr, "%s FOLDER    fly the script in a window and leave pictures, data and a summary there\n",
+            name);
     return 2;
 }
 }  // namespace
@@ -120,9 +121,10 @@ int main(int argc, char** argv) {
     flight_log log;
     log.csv = fopen((out / "flight.csv").c_str(), "w");
     if (!log.csv) return 1;
-    fprintf(log.csv,
-            "time_s,latitude_deg,longitude_deg,elevation_m,airspeed_kt,climb_fpm,heading_deg,pitch_deg,roll_deg,"
-            "alpha_deg,load_g,speedbrake_ratio,lift_over_drag\n");
+    fprintf(
+        log.csv,
+        "time_s,latitude_deg,longitude_deg,elevation_m,airspeed_kt,climb_fpm,heading_deg,pitch_deg,roll_deg,"
+        "alpha_deg,load_g,speedbrake_ratio,lift_over_drag\n");
     log.start_ele = flt[0].dob_ele;
     glide straight;
     double before = energy_height();

@@ -1,10 +1,10 @@
 // What the aircraft carries when its flight begins: fuel, payload, weapons.
 #include "aircraft/derive_steps.h"
-#include "aircraft/weapon_file.h"
 #include "core/clocks.h"
 #include "core/logs.h"
 #include "core/num.h"
 #include "core/random.h"
+#include "aircraft/weapon_file.h"
 
 void load_weapons(int p) {
     for (int en = 0; en < wattDIM; ++en) {

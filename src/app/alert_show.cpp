@@ -5,6 +5,7 @@
 #include "core/alert.h"
 #include "core/input_gate.h"
 #include "core/records.h"
+#include "core/seams.h"
 #include "draw/text.h"
 #include "platform/screen.h"
 
@@ -57,8 +58,12 @@ void alerts_in_window() { alert_seam.show = show; }
 
 void draw_alert() {
     if (!shown || mnw.top_win != win_alrt) return;
-    constexpr float left = 232.0f, top = 480.0f, width = 560.0f, gap = 6.0f;
-    float y = top;
-    for (const std::string& line : shown->line) y = draw_wrapped(line, left, y, width) - (line.empty() ? 0.0f : gap);
-    text_draw(left, y - gap, "Press Return to go on.", {1.0f, 0.8f, 0.3f});
+    // the window of an alert is 400 by 220 in the middle of the screen; long lines take more
+    constexpr float left = 232.0f, right = 792.0f, top = 494.0f, bottom = 274.0f, margin = 20.0f, gap = 6.0f;
+    seam.draw_background();
+    text_backdrop(left - margin, bottom, right + margin, top + margin, {0.05f, 0.07f, 0.11f}, 0.85f);
+    float y = top - margin;
+    for (const std::string& line : shown->line)
+        y = draw_wrapped(line, left, y, right - left) - (line.empty() ? 0.0f : gap);
+    text_draw(left, bottom + margin, "Press Return to go on.", {1.0f, 0.8f, 0.3f});
 }

@@ -1,4 +1,6 @@
 // What a frame simulates and draws, in every state of the program.
+#include <time.h>
+
 #include "app/frame.h"
 #include "app/load_plane.h"
 #include "core/clocks.h"
@@ -14,14 +16,12 @@
 #include "net/data_table.h"
 #include "net/messages.h"
 #include "plugins/host.h"
-#include "scenery/region.h"
 #include "scene/world.h"
+#include "scenery/region.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
 #include "ui/windows.h"
 #include "weather/weather_step.h"
-
-#include <time.h>
 
 namespace {
 // The system changes the user's aircraft by itself every five to ten minutes.
@@ -53,29 +53,50 @@ void update_aircraft() {
 
 void run_window() {
     switch (mnw.top_win) {
-        case win_apt: return manage_apt();
-        case win_dat: return manage_dat();
-        case win_wxr: return manage_wxr();
-        case win_tim: return manage_tim();
-        case win_wgt: return manage_wgt();
-        case win_rel: return manage_rel();
-        case win_acf: return manage_acf();
-        case win_qfl: return manage_qfl();
-        case win_snd: return manage_snd();
-        case win_ren: return manage_ren();
-        case win_fdr: return manage_fdr();
-        case win_joy: return manage_joy();
-        case win_wrn: return manage_wrn();
+        case win_apt:
+            return manage_apt();
+        case win_dat:
+            return manage_dat();
+        case win_wxr:
+            return manage_wxr();
+        case win_tim:
+            return manage_tim();
+        case win_wgt:
+            return manage_wgt();
+        case win_rel:
+            return manage_rel();
+        case win_acf:
+            return manage_acf();
+        case win_qfl:
+            return manage_qfl();
+        case win_snd:
+            return manage_snd();
+        case win_ren:
+            return manage_ren();
+        case win_fdr:
+            return manage_fdr();
+        case win_joy:
+            return manage_joy();
+        case win_wrn:
+            return manage_wrn();
         case win_map:
         case win_map_ios:
-        case win_map_2: return manage_map();
-        case win_wrl: return manage_wrl();
-        case win_log: return manage_log();
-        case win_ins: return manage_ins();
-        case win_env: return manage_env();
-        case win_vew: return manage_vew();
-        case win_pln: return manage_pln();
-        default: return;  // lists run a loop of their own
+        case win_map_2:
+            return manage_map();
+        case win_wrl:
+            return manage_wrl();
+        case win_log:
+            return manage_log();
+        case win_ins:
+            return manage_ins();
+        case win_env:
+            return manage_env();
+        case win_vew:
+            return manage_vew();
+        case win_pln:
+            return manage_pln();
+        default:
+            return;  // lists run a loop of their own
     }
 }
 
@@ -130,7 +151,8 @@ void take_system_time() {
 // The date follows the local clock over midnight, both ways.
 void roll_day() {
     constexpr float evening = 86399.0f, morning = 1.0f;
-    static float o_locl_time;
+    static float o_locl_time = -1.0f;  // no time before the first
+    if (o_locl_time < 0.0f) o_locl_time = mnw.locl_time;
     if (o_locl_time > evening && mnw.locl_time < morning)
         mnw.locl_date_jan1 = intwrap(mnw.locl_date_jan1 + 1, 0, 359);
     else if (o_locl_time < morning && mnw.locl_time > evening)

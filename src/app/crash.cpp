@@ -9,8 +9,8 @@
 
 namespace {
 bool has_crashed() {
-    constexpr float vy_crash = -20.0f;   // m/s
-    constexpr float quiet_time = 5.0f;   // s after a flight start
+    constexpr float vy_crash = -20.0f;  // m/s
+    constexpr float quiet_time = 5.0f;  // s after a flight start
     const flt_struct& f = flt[0];
     if (!(mnw.miss_time > quiet_time) || f.update_type != pln_update_primary || !f.onground_any) return false;
     return f.vy < vy_crash || (!wheels_are_wet() && f.dob_y < f.terrain_y_cg);

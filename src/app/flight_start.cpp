@@ -1,4 +1,6 @@
 // The start of a flight: the user's aircraft placed, every switch and engine set to fit the place.
+#include <string.h>
+
 #include "aircraft/deflect.h"
 #include "app/load_plane.h"
 #include "atc/controllers.h"
@@ -18,15 +20,13 @@
 #include "ui/logbook.h"
 #include "weather/atmosphere.h"
 
-#include <string.h>
-
 namespace {
 // Where the aircraft stands and how it moves, before the frame's own fields are set.
 struct start_state {
     float psi = 0.0f, the = 0.0f, phi = 0.0f;  // degrees
     float V_msc = 0.0f;
     bool on_ground = false;
-    bool running = false;   // engines and electrics
+    bool running = false;  // engines and electrics
 };
 
 // The default airport's place, at a height for a free flight, until flights can start on the ground.
@@ -94,7 +94,8 @@ float settle_on_terrain(const start_state& s) {
 void lay_out_lines(const start_state& s) {
     const flt_struct& f = flt[0];
     constexpr float winch_ahead = 2000.0f;
-    const float here[3] = {static_cast<float>(f.dob_x), static_cast<float>(f.dob_y), static_cast<float>(f.dob_z)};
+    const float here[3] = {static_cast<float>(f.dob_x), static_cast<float>(f.dob_y),
+                           static_cast<float>(f.dob_z)};
     for (int end = 0; end < 2; ++end)
         for (int axis = 0; axis < 3; ++axis) env.tow_line[end][axis] = env.jet_line[end][axis] = here[axis];
     stg.win_len = winch_ahead;
@@ -161,7 +162,8 @@ void set_engine(int en, const start_state& s) {
     e.pitch_deg_ref = s.on_ground ? fine : 0.5f * (fine + coarse);
     if (s.running && v.linked_prop_EQ) {
         e.tacrad_ENGN = v.RSC_redline_ENGN;
-        e.tacrad_PROP = v.RSC_redline_PROP * v.engn[0].prop_gear_rat / fltmax2(v.engn[en].prop_gear_rat, 0.001f);
+        e.tacrad_PROP =
+            v.RSC_redline_PROP * v.engn[0].prop_gear_rat / fltmax2(v.engn[en].prop_gear_rat, 0.001f);
     }
     if (is_gyr_rotor(0, en) || veh[0].engn[en].prop_type == prop_lift_fan) e.tacrad_PROP = 0.0f;
 }

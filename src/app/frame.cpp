@@ -126,9 +126,7 @@ void choose_cursor() {
     if (mnw.real_time - mnw.m_move_time > idle) mnw.cursor_type = 1;
 }
 
-bool window_is_modal() {
-    return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save);
-}
+bool window_is_modal() { return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save); }
 }  // namespace
 
 void reset_frame_statics() {

@@ -14,14 +14,14 @@
 #include "platform/window.h"
 #include "weather/wind.h"
 
-void headless_start(const std::string& install_folder, const std::string& acf_file) {
+void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
     seams_headless();
     rand_seed(1);
     reset_frame_statics();
     reset_motion_statics();
     reset_warnings();
     wind_reset();
-    init_records(install_folder);
+    init_records(install_folder, logs);
     init_gen();
     have_done_first_update = 1;
     const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;
@@ -54,8 +54,9 @@ unsigned long long flight_state_hash() {
     hasher hash;
     for (const double v : {f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele}) hash.add(v);
     for (const float v : f.q) hash.add(v);
-    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.alpha, f.beta, f.AV_msc, f.L, f.M,
-                          f.N, f.v_ind_kts, f.h_ind_ft, f.com_ind_mag, f.slip_ind_deg, f.m_total})
+    for (const float v : {f.vx,       f.vy,          f.vz,           f.P,      f.Q, f.R, f.psi, f.the,
+                          f.phi,      f.alpha,       f.beta,         f.AV_msc, f.L, f.M, f.N,   f.v_ind_kts,
+                          f.h_ind_ft, f.com_ind_mag, f.slip_ind_deg, f.m_total})
         hash.add(v);
     for (const flt_wing_struct& w : f.wing)
         for (int el = 0; el < elDIM; ++el) {

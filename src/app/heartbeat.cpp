@@ -42,8 +42,8 @@ void send_ping() {
     net.mp_dig[3] = intwrap(net.mp_dig[3] + 1, 0, 255);
     char text[4][4];
     for (int i = 0; i < 4; ++i) snprintf(text[i], sizeof text[i], "%03d", intlim(net.mp_dig[i], 0, 255));
-    snprintf(net.their_ip_str[ip_auto_probe], sizeof net.their_ip_str[0], "%s.%s.%s.%s", text[0], text[1], text[2],
-             text[3]);
+    snprintf(net.their_ip_str[ip_auto_probe], sizeof net.their_ip_str[0], "%s.%s.%s.%s", text[0], text[1],
+             text[2], text[3]);
     const unsigned probed = static_cast<unsigned>(net.mp_dig[0] & 255) << 24 | (net.mp_dig[1] & 255) << 16 |
                             (net.mp_dig[2] & 255) << 8 | (net.mp_dig[3] & 255);
     if (probed == static_cast<unsigned>(net.our_ip_int)) return;

@@ -1,11 +1,12 @@
 // Start-up in its fixed order, and shutdown.
-#include "app/frame.h"
 #include "app/alert_show.h"
+#include "app/frame.h"
 #include "app/load_plane.h"
 #include "atc/controllers.h"
 #include "cockpit/panel.h"
 #include "core/alert.h"
 #include "core/globe.h"
+#include "core/jobs.h"
 #include "core/logs.h"
 #include "core/num.h"
 #include "core/paths.h"
@@ -16,10 +17,10 @@
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/nav_data.h"
-#include "scenery/region.h"
 #include "scene/plain_view.h"
 #include "scene/world.h"
+#include "scenery/nav_data.h"
+#include "scenery/region.h"
 #include "sound/chatter.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
@@ -140,19 +141,21 @@ void limit_periods_from_file() {
 
 void graphics_are_missing() {
     handle_prefs(0, 7, res_path);
-    MACIBM_alert(0,
-                 "I could not set up the graphics for Tarvane! I hope your monitor is at 1024x768 or higher! It must "
-                 "be!",
-                 "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "
-                 "resolution in Tarvane!",
-                 "You need at least 256 meg of RAM, 16 meg of VRAM, and OpenGl drivers for your 3-D accelerator card!",
-                 "If you reset the resolution, you can try launching Tarvane again, since I am resetting Tarvane to "
-                 "default resolution now.",
-                 alert_fatal);
+    MACIBM_alert(
+        0,
+        "I could not set up the graphics for Tarvane! I hope your monitor is at 1024x768 or higher! It must "
+        "be!",
+        "You do not meet the system requirements or you do not have OpenGL drivers or you entered a bad "
+        "resolution in Tarvane!",
+        "You need at least 256 meg of RAM, 16 meg of VRAM, and OpenGl drivers for your 3-D accelerator card!",
+        "If you reset the resolution, you can try launching Tarvane again, since I am resetting Tarvane to "
+        "default resolution now.",
+        alert_fatal);
 }
 
 // What is drawn, and where alerts go, once there is a window.
 void draw_in_window() {
+    window_fixed_gl_state();
     platform_install_seams();
     seam.draw_world = seam.draw_background = plain_view_draw;
     seam.draw_overlay = draw_alert;
@@ -216,9 +219,9 @@ void choose_first_window() {
 }
 }  // namespace
 
-void init_records(const std::string& install_folder) {
+void init_records(const std::string& install_folder, log_target logs) {
     clear_records();
-    open_logs();
+    if (logs == log_to_files) open_logs();
     init_rand_rat();
     init_paths(install_folder);
     THREAD_Init();
@@ -266,12 +269,14 @@ void init_sim(const std::string& install_folder) {
 }
 
 void MACIBM_finishup(int is_normal_exit) {
+    THREAD_Cleanup();
     if (is_normal_exit) {
         handle_prefs(0, 7, res_path);
         handle_prefs(1, 7, gen_path);
     }
     TVPShutdownPlugins();
     close_hardware_out(1);
+    MACIBM_setres(0);
     NET_close();
     JOY_close();
     soun.SOUND_close();

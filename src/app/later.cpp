@@ -10,6 +10,7 @@
 #include "cockpit/panel.h"
 #include "cockpit/radios.h"
 #include "core/input_gate.h"
+#include "core/jobs.h"
 #include "core/num.h"
 #include "core/records.h"
 #include "core/seams.h"
@@ -177,6 +178,9 @@ void handle_vectors() {}
 void LSO_respond() {}
 int atc_is_talking() { return 0; }
 void clear_atc_and_plan() {}
+
+// -- jobs: none
+void THREAD_Cleanup() {}
 
 // -- interface: no preferences, menus, settings windows, logbook, chatter, key file, devices
 int handle_prefs(int, int, const std::string&) { return 0; }

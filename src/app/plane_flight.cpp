@@ -16,18 +16,21 @@ namespace {
 void move_slot(int p) {
     const bool replaying = mnw.replay_mode != 0;
     switch (flt[p].update_type) {
-        case pln_update_net: return update_with_net(p);
-        case pln_update_primary: return replaying ? update_with_replay() : update_with_fullsim1(p);
+        case pln_update_net:
+            return update_with_net(p);
+        case pln_update_primary:
+            return replaying ? update_with_replay() : update_with_fullsim1(p);
         case pln_update_local_AI:
             if (!replaying) update_with_AI(p);
             return;
-        default: return;  // a plugin moves it
+        default:
+            return;  // a plugin moves it
     }
 }
 
 void check_state(const flt_struct& f) {
-    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.Prad, f.Qrad, f.Rrad, f.psi, f.the, f.phi, f.sin_psi,
-                          f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi})
+    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.Prad, f.Qrad, f.Rrad, f.psi, f.the, f.phi,
+                          f.sin_psi, f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi})
         check_val(v);
     for (const double v : {f.dob_x, f.dob_y, f.dob_z}) check_val(static_cast<float>(v));
 }

@@ -13,7 +13,7 @@ constexpr int prop_mode_reverse = 3;
 
 struct smoke {
     int color = 0;
-    float size = 0.0f;   // m
+    float size = 0.0f;  // m
     float alpha = 0.0f;
     bool is_contrail = false;
 };
@@ -94,7 +94,8 @@ void puff_from(int p, int en, const float at[3], const smoke& s, float lag) {
     veh_to_wrl(at[0], at[1], at[2], &x, &y, &z, p);
     disc_to_veh(0.0f, 0.0f, f.engn[en].DVinc, &jx, &jy, &jz, p, en);
     veh_to_wrl(jx, jy, jz, &vx, &vy, &vz, p);
-    puff.spawn_puff(static_cast<float>(f.dob_x) + x - f.vx * lag, static_cast<float>(f.dob_y) + y - f.vy * lag,
+    puff.spawn_puff(static_cast<float>(f.dob_x) + x - f.vx * lag,
+                    static_cast<float>(f.dob_y) + y - f.vy * lag,
                     static_cast<float>(f.dob_z) + z - f.vz * lag, vx, vy, vz, s.size, s.color, s.alpha);
 }
 
@@ -116,7 +117,8 @@ bool over_wet_surface(int p) {
     const flt_struct& f = flt[p];
     constexpr int checker_spray = 10;
     const bool wet_runway = p == 0 && env.over_rwy_last && atm.rway_fric_code > 0;
-    return wet_runway || terrain_is_wet(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), checker_spray);
+    return wet_runway ||
+           terrain_is_wet(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), checker_spray);
 }
 
 // The wash lifts spray where it reaches the water.

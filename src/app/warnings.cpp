@@ -10,15 +10,25 @@
 
 namespace {
 enum warn_sound : int {
-    sound_stall = 34, sound_gear = 35, sound_sink = 46, sound_pullup = 47, sound_gear_up = 48, sound_caution = 52,
-    sound_height_first = 53, sound_outer = 66, sound_middle_dot = 67, sound_middle_dash = 68, sound_inner = 69,
-    sound_chatter_first = 71, sound_chatter_last = 120,
+    sound_stall = 34,
+    sound_gear = 35,
+    sound_sink = 46,
+    sound_pullup = 47,
+    sound_gear_up = 48,
+    sound_caution = 52,
+    sound_height_first = 53,
+    sound_outer = 66,
+    sound_middle_dot = 67,
+    sound_middle_dash = 68,
+    sound_inner = 69,
+    sound_chatter_first = 71,
+    sound_chatter_last = 120,
 };
 
 // What was heard and seen last; outlives a flight.
 struct warning_state {
-    float next_chatter = -1.0f;   // real_time; below 0 before the first
-    bool was_below[11] = {};      // heights of the calls
+    float next_chatter = -1.0f;  // real_time; below 0 before the first
+    bool was_below[11] = {};     // heights of the calls
     int old_OM_lit = 0, old_MM_lit = 0, old_MM_dash = 0, old_IM_lit = 0;
     int prev_otto_running = 0;
     bool o_stal_warn = false, o_gear_warn = false;
@@ -31,7 +41,8 @@ void play(int slot) { soun.SOUND_set(slot, 1.0f, 1.0f); }
 void radio_chatter() {
     float& next_time = state.next_chatter;
     const bool selects_com = nav.audio_sel == 10 || nav.audio_sel == 11;
-    if (!mnw.radio_chatter_on || !selects_com || env.planet || !stl.verbal_string.empty() || atc_is_talking()) return;
+    if (!mnw.radio_chatter_on || !selects_com || env.planet || !stl.verbal_string.empty() || atc_is_talking())
+        return;
     if (next_time < 0.0f) next_time = mnw.real_time + flt_rand(5.0f, 30.0f);
     if (!(mnw.real_time > next_time)) return;
     play(int_rand(sound_chatter_first, sound_chatter_last));
@@ -98,7 +109,8 @@ void horn(bool on, bool* was_on, int sound) {
 }
 
 bool gear_horn_on() {
-    if (!veh[0].warn_gear_EQ || !veh[0].gear_retract || flt[0].gear_handle || !nav.gear_audio_working) return false;
+    if (!veh[0].warn_gear_EQ || !veh[0].gear_retract || flt[0].gear_handle || !nav.gear_audio_working)
+        return false;
     if (flt[0].handle_rat_req > 0.67f) return true;
     for (int en = 0; en < veh[0].num_engines; ++en)
         if (flt[0].engn[en].thro_use < 0.01f) return true;

@@ -108,7 +108,8 @@ void limit_tests() {
     const flt_struct& f = flt[0];
     const veh_struct& v = veh[0];
     if (!(mnw.miss_time > quiet_time)) return;
-    if (!stg.over_vne && !stg.over_g && stg.warn_oG && (f.g_nrml > 1.5f * v.Gpos || f.g_nrml < -1.5f * v.Gneg))
+    if (!stg.over_vne && !stg.over_g && stg.warn_oG &&
+        (f.g_nrml > 1.5f * v.Gpos || f.g_nrml < -1.5f * v.Gneg))
         stg.over_g = 1;
     if (!stg.over_vne && !stg.over_g && stg.warn_oV && f.AV_sig_kts > v.Vne_kts) stg.over_vne = 1;
     if (!stg.over_vle && stg.warn_oVle && f.AV_sig_kts > v.Vle_kts && v.gear_retract && f.gear_handle)
@@ -126,12 +127,14 @@ void limit_consequences() {
     if (stg.over_g)
         for (const int slot : {fail_eng_sep + 0, fail_eng_sep + 1}) fail_it(slot);
     if (stg.over_g || stg.over_vne)
-        for (const int slot : {fail_wing1_left, fail_wing2_left, fail_wing3_left, fail_wing4_left}) fail_it(slot);
+        for (const int slot : {fail_wing1_left, fail_wing2_left, fail_wing3_left, fail_wing4_left})
+            fail_it(slot);
 }
 
 bool inside_overcast() {
     for (int layer = 0; layer < 2; ++layer)
-        if (atm.cld_type[layer] == 5 && atm.base_h_MSL[layer] < flt[0].dob_y && flt[0].dob_y < atm.tops_h_MSL[layer])
+        if (atm.cld_type[layer] == 5 && atm.base_h_MSL[layer] < flt[0].dob_y &&
+            flt[0].dob_y < atm.tops_h_MSL[layer])
             return true;
     return false;
 }
@@ -146,8 +149,8 @@ void tell_about_frame_rate() {
     static bool warned;
     if (warned || !stg.warn_frame || is_slave(ip_master_ios)) return;
     warned = true;
-    MACIBM_alert(win_fly, stl.text[text_frame_rate], stl.text[text_frame_rate + 1], stl.text[text_frame_rate + 2],
-                 stl.text[text_frame_rate + 3], alert_message);
+    MACIBM_alert(win_fly, stl.text[text_frame_rate], stl.text[text_frame_rate + 1],
+                 stl.text[text_frame_rate + 2], stl.text[text_frame_rate + 3], alert_message);
 }
 
 // Trades visibility for frame rate, once a second.

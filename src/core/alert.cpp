@@ -1,11 +1,12 @@
 // Alerts and the exception that replaces them off the main thread.
 #include "core/alert.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <iostream>
 #include <set>
 #include <thread>
-#include <unistd.h>
 
 #include "core/logs.h"
 #include "core/mnw.h"
@@ -69,8 +70,14 @@ void data_fault(std::string s1, std::string s2, std::string s3, std::string s4, 
         __MACIBM_alert(mnw.top_win, s1, s2, s3, s4, alert_message, file, line);
 }
 
-XException::XException(std::string c1, std::string c2, std::string c3, std::string c4, const char* file, int line)
-    : c1_(std::move(c1)), c2_(std::move(c2)), c3_(std::move(c3)), c4_(std::move(c4)), file_(file), line_(line) {}
+XException::XException(std::string c1, std::string c2, std::string c3, std::string c4, const char* file,
+                       int line)
+    : c1_(std::move(c1)),
+      c2_(std::move(c2)),
+      c3_(std::move(c3)),
+      c4_(std::move(c4)),
+      file_(file),
+      line_(line) {}
 
 void XException::ReportAndQuit() const { __MACIBM_alert(0, c1_, c2_, c3_, c4_, alert_fatal, file_, line_); }
 
@@ -80,7 +87,10 @@ void XException::ReportAndContinue() const {
         return;
     }
     xer << "EXCEPTION REPORTED FROM THREAD!!  File: " << file_ << ", line " << line_ << '\n'
-        << c1_ << '\n' << c2_ << '\n' << c3_ << '\n' << c4_ << '\n';
+        << c1_ << '\n'
+        << c2_ << '\n'
+        << c3_ << '\n'
+        << c4_ << '\n';
     xer.flush();
     g_done = 1;
     if (alert_seam.finish) alert_seam.finish(1);

@@ -15,8 +15,9 @@ void wrl_to_veh(float x, float y, float z, float* xo, float* yo, float* zo, int 
 }
 
 void boat_to_wrl(float x, float y, float z, float* xo, float* yo, float* zo, int w) {
-    any_to_wrl(x, y, z, xo, yo, zo, sin_deg(env.boat_psi[w]), cos_deg(env.boat_psi[w]), sin_deg(env.boat_the[w]),
-               cos_deg(env.boat_the[w]), sin_deg(env.boat_phi[w]), cos_deg(env.boat_phi[w]));
+    any_to_wrl(x, y, z, xo, yo, zo, sin_deg(env.boat_psi[w]), cos_deg(env.boat_psi[w]),
+               sin_deg(env.boat_the[w]), cos_deg(env.boat_the[w]), sin_deg(env.boat_phi[w]),
+               cos_deg(env.boat_phi[w]));
 }
 
 void disc_to_veh(float xi, float yi, float zi, float* xo, float* yo, float* zo, int p, int en) {

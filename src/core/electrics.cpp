@@ -11,8 +11,8 @@ float tot_volt_avail() {
     for (int en = 0; en < engines; ++en) {
         const int type = veh[0].engn[en].engn_type;
         if (stg.battery) volt += flt[0].engn[en].bat_volt;
-        const bool has_spool = type == engn_turb_free || type == engn_turb_fixed || type == engn_jet_lo ||
-                               type == engn_jet_hi;
+        const bool has_spool =
+            type == engn_turb_free || type == engn_turb_fixed || type == engn_jet_lo || type == engn_jet_hi;
         if (stg.generator[en] && has_spool) volt += flt[0].engn[en].N1 / 15.0f;
     }
     return fltlim(volt, 0.0f, 1.0f);

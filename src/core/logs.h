@@ -7,6 +7,9 @@ extern std::ofstream cyc;     // "Tarvane.out": trace of the flight model and lo
 extern std::ofstream dat;     // "Data.out": data table
 extern std::ofstream xer;     // "Error.out": fatal errors and the frame profile
 
+// Where a run's outputs go: tools leave no files behind.
+enum log_target : int { log_to_files, log_to_nothing };
+
 // Creates the four files, each showing floats in fixed notation. Unopened streams swallow output.
 void open_logs();
 void close_logs();

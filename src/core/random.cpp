@@ -31,7 +31,8 @@ int int_rand(int min, int max) {
     if (min == max) return min;
     // in double the ratio stays below 1, so max itself is the highest answer
     const double span = static_cast<double>(max) - min + 1.0;
-    const int val = static_cast<int>(min + static_cast<long long>(rand31() * 4.656612873077392578125e-10 * span));
+    const int val =
+        static_cast<int>(min + static_cast<long long>(rand31() * 4.656612873077392578125e-10 * span));
     if (val < min || val > max)
         MACIBM_alert(0, "int rand val out of range! Lo and hi and returned values are:", std::to_string(min),
                      std::to_string(max), std::to_string(val), alert_fatal);

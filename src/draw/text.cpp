@@ -64,3 +64,15 @@ void text_draw(float x, float y, const std::string& text, text_colour colour) {
     glListBase(font.lists);
     glCallLists(static_cast<GLsizei>(printable.size()), GL_UNSIGNED_BYTE, printable.data());
 }
+
+void text_backdrop(float x1, float y1, float x2, float y2, text_colour colour, float alpha) {
+    OGL_view_2d();
+    OGL_setstate(fog_off, 0, lit_off, al_blend, depth_no_read, depth_no_write);
+    glColor4f(colour.r, colour.g, colour.b, alpha);
+    glBegin(GL_QUADS);  // clockwise: the front side
+    glVertex2f(x1, y1);
+    glVertex2f(x1, y2);
+    glVertex2f(x2, y2);
+    glVertex2f(x2, y1);
+    glEnd();
+}

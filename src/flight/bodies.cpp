@@ -107,8 +107,9 @@ void aero_bodies() {
         const body_flow flow = flow_at_body(washes, en);
         body_force force;
         if (flow.v_msc < con.lcl_a)
-            get_body_coeffs(body.area_frnt, body.area_side, body.area_nrml, body.cd, flow.v_msc, flow.alph_rad,
-                            &force.lift, flow.beta_rad, &force.side, flow.angl_rad, &force.drag);
+            get_body_coeffs(body.area_frnt, body.area_side, body.area_nrml, body.cd, flow.v_msc,
+                            flow.alph_rad, &force.lift, flow.beta_rad, &force.side, flow.angl_rad,
+                            &force.drag);
         else
             force = supersonic_panels(body, flow);
 
@@ -118,8 +119,10 @@ void aero_bodies() {
             force.drag = 0.0f;  // the engine's thrust already counts it
         addFaero(force.drag, force.side, force.lift, body.aero_x_os, body.aero_y_os, body.aero_z_os, en, -1);
         if (mnw.cyc_out) [[unlikely]]
-            trace_values("BODY", {{"part", static_cast<float>(en)}, {"drag N", force.drag},
-                                  {"side N", force.side}, {"lift N", force.lift}});
+            trace_values("BODY", {{"part", static_cast<float>(en)},
+                                  {"drag N", force.drag},
+                                  {"side N", force.side},
+                                  {"lift N", force.lift}});
     }
     aero_forcerep("bodies");
 }
@@ -127,12 +130,18 @@ void aero_bodies() {
 // How much more the tyres of a wheel arrangement drag than one.
 static float tyre_multiplier(int gear_type) {
     switch (gear_type) {
-        case gear_two_lat: return 2.0f;
-        case gear_two_long: return 1.2f;
-        case gear_four_2x2: return 2.4f;
-        case gear_six_2x3: return 2.8f;
-        case gear_four_lat: return 4.0f;
-        default: return 1.0f;
+        case gear_two_lat:
+            return 2.0f;
+        case gear_two_long:
+            return 1.2f;
+        case gear_four_2x2:
+            return 2.4f;
+        case gear_six_2x3:
+            return 2.8f;
+        case gear_four_lat:
+            return 4.0f;
+        default:
+            return 1.0f;
     }
 }
 
@@ -150,8 +159,10 @@ void aero_gear_drag() {
         for (const float area : {strut, tyres, doors})
             addFaero(area * pressure, 0.0f, 0.0f, g.x_nodef, g.y_nodef, g.z_nodef, -1, -1);
         if (mnw.cyc_out) [[unlikely]]
-            trace_values("GEAR", {{"leg", static_cast<float>(en)}, {"strut N", strut * pressure},
-                                  {"tyres N", tyres * pressure}, {"doors N", doors * pressure}});
+            trace_values("GEAR", {{"leg", static_cast<float>(en)},
+                                  {"strut N", strut * pressure},
+                                  {"tyres N", tyres * pressure},
+                                  {"doors N", doors * pressure}});
     }
     aero_forcerep("gear drag");
 }
@@ -188,7 +199,8 @@ void aero_chute() {
     const float place[3] = {0.0f, veh[0].chute_Y, veh[0].chute_Z};
     float vel[3];
     air_at_point(place, vel);
-    const float Q = (vel[0] * vel[0] + vel[1] * vel[1] + vel[2] * vel[2]) * con.lcl_r_met;  // without the half
+    const float Q =
+        (vel[0] * vel[0] + vel[1] * vel[1] + vel[2] * vel[2]) * con.lcl_r_met;  // without the half
     const float drag = 0.6f * veh[0].chute_area * stg.chute_deploy_rat * Q;
     addFaero(drag, 0.0f, 0.0f, place[0], place[1], place[2], -1, -1);
     swing_chute(vel, Q);

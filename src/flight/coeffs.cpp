@@ -117,39 +117,47 @@ void Fco_subsonic(float trat, float drag_div, float Mach, float modcl, float mod
     c.cd += modcd;
     c.cm += modcm;
     if (c.cd < 0.0f) fatal_text("neg cd in post con-def lookup!");
-    if (tracing) [[unlikely]] trace_coeffs("with controls", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with controls", c.cl, c.cd, c.cm);
 
     if (c.cl > 0.0f) c.cl *= flow.CL_grndeffect;
-    if (tracing) [[unlikely]] trace_coeffs("with ground effect on lift", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with ground effect on lift", c.cl, c.cd, c.cm);
 
     const float machfac = 1.0f / sqrtf(1.0f - Mach * Mach);  // Prandtl-Glauert
     c.cl *= machfac;
     c.cm *= machfac;
-    if (tracing) [[unlikely]] trace_coeffs("with compressibility", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with compressibility", c.cl, c.cd, c.cm);
 
     const float ar_eff = sideslip_aspect_ratio(en);
     const float Q_factor = flow.Q_centroid_loc[bld];
     const float cdi = c.cl * c.cl / (fltlim(Q_factor, 0.5f, 2.0f) * con.pi * wing.e * ar_eff);
     c.cd += cdi * flow.CD_grndeffect;
-    if (tracing) [[unlikely]] trace_coeffs("with induced drag", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with induced drag", c.cl, c.cd, c.cm);
 
     c.cl *= wing.cl_D_cl0 * Q_factor;
     c.cm *= wing.cm_D_cm0 * Q_factor;
-    if (tracing) [[unlikely]] trace_coeffs("scaled to the finite wing", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("scaled to the finite wing", c.cl, c.cd, c.cm);
 
     const float Md = drag_div - 0.2f * fabsf(c.cl);
     if (Mach > Md) c.cd += 2.5f * sqr(Mach - Md);
-    if (tracing) [[unlikely]] trace_coeffs("with drag rise", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with drag rise", c.cl, c.cd, c.cm);
 
     c.cm -= 0.25f * wing.delta_fac * c.cl;
-    if (tracing) [[unlikely]] trace_coeffs("with delta-wing moment", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with delta-wing moment", c.cl, c.cd, c.cm);
 
     const float ice = en <= part_thru_last ? flt[0].prop_ice : flt[0].frame_ice;
     if (ice > 0.0f) {
         c.cl /= 1.0f + 0.5f * ice;
         c.cd *= 1.0f + 4.0f * ice;
     }
-    if (tracing) [[unlikely]] trace_coeffs("with ice", c.cl, c.cd, c.cm);
+    if (tracing) [[unlikely]]
+        trace_coeffs("with ice", c.cl, c.cd, c.cm);
 
     check_val(c.cl);
     check_val(c.cd);
@@ -167,7 +175,8 @@ static float table_index(float alpha) {
     return interp(20.0f, 560.0f, 179.0f, 719.0f, alpha);
 }
 
-void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, int RT, int Re, int el, int bld) {
+void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, int RT, int Re, int el,
+                        int bld) {
     if (!intrange(en, 0, wingDIM - 1)) return fatal_text("FOIL INDEX out of range!");
     if (!intrange(Re, 0, 1)) return fatal_text("RE INDEX out of range!");
     if (!intrange(RT, 0, 1)) return fatal_text("RT INDEX out of range!");
@@ -228,7 +237,8 @@ void Fco_supersonic(float trat, float Mach, float modcl, float modcd, float modc
     check_val(*cl);
     check_val(*cd);
     check_val(*cm);
-    if (mnw.cyc_out) [[unlikely]] trace_coeffs("supersonic double wedge with controls", *cl, *cd, *cm);
+    if (mnw.cyc_out) [[unlikely]]
+        trace_coeffs("supersonic double wedge with controls", *cl, *cd, *cm);
 }
 
 void supersonic_flatplate(float alpha, float* cl, float* cd, float Mach, float foilrat) {

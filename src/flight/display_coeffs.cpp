@@ -19,8 +19,8 @@ reference reference_sizes() {
         const flt_wing_struct& now = flt[0].wing[en];
         const float mean_chord = 0.5f * (w.Croot + w.Ctip);
         ++n_ref;
-        ref.B = fltmax2(ref.B, 2.0f * (w.semilen_SEG * now.cos_act_sweep * now.cos_act_dihed +
-                                       veh[0].part[en].part_x));
+        ref.B = fltmax2(
+            ref.B, 2.0f * (w.semilen_SEG * now.cos_act_sweep * now.cos_act_dihed + veh[0].part[en].part_x));
         ref.C += mean_chord;
         ref.S += w.semilen_SEG * now.cos_act_sweep * mean_chord;
     }
@@ -36,12 +36,14 @@ void stability_report(const reference& ref) {
     const flt_struct& f = flt[0];
     if (msc.stab_ptch_test == 1) {
         cyc << "Pitch stability derivative is: Cm =  M / (Sref * Cref * Q).\n"
-            << "M " << f.M << " Sref " << ref.S << " Cref " << ref.C << " Q " << f.Qstatic << " Cm " << f.C_m << '\n';
+            << "M " << f.M << " Sref " << ref.S << " Cref " << ref.C << " Q " << f.Qstatic << " Cm " << f.C_m
+            << '\n';
         msc.stab_ptch_test = 0;
     }
     if (msc.stab_hdng_test == 1) {
         cyc << " Yaw  stability derivative is: Cn =  N / (Sref * Bref * Q).\n"
-            << "N " << f.N << " Sref " << ref.S << " Bref " << ref.B << " Q " << f.Qstatic << " Cn " << f.C_n << '\n';
+            << "N " << f.N << " Sref " << ref.S << " Bref " << ref.B << " Q " << f.Qstatic << " Cn " << f.C_n
+            << '\n';
         msc.stab_hdng_test = 0;
     }
 }

@@ -41,8 +41,8 @@ void aero_ground_effect() {
         if (!(height_meters > 0.0f)) continue;
         const veh_wing_struct& w = veh[0].wing[en];
         const float min_height = 0.1f * height_meters;
-        flt[0].wing[en].CL_grndeffect = interp(
-            0.0f, 2.0f, 1.0f, 1.0f, powf(height_meters / fltmax2(w.average_MAC, min_height), 0.25f));
+        flt[0].wing[en].CL_grndeffect =
+            interp(0.0f, 2.0f, 1.0f, 1.0f, powf(height_meters / fltmax2(w.average_MAC, min_height), 0.25f));
         flt[0].wing[en].CD_grndeffect = interp(
             0.0f, 0.0f, 1.0f, 1.0f, powf(height_meters / fltmax2(2.0f * w.semilen_JND, min_height), 0.25f));
     }
@@ -51,10 +51,10 @@ void aero_ground_effect() {
 namespace {
 // Flow at one element in its own plane.
 struct element_flow {
-    float place[3];   // middle of the element, aircraft axes, m
-    float alpha;      // angle of the free stream to the chord, degrees
-    float axilv;      // along the chord, m/s
-    float normv;      // across it, m/s
+    float place[3];  // middle of the element, aircraft axes, m
+    float alpha;     // angle of the free stream to the chord, degrees
+    float axilv;     // along the chord, m/s
+    float normv;     // across it, m/s
 };
 
 // The air at the element's own point, by simple sweep theory, with the aircraft's rotation.
@@ -89,7 +89,8 @@ element_flow flow_at_element(int en, int el) {
                  now.sin_act_dihed * vx_inc * wing.lat_sign;
     if (mnw.cyc_out) [[unlikely]] {
         trace_values("place m", {{"x", flow.place[0]}, {"y", flow.place[1]}, {"z", flow.place[2]}});
-        trace_values("air m/s", {{"x", wind_x_acf}, {"y", wind_y_acf}, {"z", wind_z_acf}, {"in plane", Vinplane}});
+        trace_values("air m/s",
+                     {{"x", wind_x_acf}, {"y", wind_y_acf}, {"z", wind_z_acf}, {"in plane", Vinplane}});
         trace_values("angles deg", {{"sweep", effsweep}, {"to the chord", flow.alpha}});
     }
     return flow;
@@ -159,8 +160,10 @@ void one_element(const wash_list& washes, int en, int el) {
     now.del_dir[el][0] = now.alpha_el[el][0] - flow.alpha;
     now.alpha_el[el][0] += now.elem_inc_inc[el];
     if (mnw.cyc_out) [[unlikely]]
-        trace_values("local flow", {{"speed m/s", now.v_el[el][0]}, {"alpha deg", now.alpha_el[el][0]},
-                                    {"downwash deg", now.downwash_deg[el]}, {"turn deg", now.del_dir[el][0]},
+        trace_values("local flow", {{"speed m/s", now.v_el[el][0]},
+                                    {"alpha deg", now.alpha_el[el][0]},
+                                    {"downwash deg", now.downwash_deg[el]},
+                                    {"turn deg", now.del_dir[el][0]},
                                     {"linkage deg", now.elem_inc_inc[el]}});
 
     const control_mods mod = controls_of_element(en, el);
@@ -203,8 +206,8 @@ void aero_downwash() {
             bool any = false;
             for (int el = 0; el < elDIM; ++el) any = any || marked[el];
             if (!any) continue;
-            const float deg = downwash_from[washer] *
-                              cos_deg(veh[0].wing[washer].dihednow - veh[0].wing[washee].dihednow);
+            const float deg =
+                downwash_from[washer] * cos_deg(veh[0].wing[washer].dihednow - veh[0].wing[washee].dihednow);
             for (int el = 0; el < elDIM; ++el)
                 if (marked[el]) flt[0].wing[washee].downwash_deg[el] -= deg;
         }

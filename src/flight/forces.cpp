@@ -5,7 +5,8 @@
 #include "core/records.h"
 
 // Turns through alpha, then beta, of the whole aircraft, as cached at the end of the last step.
-void addFaero(float faxil_path, float fside_path, float fnrml_path, float X, float Y, float Z, int en, int el) {
+void addFaero(float faxil_path, float fside_path, float fnrml_path, float X, float Y, float Z, int en,
+              int el) {
     flt_struct& f = flt[0];
     if (en >= 0 && el >= 0) {
         float* force = f.wing[en].force_XYZ[el];
@@ -48,11 +49,19 @@ static void add_side(flt_struct& f, float& sum, float fside, float Y, float Z) {
     f.N -= fside * Z;
 }
 
-void addFagear(int w, float faxil, float X, float Y) { add_axial(flt[w], flt[w].faxil_gear_acf, faxil, X, Y); }
-void addFngear(int w, float fnrml, float X, float Z) { add_normal(flt[w], flt[w].fnrml_gear_acf, fnrml, X, Z); }
+void addFagear(int w, float faxil, float X, float Y) {
+    add_axial(flt[w], flt[w].faxil_gear_acf, faxil, X, Y);
+}
+void addFngear(int w, float fnrml, float X, float Z) {
+    add_normal(flt[w], flt[w].fnrml_gear_acf, fnrml, X, Z);
+}
 void addFsgear(int w, float fside, float Y, float Z) { add_side(flt[w], flt[w].fside_gear_acf, fside, Y, Z); }
-void addFaprop(int w, float faxil, float X, float Y) { add_axial(flt[w], flt[w].faxil_prop_acf, faxil, X, Y); }
-void addFnprop(int w, float fnrml, float X, float Z) { add_normal(flt[w], flt[w].fnrml_prop_acf, fnrml, X, Z); }
+void addFaprop(int w, float faxil, float X, float Y) {
+    add_axial(flt[w], flt[w].faxil_prop_acf, faxil, X, Y);
+}
+void addFnprop(int w, float fnrml, float X, float Z) {
+    add_normal(flt[w], flt[w].fnrml_prop_acf, fnrml, X, Z);
+}
 void addFsprop(int w, float fside, float Y, float Z) { add_side(flt[w], flt[w].fside_prop_acf, fside, Y, Z); }
 
 void inc_v(float* vx, float* vy, float* vz, float x, float y, float z) {

@@ -30,8 +30,8 @@ static void air_on_acf(int p, float* x, float* y, float* z) {
     if (p == 0) return wind.ret_wind_acf(0.0f, 0.0f, 0.0f, x, y, z);
     const flt_struct& f = flt[p];
     float wx, wy, wz;
-    wind.ret_wind_wrl(static_cast<float>(f.dob_x), static_cast<float>(f.dob_y), static_cast<float>(f.dob_z), &wx,
-                      &wy, &wz);
+    wind.ret_wind_wrl(static_cast<float>(f.dob_x), static_cast<float>(f.dob_y), static_cast<float>(f.dob_z),
+                      &wx, &wy, &wz);
     wrl_to_veh(wx - f.vx, wy - f.vy, wz - f.vz, x, y, z, p);
 }
 
@@ -81,7 +81,8 @@ static void move_position() {
         const float* on_carrier = veh[1].jett_xyz;
         const float* on_us = veh[0].jett_xyz;
         float dx, dy, dz;
-        veh_to_wrl(on_carrier[0] - on_us[0], on_carrier[1] - on_us[1], on_carrier[2] - on_us[2], &dx, &dy, &dz, 1);
+        veh_to_wrl(on_carrier[0] - on_us[0], on_carrier[1] - on_us[1], on_carrier[2] - on_us[2], &dx, &dy,
+                   &dz, 1);
         f.dob_x = flt[1].dob_x + dx;
         f.dob_y = flt[1].dob_y + dy;
         f.dob_z = flt[1].dob_z + dz;
@@ -126,7 +127,8 @@ static void one_half_step(int iter) {
     flt_struct& f = flt[0];
     set_vel_flight(iter);
     carried_attitude();
-    update_quaternion(f.Prad * mnw.prd_FM, f.Qrad * mnw.prd_FM, f.Rrad * mnw.prd_FM, &f.psi, &f.the, &f.phi, f.q);
+    update_quaternion(f.Prad * mnw.prd_FM, f.Qrad * mnw.prd_FM, f.Rrad * mnw.prd_FM, &f.psi, &f.the, &f.phi,
+                      f.q);
     kick_attitude();
     move_position();
     derived_values(true_climb());

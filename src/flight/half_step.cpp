@@ -18,9 +18,13 @@ static void trace_header() {
     const flt_struct& f = flt[0];
     trace_banner("FLIGHT MODEL TRACE OF ONE HALF STEP");
     trace_values("time s", {{"total", mnw.totl_time}, {"step", mnw.prd_FM}});
-    trace_values("air", {{"density kg/m3", con.lcl_r_met}, {"sound m/s", con.lcl_a}, {"gravity m/s2", con.lcl_g}});
-    trace_values("speed m/s", {{"true", f.AV_msc}, {"x", f.vx_air_on_acf}, {"y", f.vy_air_on_acf}, {"z", f.vz_air_on_acf}});
-    trace_values("attitude deg", {{"psi", f.psi}, {"the", f.the}, {"phi", f.phi}, {"alpha", f.alpha}, {"beta", f.beta}});
+    trace_values("air",
+                 {{"density kg/m3", con.lcl_r_met}, {"sound m/s", con.lcl_a}, {"gravity m/s2", con.lcl_g}});
+    trace_values(
+        "speed m/s",
+        {{"true", f.AV_msc}, {"x", f.vx_air_on_acf}, {"y", f.vy_air_on_acf}, {"z", f.vz_air_on_acf}});
+    trace_values("attitude deg",
+                 {{"psi", f.psi}, {"the", f.the}, {"phi", f.phi}, {"alpha", f.alpha}, {"beta", f.beta}});
     trace_values("rates deg/s", {{"P", f.P}, {"Q", f.Q}, {"R", f.R}});
 }
 
@@ -53,13 +57,20 @@ static void manoeuvring_rockets() {
     if (!(mnw.totl_time < flt[0].rocket_timeout)) return;
     const float* thrust = veh[0].puff_xyz;
     switch (flt[0].rocket_mode) {
-        case 402: return addFaprop(0, thrust[2], 0.0f, 0.0f);
-        case 403: return addFaprop(0, -thrust[2], 0.0f, 0.0f);
-        case 404: return addFsprop(0, thrust[0], 0.0f, 0.0f);
-        case 405: return addFsprop(0, -thrust[0], 0.0f, 0.0f);
-        case 406: return addFnprop(0, thrust[1], 0.0f, 0.0f);
-        case 407: return addFnprop(0, -thrust[1], 0.0f, 0.0f);
-        default: return;
+        case 402:
+            return addFaprop(0, thrust[2], 0.0f, 0.0f);
+        case 403:
+            return addFaprop(0, -thrust[2], 0.0f, 0.0f);
+        case 404:
+            return addFsprop(0, thrust[0], 0.0f, 0.0f);
+        case 405:
+            return addFsprop(0, -thrust[0], 0.0f, 0.0f);
+        case 406:
+            return addFnprop(0, thrust[1], 0.0f, 0.0f);
+        case 407:
+            return addFnprop(0, -thrust[1], 0.0f, 0.0f);
+        default:
+            return;
     }
 }
 
@@ -87,9 +98,12 @@ static void trace_totals() {
     const flt_struct& f = flt[0];
     trace_banner("TOTALS");
     trace_values("loads g", {{"normal", f.g_nrml}, {"axial", f.g_axil}, {"side", f.g_side}});
-    trace_values("mass", {{"kg", f.m_total}, {"Jxx", f.Jxx_total}, {"Jyy", f.Jyy_total}, {"Jzz", f.Jzz_total}});
+    trace_values("mass",
+                 {{"kg", f.m_total}, {"Jxx", f.Jxx_total}, {"Jyy", f.Jyy_total}, {"Jzz", f.Jzz_total}});
     trace_values("angular deg/s2", {{"Pdot", f.Pdot}, {"Qdot", f.Qdot}, {"Rdot", f.Rdot}});
-    trace_values("coefficients", {{"cl", f.cl_overall}, {"cd", f.cd_overall}, {"Cm", f.C_m}, {"Cn", f.C_n}, {"l/d", f.l_o_d}});
+    trace_values(
+        "coefficients",
+        {{"cl", f.cl_overall}, {"cd", f.cd_overall}, {"Cm", f.C_m}, {"Cn", f.C_n}, {"l/d", f.l_o_d}});
 }
 
 static void air_forces() {

@@ -13,7 +13,8 @@ static float pitot_ref_spd, pitot_ref_alt_pitot, pitot_ref_alt_static, pitot_ref
 static bool failed(int slot) { return flt[0].fail_stat[slot] == fail_active; }
 
 static void airspeed() {
-    if (flt[0].pitot_ice < 0.1f && !failed(fail_ss_asi)) flt[0].v_ind_kts = flt[0].AV_sig_kts * flt[0].cos_alph;
+    if (flt[0].pitot_ice < 0.1f && !failed(fail_ss_asi))
+        flt[0].v_ind_kts = flt[0].AV_sig_kts * flt[0].cos_alph;
 }
 
 // Feet without the barometer's setting; false when the needle was left where it stands.
@@ -30,12 +31,12 @@ static void turn_and_slip() {
         const bool powered = esys_working();
         const float term_val_roll_deg = powered ? 0.63f * f.R + 0.1f * f.P : 0.0f;
         const float term_val_hdng_deg = powered ? 0.63f * f.R : 0.0f;
-        f.TR_roll_ind_deg = closer_assymp(f.TR_roll_ind_deg,
-                                          fltlim(12.5f * term_val_roll_deg, -max_turn_deg, max_turn_deg),
-                                          2.0f * mnw.prd_FM);
-        f.TR_hdng_ind_deg = closer_assymp(f.TR_hdng_ind_deg,
-                                          fltlim(21.5f * term_val_hdng_deg, -max_turn_deg, max_turn_deg),
-                                          2.0f * mnw.prd_FM);
+        f.TR_roll_ind_deg =
+            closer_assymp(f.TR_roll_ind_deg, fltlim(12.5f * term_val_roll_deg, -max_turn_deg, max_turn_deg),
+                          2.0f * mnw.prd_FM);
+        f.TR_hdng_ind_deg =
+            closer_assymp(f.TR_hdng_ind_deg, fltlim(21.5f * term_val_hdng_deg, -max_turn_deg, max_turn_deg),
+                          2.0f * mnw.prd_FM);
     }
     const float slip = fltlim(atan2_deg(f.g_side, f.g_nrml), -max_slip_deg, max_slip_deg);
     f.slip_ind_deg = closer_assymp(f.slip_ind_deg, slip, 0.5f * mnw.prd_FM);
@@ -69,8 +70,7 @@ static bool blocked_lines() {
 
 // Only on an altitude written in this half step: added to a stuck needle it would wind away.
 static void barometer(bool altitude_written) {
-    if (altitude_written)
-        flt[0].h_ind_ft += 1000.0f * (nav.baro_setting_HG - con.sl_P_pas * con.pasto_hg);
+    if (altitude_written) flt[0].h_ind_ft += 1000.0f * (nav.baro_setting_HG - con.sl_P_pas * con.pasto_hg);
 }
 
 // Swings ahead in turns by the dip of the field, and with acceleration on east and west headings.

@@ -28,7 +28,8 @@ void inc_mass_mi(float x, float y, float z, float m, const char* comment) {
     f.N += f.g_side * con.g * z * m;
     f.L += f.g_nrml * con.g * x * m;
     f.M += f.g_nrml * con.g * z * m;
-    if (mnw.cyc_out) [[unlikely]] trace_values(comment, {{"kg", m}, {"x", x}, {"y", y}, {"z", z}});
+    if (mnw.cyc_out) [[unlikely]]
+        trace_values(comment, {{"kg", m}, {"x", x}, {"y", y}, {"z", z}});
 }
 
 void build_masses() {
@@ -162,8 +163,8 @@ void arrest_yaw_at_rest() {
     flt_struct& f = flt[0];
     if (!(f.V_msc < 5.0f && f.fnrml_gear_acf > 0.5f * f.m_total * con.g)) return;
     running_Rdot = closer_assymp(running_Rdot, f.Rdot, mnw.prd_FM);
-    const float lock = interp(4.0f, 0.0f, 2.0f, 1.0f, fabsf(f.R)) *
-                       interp(2.0f, 0.0f, 1.0f, 1.0f, fabsf(running_Rdot));
+    const float lock =
+        interp(4.0f, 0.0f, 2.0f, 1.0f, fabsf(f.R)) * interp(2.0f, 0.0f, 1.0f, 1.0f, fabsf(running_Rdot));
     f.Rrad *= 1.0f - lock;
     f.R *= 1.0f - lock;
     f.Rdot *= 1.0f - lock;

@@ -38,7 +38,8 @@ void ai_take_off() {
     nav.mode_alt_ = otto_alt_pitch;
     nav.syn_hold_deg = 10.0f;
     nav.mode_hdng = otto_hdng_hold;
-    nav.hdg_hold_mag = fltwrap(runway_heading_true() + (msc.backwards ? 180.0f : 0.0f) + env.mag_var, 0.0f, 360.0f);
+    nav.hdg_hold_mag =
+        fltwrap(runway_heading_true() + (msc.backwards ? 180.0f : 0.0f) + env.mag_var, 0.0f, 360.0f);
     nav.vvi_hold_fpm = f.Vh_fpm;
     nav.alt_hold_ft_use = (f.terrain_y_cg * con.mtrstoft) + 1000.0f;
     time_hdg_change = time_alt_change = mnw.totl_time + 15.0f;
@@ -105,7 +106,8 @@ bool any_failure() {
 // On its back at rest, broken or out of fuel the flight starts anew.
 void ai_restart_if_stranded() {
     flt_struct& f = flt[0];
-    if ((f.V_msc < 1.0f && fabsf(f.phi) > 135.0f) || any_failure()) return init_flt_0(start_airport, place_runway);
+    if ((f.V_msc < 1.0f && fabsf(f.phi) > 135.0f) || any_failure())
+        return init_flt_0(start_airport, place_runway);
     float fuel = 0.0f;
     for (const float m : f.m_fuel) fuel += m;
     if (veh[0].num_tanks > 0 && veh[0].m_fuel_tot > 0.0f && !(fuel > 0.0f)) {
@@ -152,9 +154,12 @@ bool autothrottle_on() {
 }
 
 void read_stick() {
-    if (mnw.assigned[axis_ptch] && !net.getting_ptch && !net.getting_rawjoy) mnw.YK_ptch = mnw.axis[axis_ptch];
-    if (mnw.assigned[axis_roll] && !net.getting_roll && !net.getting_rawjoy) mnw.YK_roll = mnw.axis[axis_roll];
-    if (mnw.assigned[axis_hdng] && !net.getting_hdng && !net.getting_rawjoy) mnw.YK_hdng = mnw.axis[axis_hdng];
+    if (mnw.assigned[axis_ptch] && !net.getting_ptch && !net.getting_rawjoy)
+        mnw.YK_ptch = mnw.axis[axis_ptch];
+    if (mnw.assigned[axis_roll] && !net.getting_roll && !net.getting_rawjoy)
+        mnw.YK_roll = mnw.axis[axis_roll];
+    if (mnw.assigned[axis_hdng] && !net.getting_hdng && !net.getting_rawjoy)
+        mnw.YK_hdng = mnw.axis[axis_hdng];
 }
 
 void read_handles() {

@@ -6,7 +6,8 @@
 #include "sound/sound.h"
 
 static void check_motion(const flt_struct& f) {
-    for (const float v : {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.q[0], f.q[1], f.q[2], f.q[3]})
+    for (const float v :
+         {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.q[0], f.q[1], f.q[2], f.q[3]})
         check_val(v);
     for (const double v : {f.dob_x, f.dob_y, f.dob_z}) check_val(static_cast<float>(v));
 }
@@ -27,7 +28,13 @@ void update_with_net(int p) {
 
 namespace {
 // The replay transport, by replay_mode.
-enum replay_kind : int { replay_to_start = 1, replay_hold = 5, replay_slow = 6, replay_normal = 7, replay_to_end = 9 };
+enum replay_kind : int {
+    replay_to_start = 1,
+    replay_hold = 5,
+    replay_slow = 6,
+    replay_normal = 7,
+    replay_to_end = 9
+};
 
 // How fast totl_time moves, against the frame.
 float replay_speed(int mode) {

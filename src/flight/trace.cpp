@@ -5,7 +5,10 @@
 #include "core/records.h"
 
 void trace_banner(const std::string& heading) {
-    cyc << '\n' << std::string(heading.size(), '-') << '\n' << heading << '\n' << std::string(heading.size(), '-') << '\n';
+    cyc << '\n'
+        << std::string(heading.size(), '-') << '\n'
+        << heading << '\n'
+        << std::string(heading.size(), '-') << '\n';
 }
 
 void trace_values(const std::string& label, trace_list values) {
@@ -21,8 +24,12 @@ void trace_coeffs(const char* step, float cl, float cd, float cm) {
 static void forcerep(const char* kind, const std::string& label, float side, float nrml, float axil) {
     if (!mnw.cyc_out) return;
     trace_banner(std::string("RUNNING ") + kind + " FORCE AND TOTAL MOMENT TOTALS, AIRCRAFT AXIS SYSTEM");
-    trace_values(label, {{"side N", side}, {"normal N", nrml}, {"axial N", axil},
-                         {"L N m", flt[0].L}, {"M N m", flt[0].M}, {"N N m", flt[0].N}});
+    trace_values(label, {{"side N", side},
+                         {"normal N", nrml},
+                         {"axial N", axil},
+                         {"L N m", flt[0].L},
+                         {"M N m", flt[0].M},
+                         {"N N m", flt[0].N}});
 }
 
 void aero_forcerep(const std::string& label) {

@@ -48,9 +48,9 @@ static void add_one_wash(const wash_struct& w, int en, const float place[3], flo
     const bool behind_prop = sign(geo[axis]) == sign(w.was_vec[axis]);
     if (!behind_prop) return;
 
-    const float nrm_len = pythag(geo[1] * w.was_vec[2] - geo[2] * w.was_vec[1],
-                                 geo[2] * w.was_vec[0] - geo[0] * w.was_vec[2],
-                                 geo[0] * w.was_vec[1] - geo[1] * w.was_vec[0]);
+    const float nrm_len =
+        pythag(geo[1] * w.was_vec[2] - geo[2] * w.was_vec[1], geo[2] * w.was_vec[0] - geo[0] * w.was_vec[2],
+               geo[0] * w.was_vec[1] - geo[1] * w.was_vec[0]);
     const float side_dis_mtr = w.was_len < no_length ? 0.0f : nrm_len / w.was_len;
     if (!(side_dis_mtr < w.rad)) return;
 
@@ -69,7 +69,8 @@ static void add_one_wash(const wash_struct& w, int en, const float place[3], flo
         *normv += swirl;
     }
     if (mnw.cyc_out) [[unlikely]]
-        trace_values("slipstream", {{"disc", static_cast<float>(w.en)}, {"axial m/s", w.was_inc[2] * prop_wash_rat},
+        trace_values("slipstream", {{"disc", static_cast<float>(w.en)},
+                                    {"axial m/s", w.was_inc[2] * prop_wash_rat},
                                     {"swirl m/s", swirl}});
 }
 

@@ -82,7 +82,7 @@ static void draw_columns() {
          form("%5.0f m gnd", f.y_agl_mtr)},
         {"HEADING", form("%03.0f mag", fltwrap(f.psi + env.mag_var, 0.0f, 360.0f)),
          form("%03.0f true", f.psi)},
-        {"CLIMB", form("%+5.0f ft/min", f.Vh_fpm), form("%+5.1f m/s", f.Vh_fpm * con.fpmtomsc)},
+        {"CLIMB", form("%+5.0f fpm", f.Vh_fpm), form("%+5.1f m/s", f.Vh_fpm * con.fpmtomsc)},
         {"PITCH, ROLL", form("%+5.1f deg", f.the), form("%+5.1f deg", f.phi)},
         {"LOAD", form("%+4.2f g", f.g_nrml), form("%+4.1f alpha", f.alpha)},
         {"POWER", form("%4.0f kW", total_power_kW()), form("%3.0f %% lever", f.engn[0].thro_use * 100.0f)},

@@ -428,10 +428,10 @@ static bool path_offset(float units_per_tangent, float* x, float* y) {
 // Twice, a dark rim first, so that a mark shows on sky and ground.
 template <class draw_mark>
 static void rimmed(draw_mark draw, float r, float g, float b) {
-    glLineWidth(4.0f);
+    glLineWidth(4.0f * mnw.xy_scale);
     glColor4f(0.0f, 0.0f, 0.0f, 0.45f);
     draw();
-    glLineWidth(2.0f);
+    glLineWidth(2.0f * mnw.xy_scale);
     glColor4f(r, g, b, 1.0f);
     draw();
 }

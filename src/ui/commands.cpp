@@ -40,18 +40,31 @@ void flight_key(int key) {
     constexpr float rudder_step = 0.1f, brake_step = 0.25f;
     flt_struct& f = flt[0];
     switch (key) {
-        case 'z': return step(mnw.YK_hdng, -rudder_step, -1.0f, 1.0f);
-        case 'x': return step(mnw.YK_hdng, rudder_step, -1.0f, 1.0f);
-        case 'c': mnw.YK_hdng = 0.0f; return;
-        case '1': return update_flap_slat_rqst_with_hand(0, -1);
-        case '2': return update_flap_slat_rqst_with_hand(0, 1);
-        case '3': return step(f.sbrk_rqst, -brake_step, 0.0f, 1.0f);
-        case '4': return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
-        case 'g': return toggle(f.gear_handle);
-        case 'm': return toggle(mouse_parked);
-        case 't': return APP_handlemenu(cmd_trace);
-        case 'r': return init_flt_0(start_airport, place_runway);
-        default: return;
+        case 'z':
+            return step(mnw.YK_hdng, -rudder_step, -1.0f, 1.0f);
+        case 'x':
+            return step(mnw.YK_hdng, rudder_step, -1.0f, 1.0f);
+        case 'c':
+            mnw.YK_hdng = 0.0f;
+            return;
+        case '1':
+            return update_flap_slat_rqst_with_hand(0, -1);
+        case '2':
+            return update_flap_slat_rqst_with_hand(0, 1);
+        case '3':
+            return step(f.sbrk_rqst, -brake_step, 0.0f, 1.0f);
+        case '4':
+            return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
+        case 'g':
+            return toggle(f.gear_handle);
+        case 'm':
+            return toggle(mouse_parked);
+        case 't':
+            return APP_handlemenu(cmd_trace);
+        case 'r':
+            return init_flt_0(start_airport, place_runway);
+        default:
+            return;
     }
 }
 }  // namespace

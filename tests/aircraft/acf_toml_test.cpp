@@ -280,11 +280,11 @@ protected:
 TEST_F(acf_programs_test, make_and_dump_are_inverse_byte_for_byte) {
     const std::string f = folder.path();
     folder.write("in.toml", sample_acf_toml);
-    ASSERT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 0) << output;
+    ASSERT_EQ(run("acf_make --quiet " + f + "in.toml " + f + "a.acf"), 0) << output;
     EXPECT_EQ(output, "");
     ASSERT_EQ(run("acf_dump " + f + "a.acf " + f + "canonical.toml"), 0) << output;
     folder.write("sub/x", "");
-    ASSERT_EQ(run("acf_make " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
+    ASSERT_EQ(run("acf_make --quiet " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
     ASSERT_EQ(run("acf_dump " + f + "sub/b.acf"), 0);
     EXPECT_EQ(output, read(f + "canonical.toml"));
     EXPECT_TRUE(read(f + "a.acf") == read(f + "sub/b.acf"));

@@ -73,18 +73,6 @@ TEST_F(gate_test, text_entry) {
     EXPECT_EQ(std::strlen(C_s_input), 498u);
 }
 
-TEST_F(gate_test, mouse_and_wheel) {
-    input_gate_mouse(300.0f, 200.0f, 1, 0);
-    EXPECT_TRUE(mnw.mouse_clicked && !mnw.mouse_lifted);
-    EXPECT_EQ(mnw.mx, 300.0f);
-    mnw.mouse_clicked = 0;
-    input_gate_mouse(301.0f, 200.0f, 0, 1);
-    EXPECT_TRUE(!mnw.mouse_clicked && mnw.mouse_lifted);
-    input_gate_wheel(1), input_gate_wheel(1), input_gate_wheel(-1);
-    EXPECT_EQ(mnw.mouse_wheel, 1);
-    EXPECT_FALSE(mnw.mouse_clicked);
-}
-
 TEST_F(gate_test, screen_scale) {
     struct {
         int x, y;

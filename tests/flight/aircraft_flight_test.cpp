@@ -135,14 +135,15 @@ TEST_P(every_aircraft, has_the_phugoid_of_the_textbook) {
     }
     const float Cm_q = (Cm[1] - Cm[0]) / (2.0f * rate);  // per rad/s
     const float CL_alpha_rad = s.CL_alpha * con.radtodeg;
-    const float g_per_rate = t.speed / con.g;            // load per rad/s in a pull-up
+    const float g_per_rate = t.speed / con.g;  // load per rad/s in a pull-up
     const float manoeuvre = s.static_margin - Cm_q * con.g / t.speed / t.CL;
     ASSERT_GT(manoeuvre, s.static_margin);
     (void)CL_alpha_rad;
-    const float period = static_cast<float>(M_PI) * sqrtf(2.0f) * g_per_rate * sqrtf(manoeuvre / s.static_margin);
+    const float period =
+        static_cast<float>(M_PI) * sqrtf(2.0f) * g_per_rate * sqrtf(manoeuvre / s.static_margin);
 
     lab_fly_trim(t, altitude);
-    flt[0].vz *= 1.05f;  // five percent fast, heading north
+    flt[0].vz *= 1.05f;        // five percent fast, heading north
     test::run_frames(period);  // the short period dies out
     // from one crossing of the mean path to the next of the same sense, twice
     float first = -1.0f, last = -1.0f;

@@ -60,8 +60,9 @@ TEST_F(free_motion, keeps_a_circular_orbit_through_frame_shifts) {
         ++shifts;
     }
     EXPECT_GT(shifts, 20);
-    // a circle: the height stays, but for the local gravity's being that of the frame's y, and the angle covered is that of Kepler's third law
-    // and the velocity's being a float, which at 7.8 km/s resolves half a millimetre a second
+    // a circle: the height stays, but for the local gravity's being that of the frame's y, and the angle
+    // covered is that of Kepler's third law and the velocity's being a float, which at 7.8 km/s resolves half
+    // a millimetre a second
     EXPECT_NEAR(flt[0].dob_ele, 200000.0, 500.0);
     EXPECT_NEAR(test::specific_energy(), energy0, 1e-4 * fabs(energy0));
     const double lat0 = 34.0 * dob_degtorad, lon0 = -117.5 * dob_degtorad;
@@ -116,7 +117,8 @@ TEST_F(free_motion, climb_in_the_true_vertical_at_the_regions_rim) {
     const double east = 100000.0;
     double lat, lon, ele;
     flt[0].dob_x = east;
-    flt[0].dob_y = sqrt((con.planet_rad + 200000.0) * (con.planet_rad + 200000.0) - east * east) - con.planet_rad;
+    flt[0].dob_y =
+        sqrt((con.planet_rad + 200000.0) * (con.planet_rad + 200000.0) - east * east) - con.planet_rad;
     flt[0].dob_z = 0.0;
     xdob_latlonel_with_xyz(&lat, &lon, &ele, flt[0].dob_x, flt[0].dob_y, flt[0].dob_z);
     flt[0].dob_lat = lat;

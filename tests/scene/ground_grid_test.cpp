@@ -68,21 +68,6 @@ TEST_F(grid_test, corners_stay_on_the_globe_when_the_region_moves) {
     }
 }
 
-TEST_F(grid_test, it_follows_a_cell_at_a_time) {
-    ground_grid_struct grid{1, 4};
-    grid.follow(33.5, -117.5);
-    const Point3 first = grid.points[0];
-    const long long col = grid.bands[0].col0, row = grid.bands[0].row0;
-    for (double lon = -117.5; lon < -117.3; lon += 0.0003) {
-        grid.follow(33.5, lon);
-        EXPECT_EQ(grid.bands[0].row0, row);
-        const double moved = distance(grid.points[0], first) / 1000.0;  // whole cells
-        EXPECT_NEAR(moved, std::round(moved), 0.01);
-        EXPECT_EQ(std::llround(moved), grid.bands[0].col0 - col);
-    }
-    EXPECT_GT(grid.bands[0].col0, col + 15);
-}
-
 TEST_F(grid_test, blocks_are_ten_cells) {
     ground_grid_struct cells{1, 15}, blocks{grid_block, 2};
     cells.follow(34.0, -117.0);

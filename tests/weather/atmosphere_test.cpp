@@ -85,27 +85,19 @@ TEST_F(atmosphere_test, temperature_follows_the_standard_and_shifts_with_the_day
     EXPECT_NEAR(find_current_rho_rat(), 1.0f, 1e-4f);
 }
 
-TEST_F(atmosphere_test, planets) {
+TEST_F(atmosphere_test, travel_between_planets) {
     set_planet_specs(1);
-    EXPECT_EQ(env.planet, 1);
-    EXPECT_FLOAT_EQ(con.planet_rad, 3396200.0f);
-    EXPECT_FLOAT_EQ(nav.baro_setting_HG, 0.3676f);
     atm.cld_type[0] = 5, atm.use_rwx = 1, atm.rain_set = 1.0f;
     set_planet_weather(1);
     EXPECT_EQ(atm.cld_type[0] + atm.use_rwx, 0);
     EXPECT_EQ(atm.rain_set, 0.0f);
-    EXPECT_FLOAT_EQ(atm.vis_rep, 203720.0f);
     con.sl_T_cel = -20.0f;  // the day's weather is no constant of the planet
     set_planet_constants();
     EXPECT_FLOAT_EQ(con.sl_T_cel, -20.0f);
-
     set_planet_specs(7);  // no such planet
     EXPECT_EQ(env.planet, 0);
-    EXPECT_FLOAT_EQ(con.planet_mu, 398601184346112.0f);
     EXPECT_NEAR(con.planet_deg_mtrs, 111120.0f, 0.5f);
     EXPECT_NEAR(con.sl_P_pas * con.pasto_hg, nav.baro_setting_HG, 0.005f);
-    set_planet_weather(0);
-    EXPECT_FLOAT_EQ(atm.vis_rep, 23150.0f);
 }
 
 TEST_F(atmosphere_test, precipitation_and_cloud_are_reconciled) {

@@ -157,14 +157,6 @@ TEST_F(wind_test, turbulence_is_three_sines_an_axis) {
     EXPECT_LT(std::fabs(at(0, 0, 0).dy - at(0.01f, 0, 0).dy), 0.01);
 }
 
-TEST_F(wind_test, still_settings_give_one_wind_everywhere) {
-    all_layers(15.0f, 40.0f);
-    settle();
-    EXPECT_EQ(wind.final_trb_rat, 0.0f);
-    EXPECT_EQ(at(1.0f, 2.0f, 3.0f).dx, at(900.0f, -20.0f, 44.0f).dx);
-    EXPECT_EQ(at(1.0f, 2.0f, 3.0f).dx, wind.ret_wind_x());
-}
-
 TEST_F(wind_test, turbulence_strength_by_height_and_cloud) {
     std::fill_n(atm.set_turb_inc, 3, 9.0f);
     const auto strength = [](float agl, double ele) {

@@ -1,0 +1,5 @@
+// Background jobs.
+#pragma once
+
+// Ends the worker and forgets all jobs.
+void THREAD_Cleanup();

@@ -1,0 +1,284 @@
+// The frame and its schedule.
+#include "app/frame.h"
+
+#include <math.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "app/headless.h"
+#include "app/load_plane.h"
+#include "core/clocks.h"
+#include "core/logs.h"
+#include "core/num.h"
+#include "core/seams.h"
+#include "core/upward.h"
+#include "flight/stepper.h"
+#include "flying.h"
+#include "platform/window.h"
+
+namespace {
+class frame : public ::testing::Test {
+protected:
+    void SetUp() override { test::fly_aircraft("Lark 15"); }
+    // Passes of the loop while the wall clock moves by dt each.
+    static void pass(int count, double dt) {
+        for (int i = 0; i < count; ++i) {
+            step_virtual_clock(dt);
+            MACIBM_event_proc();
+        }
+    }
+};
+
+TEST_F(frame, periodic_flags_fire_once_a_period) {
+    int fired1 = 0, fired20 = 0, fired02 = 0;
+    for (int i = 0; i < 100 * 20; ++i) {  // 20 s at 100 frames a second
+        pass(1, 0.01);
+        fired1 += mnw.puff1;
+        fired20 += mnw.puff20;
+        fired02 += mnw.puff02;
+    }
+    EXPECT_NEAR(fired1, 19, 1);  // the test is strict: 1.01 s at this rate
+    EXPECT_GT(fired20, 330);     // and 0.06 s, or 0.05 s where the clock has rounded up
+    EXPECT_LT(fired20, 401);
+    EXPECT_NEAR(fired02, 3, 1);
+    for (int i = 0; i < 10; ++i) {  // slow frames: the fast flags fire every pass
+        pass(1, 0.2);
+        EXPECT_TRUE(mnw.puff20);
+    }
+}
+
+TEST_F(frame, the_step_chases_the_frame_and_a_hitch_does_not_reach_it) {
+    pass(400, 0.03);
+    EXPECT_NEAR(mnw.prd_FM, 0.03f, 0.001f);
+    const float before = mnw.prd_FM;
+    pass(1, 1.0);
+    pass(9, 0.03);
+    EXPECT_LE(mnw.prd_FM, before * powf(1.5f, 0.25f) * 1.001f);
+    pass(2000, 0.3);
+    EXPECT_FLOAT_EQ(mnw.prd_FM, 0.08f);
+    const float totl = mnw.totl_time, real = mnw.real_time;
+    pass(10, 0.3);
+    EXPECT_NEAR(mnw.totl_time - totl, 0.8f, 0.01f) << "simulated time lags";
+    EXPECT_NEAR(mnw.real_time - real, 3.0f, 0.01f);
+}
+
+TEST_F(frame, a_stay_in_a_window_keeps_the_step_and_stops_the_flight) {
+    pass(100, 0.02);
+    const float step = mnw.prd_FM, totl = mnw.totl_time;
+    const double x = flt[0].dob_x, z = flt[0].dob_z;
+    MACIBM_startwind(win_wxr, "test");
+    pass(300, 0.05);
+    EXPECT_EQ(mnw.prd_FM, step);
+    EXPECT_EQ(mnw.totl_time, totl);
+    EXPECT_EQ(flt[0].dob_x, x);
+    EXPECT_EQ(flt[0].dob_z, z);
+    EXPECT_NEAR(mnw.prd_UI, 0.05f, 0.005f);
+    MACIBM_startwind(win_fly, "test");
+    pass(11, 0.02);
+    EXPECT_NEAR(mnw.prd_FM, step, 0.17f * step) << "not as if the stay were one frame";
+    EXPECT_GT(mnw.totl_time, totl);
+}
+
+TEST_F(frame, paused_time_stands_but_the_weather_is_still_limited) {
+    mnw.paused = 1;
+    const float totl = mnw.totl_time, miss = mnw.miss_time;
+    atm.vis_rep = 1e9f;
+    pass(10, 0.02);
+    EXPECT_EQ(mnw.totl_time, totl);
+    EXPECT_EQ(mnw.miss_time, miss);
+    EXPECT_EQ(atm.vis_rep, max_vis_ter_mtrs[0]);
+}
+
+TEST_F(frame, the_clock_runs_on_over_the_jump_of_the_time_window) {
+    // the wall clock starts near the end of its 5000 s
+    step_virtual_clock(4999.0 - 5000.0 * floor(0.001 * seam.epoch_millisec() / 5000.0) - 0.0);
+    pass(2, 0.02);
+    const float before = mnw.real_time;
+    pass(200, 0.02);
+    EXPECT_NEAR(mnw.real_time - before, 4.0f, 0.05f);
+}
+
+TEST_F(frame, clocks_do_not_stall_at_high_frame_rates) {
+    clocks.zulu.set(mnw.zulu_time, 57600.0);
+    for (int i = 0; i < 100000; ++i) clocks.zulu.step(mnw.zulu_time, 0.001, 86400.0);
+    EXPECT_NEAR(mnw.zulu_time, 57700.0f, 0.01f);
+    mnw.zulu_time = 100.0f;  // written from outside
+    clocks.zulu.step(mnw.zulu_time, 1.0, 86400.0);
+    EXPECT_FLOAT_EQ(mnw.zulu_time, 101.0f);
+}
+
+TEST_F(frame, the_date_follows_midnight_both_ways) {
+    mnw.locl_date_jan1 = 359;
+    mnw.locl_time = 86399.5f;
+    WORLD_math_all_cases();
+    mnw.locl_time = 0.5f;
+    WORLD_math_all_cases();
+    EXPECT_EQ(mnw.locl_date_jan1, 0);
+    mnw.locl_time = 86399.5f;
+    WORLD_math_all_cases();
+    EXPECT_EQ(mnw.locl_date_jan1, 359);
+}
+
+TEST_F(frame, nothing_runs_before_the_window_has_appeared) {
+    have_done_first_update = 0;
+    const float real = mnw.real_time;
+    pass(5, 0.02);
+    EXPECT_EQ(mnw.real_time, real);
+    have_done_first_update = 1;
+}
+
+TEST_F(frame, the_profile_names_every_section_of_the_frame) {
+    const test::temp_folder folder;
+    close_logs();
+    xer.open(folder.path() + "Error.out");
+    mnw.track_cpu = 1;
+    pass(1, 0.02);
+    mnw.track_cpu = 0;
+    xer.close();
+    std::ifstream in(folder.path() + "Error.out");
+    std::stringstream text;
+    text << in.rdbuf();
+    size_t at = 0;
+    for (const char* mark :
+         {"init", "event", "menu", "math", "world", "plane", "scene_frame", "fill", "help", "end", "TOT: "}) {
+        at = text.str().find(mark, at);
+        ASSERT_NE(at, std::string::npos) << mark;
+    }
+}
+
+TEST_F(frame, a_trace_covers_one_half_step_and_names_the_controls) {
+    const test::temp_folder folder;
+    close_logs();
+    cyc.open(folder.path() + "Tarvane.out");
+    mnw.cyc_out = 1;
+    mnw.YK_roll = 0.5f;
+    pass(2, 0.02);
+    EXPECT_EQ(mnw.cyc_out, 0);
+    cyc.close();
+    std::ifstream in(folder.path() + "Tarvane.out");
+    std::stringstream text;
+    text << in.rdbuf();
+    for (const char* part :
+         {"AILERON #1", "RUNNING AERODYNAMIC FORCE AND TOTAL MOMENT TOTALS, AIRCRAFT AXIS SYSTEM",
+          "RUNNING PROPULSIVE FORCE", "RUNNING GEAR FORCE", "with induced drag", "TOTALS"})
+        EXPECT_NE(text.str().find(part), std::string::npos) << part;
+    const std::string header = "FLIGHT MODEL TRACE OF ONE HALF STEP";
+    EXPECT_EQ(text.str().find(header), text.str().rfind(header));
+}
+
+TEST_F(frame, a_crash_is_explained_and_the_flight_starts_again) {
+    lab_flight at;
+    at.altitude = 60.0f;
+    at.speed = 60.0f;
+    at.gamma = -50.0f;
+    lab_place(at);
+    mnw.miss_time = 10.0f;
+    flt[0].frame_ice = 0.5f;
+    stg.over_g = 1;
+    const long long before = seam.epoch_millisec();
+    pass(200, 1.0 / 64.0);
+    ASSERT_EQ(test::alerts.size(), 2u);
+    EXPECT_EQ(test::alerts[0].text.line[0], "The aircraft was carrying ice at time of impact.");
+    EXPECT_EQ(test::alerts[1].text.line[0], "You busted the airframe G-limit.");
+    EXPECT_GT(flt[0].dob_ele, 2000.0);
+    EXPECT_GE(seam.epoch_millisec() - before, 4000 + 3100);
+}
+
+TEST_F(frame, a_crash_in_the_first_seconds_or_with_the_reset_off_leaves_the_aircraft) {
+    lab_flight at;
+    at.altitude = 10.0f;
+    at.speed = 60.0f;
+    at.gamma = -50.0f;
+    lab_place(at);
+    mnw.miss_time = 0.0f;
+    pass(64, 1.0 / 64.0);
+    EXPECT_TRUE(test::alerts.empty());
+    stg.reset_on_crash = 0;
+    mnw.miss_time = 10.0f;
+    pass(2, 1.0 / 64.0);
+    EXPECT_GT(msc.crash_damp_timeout, mnw.totl_time);
+    const float speed = flt[0].V_msc;
+    pass(64, 1.0 / 64.0);
+    EXPECT_LT(flt[0].V_msc, 0.3f * speed + 10.0f);
+}
+
+TEST_F(frame, overspeed_breaks_the_aircraft_only_when_warned_of) {
+    lab_flight at;
+    at.altitude = 3000.0f;
+    at.speed = 1.4f * veh[0].Vne_kts * con.ktstomsc;
+    lab_place(at);
+    mnw.miss_time = 10.0f;
+    pass(2, 1.0 / 64.0);
+    EXPECT_FALSE(stg.over_vne);
+    stg.warn_oV = 1;
+    pass(2, 1.0 / 64.0);
+    EXPECT_TRUE(stg.over_vne);
+    EXPECT_EQ(flt[0].fail_stat[fail_wing1_left], fail_active);
+    pass(32, 1.0 / 64.0);
+    EXPECT_GT(fabsf(flt[0].P), 20.0f) << "with one wing it rolls";
+}
+
+TEST_F(frame, ground_proximity_test_by_height_and_sink) {
+    veh[0].warn1_EQ = 1;
+    stg.warn_bb = 1;
+    lab_flight at;
+    at.altitude = 300.0f;
+    at.speed = 50.0f;
+    at.gamma = -40.0f;  // 32 m/s, 6300 ft/min at under 1000 ft
+    lab_place(at);
+    mnw.puff05 = 1;
+    update_with_fullsim2(0);
+    EXPECT_TRUE(stg.BB_pullup);
+    EXPECT_FALSE(stg.BB_sinkrate);
+    EXPECT_NE(test::expect_fatal([] { update_with_fullsim2(1); }).line[0].find("with p!=0!"),
+              std::string::npos);
+}
+
+TEST_F(frame, instruments_fail_the_way_they_are_built) {
+    lab_flight at;
+    at.altitude = 1000.0f;
+    at.speed = 30.0f;
+    lab_place(at);
+    pass(64, 1.0 / 64.0);
+    EXPECT_NEAR(flt[0].h_ind_ft, flt[0].dob_ele * con.mtrstoft, 25.0);
+    flt[0].fail_stat[fail_ss_alt] = fail_active;
+    const float stuck = flt[0].h_ind_ft;
+    pass(320, 1.0 / 64.0);
+    EXPECT_EQ(flt[0].h_ind_ft, stuck) << "a stuck needle must not wind away by the barometer's term";
+    flt[0].fail_stat[fail_ss_alt] = 0;
+    flt[0].fail_stat[fail_static] = fail_active;
+    pass(2, 1.0 / 64.0);
+    const float frozen = flt[0].h_ind_ft;
+    pass(320, 1.0 / 64.0);
+    EXPECT_EQ(flt[0].h_ind_ft, frozen);
+    flt[0].fail_stat[fail_static] = 0;
+    // a blocked pitot acts as an altimeter: 1000 ft higher is 50 kt faster
+    pass(2, 1.0 / 64.0);
+    flt[0].fail_stat[fail_pitot] = fail_active;
+    pass(1, 1.0 / 64.0);
+    const float kts = flt[0].v_ind_kts, ft = flt[0].h_ind_ft;
+    flt[0].dob_y += 304.8;
+    flt[0].dob_ele += 304.8;
+    pass(1, 1.0 / 64.0);
+    EXPECT_NEAR(flt[0].v_ind_kts - kts, 0.05f * (flt[0].h_ind_ft - ft), 2.0f);
+}
+
+TEST_F(frame, aircraft_above_the_users_come_first_and_stand_still_in_replay) {
+    init_flt_p(1, 0.0f, 90.0f, 0.0f, 100.0f, 2000.0f, 0.0f, 50.0f, 0);
+    EXPECT_EQ(flt[1].update_type, pln_update_local_AI);
+    EXPECT_NEAR(flt[1].vx, 50.0f, 1e-3f);
+    EXPECT_NEAR(flt[1].vz, 0.0f, 1e-3f);
+    EXPECT_NEAR(flt[1].alpha, 0.0f, 0.1f);
+    EXPECT_NEAR(flt[1].AV_msc, 50.0f, 0.1f);
+    // by dead reckoning between messages, behind a window too
+    flt[1].update_type = pln_update_net;
+    flt[1].R = 90.0f;
+    MACIBM_startwind(win_map, "test");
+    mnw.prd_UI = 0.02f;
+    const double x = flt[1].dob_x;
+    update_with_net(1);
+    EXPECT_NEAR(flt[1].dob_x - x, 1.0, 1e-3);
+    EXPECT_NEAR(flt[1].psi, 91.8f, 0.01f);
+}
+}  // namespace

@@ -1,0 +1,51 @@
+// Alerts and the exception that carries them off other threads.
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "core/clocks.h"
+#include "core/logs.h"
+#include "support.h"
+
+namespace {
+class alert : public test::system_test {};
+
+TEST_F(alert, off_the_main_thread_an_alert_throws_its_lines) {
+    XException caught("", "", "", "", "", 0);
+    std::thread([&caught] {
+        try {
+            MACIBM_alert(0, "one", "two", "three", "four", alert_fatal);
+        } catch (const XException& e) {
+            caught = e;
+        }
+    }).join();
+    EXPECT_EQ(caught.c1_, "one");
+    EXPECT_EQ(caught.c4_, "four");
+    EXPECT_TRUE(test::alerts.empty());
+    EXPECT_NE(std::string(caught.file_).find("alert_test"), std::string::npos);
+    EXPECT_EQ(test::expect_fatal([&] { caught.ReportAndQuit(); }).line[2], "three");
+    caught.ReportAndContinue();
+    EXPECT_EQ(test::alerts.back().type, alert_message);
+}
+
+TEST_F(alert, alerts_do_not_nest) {
+    mnw.top_win = win_alrt;
+    MACIBM_alert(0, "lost", "", "", "", alert_fatal);
+    EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(alert, a_fatal_one_goes_to_the_log_first_and_a_data_fault_shows_once) {
+    const test::temp_folder folder;
+    xer.open(folder.path() + "Error.out");
+    test::expect_fatal([] { MACIBM_alert(0, "100%n %s", "b", "c", "d", alert_fatal); });
+    for (int i = 0; i < 3; ++i) MACIBM_data_fault("tile", "is", "broken", "");
+    xer.close();
+    std::ifstream in(folder.path() + "Error.out");
+    std::stringstream text;
+    text << in.rdbuf();
+    EXPECT_NE(text.str().find("100%n %s\nb\nc\nd\n"), std::string::npos);
+    EXPECT_NE(text.str().find("line: "), std::string::npos);
+    EXPECT_EQ(test::alerts.size(), 2u) << "the fatal one and one of the three";
+    EXPECT_EQ(test::alerts.back().type, alert_message);
+}
+}  // namespace

@@ -1,0 +1,138 @@
+// The flight lab as its users meet it: the program itself, its tables, its exit status.
+#include <math.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support.h"
+
+namespace {
+struct result {
+    int status;
+    std::string text;  // both outputs
+};
+
+result lab(const std::string& words) {
+    result r{};
+    FILE* p = popen((std::string(TOOL_FOLDER) + "flightlab " + words + " 2>&1").c_str(), "r");
+    char part[512];
+    while (p && fgets(part, sizeof part, p)) r.text += part;
+    r.status = p ? WEXITSTATUS(pclose(p)) : -1;
+    return r;
+}
+
+std::string quoted(const std::string& path) { return "'" + path + "'"; }
+const std::string sailplane =
+    quoted(std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/Lark 15 Sailplane/Lark 15.acf");
+const std::string sailplane_source =
+    quoted(std::string(SOURCE_FOLDER) + "content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml");
+
+std::string read_file(const std::string& path) {
+    std::stringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
+std::vector<std::vector<double>> read_csv(const std::string& path, std::string* header) {
+    std::ifstream in(path);
+    std::getline(in, *header);
+    std::vector<std::vector<double>> rows;
+    for (std::string line; std::getline(in, line);) {
+        std::vector<double> row;
+        std::istringstream cells(line);
+        for (std::string cell; std::getline(cells, cell, ',');) row.push_back(strtod(cell.c_str(), nullptr));
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+// The number behind a name, from a place in the text on.
+double value_after(const std::string& text, const std::string& heading, const std::string& name) {
+    size_t at = text.find(heading);
+    if (at != std::string::npos) at = text.find(name, at);
+    return at == std::string::npos ? NAN : strtod(text.c_str() + at + name.size(), nullptr);
+}
+
+TEST(flightlab, the_flown_glide_is_the_reported_one) {
+    const result report = lab("report --altitude 6000 " + sailplane);
+    ASSERT_EQ(report.status, 0) << report.text;
+    const double ratio = value_after(report.text, "Best glide", "glide ratio");
+    const test::temp_folder folder;
+    const result flight = lab("fly --seconds 100 --csv " + folder.path() + "f.csv " + sailplane);
+    ASSERT_EQ(flight.status, 0) << flight.text;
+    std::string header;
+    const auto rows = read_csv(folder.path() + "f.csv", &header);
+    ASSERT_EQ(rows.size(), 800u);
+    EXPECT_EQ(header.substr(0, 20), "time_s,latitude_deg,");
+    // over the ground by latitude: due north, 111319.6 m a degree
+    const auto &a = rows.front(), &b = rows.back();
+    const double distance = (b[1] - a[1]) * 111319.6;
+    const double lost = a[3] - b[3] + (a[4] * a[4] - b[4] * b[4]) / (2.0 * 9.798);
+    EXPECT_NEAR(distance / lost, ratio, 0.03 * ratio);
+}
+
+TEST(flightlab, equal_seeds_fly_equal_flights_alone_or_in_parallel) {
+    const test::temp_folder folder;
+    const std::string common =
+        "fly --seconds 20 --script random --quiet --altitude 9000 --csv " + folder.path();
+    ASSERT_EQ(lab(common + "many.csv --runs 3 --jobs 2 --seed 5 " + sailplane).status, 0);
+    ASSERT_EQ(lab(common + "alone.csv --seed 6 " + sailplane).status, 0);
+    const std::string second = read_file(folder.path() + "many.1.csv");
+    EXPECT_GT(second.size(), 1000u);
+    EXPECT_EQ(second, read_file(folder.path() + "alone.csv"));
+    EXPECT_NE(second, read_file(folder.path() + "many.2.csv"));
+    const result hash1 = lab("hash --passes 300 " + sailplane), hash2 = lab("hash --passes 300 " + sailplane);
+    EXPECT_EQ(hash1.text, hash2.text);
+    EXPECT_EQ(hash1.text.size(), 17u);
+}
+
+TEST(flightlab, a_source_text_measures_as_its_compiled_file) {
+    const result from_text = lab("report " + sailplane_source), from_file = lab("report " + sailplane);
+    ASSERT_EQ(from_text.status, 0) << from_text.text;
+    EXPECT_EQ(from_text.text.substr(from_text.text.find("Dimensions")),
+              from_file.text.substr(from_file.text.find("Dimensions")));
+}
+
+TEST(flightlab, the_tunnel_tells_a_symmetric_aircraft_and_draws_it) {
+    const test::temp_folder folder;
+    const result r = lab("tunnel --alpha 0:8:4 --beta -4:4:4 --csv " + folder.path() + "t.csv --plot " +
+                         folder.path() + "t.png " + sailplane);
+    ASSERT_EQ(r.status, 0) << r.text;
+    std::string header;
+    const auto rows = read_csv(folder.path() + "t.csv", &header);
+    ASSERT_EQ(rows.size(), 9u);
+    for (int a = 0; a < 3; ++a) {
+        const auto &left = rows[a], &none = rows[3 + a], &right = rows[6 + a];
+        EXPECT_NEAR(left[2], right[2], 1e-4);   // CL
+        EXPECT_NEAR(left[7], -right[7], 1e-5);  // Cn
+        EXPECT_NEAR(left[8], -right[8], 1e-5);  // Cl
+        EXPECT_NEAR(none[7], 0.0, 1e-6);
+        EXPECT_LT(right[7], 0.0);
+    }
+    EXPECT_EQ(read_file(folder.path() + "t.png").substr(1, 3), "PNG");
+}
+
+TEST(flightlab, speaks_plainly_about_mistakes) {
+    EXPECT_EQ(lab("").status, 2);
+    EXPECT_EQ(lab("--help").status, 0);
+    EXPECT_EQ(lab("fly --help").status, 0);
+    EXPECT_EQ(lab("fly --seconds many " + sailplane).status, 2);
+    EXPECT_EQ(lab("tunnel --alpha 5:1:1 " + sailplane).status, 2);
+    EXPECT_EQ(lab("report /nowhere.acf").status, 1);
+    const test::temp_folder folder;
+    const std::string broken =
+        folder.write("broken.acf", std::string("i\x40\x1f\0\0", 5) + std::string(200, '\xff'));
+    const result r = lab("report " + broken);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.text.find("broken.acf"), std::string::npos) << r.text;
+    const std::string script = folder.write("script.txt", "0 0 0 0 0 0\n1 0 x 0 0 0\n");
+    const result s = lab("fly --script " + script + " " + sailplane);
+    EXPECT_EQ(s.status, 1);
+    EXPECT_NE(s.text.find(":2:"), std::string::npos) << s.text;
+}
+}  // namespace

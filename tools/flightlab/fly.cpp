@@ -1,0 +1,299 @@
+// Flights without a window: from a trimmed state, with a script of the controls, many at a time.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "aircraft/derive.h"
+#include "app/headless.h"
+#include "app/lab.h"
+#include "commands.h"
+#include "core/num.h"
+#include "core/random.h"
+#include "core/records.h"
+#include "csv.h"
+#include "start.h"
+
+namespace {
+const char* const usage =
+    "flightlab fly [FILE] [options]\n"
+    "Flies from a trimmed glide, frame by frame of 1/64 s, as the simulator does.\n"
+    "A script is a text of lines: time in s, pitch, roll and yaw from -1 to 1, speed brake and flaps from\n"
+    "0 to 1; values run in straight lines between the times, # begins a remark. In place of a file:\n"
+    "\"trim\" holds the trim, \"random\" walks all controls at random.\n";
+
+constexpr int controls = 5;
+
+struct script_line {
+    float time;
+    float control[controls];  // pitch, roll, yaw, speed brake, flaps
+};
+
+std::vector<script_line> read_script(const std::string& path) {
+    std::ifstream in(path);
+    if (!in) throw flight_fault(path + ": cannot be read");
+    std::vector<script_line> script;
+    std::string text;
+    for (int number = 1; std::getline(in, text); ++number) {
+        text = text.substr(0, text.find('#'));
+        std::istringstream words(text);
+        std::vector<double> values;
+        for (std::string word; words >> word;) {
+            double v;
+            if (!read_number(word, &v))
+                throw flight_fault(path + ":" + std::to_string(number) + ": \"" + word +
+                                   "\" is not a number");
+            values.push_back(v);
+        }
+        if (values.empty()) continue;
+        if (values.size() != 1 + controls)
+            throw flight_fault(path + ":" + std::to_string(number) + ": six numbers are needed");
+        script_line line;
+        line.time = static_cast<float>(values[0]);
+        if (!script.empty() && line.time <= script.back().time)
+            throw flight_fault(path + ":" + std::to_string(number) + ": the times have to rise");
+        for (int c = 0; c < controls; ++c)
+            line.control[c] =
+                fltlim(static_cast<float>(values[static_cast<size_t>(c + 1)]), c < 3 ? -1.0f : 0.0f, 1.0f);
+        script.push_back(line);
+    }
+    if (script.empty()) throw flight_fault(path + ": no lines");
+    return script;
+}
+
+struct flight_order {
+    std::string script;  // a file, "trim" or "random"
+    std::vector<script_line> lines;
+    double seconds, rate;
+    float speed, altitude;  // m/s, m; speed 0: best glide
+    bool weather, quiet;
+    unsigned seed;
+    std::string csv;
+};
+
+void set_controls(const float control[controls]) {
+    mnw.YK_ptch = control[0];
+    mnw.YK_roll = control[1];
+    mnw.YK_hdng = control[2];
+    flt[0].sbrk_rqst = control[3];
+    flt[0].handle_rat_req = control[4];
+}
+
+void follow_script(const std::vector<script_line>& lines, float time) {
+    size_t i = 0;
+    while (i + 1 < lines.size() && lines[i + 1].time <= time) ++i;
+    const script_line& a = lines[i];
+    const script_line& b = lines[i + 1 < lines.size() ? i + 1 : i];
+    float control[controls];
+    for (int c = 0; c < controls; ++c) control[c] = interp(a.time, a.control[c], b.time, b.control[c], time);
+    set_controls(control);
+}
+
+void walk_controls(float control[controls]) {
+    for (int c = 0; c < controls; ++c) {
+        const float by = c < 3 ? 0.1f : 0.01f;
+        control[c] = fltlim(control[c] + flt_rand(-by, by), c < 3 ? -1.0f : 0.0f, 1.0f);
+    }
+    set_controls(control);
+}
+
+const std::vector<const char*> columns = {"time_s",
+                                          "latitude_deg",
+                                          "longitude_deg",
+                                          "elevation_m",
+                                          "true_airspeed_mps",
+                                          "indicated_airspeed_kt",
+                                          "climb_mps",
+                                          "heading_deg",
+                                          "pitch_deg",
+                                          "roll_deg",
+                                          "alpha_deg",
+                                          "beta_deg",
+                                          "P_degps",
+                                          "Q_degps",
+                                          "R_degps",
+                                          "load_g",
+                                          "CL",
+                                          "CD",
+                                          "speedbrake_ratio",
+                                          "flap_ratio"};
+
+std::vector<double> state_row(double time) {
+    const flt_struct& f = flt[0];
+    return {time,
+            f.dob_lat,
+            f.dob_lon,
+            f.dob_ele,
+            f.AV_msc,
+            f.v_ind_kts,
+            f.Vh_fpm * con.fpmtomsc,
+            f.psi,
+            f.the,
+            f.phi,
+            f.alpha,
+            f.beta,
+            f.P,
+            f.Q,
+            f.R,
+            f.g_nrml,
+            f.cl_overall,
+            f.cd_overall,
+            f.sbrk_rat,
+            f.handle_rat_act};
+}
+
+struct flight_sum {
+    double height_lost, distance, energy_lost, wall;
+    float max_g;
+};
+
+void start_in_trim(const flight_order& order) {
+    const float speed = order.speed > 0.0f ? order.speed : lab_performance(order.altitude).best_glide.speed;
+    const lab_trim t = lab_trim_glide(speed, order.altitude);
+    if (!t.found) throw flight_fault("no steady glide at this speed and height");
+    lab_fly_trim(t, order.altitude);
+}
+
+double energy_height() { return flt[0].dob_ele + 0.5 * flt[0].AV_msc * flt[0].AV_msc / con.g; }
+
+flight_sum fly_one(const flight_order& order, bool show_progress) {
+    const file_ptr csv = order.csv.empty() ? nullptr : open_output(order.csv);
+    if (csv) csv_header(csv.get(), columns);
+    stg.reset_on_crash = 0;  // the data end on the ground, not in another flight
+    start_in_trim(order);
+    rand_seed(order.seed);
+    flight_sum sum{flt[0].dob_ele, 0.0, energy_height(), 0.0, 0.0f};
+    float control[controls] = {mnw.YK_ptch, 0.0f, 0.0f, 0.0f, 0.0f};
+    const int frames = static_cast<int>(std::lround(order.seconds / headless_pass));
+    const double every = order.rate > 0.0 ? 1.0 / order.rate : 1e30;
+    double next_row = 0.0;
+    const auto began = std::chrono::steady_clock::now();
+    for (int i = 0; i < frames; ++i) {
+        const double time = i * headless_pass;
+        if (csv && time >= next_row - 1e-9) {
+            csv_row(csv.get(), state_row(time));
+            next_row += every;
+        }
+        if (!order.lines.empty()) follow_script(order.lines, static_cast<float>(time));
+        if (order.script == "random") walk_controls(control);
+        headless_frame();
+        sum.distance += flt[0].AV_msc * headless_pass;
+        sum.max_g = fltmax2(sum.max_g, fabsf(flt[0].g_nrml));
+        if (show_progress && i % 6400 == 6399) {
+            fprintf(stderr, "\r%3.0f %%", 100.0 * i / frames);
+            fflush(stderr);
+        }
+    }
+    if (show_progress) fprintf(stderr, "\r     \r");
+    sum.wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+    sum.height_lost -= flt[0].dob_ele;
+    sum.energy_lost -= energy_height();
+    return sum;
+}
+
+void print_sum(const flight_order& order, const flight_sum& s) {
+    printf("flown           %10.1f s, %.0f times real time\n", order.seconds, order.seconds / s.wall);
+    printf("height lost     %10.1f m\n", s.height_lost);
+    printf("distance        %10.1f m through the air\n", s.distance);
+    if (s.energy_lost > 0.0) printf("glide ratio     %10.2f by energy\n", s.distance / s.energy_lost);
+    printf("largest load    %10.2f g\n", s.max_g);
+}
+
+// OUT.csv of run k is OUT.k.csv.
+std::string numbered(const std::string& path, int k) {
+    const size_t dot = path.rfind('.');
+    const bool has_ending = dot != std::string::npos && path.find('/', dot) == std::string::npos;
+    const std::string number = "." + std::to_string(k);
+    return has_ending ? path.substr(0, dot) + number + path.substr(dot) : path + number;
+}
+
+void prepare(const options& from, const std::string& file, const flight_order& order) {
+    start_lab(from, file);
+    trap_float_faults();
+    if (!order.weather) lab_still_air();
+}
+
+// Each run is a process of its own, so that a fault ends one run and not all.
+int fly_many(const options& from, const std::string& file, const flight_order& order, int runs, int jobs) {
+    int running = 0, started = 0, failed = 0, done = 0;
+    const bool show = !order.quiet && isatty(STDERR_FILENO);
+    while (done < runs) {
+        if (started < runs && running < jobs) {
+            const pid_t child = fork();
+            if (child < 0) throw flight_fault("cannot start another process");
+            if (child == 0) {
+                flight_order own = order;
+                own.seed += static_cast<unsigned>(started);
+                if (!own.csv.empty()) own.csv = numbered(own.csv, started);
+                int status = 0;
+                try {
+                    prepare(from, file, own);
+                    fly_one(own, false);
+                } catch (const flight_fault& fault) {
+                    fprintf(stderr, "flightlab: run %d: %s\n", started, fault.what());
+                    status = 1;
+                }
+                fflush(nullptr);
+                _exit(status);
+            }
+            ++started;
+            ++running;
+            continue;
+        }
+        int status = 0;
+        if (wait(&status) < 0) break;
+        --running;
+        ++done;
+        if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) ++failed;
+        if (show) fprintf(stderr, "\r%d of %d", done, runs);
+    }
+    if (show) fputc('\n', stderr);
+    if (!order.quiet) printf("%d runs, %d failed\n", runs, failed);
+    return failed ? 1 : 0;
+}
+}  // namespace
+
+int fly_command(int argc, char** argv) {
+    const options from(usage,
+                       {{"seconds", "N", "how long (60)"},
+                        {"speed", "KT", "true airspeed of the trimmed start (that of the best glide)"},
+                        {"altitude", "FT", "height of the start (6000)"},
+                        {"script", "FILE", "a script, trim or random (trim)"},
+                        {"weather", nullptr, "the default weather in place of still air"},
+                        {"runs", "K", "number of flights (1); each takes the next seed"},
+                        {"jobs", "J", "flights at a time (2)"},
+                        {"seed", "S", "of the random walk (1)"},
+                        {"csv", "FILE", "the flight as a table; run k of many goes to FILE.k"},
+                        {"rate", "HZ", "rows a second (8)"},
+                        {"quiet", nullptr, "no summary and no progress"},
+                        install_option},
+                       argc, argv);
+    if (from.wants_help()) return from.print_help(), 0;
+    flight_order order;
+    order.script = from.text("script", "trim");
+    if (order.script != "trim" && order.script != "random") order.lines = read_script(order.script);
+    order.seconds = from.number("seconds", 60.0, 0.0, 1e7);
+    order.rate = from.number("rate", 8.0, 0.001, 64.0);
+    order.weather = from.has("weather");
+    order.quiet = from.has("quiet");
+    order.seed = static_cast<unsigned>(from.whole("seed", 1, 0, 1000000000));
+    order.csv = from.text("csv", "");
+    const double speed_kt = from.number("speed", 0.0, 1.0, 3000.0);
+    const double altitude_ft = from.number("altitude", 6000.0, 500.0, 300000.0);
+    constexpr double kt = 0.514444, ft = 0.3048;  // the system's constants stand only once it has started
+    order.speed = static_cast<float>(speed_kt * kt);
+    order.altitude = static_cast<float>(altitude_ft * ft);
+    const int runs = from.whole("runs", 1, 1, 100000), jobs = from.whole("jobs", 2, 1, 64);
+    if (runs > 1) return fly_many(from, from.file(), order, runs, jobs);
+
+    prepare(from, from.file(), order);
+    const flight_sum sum = fly_one(order, !order.quiet && isatty(STDERR_FILENO));
+    if (!order.quiet) print_sum(order, sum);
+    return 0;
+}

@@ -1,0 +1,110 @@
+// The aircraft on one page.
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "aircraft/derive.h"
+#include "app/lab.h"
+#include "commands.h"
+#include "core/atm.h"
+#include "core/con.h"
+#include "core/num.h"
+#include "core/veh.h"
+#include "start.h"
+
+namespace {
+const char* const usage =
+    "flightlab report FILE [options]\n"
+    "Dimensions, balance and gliding performance of an aircraft, engines off, in still standard air.\n"
+    "Places are counted aft of the centre of gravity; coefficients refer to the plan area and the mean\n"
+    "chord of the wings.\n";
+
+void heading(const char* text) { printf("\n%s\n", text); }
+
+// A quantity in SI, and in the unit in which aircraft are drawn.
+void line(const char* name, double si, const char* si_unit, double other, const char* other_unit) {
+    printf("  %-30s %10.3f %-6s %10.3f %s\n", name, si, si_unit, other, other_unit);
+}
+void line(const char* name, double value, const char* unit) {
+    printf("  %-30s %10.3f %s\n", name, value, unit);
+}
+void length(const char* name, float m) { line(name, m, "m", m * con.mtrstoft, "ft"); }
+void area(const char* name, float m2) { line(name, m2, "m2", m2 * con.smtrtosf, "sq ft"); }
+void speed(const char* name, float ms) { line(name, ms, "m/s", ms * con.msctokts, "kt"); }
+
+void print_dimensions(const aircraft_summary_struct& size) {
+    heading("Dimensions");
+    area("wing area", size.S_ref);
+    length("span", size.span);
+    length("mean chord", size.mean_chord);
+    line("aspect ratio", size.AR, "");
+    area("stabiliser area", size.S_stab);
+    area("wetted area", size.S_wet);
+}
+
+void print_mass(const aircraft_summary_struct& size) {
+    const float mass = lab_mass();
+    heading("Mass");
+    line("mass", mass, "kg", mass * con.kgstolbs, "lb");
+    line("wing loading", mass / size.S_ref, "kg/m2", mass * con.kgstolbs / (size.S_ref * con.smtrtosf),
+         "lb/sq ft");
+    length("forward limit of the cg", size.cgZ_fwd);
+    length("aft limit of the cg", size.cgZ_aft);
+}
+
+void print_balance(const aircraft_summary_struct& size, const lab_stability& slopes) {
+    heading("Balance");
+    length("centroid of the surfaces", size.z_centroid);
+    length("neutral point from geometry", size.z_neutral);
+    length("neutral point as measured", slopes.z_neutral);
+    line("static margin, geometry", 100.0f * size.static_margin, "% of the mean chord");
+    line("static margin, measured", 100.0f * slopes.static_margin, "% of the mean chord");
+    line("lift slope", slopes.CL_alpha, "per degree");
+    line("pitch stiffness Cm alpha", slopes.Cm_alpha, "per degree");
+    line("yaw stiffness Cn beta", slopes.Cn_beta, "per degree");
+    line("dihedral effect Cl beta", slopes.Cl_beta, "per degree");
+}
+
+void print_glide(const char* title, const lab_trim& t) {
+    heading(title);
+    if (!t.found) {
+        printf("  not found: no steady glide between the stall and three times its speed\n");
+        return;
+    }
+    speed("true airspeed", t.speed);
+    speed("equivalent airspeed", t.speed * std::sqrt(con.lcl_sig));
+    line("glide ratio", t.CL / t.CD, "");
+    line("sink", t.sink, "m/s", t.sink * con.msctofpm, "ft/min");
+    line("angle of attack", t.alpha, "degrees");
+    line("trim elevator", t.elevator, "of full travel, up is positive");
+}
+}  // namespace
+
+int report_command(int argc, char** argv) {
+    const options from(usage, {{"altitude", "FT", "where it flies (3000)"}, install_option}, argc, argv);
+    if (from.wants_help()) return from.print_help(), 0;
+    const std::string file = from.needed_file();
+    const double altitude_ft = from.number("altitude", 3000.0, 500.0, 100000.0);
+    start_tunnel(from, file);
+
+    const float altitude = static_cast<float>(altitude_ft) * con.fttomtrs;
+    const aircraft_summary_struct size = aircraft_summary(0);
+    const lab_polar polar = lab_performance(altitude);
+    const lab_trim& steady = polar.best_glide.found ? polar.best_glide : polar.min_sink;
+    lab_flight at;
+    at.altitude = altitude;
+    if (steady.found) at.speed = steady.speed, at.alpha = steady.alpha;
+
+    printf("%s\n%.0f ft, standard air, no wind\n", file.c_str(), altitude_ft);
+    print_dimensions(size);
+    print_mass(size);
+    print_balance(size, lab_slopes(at));
+    heading("Stall");
+    line("largest lift coefficient", polar.CL_max, "");
+    line("at an angle of attack of", polar.alpha_max, "degrees");
+    speed("true airspeed", polar.stall_speed);
+    speed("equivalent airspeed", polar.stall_speed * std::sqrt(con.lcl_sig));
+    print_glide("Best glide", polar.best_glide);
+    print_glide("Minimum sink", polar.min_sink);
+    return steady.found ? 0 : 1;
+}
