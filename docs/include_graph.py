@@ -93,12 +93,10 @@ def find_cycle(own):
 
 
 def folder_edges(own):
-    """How many includes lead from one folder to another."""
-    edges = defaultdict(lambda: defaultdict(int))
+    """Of each folder those that its files include from."""
+    edges = defaultdict(set)
     for name, targets in own.items():
-        for target in targets:
-            if folder_of(name) != folder_of(target):
-                edges[folder_of(name)][folder_of(target)] += 1
+        edges[folder_of(name)] |= {folder_of(target) for target in targets} - {folder_of(name)}
     return edges
 
 
@@ -116,13 +114,9 @@ def reduced(edges):
 
 def render(own):
     edges = folder_edges(own)
-    files = defaultdict(int)
-    for name in own:
-        files[folder_of(name)] += 1
-    lines = ["| folder | files | includes (how often) |", "|---|---|---|"]
+    lines = ["| folder | includes from |", "|---|---|"]
     for folder in ORDER + ["main"]:
-        targets = ", ".join(f"{t} {edges[folder][t]}" for t in ORDER if t in edges[folder])
-        lines.append(f"| {folder} | {files[folder]} | {targets or '-'} |")
+        lines.append(f"| {folder} | {', '.join(t for t in ORDER if t in edges[folder]) or '-'} |")
     lines += ["", "What a longer way implies is left out of the picture:", "", "```mermaid", "graph TD"]
     lines += [f"    {folder} --> {target}" for folder, target in reduced(edges)]
     lines.append("```")

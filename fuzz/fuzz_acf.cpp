@@ -80,7 +80,7 @@ int odd_int(int old, input& in) {
     static const int odd[] = {0, 1, 2, 3, 9, 10, 11, -1, 0x7fffffff, -0x7fffffff - 1, 0x2e2e2e2e};
     const uint32_t pick = in.take(1);
     if (pick < std::size(odd)) return odd[pick];
-    return pick % 2 ? old + static_cast<int>(pick % 16) - 8 : static_cast<int>(in.take(4));
+    return static_cast<int>(pick % 2 ? static_cast<uint32_t>(old) + pick % 16 - 8 : in.take(4));
 }
 
 // Of an array in the file the element to spoil: mostly one that the design uses.
