@@ -16,11 +16,12 @@ protected:
     void SetUp() override {
         fs::create_directory_symlink(fs::path(INSTALL_FOLDER) / "Airfoils", folder.path() + "Airfoils");
         fs::create_directories(folder.path() + "Aircraft/Lark");
+        source = read("content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml");
+    }
+    static std::string read(const std::string& below_source_folder) {
         std::stringstream text;
-        text << std::ifstream(std::string(SOURCE_FOLDER) +
-                              "content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml")
-                    .rdbuf();
-        source = text.str();
+        text << std::ifstream(SOURCE_FOLDER + below_source_folder).rdbuf();
+        return text.str();
     }
     // Compiles the sailplane with one text in place of another; gives the exit status.
     int make(const std::string& options, const std::string& from = "", const std::string& to = "") {
@@ -65,5 +66,18 @@ TEST_F(acf_make, without_airfoils_the_file_is_made_and_the_rest_left_out) {
     EXPECT_TRUE(fs::exists(out));
     EXPECT_EQ(make("--install " + folder.path()), 0);
     EXPECT_GT(number_behind("wing area"), 9.0f) << output;
+}
+
+TEST_F(acf_make, the_example_of_the_guide_comes_out_as_printed_there) {
+    const std::string guide = read("docs/aircraft-files.md");
+    const size_t first = guide.find("```toml\n") + 8;
+    source = guide.substr(first, guide.find("```", first) - first);
+    ASSERT_EQ(make(""), 0) << output;
+    for (const char* line : {"wing area", "mean chord", "neutral point", "static margin", "stall speed"}) {
+        const size_t at = output.find(line);
+        ASSERT_NE(at, std::string::npos) << line;
+        EXPECT_NE(guide.find(output.substr(at, output.find('\n', at) - at)), std::string::npos)
+            << output.substr(at, output.find('\n', at) - at);
+    }
 }
 }  // namespace
