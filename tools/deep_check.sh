@@ -56,4 +56,4 @@ ctest --test-dir build-cov -j "$(nproc)" >/dev/null || true
 gcovr -r . --filter src/ build-cov | tail -5
 
 echo "== soak: an hour of flight"
-build/tools/flightlab fly --seconds 3600 --script random --quiet
+build/tools/flightlab fly --seconds 3600 --script random --restart

@@ -4,6 +4,7 @@
 
 #include "aircraft/location.h"
 #include "core/alert.h"
+#include "core/axes.h"
 #include "core/electrics.h"
 #include "core/logs.h"
 #include "core/num.h"
@@ -438,12 +439,7 @@ static void pitch_rotors(int p) {
 
 static void store_sines(int p) {
     flt_struct& now = flt[p];
-    now.sin_the = sin_deg(now.the);
-    now.cos_the = cos_deg(now.the);
-    now.sin_psi = sin_deg(now.psi);
-    now.cos_psi = cos_deg(now.psi);
-    now.sin_phi = sin_deg(now.phi);
-    now.cos_phi = cos_deg(now.phi);
+    cache_attitude(p);
     for (int en = part_wing_first; en < wingDIM; ++en) {
         if (!has_this_wing(p, en)) continue;
         const veh_wing_struct& wing = veh[p].wing[en];

@@ -4,6 +4,16 @@
 #include "core/env.h"
 #include "core/flt.h"
 
+void cache_attitude(int p) {
+    flt_struct& f = flt[p];
+    f.sin_the = sin_deg(f.the);
+    f.cos_the = cos_deg(f.the);
+    f.sin_psi = sin_deg(f.psi);
+    f.cos_psi = cos_deg(f.psi);
+    f.sin_phi = sin_deg(f.phi);
+    f.cos_phi = cos_deg(f.phi);
+}
+
 void veh_to_wrl(float x, float y, float z, float* xo, float* yo, float* zo, int w) {
     const flt_struct& f = flt[w];
     any_to_wrl(x, y, z, xo, yo, zo, f.sin_psi, f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi);

@@ -33,6 +33,9 @@ inline void wrl_to_any(float x_wrl, float y_wrl, float z_wrl, float* x_phi, floa
     check_val(*x_phi); check_val(*y_phi); check_val(*z_phi);
 }
 
+// Sines and cosines of the attitude of slot p from its angles.
+void cache_attitude(int p);
+
 // The same with the attitude of flt[w] (its cached sines and cosines).
 void veh_to_wrl(float x, float y, float z, float* xo, float* yo, float* zo, int w);
 void wrl_to_veh(float x, float y, float z, float* xo, float* yo, float* zo, int w);

@@ -14,16 +14,6 @@
 
 float kias_with_mach(float mach) { return con.lcl_a * mach * con.msctokts * sqrtf(con.lcl_sig); }
 
-void cache_attitude(int p) {
-    flt_struct& f = flt[p];
-    f.sin_the = sin_deg(f.the);
-    f.cos_the = cos_deg(f.the);
-    f.sin_psi = sin_deg(f.psi);
-    f.cos_psi = cos_deg(f.psi);
-    f.sin_phi = sin_deg(f.phi);
-    f.cos_phi = cos_deg(f.phi);
-}
-
 // Air relative to slot p at its reference point, in its own axes. For slot 0 this is the wind's own
 // answer, for the others the same wind at their place.
 static void air_on_acf(int p, float* x, float* y, float* z) {

@@ -16,9 +16,8 @@ void auto_set_thro_prop(float in_rat, float* thro_rat, float* prop_rat);
 // Equivalent airspeed, knots, at the local air.
 float kias_with_mach(float mach);
 
-// Sines and cosines of the attitude, velocity and air in aircraft axes, alpha, beta, AV_msc of slot p
-// from its state; the air is that of slot 0's wind.
-void cache_attitude(int p);
+// Velocity and air in aircraft axes, alpha, beta, AV_msc of slot p from its state and cached attitude; the
+// air is that of slot 0's wind.
 void cache_air(int p);
 // Dynamic pressure, Mach and equivalent airspeed from AV_msc.
 void cache_speeds(int p);

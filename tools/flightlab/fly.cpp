@@ -72,7 +72,7 @@ struct flight_order {
     std::vector<script_line> lines;
     double seconds, rate;
     float speed, altitude;  // m/s, m; speed 0: best glide
-    bool weather, quiet;
+    bool weather, quiet, restart;
     unsigned seed;
     std::string csv;
 };
@@ -151,6 +151,7 @@ std::vector<double> state_row(double time) {
 struct flight_sum {
     double height_lost, distance, energy_lost, wall;
     float max_g;
+    int restarts;
 };
 
 void start_in_trim(const flight_order& order) {
@@ -162,13 +163,15 @@ void start_in_trim(const flight_order& order) {
 
 double energy_height() { return flt[0].dob_ele + 0.5 * flt[0].AV_msc * flt[0].AV_msc / con.g; }
 
+constexpr double lowest_before_restart = 300.0;  // m above the sphere
+
 flight_sum fly_one(const flight_order& order, bool show_progress) {
     const file_ptr csv = order.csv.empty() ? nullptr : open_output(order.csv);
     if (csv) csv_header(csv.get(), columns);
     stg.reset_on_crash = 0;  // the data end on the ground, not in another flight
     start_in_trim(order);
     rand_seed(order.seed);
-    flight_sum sum{flt[0].dob_ele, 0.0, energy_height(), 0.0, 0.0f};
+    flight_sum sum{flt[0].dob_ele, 0.0, energy_height(), 0.0, 0.0f, 0};
     float control[controls] = {mnw.YK_ptch, 0.0f, 0.0f, 0.0f, 0.0f};
     const int frames = static_cast<int>(std::lround(order.seconds / headless_pass));
     const double every = order.rate > 0.0 ? 1.0 / order.rate : 1e30;
@@ -183,6 +186,10 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
         if (!order.lines.empty()) follow_script(order.lines, static_cast<float>(time));
         if (order.script == "random") walk_controls(control);
         headless_frame();
+        if (order.restart && flt[0].dob_ele < lowest_before_restart) {
+            start_in_trim(order);
+            ++sum.restarts;
+        }
         sum.distance += flt[0].AV_msc * headless_pass;
         sum.max_g = fltmax2(sum.max_g, fabsf(flt[0].g_nrml));
         if (show_progress && i % 6400 == 6399) {
@@ -199,6 +206,10 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
 
 void print_sum(const flight_order& order, const flight_sum& s) {
     printf("flown           %10.1f s, %.0f times real time\n", order.seconds, order.seconds / s.wall);
+    if (order.restart) {
+        printf("restarts        %10d\nlargest load    %10.2f g\n", s.restarts, s.max_g);
+        return;  // heights and distances belong to no single flight
+    }
     printf("height lost     %10.1f m\n", s.height_lost);
     printf("distance        %10.1f m through the air\n", s.distance);
     if (s.energy_lost > 0.0) printf("glide ratio     %10.2f by energy\n", s.distance / s.energy_lost);
@@ -265,6 +276,7 @@ int fly_command(int argc, char** argv) {
                         {"speed", "KT", "true airspeed of the trimmed start (that of the best glide)"},
                         {"altitude", "FT", "height of the start (6000)"},
                         {"script", "FILE", "a script, trim or random (trim)"},
+                        {"restart", nullptr, "below 300 m start over in the trim, for long runs"},
                         {"weather", nullptr, "the default weather in place of still air"},
                         {"runs", "K", "number of flights (1); each takes the next seed"},
                         {"jobs", "J", "flights at a time (2)"},
@@ -282,6 +294,7 @@ int fly_command(int argc, char** argv) {
     order.rate = from.number("rate", 8.0, 0.001, 64.0);
     order.weather = from.has("weather");
     order.quiet = from.has("quiet");
+    order.restart = from.has("restart");
     order.seed = static_cast<unsigned>(from.whole("seed", 1, 0, 1000000000));
     order.csv = from.text("csv", "");
     const double speed_kt = from.number("speed", 0.0, 1.0, 3000.0);
