@@ -1,11 +1,13 @@
-// Aircraft files from load to flight: a compiled aircraft with fields overwritten by name, cut short or
-// of the other byte order, or bytes as they come, through read, range check, completion, design check,
-// derivation and the first steps of a flight.
+// Aircraft files from load to flight: a compiled aircraft, without engines or with engines and propellers
+// of any kind, with fields overwritten by name, cut short or of the other byte order, or bytes as they
+// come, through read, range check, completion, design check, derivation and the first steps of a flight.
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <vector>
 
 #include "aircraft/acf_file.h"
@@ -41,19 +43,167 @@ private:
     size_t left_;
 };
 
-std::string bytes_of(const std::string& path) {
+// Where array a of the file starts.
+long array_start(size_t a) {
+    const auto arrays = acf_arrays(0);
+    long start = 5;  // behind the header
+    for (size_t i = 0; i < a; ++i) start += long{arrays[i].count} * arrays[i].size;
+    return start;
+}
+
+std::vector<char> bytes_of(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(in), {});
-    must(!bytes.empty());
+    std::vector<char> bytes(std::istreambuf_iterator<char>(in), {});
+    must(static_cast<long>(bytes.size()) == acf_file_size);
     return bytes;
 }
 
-// The sound files to start from.
-const std::vector<std::string>& sound_files() {
-    static const std::string folder = std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/";
-    static const std::vector<std::string> files = {bytes_of(folder + "Lark 15 Sailplane/Lark 15.acf"),
-                                                   bytes_of(folder + "Wren 160 Trainer/Wren 160.acf")};
-    return files;
+// The same file as a machine of the other byte order writes it.
+std::vector<char> turned(std::vector<char> bytes) {
+    bytes[0] = 'a';
+    std::reverse(bytes.begin() + 1, bytes.begin() + 5);
+    const auto arrays = acf_arrays(0);
+    for (size_t a = 0; a < arrays.size(); ++a)
+        for (int i = 0; i < arrays[a].count; ++i)
+            for (int r = 0; r < arrays[a].fields.count; ++r) {
+                const veh_field_struct& row = arrays[a].fields.rows[r];
+                const auto field = bytes.begin() + array_start(a) + long{i} * arrays[a].size + row.offset;
+                for (int b = 0; row.type != 'c' && b < row.size; b += 4)
+                    std::reverse(field + b, field + b + 4);
+            }
+    return bytes;
+}
+
+// A sound file to start from. It lies open in memory: a run changes a few words of it and puts them back.
+class sound_file {
+public:
+    explicit sound_file(const std::vector<char>& bytes) : swapped_(bytes[0] == 'a'), file_(bytes) {
+        const auto arrays = acf_arrays(0);
+        for (size_t a = 0; a < arrays.size(); ++a) {
+            used_.emplace_back();
+            for (int i = 0; i < arrays[a].count; ++i) {
+                const auto first = bytes.begin() + array_start(a) + long{i} * arrays[a].size;
+                if (std::any_of(first, first + arrays[a].size, [](char c) { return c != 0; }))
+                    used_.back().push_back(i);
+            }
+        }
+    }
+    std::string path() const { return file_.path(); }
+    const char* bytes() const { return file_.bytes(); }
+    // Elements of array a that the design uses.
+    const std::vector<int>& used(size_t a) const { return used_[a]; }
+
+    uint32_t word(long at) const {
+        const uint32_t value = raw(at);
+        return swapped_ ? __builtin_bswap32(value) : value;
+    }
+    void set_word(long at, uint32_t value) { set_raw(at, swapped_ ? __builtin_bswap32(value) : value); }
+    void set_char(long at, char c) {
+        undo_.push_back({at, raw(at)});
+        file_.bytes()[at] = c;
+    }
+    void put_back() {
+        for (; !undo_.empty(); undo_.pop_back())
+            memcpy(file_.bytes() + undo_.back().at, &undo_.back().word, sizeof(uint32_t));
+    }
+
+private:
+    struct change {
+        long at;
+        uint32_t word;
+    };
+    uint32_t raw(long at) const {
+        uint32_t value;
+        memcpy(&value, file_.bytes() + at, sizeof value);
+        return value;
+    }
+    void set_raw(long at, uint32_t value) {
+        undo_.push_back({at, raw(at)});
+        memcpy(file_.bytes() + at, &value, sizeof value);
+    }
+
+    bool swapped_;
+    fuzzing::mapped_file file_;
+    std::vector<std::vector<int>> used_;
+    std::vector<change> undo_;
+};
+
+// The trainer with thrust points 0 and 1 driven by engines and 2 by none, whatever kind they become.
+std::vector<char> powered_file(const std::string& trainer) {
+    constexpr int p = 1;
+    veh_struct& v = veh[p];
+    strcpy(v.path, trainer.c_str());
+    must(acf_read_record(p));
+    v.num_engines = 2;
+    v.num_thrustpoints = 3;
+    v.throt_max_FWD = v.throt_max_REV = 1.0f;
+    v.rev_thrust_EQ = v.beta_prop_EQ = 1;
+    v.feathered_pitch = 85.0f;
+    v.reversed_pitch = -15.0f;
+    v.rotor_mi_rat = 1.0f;
+    v.tip_mach_des_50 = 0.7f;
+    v.tip_mach_des_100 = 0.85f;
+    v.power_max = 160.0f;
+    v.MP_max = 29.92f;
+    v.RSC_idlespeed_ENGN = 700.0f;
+    v.RSC_mingreen_ENGN = 1000.0f;
+    v.RSC_maxgreen_ENGN = 2600.0f;
+    v.RSC_redline_ENGN = 2700.0f;
+    v.thrust_max = 900.0f;
+    v.burner_inc = 300.0f;
+    v.max_mach_eff = 0.9f;
+    v.face_jet = v.face_rocket = 2.0f;
+    v.lift_fan_rat = 0.3f;
+    v.rock_max_sl = v.rock_max_opt = v.rock_max_vac = 500.0f;
+    v.fuel_intro_time_prop = v.fuel_intro_time_jet = v.throt_time_prop = v.throt_time_jet = 0.5f;
+    v.spool_time_jet = v.inertia_rat_prop = v.starter_rat = v.battery_rat = 1.0f;
+    v.max_ITT = v.max_EGT = v.max_CHT = 900.0f;
+    v.max_OILP = v.max_OILT = v.max_FUELP = 100.0f;
+    v.num_tanks = 1;
+    v.tank_rat[0] = 1.0f;
+    v.m_fuel_tot = 100.0f;
+    for (int en = 0; en < v.num_thrustpoints; ++en) {
+        veh_engn_struct& engn = v.engn[en];
+        engn.SFC = 0.5f;
+        engn.prop_dir = en == 0 ? 1.0f : -1.0f;
+        engn.num_blades = static_cast<float>(2 + en);
+        engn.prop_gear_rat = 1.0f;
+        engn.min_pitch = 12.0f;
+        engn.max_pitch = 30.0f;
+        engn.des_rpm_prp = 2400.0f;
+        engn.des_kts_prp = engn.des_kts_acf = 100.0f;
+        veh_wing_struct& blade = v.wing[en];
+        blade = v.wing[part_wing_first + 1];
+        blade.els = 5;
+        blade.Croot = 0.5f;
+        blade.Ctip = 0.3f;
+        blade.semilen_SEG = 3.0f;
+        blade.dihed1 = blade.sweep1 = 0.0f;
+        for (int el = 0; el < blade.els; ++el) blade.incidence[el] = 30.0f - 4.0f * static_cast<float>(el);
+        v.part[en].part_eq = 1;
+        v.part[en].part_x = static_cast<float>(en == 2 ? 0 : 12 * en - 6);
+        v.part[en].part_z = 2.0f;
+    }
+    const fuzzing::memory_file file("powered.acf");
+    strcpy(v.path, file.path().c_str());
+    must(IO_acf(1, p, 0));
+    return bytes_of(file.path());
+}
+
+constexpr uint32_t designs = 4;  // the last two are both the powered one
+
+sound_file& sound(uint32_t design, bool swapped) {
+    static std::vector<std::unique_ptr<sound_file>> files;
+    if (files.empty()) {
+        const std::string folder = std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/";
+        const std::string trainer = folder + "Wren 160 Trainer/Wren 160.acf";
+        for (const auto& bytes :
+             {bytes_of(folder + "Lark 15 Sailplane/Lark 15.acf"), bytes_of(trainer), powered_file(trainer)}) {
+            files.push_back(std::make_unique<sound_file>(bytes));
+            files.push_back(std::make_unique<sound_file>(turned(bytes)));
+        }
+    }
+    return *files[2 * std::min(design, 2u) + swapped];
 }
 
 float odd_float(float old, input& in) {
@@ -83,75 +233,72 @@ int odd_int(int old, input& in) {
     return static_cast<int>(pick % 2 ? static_cast<uint32_t>(old) + pick % 16 - 8 : in.take(4));
 }
 
-// Of an array in the file the element to spoil: mostly one that the design uses.
-int choose_element(const std::string& bytes, long start, const acf_array_struct& array, input& in) {
+// Of array a the element to spoil: mostly one that the design uses.
+int choose_element(const sound_file& file, size_t a, int count, input& in) {
     const uint32_t pick = in.take(1);
-    if (pick % 8 == 7) return static_cast<int>(pick / 8) % array.count;
-    std::vector<int> used;
-    for (int i = 0; i < array.count; ++i) {
-        const auto first = bytes.begin() + start + long{i} * array.size;
-        if (std::any_of(first, first + array.size, [](char c) { return c != 0; })) used.push_back(i);
-    }
+    const std::vector<int>& used = file.used(a);
+    if (pick % 8 == 7) return static_cast<int>(pick / 8) % count;
     return used.empty() ? 0 : used[pick % used.size()];
 }
 
 // Overwrites some elements of one field, chosen by its place in the field lists.
-void overwrite_field(std::string& bytes, input& in) {
+void overwrite_field(sound_file& file, input& in) {
     const auto arrays = acf_arrays(0);
-    const uint32_t which = in.take(1) % arrays.size();
-    long start = 5;
-    for (uint32_t a = 0; a < which; ++a) start += long{arrays[a].count} * arrays[a].size;
+    const size_t which = in.take(1) % arrays.size();
     const acf_array_struct& array = arrays[which];
     const veh_field_struct& row = array.fields.rows[static_cast<int>(in.take(2)) % array.fields.count];
-    const int element = choose_element(bytes, start, array, in);
-    char* const field = &bytes[static_cast<size_t>(start + long{element} * array.size + row.offset)];
+    const int element = choose_element(file, which, array.count, in);
+    const long field = array_start(which) + long{element} * array.size + row.offset;
     if (row.type == 'c') {
-        field[in.take(2) % static_cast<uint32_t>(row.size)] = static_cast<char>(in.take(1));
+        const long at = field + in.take(2) % static_cast<uint32_t>(row.size);
+        file.set_char(at, static_cast<char>(in.take(1)));
         return;
     }
     const int words = row.size / 4;
     const int first = static_cast<int>(in.take(2)) % words;
     const int end = std::min(words, first + 1 + static_cast<int>(in.take(1)) % 4);
     for (int w = first; w < end; ++w) {
-        if (row.type == 'f') {
-            float value;
-            memcpy(&value, field + 4 * w, sizeof value);
-            value = odd_float(value, in);
-            memcpy(field + 4 * w, &value, sizeof value);
-        } else {
-            int value;
-            memcpy(&value, field + 4 * w, sizeof value);
-            value = odd_int(value, in);
-            memcpy(field + 4 * w, &value, sizeof value);
-        }
+        const long at = field + 4 * w;
+        const uint32_t old = file.word(at);
+        file.set_word(at, row.type == 'f' ? std::bit_cast<uint32_t>(odd_float(std::bit_cast<float>(old), in))
+                                          : static_cast<uint32_t>(odd_int(static_cast<int>(old), in)));
     }
 }
 
-// The same file as a machine of the other byte order writes it.
-void turn_byte_order(std::string& bytes) {
-    bytes[0] = bytes[0] == 'i' ? 'a' : 'i';
-    std::reverse(bytes.begin() + 1, bytes.begin() + 5);
-    size_t start = 5;
-    for (const acf_array_struct& array : acf_arrays(0))
-        for (int i = 0; i < array.count; ++i, start += static_cast<size_t>(array.size))
-            for (int r = 0; r < array.fields.count; ++r) {
-                const veh_field_struct& row = array.fields.rows[r];
-                if (row.type == 'c') continue;
-                for (int b = 0; b < row.size; b += 4)
-                    std::reverse(bytes.begin() + static_cast<long>(start) + row.offset + b,
-                                 bytes.begin() + static_cast<long>(start) + row.offset + b + 4);
-            }
+// Any kind of engine with any kind of propeller; both engines and the driven disc are of one kind or not.
+void choose_engines(sound_file& file, input& in) {
+    for (int en = 0; en < 3; ++en) {
+        const long engn = array_start(1) + en * long{sizeof(veh_engn_struct)};
+        const uint32_t prop_type = in.take(1) % prop_kinds;
+        file.set_word(engn + offsetof(veh_engn_struct, engn_type), in.take(1) % engn_kinds);
+        file.set_word(engn + offsetof(veh_engn_struct, prop_type), prop_type);
+        if (prop_type == prop_fixed)
+            file.set_word(engn + offsetof(veh_engn_struct, max_pitch),
+                          file.word(engn + offsetof(veh_engn_struct, min_pitch)));
+    }
 }
 
-std::string file_bytes(input& in) {
+// The file that the input describes, written where it says; gives its path.
+std::string write_file(input& in) {
+    static const fuzzing::memory_file part("part.acf");
     const uint32_t kind = in.take(1);
-    if (kind % 16 == 15) return std::string(reinterpret_cast<const char*>(in.rest()), in.left());
-    std::string bytes = sound_files()[kind & 1];
+    if (kind % 16 == 15) {
+        part.write(in.rest(), in.left());
+        return part.path();
+    }
+    const uint32_t design = kind % designs;
+    sound_file& file = sound(design, kind & 16);
     const uint32_t cut = kind & 32 ? in.take(3) : 0;
-    while (!in.empty()) overwrite_field(bytes, in);
-    if (kind & 16) turn_byte_order(bytes);
-    if (cut) bytes.resize(5 + cut % (bytes.size() - 5));
-    return bytes;
+    if (design >= 2) choose_engines(file, in);
+    while (!in.empty()) overwrite_field(file, in);
+    if (!cut) return file.path();
+    part.write(file.bytes(), 5 + cut % (acf_file_size - 5));
+    return part.path();
+}
+
+void put_files_back() {
+    for (uint32_t design = 0; design < designs; ++design)
+        for (const bool swapped : {false, true}) sound(design, swapped).put_back();
 }
 
 void must_be_usable(int p) {
@@ -165,7 +312,6 @@ void must_be_usable(int p) {
     }
     for (int en = part_body_first; en < partDIM; ++en)
         must(v.part[en].s_dim >= 0 && v.part[en].s_dim <= part_sDIM && v.part[en].r_dim <= part_rDIM);
-    acf_to_toml(p);
 }
 
 void must_be_finite() {
@@ -177,6 +323,10 @@ void must_be_finite() {
           f.phi, f.L,  f.M,  f.N, f.m_total, f.g_nrml, f.g_side, f.g_axil, f.alpha, f.beta, f.l_o_d})
         must(std::isfinite(v));
     for (const float v : f.q) must(std::isfinite(v));
+    for (const flt_engn_struct& e : f.engn)
+        for (const float v : {e.thro_use, e.N1, e.N2, e.MPR, e.EPR, e.TRQ_nm, e.FF_kgs, e.power,
+                              e.tacrad_ENGN, e.tacrad_PROP, e.thrust, e.DVinc, e.side_wash, e.pitch_deg_use})
+            must(std::isfinite(v));
 }
 
 // A still system in which only the aircraft changes from run to run.
@@ -196,43 +346,62 @@ void start_system() {
     memset(flt[0].fail_stat, 0, sizeof flt[0].fail_stat);
 }
 
-void fly() {
-    init_flt_0(start_airport, place_runway);
+// How the flight begins: what the last bytes of an input leave free comes first.
+struct flight_plan {
+    bool in_the_air, running, at_every_lever;
+    uint32_t lever, prop_mode;
+};
+
+void set_levers(const flight_plan& plan) {
+    for (int en = 0; en < engnDIM; ++en) {
+        flt_engn_struct& e = flt[0].engn[en];
+        if (plan.at_every_lever || en == 0) e.thro_ref = e.thro_use = static_cast<float>(plan.lever) / 255.0f;
+        e.prop_mode = static_cast<int>(plan.prop_mode);
+        e.burner_on = plan.lever > 200;
+    }
+}
+
+void fly(const flight_plan& plan) {
+    stg.start_running = plan.running;
+    init_flt_0(start_airport, plan.in_the_air ? place_final_3 : place_runway);
+    set_levers(plan);
     local_air_step();
-    constexpr int frames = 2;  // of two half steps each
+    constexpr int frames = 4;  // of two half steps each
     for (int i = 0; i < frames; ++i) {
         update_with_fullsim1(0);
         update_with_fullsim2(0);
         must_be_finite();
     }
 }
-}  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    start_system();
-    static const fuzzing::memory_file file("acf");
-    input in(data, size);
-    const int p = in.take(1) % 8 ? 0 : 1;
-    const std::string bytes = file_bytes(in);
-    file.write(bytes.data(), bytes.size());
-    clear_flt(p);
-    strcpy(veh[p].path, file.path().c_str());
+// The design that the slot then holds flies, or ends in one of the known texts.
+void run(int p, const flight_plan& plan, bool to_text) {
     bool loaded = false;
     try {
-        if (!IO_acf(0, p, 0)) {
-            must(veh[p].num_engines == 0 && veh[p].path == file.path());
-            return 0;
-        }
+        if (!IO_acf(0, p, 0)) return must(veh[p].num_engines == 0 && veh[p].path[0] != 0);
         must_be_usable(p);
-        if (!derive_model(p)) {
-            must(p == 1 && veh[p].path[0] == 0 && veh[p].m_empty == 0.0f);
-            return 0;
-        }
+        if (to_text) acf_to_toml(p);
+        if (!derive_model(p)) return must(p == 1 && veh[p].path[0] == 0 && veh[p].m_empty == 0.0f);
         loaded = true;
-        if (p == 0) fly();
+        if (p == 0) fly(plan);
     } catch (const fuzzing::fatal& end) {
         must(p == 0);
         must(loaded ? fuzzing::is_flight_text(end.text.line[0]) : fuzzing::is_design_text(end.text));
     }
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    start_system();
+    input in(data, size);
+    const uint32_t ways = in.take(1);
+    const int p = ways % 8 ? 0 : 1;
+    const uint32_t modes = in.take(1), lever = in.take(1);
+    const flight_plan plan = {(modes & 1) != 0, (modes & 2) == 0, (modes & 4) == 0, lever, modes / 8 % 4};
+    const std::string path = write_file(in);
+    clear_flt(p);
+    strcpy(veh[p].path, path.c_str());
+    run(p, plan, ways / 8 == 31);
+    put_files_back();
     return 0;
 }
