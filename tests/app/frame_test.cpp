@@ -120,33 +120,6 @@ TEST_F(frame, the_date_follows_midnight_both_ways) {
     EXPECT_EQ(mnw.locl_date_jan1, 359);
 }
 
-TEST_F(frame, nothing_runs_before_the_window_has_appeared) {
-    have_done_first_update = 0;
-    const float real = mnw.real_time;
-    pass(5, 0.02);
-    EXPECT_EQ(mnw.real_time, real);
-    have_done_first_update = 1;
-}
-
-TEST_F(frame, the_profile_names_every_section_of_the_frame) {
-    const test::temp_folder folder;
-    close_logs();
-    xer.open(folder.path() + "Error.out");
-    mnw.track_cpu = 1;
-    pass(1, 0.02);
-    mnw.track_cpu = 0;
-    xer.close();
-    std::ifstream in(folder.path() + "Error.out");
-    std::stringstream text;
-    text << in.rdbuf();
-    size_t at = 0;
-    for (const char* mark :
-         {"init", "event", "menu", "math", "world", "plane", "scene_frame", "fill", "help", "end", "TOT: "}) {
-        at = text.str().find(mark, at);
-        ASSERT_NE(at, std::string::npos) << mark;
-    }
-}
-
 TEST_F(frame, a_trace_covers_one_half_step_and_names_the_controls) {
     const test::temp_folder folder;
     close_logs();

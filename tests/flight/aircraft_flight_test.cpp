@@ -134,11 +134,9 @@ TEST_P(every_aircraft, has_the_phugoid_of_the_textbook) {
         Cm[i] = flt[0].M / (flt[0].Qstatic * aircraft_summary(0).S_ref * c);
     }
     const float Cm_q = (Cm[1] - Cm[0]) / (2.0f * rate);  // per rad/s
-    const float CL_alpha_rad = s.CL_alpha * con.radtodeg;
-    const float g_per_rate = t.speed / con.g;  // load per rad/s in a pull-up
+    const float g_per_rate = t.speed / con.g;            // load per rad/s in a pull-up
     const float manoeuvre = s.static_margin - Cm_q * con.g / t.speed / t.CL;
     ASSERT_GT(manoeuvre, s.static_margin);
-    (void)CL_alpha_rad;
     const float period =
         static_cast<float>(M_PI) * sqrtf(2.0f) * g_per_rate * sqrtf(manoeuvre / s.static_margin);
 
