@@ -3,7 +3,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <limits>
 
 #include "aircraft/acf_fault.h"
@@ -49,10 +48,6 @@ protected:
         put_path(p, folder.write(name, bytes));
         strcpy(veh[p].name, "kept");
         return IO_acf(0, p, 0);
-    }
-    std::string read(const std::string& path) const {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
     void load_sample(int p) {
         std::string error;
@@ -119,7 +114,7 @@ TEST_F(acf_file_test, a_written_file_is_the_record_without_the_place_it_was_writ
     ASSERT_TRUE(IO_acf(1, 1, 0));
     EXPECT_EQ(veh[1].path, folder.path() + "OUT.ACF");
 
-    const std::string bytes = read(folder.path() + "OUT.acf");
+    const std::string bytes = test::read_file(folder.path() + "OUT.acf");
     ASSERT_EQ(bytes.size(), static_cast<size_t>(acf_file_size));
     EXPECT_EQ(bytes.substr(0, 5), std::string("i\x40\x1f\0\0", 5));
     EXPECT_EQ(bytes.substr(5 + 12, 1000), std::string(1000, '\0'));
@@ -206,7 +201,7 @@ TEST_F(acf_file_test, fields_out_of_range_are_refused_and_named) {
         deverr.open(folder.path() + "dev");
         EXPECT_FALSE(load(0, file.bytes)) << b.named;
         deverr.close();
-        const std::string told = read(folder.path() + "dev");
+        const std::string told = test::read_file(folder.path() + "dev");
         EXPECT_NE(told.find(b.named), std::string::npos) << b.named << " in " << told;
         EXPECT_NE(told.find(folder.path() + "x.acf"), std::string::npos);
         EXPECT_EQ(veh[0].Vne_kts, 0.0f);

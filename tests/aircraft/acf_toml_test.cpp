@@ -2,8 +2,6 @@
 // programs do what they say.
 #include "aircraft/acf_toml.h"
 
-#include <sys/wait.h>
-
 #include <bit>
 #include <cmath>
 #include <cstring>
@@ -29,10 +27,6 @@ protected:
         for (size_t at = 0, end; (end = error.find('\n', at)) != std::string::npos; at = end + 1)
             out += error.substr(at, end - at).substr(folder.path().size() + 7) + "\n";
         return out;
-    }
-    std::string read(const std::string& path) const {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
     void expect_same_designers(int p, int q) {
         const auto a = acf_arrays(p), b = acf_arrays(q);
@@ -270,10 +264,9 @@ class acf_programs_test : public acf_toml_test {
 protected:
     std::string output;
     int run(const std::string& command) {
-        const std::string log = folder.path() + "log";
-        const int status = std::system((TOOL_FOLDER + command + " >" + log + " 2>&1").c_str());
-        output = read(log);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        const test::run_result result = test::run(TOOL_FOLDER + command);
+        output = result.output;
+        return result.status;
     }
 };
 
@@ -286,8 +279,8 @@ TEST_F(acf_programs_test, make_and_dump_are_inverse_byte_for_byte) {
     folder.write("sub/x", "");
     ASSERT_EQ(run("acf_make --quiet " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
     ASSERT_EQ(run("acf_dump " + f + "sub/b.acf"), 0);
-    EXPECT_EQ(output, read(f + "canonical.toml"));
-    EXPECT_TRUE(read(f + "a.acf") == read(f + "sub/b.acf"));
+    EXPECT_EQ(output, test::read_file(f + "canonical.toml"));
+    EXPECT_TRUE(test::read_file(f + "a.acf") == test::read_file(f + "sub/b.acf"));
 }
 
 TEST_F(acf_programs_test, faults_are_told_and_leave_no_file) {

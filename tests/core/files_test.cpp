@@ -5,8 +5,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <fstream>
-#include <sstream>
 
 #include "core/dirlist.h"
 #include "core/mapfile.h"
@@ -17,11 +15,6 @@
 class files_test : public test::system_test {
 protected:
     test::temp_folder folder;
-
-    std::string read(const std::string& path) const {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
 };
 
 // -- paths
@@ -149,14 +142,14 @@ TEST_F(files_test, the_header_is_written_by_type) {
     copyright_apt = "(c) us";
     ASSERT_TRUE(ouf_open(folder.path() + "A.ACF", ftype_acf, 8000));
     ASSERT_TRUE(ouf_close());
-    EXPECT_EQ(read(folder.path() + "A.acf"), std::string("i\x40\x1f\0\0", 5));
+    EXPECT_EQ(test::read_file(folder.path() + "A.acf"), std::string("i\x40\x1f\0\0", 5));
     ASSERT_TRUE(ouf_open(folder.path() + "a.dat", ftype_apt, 715));
     ASSERT_TRUE(ouf_close());
-    EXPECT_EQ(read(folder.path() + "a.dat"), "I\n715 (c) us\n");
+    EXPECT_EQ(test::read_file(folder.path() + "a.dat"), "I\n715 (c) us\n");
     ASSERT_TRUE(ouf_open(folder.path() + "a.afl", ftype_afl, 700));
     ouf << "1234\n";
     ASSERT_TRUE(ouf_close());
-    EXPECT_EQ(read(folder.path() + "a.afl"), "I\n700 version\n1234\n");
+    EXPECT_EQ(test::read_file(folder.path() + "a.afl"), "I\n700 version\n1234\n");
     ASSERT_TRUE(inf_open(folder.path() + "a.afl", ftype_afl, 700, 0));
     lin_scan();
     EXPECT_EQ(int_scan(), 1234);
@@ -170,14 +163,14 @@ TEST_F(files_test, a_failed_write_keeps_the_old_file) {
     const std::string path = folder.write("Save.prf", "old");
     ASSERT_TRUE(ouf_open_beside(path, ftype_log, 1));
     ouf << "new\n";
-    EXPECT_EQ(read(path), "old");
+    EXPECT_EQ(test::read_file(path), "old");
     ASSERT_TRUE(ouf_replace());
-    EXPECT_EQ(read(path), "I\n1 version\nnew\n");
+    EXPECT_EQ(test::read_file(path), "I\n1 version\nnew\n");
 
     ASSERT_TRUE(ouf_open_beside(path, ftype_log, 1));
     ouf.setstate(std::ios::badbit);  // as a full disk does
     EXPECT_FALSE(ouf_replace());
-    EXPECT_EQ(read(path), "I\n1 version\nnew\n");
+    EXPECT_EQ(test::read_file(path), "I\n1 version\nnew\n");
     EXPECT_EQ(test::alerts.size(), 1u);
     struct stat left;
     EXPECT_NE(stat((path + ".new").c_str(), &left), 0);

@@ -83,7 +83,7 @@ protected:
         }
         return false;
     }
-    static int xdotool(const std::string& words) { return test::run("xdotool " + words); }
+    static int xdotool(const std::string& words) { return test::run("xdotool " + words).status; }
 
     test::xvfb screen_;
 };

@@ -1,7 +1,9 @@
 #include "support.h"
 
 #include <fenv.h>
+#include <stdio.h>
 #include <stdlib.h>
+#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
@@ -71,6 +73,21 @@ std::string temp_folder::write(const std::string& name, const std::string& bytes
     std::filesystem::create_directories(std::filesystem::path(full).parent_path());
     std::ofstream(full, std::ios::binary) << bytes;
     return full;
+}
+
+std::string read_file(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+run_result run(const std::string& command) {
+    FILE* p = popen(("{ " + command + "; } 2>&1").c_str(), "r");
+    run_result result{-1, ""};
+    char part[512];
+    while (p && fgets(part, sizeof part, p)) result.output += part;
+    const int status = p ? pclose(p) : -1;
+    if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
+    return result;
 }
 
 }  // namespace test

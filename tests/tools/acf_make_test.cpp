@@ -1,10 +1,5 @@
 // acf_make with an install folder at hand: the aircraft is loaded whole before it is kept.
-#include <stdio.h>
-#include <sys/wait.h>
-
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "flying.h"
 
@@ -16,23 +11,17 @@ protected:
     void SetUp() override {
         fs::create_directory_symlink(fs::path(INSTALL_FOLDER) / "Airfoils", folder.path() + "Airfoils");
         fs::create_directories(folder.path() + "Aircraft/Lark");
-        source = read("content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml");
-    }
-    static std::string read(const std::string& below_source_folder) {
-        std::stringstream text;
-        text << std::ifstream(SOURCE_FOLDER + below_source_folder).rdbuf();
-        return text.str();
+        source =
+            test::read_file(SOURCE_FOLDER "content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml");
     }
     // Compiles the sailplane with one text in place of another; gives the exit status.
     int make(const std::string& options, const std::string& from = "", const std::string& to = "") {
         std::string changed = source;
         if (!from.empty()) changed.replace(changed.find(from), from.size(), to);
         const std::string in = folder.write("in.toml", changed);
-        FILE* p = popen((TOOL_FOLDER "acf_make " + options + " " + in + " " + out + " 2>&1").c_str(), "r");
-        output.clear();
-        char part[512];
-        while (p && fgets(part, sizeof part, p)) output += part;
-        return p ? WEXITSTATUS(pclose(p)) : -1;
+        const test::run_result result = test::run(TOOL_FOLDER "acf_make " + options + " " + in + " " + out);
+        output = result.output;
+        return result.status;
     }
     float number_behind(const std::string& label) const {
         const size_t at = output.find(label);
@@ -69,7 +58,7 @@ TEST_F(acf_make, without_airfoils_the_file_is_made_and_the_rest_left_out) {
 }
 
 TEST_F(acf_make, the_example_of_the_guide_comes_out_as_printed_there) {
-    const std::string guide = read("docs/aircraft-files.md");
+    const std::string guide = test::read_file(SOURCE_FOLDER "docs/aircraft-files.md");
     const size_t first = guide.find("```toml\n") + 8;
     source = guide.substr(first, guide.find("```", first) - first);
     ASSERT_EQ(make(""), 0) << output;
