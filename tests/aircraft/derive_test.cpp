@@ -334,30 +334,23 @@ TEST_F(derive, every_place_is_measured_from_the_centre_of_gravity) {
     acf.cgY = 3.0f;
     acf.cgZ = 9.0f;
     const auto put = [](float* xyz) { xyz[0] = 1, xyz[1] = 4, xyz[2] = 10; };  // one foot right, up and aft
-    float* const vectors[] = {acf.pe_xyz,      acf.lanlite1_xyz, acf.lanlite2_xyz, acf.taxilite_xyz,
-                              acf.fuserb1_xyz, acf.fuserb2_xyz,  acf.taillite_xyz, acf.refuel_xyz,
-                              acf.jett_xyz,    acf.anchor_xyz,   acf.cockpit_xyz,  acf.tank_xyz[0],
+    float* const vectors[] = {acf.pe_xyz,      acf.lanlite1_xyz, acf.jett_xyz,
                               acf.tank_xyz[2], acf.door[7].xyz,  acf.sbrk[3].xyz};
     for (float* xyz : vectors) put(xyz);
-    float* const heights[] = {&acf.jato_Y,         &acf.chute_Y,        &acf.tow_hook_Y,
-                              &acf.win_hook_Y,     &acf.m_displaced_Y,  &acf.part[94].part_y,
-                              &acf.gear[9].gear_y, &acf.watt[23].watt_y};
-    float* const stations[] = {&acf.jato_Z,          &acf.chute_Z,        &acf.tow_hook_Z,
-                               &acf.win_hook_Z,      &acf.cgZ_aft,        &acf.water_rud_Z,
-                               &acf.part[94].part_z, &acf.gear[9].gear_z, &acf.watt[23].watt_z};
+    float* const heights[] = {&acf.chute_Y, &acf.tow_hook_Y, &acf.part[94].part_y, &acf.gear[9].gear_y,
+                              &acf.watt[23].watt_y};
+    float* const stations[] = {&acf.chute_Z, &acf.cgZ_aft, &acf.part[94].part_z, &acf.gear[9].gear_z,
+                               &acf.watt[23].watt_z};
     for (float* y : heights) *y = 4;
     for (float* z : stations) *z = 10;
     acf.part[94].part_x = acf.gear[9].gear_x = acf.watt[23].watt_x = 1;
     acf.cgZ_fwd = 12.0f;  // behind the centre of gravity: drawn to just ahead of it
-    acf.has_lanlite2 = 1;
-    acf.lanlite2_xyz[0] = -3;
     ASSERT_TRUE(derive_model(0));
     for (float* xyz : vectors)
-        for (int i = xyz == acf.lanlite2_xyz ? 1 : 0; i < 3; ++i) EXPECT_NEAR(xyz[i], ft, 1e-6f);
+        for (int i = 0; i < 3; ++i) EXPECT_NEAR(xyz[i], ft, 1e-6f);
     for (float* y : heights) EXPECT_NEAR(*y, ft, 1e-6f);
     for (float* z : stations) EXPECT_NEAR(*z, ft, 1e-6f);
-    for (float x : {acf.part[94].part_x, acf.gear[9].gear_x, acf.watt[23].watt_x, -acf.lanliteC_xyz[0]})
-        EXPECT_NEAR(x, ft, 1e-6f);
+    for (float x : {acf.part[94].part_x, acf.gear[9].gear_x, acf.watt[23].watt_x}) EXPECT_NEAR(x, ft, 1e-6f);
     EXPECT_EQ(acf.cgY, 0.0f);
     EXPECT_EQ(acf.cgZ, 0.0f);
     EXPECT_FLOAT_EQ(acf.cgZ_fwd, -0.01f);

@@ -185,11 +185,6 @@ TEST_F(element, controls_work_the_right_way_and_missing_flaps_hurt) {
     EXPECT_LT(cl, 0.0f);
     EXPECT_GT(cd, 0.0f);
     EXPECT_NEAR(cm, -0.5f * cl, 1e-6f);
-    const float al2 = al;
-    al = cl = cd = cm = 0;
-    veh[0].con_smooth = 3;
-    set_con_eff(part, 3, con_ail1, 10.0f, &al, &cl, &cd, &cm, "", 1);
-    EXPECT_NEAR(al, 1.5f * al2, 1e-5f);
     // at the last detent the shift of alpha and the direct term together are the designer's figure
     veh[0].flap_detents = 1;
     veh[0].fla1_dn[1] = 30.0f;

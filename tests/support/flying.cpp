@@ -12,13 +12,6 @@
 
 namespace test {
 
-static void record_alerts() {
-    alerts.clear();
-    alert_seam.show = [](int, const alert_lines& text, int type) { alerts.push_back({text, type}); };
-    alert_seam.finish = nullptr;
-    alert_seam.end = [](const alert_lines& text) { throw fatal(text); };
-}
-
 static std::string path_of(const std::string& name) {
     if (name.empty()) return "";
     const std::string folder = name == "Lark 15" ? "Lark 15 Sailplane" : "Wren 160 Trainer";

@@ -15,11 +15,15 @@ namespace test {
 
 std::vector<shown_alert> alerts;
 
-void fresh() {
+void record_alerts() {
     alerts.clear();
     alert_seam.show = [](int, const alert_lines& text, int type) { alerts.push_back({text, type}); };
     alert_seam.finish = nullptr;
     alert_seam.end = [](const alert_lines& text) { throw fatal(text); };
+}
+
+void fresh() {
+    record_alerts();
     THREAD_Init();
     clear_records();
     init_con();

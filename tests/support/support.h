@@ -24,6 +24,7 @@ struct shown_alert {
     int type;
 };
 extern std::vector<shown_alert> alerts;
+void record_alerts();
 
 // Zero records, constants, Earth, quiet seams with a virtual clock, seed 1, alerts recorded.
 void fresh();

@@ -106,15 +106,6 @@ TEST_F(weather_test, worsening_runs_down_and_then_wanders) {
         EXPECT_NEAR(atm.rain_set, 0.9f, vis_rep > 3000.0f ? 0.02f : 0.15f);
     }
     expect_valid();
-
-    atm.rate_change = 1.0f;  // improving is no walk
-    const float rain = atm.rain_set;
-    for (int i = 0; i < 1000; ++i) weather_step();
-    EXPECT_NEAR(atm.rain_set, rain - 0.02f, 2e-4f);
-    atm.rate_change = 0.01f;  // too little to act
-    const float held = atm.vis_rep;
-    weather_step();
-    EXPECT_EQ(atm.vis_rep, held);
 }
 
 TEST_F(weather_test, turbulent_wind_layers_stay_near_the_lowest) {
@@ -156,8 +147,6 @@ TEST_F(weather_test, rain_snow_and_hail_share_the_precipitation) {
     EXPECT_NEAR(atm.rain_rat_acf, 0.0f, 1e-4f);
     EXPECT_NEAR(atm.snow_rat_acf, 0.5f, 1e-4f);
     EXPECT_NEAR(atm.hail_rat_acf, 0.0f, 1e-4f);
-    settle(0.25f);  // a thin column evaporates
-    EXPECT_NEAR(atm.snow_rat_acf, 0.0f, 1e-4f);
 }
 
 TEST_F(weather_test, random_weather_is_valid_after_a_frame) {
