@@ -12,9 +12,12 @@
 
 #include "aircraft/acf_file.h"
 #include "aircraft/acf_toml.h"
+#include "aircraft/deflect.h"
 #include "aircraft/derive.h"
 #include "app/headless.h"
 #include "app/lab.h"
+#include "core/num.h"
+#include "core/random.h"
 #include "core/upward.h"
 #include "flight/half_step.h"
 #include "flight/stepper.h"
@@ -349,36 +352,62 @@ void start_system() {
 // How the flight begins: what the last bytes of an input leave free comes first.
 struct flight_plan {
     bool in_the_air, running, at_every_lever;
-    uint32_t lever, prop_mode;
+    uint32_t prop_mode, seed;
+    float lever;
 };
 
 void set_levers(const flight_plan& plan) {
     for (int en = 0; en < engnDIM; ++en) {
         flt_engn_struct& e = flt[0].engn[en];
-        if (plan.at_every_lever || en == 0) e.thro_ref = e.thro_use = static_cast<float>(plan.lever) / 255.0f;
+        if (plan.at_every_lever || en == 0) e.thro_ref = e.thro_use = plan.lever;
         e.prop_mode = static_cast<int>(plan.prop_mode);
-        e.burner_on = plan.lever > 200;
+        e.burner_on = plan.lever > 0.8f;
     }
+}
+
+// Anything that a pilot may ask for from one frame to the next.
+void move_controls() {
+    flt_struct& f = flt[0];
+    for (float* control :
+         {&mnw.YK_ptch, &mnw.YK_roll, &mnw.YK_hdng, &f.elev_trim, &f.ailn_trim, &f.rudd_trim, &f.sbrk_rqst})
+        *control = flt_rand(-1.0f, 1.0f);
+    for (float* control : {&f.handle_rat_req, &f.vect_rqst, &f.swdi_rqst}) *control = flt_rand(0.0f, 1.0f);
+    f.gear_handle = int_rand(0, 1);
+}
+
+void must_be_within_limits() {
+    const flt_struct& f = flt[0];
+    for (const float ratio : {f.sbrk_rat, f.handle_rat_act, f.handle_rat_req, f.vect_rat, f.swdi_rat})
+        must(fltrange(ratio, 0.0f, 1.0f));
+    for (const veh_gear_struct& gear : veh[0].gear) must(fltrange(gear.dep_rat, 0.0f, 1.0f));
+    for (const flt_wing_struct& wing : f.wing)
+        for (const float def : {wing.ail1_def, wing.elev_def, wing.rud1_def, wing.fla1_def, wing.spo1_def,
+                                wing.elem_inc_inc[0], wing.elem_inc_inc[elDIM - 1]})
+            must(std::isfinite(def));
 }
 
 void fly(const flight_plan& plan) {
     stg.start_running = plan.running;
     init_flt_0(start_airport, plan.in_the_air ? place_final_3 : place_runway);
     set_levers(plan);
+    rand_seed(plan.seed);
     local_air_step();
     constexpr int frames = 4;  // of two half steps each
     for (int i = 0; i < frames; ++i) {
+        move_controls();
         update_with_fullsim1(0);
+        update_def_angles(0);
         update_with_fullsim2(0);
         must_be_finite();
+        must_be_within_limits();
     }
 }
 
 // The design that the slot then holds flies, or ends in one of the known texts.
-void run(int p, const flight_plan& plan, bool to_text) {
+void run(int p, const std::string& path, const flight_plan& plan, bool to_text) {
     bool loaded = false;
     try {
-        if (!IO_acf(0, p, 0)) return must(veh[p].num_engines == 0 && veh[p].path[0] != 0);
+        if (!IO_acf(0, p, 0)) return must(veh[p].num_engines == 0 && veh[p].path == path);
         must_be_usable(p);
         if (to_text) acf_to_toml(p);
         if (!derive_model(p)) return must(p == 1 && veh[p].path[0] == 0 && veh[p].m_empty == 0.0f);
@@ -396,12 +425,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     input in(data, size);
     const uint32_t ways = in.take(1);
     const int p = ways % 8 ? 0 : 1;
-    const uint32_t modes = in.take(1), lever = in.take(1);
-    const flight_plan plan = {(modes & 1) != 0, (modes & 2) == 0, (modes & 4) == 0, lever, modes / 8 % 4};
+    const uint32_t modes = in.take(1), seed = in.take(1);
+    const float lever = static_cast<float>(in.take(1)) / 255.0f;
+    const flight_plan plan = {
+        (modes & 1) != 0, (modes & 2) == 0, (modes & 4) == 0, modes / 8 % 4, seed, lever};
     const std::string path = write_file(in);
     clear_flt(p);
     strcpy(veh[p].path, path.c_str());
-    run(p, plan, ways / 8 == 31);
+    run(p, path, plan, ways / 8 == 31);
     put_files_back();
     return 0;
 }

@@ -62,7 +62,11 @@ TEST_F(acf_toml_test, every_field_survives_with_any_value) {
                         }
                         memcpy(first + b, &word, sizeof word);
                     }
-                    if (row.type == 'c') first[random() % static_cast<unsigned>(row.size)] = 0;
+                    if (row.type == 'c') {  // behind the end of a text nothing is kept
+                        const size_t size = static_cast<size_t>(row.size), used = random() % size;
+                        for (size_t c = 0; c < used; ++c) first[c] |= !first[c];
+                        memset(first + used, 0, size - used);
+                    }
                 }
             }
         for (int& type : veh[0].ins_type) type = static_cast<int>(random() % 632) - 1;
@@ -75,16 +79,6 @@ TEST_F(acf_toml_test, every_field_survives_with_any_value) {
         EXPECT_EQ(veh[1].in_downwash[17][9][4], 1);
         EXPECT_EQ(veh[1].wing[33].is_left, 1);
         EXPECT_EQ(veh[1].wing[40].spec_wash, veh[0].wing[40].spec_wash);
-        // behind the end of a text nothing is kept
-        for (const acf_array_struct& array : acf_arrays(0))
-            for (int r = 0; r < array.fields.count; ++r) {
-                const veh_field_struct& row = array.fields.rows[r];
-                for (int i = 0; row.type == 'c' && row.role == veh_role_file && i < array.count; ++i) {
-                    char* chars = reinterpret_cast<char*>(array.first) + i * array.size + row.offset;
-                    const size_t used = strnlen(chars, static_cast<size_t>(row.size));
-                    memset(chars + used, 0, static_cast<size_t>(row.size) - used);
-                }
-            }
         expect_same_designers(0, 1);
         ASSERT_EQ(errors(1, acf_to_toml(0, true)), "");
         EXPECT_EQ(acf_to_toml(1), text);
@@ -118,12 +112,9 @@ TEST_F(acf_toml_test, what_a_designer_writes_is_what_the_record_holds) {
     EXPECT_EQ(v.part[1].part_x, 5.0f);
     EXPECT_STREQ(v.wing[9].Rafl1, "thick.afl");
     EXPECT_STREQ(v.wing[9].Tafl0, "thin.afl");
-    EXPECT_EQ(v.gear[0].steers, 1);
-    EXPECT_EQ(v.gear[1].gear_z, 20.0f);
     EXPECT_EQ(v.watt[3].watt_prt, 9);
     EXPECT_EQ(v.ins_type[2], 134);
     EXPECT_EQ(v.ins_size[1], 1.0f);
-    EXPECT_EQ(v.ins_size[2], 0.75f);
     EXPECT_EQ(v.ins_type[3], -1);
     // copies that need no table
     EXPECT_EQ(v.part[8].part_x, -2.5f);
