@@ -1,5 +1,6 @@
-// A scripted flight in the real window: the default aircraft, released in the air, is flown by a stick
-// script through the input gate. Leaves three pictures, the flight as CSV and a printed summary.
+// A scripted flight in the real window: the trainer, released in the air with a cold engine, is started,
+// climbs, cruises, stalls and spins, by keys and a mouse that come through the input gate. Leaves three
+// pictures, the flight as CSV and a printed summary.
 #include <math.h>
 #include <stdio.h>
 #include <unistd.h>
@@ -16,90 +17,173 @@
 #include "core/paths.h"
 #include "core/records.h"
 #include "core/seams.h"
+#include "core/upward.h"
 #include "draw/screenshot.h"
 #include "platform/window.h"
 
 namespace {
-// What the script wants of the aircraft from a time on: bank right and nose up, degrees.
-struct attitude_line {
-    float time;  // s
-    float bank, pitch;
-};
-const attitude_line script[] = {
-    {0.0f, 0.0f, 0.0f},   {12.0f, 0.0f, 0.0f},   {14.0f, 30.0f, -1.0f}, {24.0f, 30.0f, -1.0f},
-    {26.0f, 0.0f, 0.0f},  {30.0f, -20.0f, 0.0f}, {34.0f, -20.0f, 0.0f}, {36.0f, 0.0f, 0.0f},
-    {52.0f, 0.0f, -1.0f}, {54.0f, 0.0f, -6.0f},  {90.0f, 0.0f, -6.0f},
-};
-constexpr float flight_seconds = 75.0f;
-constexpr float picture_times[3] = {8.0f, 20.0f, 66.0f};
-constexpr float level_again = 38.0f, brakes_out = 52.0f, brakes_in = 70.0f;
+const char* const aircraft = "Aircraft/General Aviation/Wren 160 Trainer/Wren 160.acf";
 
-// A hand on the stick that watches the horizon: it moves the mouse towards the attitude wanted.
-void feed_stick(float time) {
+// -- the hand on the stick and on the keys
+void move_stick(float roll, float pull) {
     constexpr float travel = 0.4f;  // share of the screen from neutral to full
-    float bank = 0.0f, pitch = 0.0f;
-    const int lines = static_cast<int>(sizeof script / sizeof script[0]);
-    for (int i = 0; i + 1 < lines; ++i) {
-        const attitude_line &a = script[i], &b = script[i + 1];
-        if (time < a.time || time >= b.time) continue;
-        bank = interp(a.time, a.bank, b.time, b.bank, time);
-        pitch = interp(a.time, a.pitch, b.time, b.pitch, time);
-    }
-    const flt_struct& f = flt[0];
-    const float roll = fltlim(0.03f * (bank - f.phi) - 0.02f * f.P, -1.0f, 1.0f);
-    const float pull = fltlim(0.06f * (pitch - f.the) - 0.03f * f.Q, -1.0f, 1.0f);
-    input_gate_mouse(XRES * (0.5f + travel * roll), YRES * (0.5f - travel * pull), 0, 0);
+    input_gate_mouse(XRES * (0.5f + travel * fltlim(roll, -1.0f, 1.0f)),
+                     YRES * (0.5f - travel * fltlim(pull, -1.0f, 1.0f)), 0, 0);
 }
 
-void press(char key) {
-    input_gate_key(key_use_char, key, 1);
-    input_gate_key(key_use_char, key, 0);
+float level_wings(float bank) { return 0.03f * (bank - flt[0].phi) - 0.02f * flt[0].P; }
+
+// Watches the horizon; the stick's place in trim is found as it goes.
+void hold_attitude(float bank, float pitch) {
+    static float trim = 0.0f;
+    const float error = pitch - flt[0].the;
+    trim = fltlim(trim + 0.02f * error / 64.0f, -0.5f, 0.5f);
+    move_stick(level_wings(bank), trim + 0.06f * error - 0.03f * flt[0].Q);
 }
 
-void feed_brakes(float time) {
-    static int pressed_out, pressed_in;
-    if (time > brakes_out && pressed_out < 4) {
-        press('4');
-        ++pressed_out;
-    }
-    if (time > brakes_in && pressed_in < 4) {
-        press('3');
-        ++pressed_in;
+// Pitch for a speed, in knots.
+void hold_speed(float bank, float kts) {
+    static float pitch = 0.0f;
+    const float error = flt[0].v_ind_kts - kts;
+    pitch = fltlim(pitch + 0.15f * error / 64.0f, -12.0f, 14.0f);
+    hold_attitude(bank, fltlim(pitch + 0.4f * error, -15.0f, 18.0f));
+}
+
+void hold_height(float bank, float metres) {
+    const float climb = fltlim(0.15f * (metres - static_cast<float>(flt[0].dob_ele)), -3.0f, 3.0f);
+    const float path = asin_deg(fltlim(climb / fltmax2(flt[0].AV_msc, 1.0f), -0.2f, 0.2f));
+    hold_attitude(bank, fltlim(path + flt[0].alpha, -10.0f, 20.0f));
+}
+
+void press(int use, int key, int times = 1) {
+    for (int i = 0; i < times; ++i) {
+        input_gate_key(use, key, 1);
+        input_gate_key(use, key, 0);
     }
 }
+constexpr int f_throttle_less = 50, f_throttle_more = 51, f_mixture_more = 59;
+
+// -- the phases
+float cruise_height;
+
+void glide(float) { hold_speed(0.0f, 75.0f); }
+// The propeller stands; mixture, magnetos, then the starter until the engine runs.
+void start(float time) {
+    glide(time);
+    if (time == 0.0f) {
+        press(key_use_function, f_mixture_more, 20);
+        press(key_use_ctrl, 'A', 3);
+    }
+    if (time > 1.0f && flt[0].engn[0].tacrad_ENGN < veh[0].RSC_idlespeed_ENGN) press(key_use_ctrl, '1');
+}
+void climb(float time) {
+    if (time == 0.0f) press(key_use_function, f_throttle_more, 20);
+    hold_speed(time > 30.0f && time < 45.0f ? 20.0f : 0.0f, 75.0f);
+    cruise_height = static_cast<float>(flt[0].dob_ele);
+}
+void cruise(float time) {
+    if (time == 0.0f) press(key_use_function, f_throttle_less, 5);
+    hold_height(0.0f, cruise_height);
+}
+void stall(float time) {
+    if (time == 0.0f) press(key_use_function, f_throttle_less, 20);
+    hold_height(0.0f, cruise_height);
+}
+// Stick back and full left rudder as the wing stalls.
+void spin(float time) {
+    if (time == 0.0f) press(key_use_char, 'z', 10);
+    move_stick(0.0f, 1.0f);
+}
+// Opposite rudder, stick forward, then out of the dive.
+void recover(float time) {
+    if (time == 0.0f) press(key_use_char, 'x', 20);
+    if (fabsf(flt[0].R) < 20.0f) press(key_use_char, 'c');
+    if (time < 2.5f)
+        move_stick(0.0f, -0.3f);
+    else
+        hold_attitude(0.0f, 0.0f);
+}
+
+struct phase {
+    const char* name;
+    float seconds;
+    void (*fly)(float time);
+    float picture;  // s into the phase, negative: none
+};
+const phase phases[] = {
+    {"glide, engine cold", 6.0f, glide, -1.0f},
+    {"start", 8.0f, start, -1.0f},
+    {"climb", 75.0f, climb, 38.0f},
+    {"cruise", 60.0f, cruise, 50.0f},
+    {"stall", 30.0f, stall, -1.0f},
+    {"spin", 12.0f, spin, 7.0f},
+    {"recovery", 15.0f, recover, -1.0f},
+};
 
 // -- what is left behind
+struct phase_sum {
+    float rpm_first = 0.0f, rpm_last = 0.0f, kts_min = 1e9f, kts_max = 0.0f, alpha_max = -90.0f, g_max = 0.0f;
+    double height_first = 0.0, height_last = 0.0, turn = 0.0, fuel = 0.0;
+    float psi_last = 0.0f;
 
-struct flight_log {
-    FILE* csv;
-    float max_kts = 0.0f, min_kts = 1e9f, max_g = 0.0f;
-    double start_ele = 0.0;
+    void begin() {
+        height_first = flt[0].dob_ele;
+        rpm_first = flt[0].engn[0].tacrad_ENGN * con.rsctorpm;
+        psi_last = flt[0].psi;
+    }
+    void note() {
+        const flt_struct& f = flt[0];
+        kts_min = fltmin2(kts_min, f.v_ind_kts);
+        kts_max = fltmax2(kts_max, f.v_ind_kts);
+        alpha_max = fltmax2(alpha_max, f.alpha);
+        g_max = fltmax2(g_max, f.g_nrml);
+        height_last = f.dob_ele;
+        rpm_last = f.engn[0].tacrad_ENGN * con.rsctorpm;
+        turn += fltwrap(f.psi - psi_last, -180.0f, 180.0f);
+        psi_last = f.psi;
+        fuel += f.engn[0].FF_kgs * headless_pass;
+    }
+    void print(const phase& p) const {
+        printf(
+            "  %-19s %5.0f s %+6.0f m %+6.0f ft/min  %3.0f to %3.0f kt  %4.0f rpm  alpha to %4.1f  %4.1f g  "
+            "%+5.1f turns  %.2f kg\n",
+            p.name, p.seconds, height_last - height_first,
+            (height_last - height_first) / p.seconds * con.msctofpm, kts_min, kts_max, rpm_last, alpha_max,
+            g_max, turn / 360.0, fuel);
+    }
 };
 
-void write_row(flight_log& log) {
-    const flt_struct& f = flt[0];
-    fprintf(log.csv, "%.3f,%.6f,%.6f,%.2f,%.2f,%.2f,%.2f,%.2f,%.2f,%.3f,%.3f,%.3f,%.2f\n", mnw.totl_time,
-            f.dob_lat, f.dob_lon, f.dob_ele, f.v_ind_kts, f.Vh_fpm, f.psi, f.the, f.phi, f.alpha, f.g_nrml,
-            f.sbrk_rat, f.l_o_d);
+void write_header(FILE* csv) {
+    fprintf(
+        csv,
+        "time_s,latitude_deg,longitude_deg,elevation_m,airspeed_kt,climb_fpm,heading_deg,pitch_deg,roll_deg,"
+        "alpha_deg,beta_deg,load_g,rpm,power_W,thrust_N,fuel_flow_kgps,EGT_F,CHT_F,manifold_inHg\n");
 }
-
-void note(flight_log& log) {
+void write_row(FILE* csv) {
     const flt_struct& f = flt[0];
-    log.max_kts = fltmax2(log.max_kts, f.v_ind_kts);
-    log.min_kts = fltmin2(log.min_kts, f.v_ind_kts);
-    log.max_g = fltmax2(log.max_g, f.g_nrml);
+    const flt_engn_struct& e = f.engn[0];
+    fprintf(
+        csv,
+        "%.3f,%.6f,%.6f,%.2f,%.2f,%.2f,%.2f,%.2f,%.2f,%.3f,%.3f,%.3f,%.1f,%.0f,%.1f,%.5f,%.1f,%.1f,%.2f\n",
+        mnw.totl_time, f.dob_lat, f.dob_lon, f.dob_ele, f.v_ind_kts, f.Vh_fpm, f.psi, f.the, f.phi, f.alpha,
+        f.beta, f.g_nrml, e.tacrad_ENGN * con.rsctorpm, e.power, e.thrust, e.FF_kgs, e.EGT, e.CHT, e.MPR);
 }
-
-// Distance through the air over height lost, the speed's energy counted as height.
-struct glide {
-    double path = 0.0, energy_height = 0.0;
-};
-double energy_height() { return flt[0].dob_ele + 0.5 * flt[0].AV_msc * flt[0].AV_msc / con.g; }
 
 int usage(const char* name) {
     fprintf(stderr, "%s FOLDER    fly the script in a window and leave pictures, data and a summary there\n",
             name);
     return 2;
+}
+
+void start_program(const std::string& install) {
+    seams_headless();
+    seam.has_display = 1;  // a window, but nobody to answer an alert
+    init_sim(install);
+    seams_virtual_clock();  // pictures take the time they take
+    have_done_first_update = 1;
+    snprintf(veh[0].path, sizeof veh[0].path, "%s%s", install.c_str(), aircraft);
+    load_plane(0);
+    press(key_use_char, 'R');
 }
 }  // namespace
 
@@ -112,52 +196,32 @@ int main(int argc, char** argv) {
         fprintf(stderr, "no install folder beside the tools\n");
         return 1;
     }
-    seams_headless();
-    seam.has_display = 1;  // a window, but nobody to answer an alert
-    init_sim(install);
-    seams_virtual_clock();  // pictures take the time they take
-    have_done_first_update = 1;
-
-    flight_log log;
-    log.csv = fopen((out / "flight.csv").c_str(), "w");
-    if (!log.csv) return 1;
-    fprintf(
-        log.csv,
-        "time_s,latitude_deg,longitude_deg,elevation_m,airspeed_kt,climb_fpm,heading_deg,pitch_deg,roll_deg,"
-        "alpha_deg,load_g,speedbrake_ratio,lift_over_drag\n");
-    log.start_ele = flt[0].dob_ele;
-    glide straight;
-    double before = energy_height();
-    int picture = 0;
+    start_program(install);
+    FILE* csv = fopen((out / "flight.csv").c_str(), "w");
+    if (!csv) return 1;
+    write_header(csv);
+    printf("Scripted flight of %s\n", veh[0].name);
+    int pictures = 0, frame = 0;
     void (*const draw)() = seam.draw_world;
-    for (int frame = 0; mnw.totl_time < flight_seconds && !g_done; ++frame) {
-        const float time = mnw.totl_time;
-        feed_stick(time);
-        feed_brakes(time);
-        const bool take = picture < 3 && time >= picture_times[picture];
-        seam.draw_world = take || frame % 8 == 0 ? draw : [] {};
-        headless_frame();
-        note(log);
-        if (take) {
+    for (const phase& p : phases) {
+        phase_sum sum;
+        sum.begin();
+        const int frames = static_cast<int>(lroundf(p.seconds * 64.0f));
+        for (int i = 0; i < frames && !g_done; ++i, ++frame) {
+            const float time = i / 64.0f;
+            p.fly(time);
+            const bool take = p.picture >= 0.0f && i == static_cast<int>(lroundf(p.picture * 64.0f));
+            seam.draw_world = take || frame % 8 == 0 ? draw : [] {};
+            headless_frame();
+            sum.note();
+            if (frame % 8 == 0) write_row(csv);
+            if (!take) continue;
             draw();
-            save_screenshot((out / ("picture" + std::to_string(picture + 1) + ".png")).string());
-            ++picture;
+            save_screenshot((out / ("picture" + std::to_string(++pictures) + ".png")).string());
         }
-        if (frame % 8 == 0) write_row(log);
-        const double now = energy_height();
-        if (time > level_again && time < brakes_out) {
-            straight.path += flt[0].AV_msc * headless_pass;
-            straight.energy_height += before - now;
-        }
-        before = now;
+        sum.print(p);
     }
-    fclose(log.csv);
-    printf("Scripted flight of %s, %.0f s\n", veh[0].name, mnw.totl_time);
-    printf("  glide ratio (brakes in)  %6.1f\n", straight.path / straight.energy_height);
-    printf("  mean sink               %7.2f m/s\n", (log.start_ele - flt[0].dob_ele) / mnw.totl_time);
-    printf("  speeds                  %4.0f to %.0f kt indicated\n", log.min_kts, log.max_kts);
-    printf("  largest load            %7.2f g\n", log.max_g);
-    printf("  height                  %5.0f to %.0f m\n", log.start_ele, flt[0].dob_ele);
+    fclose(csv);
     MACIBM_finishup(0);
     return 0;
 }

@@ -3,6 +3,7 @@
 
 #include "aircraft/acf_fault.h"
 #include "aircraft/exists.h"
+#include "core/alert.h"
 #include "core/num.h"
 
 namespace {
@@ -164,4 +165,52 @@ int ACF_check(int p, int) {
     ACF_fault(p, fault->line[0], fault->line[1], fault->line[2],
               std::string("Fix this problem in Hullwright. The plane in question is: ") + veh[p].path);
     return 0;
+}
+
+namespace {
+struct divisor_row {
+    const char* name;
+    float value, least;
+    bool used;
+};
+
+std::string zeros_of(int p) {
+    const veh_struct& v = veh[p];
+    bool any = v.num_engines > 0, shaft = false, spool = false, jet = false, recip = false;
+    for (int en = 0; en < v.num_engines; ++en) {
+        shaft = shaft || en_is_prop(p, en);
+        recip = recip || en_is_recip(p, en);
+        jet = jet || en_is_jet(p, en);
+        spool = spool || en_is_jet(p, en) || en_is_turbo_free(p, en);
+    }
+    const divisor_row rows[] = {
+        {"fuel_intro_time_prop", v.fuel_intro_time_prop, divisor_min, shaft},
+        {"throt_time_prop", v.throt_time_prop, divisor_min, any && !jet},
+        {"inertia_rat_prop", v.inertia_rat_prop, divisor_min, shaft},
+        {"fuel_intro_time_jet", v.fuel_intro_time_jet, divisor_min, any && !shaft},
+        {"throt_time_jet", v.throt_time_jet, divisor_min, jet},
+        {"spool_time_jet", v.spool_time_jet, divisor_min, spool},
+        {"max_EGT", v.max_EGT, divisor_min, recip},
+        {"max_CHT", v.max_CHT, divisor_min, recip},
+        {"battery_rat", v.battery_rat, divisor_min, any},
+    };
+    std::string names;
+    const auto note = [&](const std::string& name) { names += (names.empty() ? "" : ", ") + name; };
+    for (const divisor_row& row : rows)
+        if (row.used && row.value < row.least) note(row.name);
+    for (int en = 0; en < v.num_thrustpoints; ++en) {
+        if (!has_this_thru(p, en, thru_disc)) continue;
+        const std::string number = " of thrust point " + std::to_string(en);
+        if (v.engn[en].mi_prop_rpm < disc_divisor_min) note("the propeller's inertia" + number);
+        if (v.engn[en].prop_gear_rat < disc_divisor_min) note("prop_gear_rat" + number);
+    }
+    return names;
+}
+}  // namespace
+
+void ACF_warn_of_zeros(int p) {
+    const std::string names = zeros_of(p);
+    if (names.empty()) return;
+    MACIBM_data_fault("This aircraft has zero where its engines need a value:", names,
+                      "The least value that works stands in, so it does not fly as it was drawn.", veh[p].path);
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "aircraft/acf_fault.h"
+#include "aircraft/check.h"
 #include "aircraft/afl_file.h"
 #include "aircraft/autoset.h"
 #include "aircraft/bodies_mass.h"
@@ -197,9 +198,12 @@ static int derive_steps(int p) {
 }
 
 int derive_model(int p) {
-    if (derive_steps(p)) return 1;
-    clear_acf(p);
-    return 0;
+    if (!derive_steps(p)) {
+        clear_acf(p);
+        return 0;
+    }
+    ACF_warn_of_zeros(p);
+    return 1;
 }
 
 static bool near_flat(int p, int en) { return flt_abs(veh[p].wing[en].dihednow) < 45.0f; }

@@ -132,7 +132,7 @@ void set_switches(bool running) {
     }
     const bool has_clutch = v.engn[0].prop_clutch_EQ && v.has_clutch_switch;
     stg.clutch_trq_engag = running || !has_clutch;
-    stg.clutch_rat = static_cast<float>(stg.clutch_trq_engag);
+    for (float& rat : stg.clutch_rat) rat = static_cast<float>(stg.clutch_trq_engag);
 }
 
 // One engine's levers, gauges and speeds.

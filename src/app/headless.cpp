@@ -64,6 +64,11 @@ unsigned long long flight_state_hash() {
             hash.add(w.alpha_el[el][0]);
             hash.add(w.downwash_deg[el]);
         }
+    for (const flt_engn_struct& e : f.engn)
+        for (const float v :
+             {e.tacrad_ENGN, e.tacrad_PROP, e.N1, e.N2, e.thrust, e.drag_TRQ, e.DVinc, e.FF_kgs, e.ITT, e.EGT,
+              e.CHT, e.OILT, e.pitch_deg_ref, e.cyclic_elev_disc_tilt})
+            hash.add(v);
     for (const float v : {mnw.prd_FM, mnw.totl_time, mnw.real_time}) hash.add(v);
     return hash.h;
 }

@@ -26,34 +26,63 @@ void lab_still_air() {
     for (int i = 0; i < 4000; ++i) weather_step();
 }
 
-void lab_place(const lab_flight& at) {
+// Over the region's centre, with the air of that height.
+static void place_at_height(float altitude) {
     flt_struct& f = flt[0];
-    xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, ref_lat(), ref_lon(), at.altitude);
+    xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, ref_lat(), ref_lon(), altitude);
     xdob_latlonel_with_xyz(&f.dob_lat, &f.dob_lon, &f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
     local_air_step();
     f.terrain_y_cg = return_terrain_y(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), 0);
     f.y_agl_mtr = static_cast<float>(f.dob_y) - veh[0].h_eqlbm - f.terrain_y_cg;
+}
 
-    // with the wings level the path lies alpha below the nose
-    f.the = at.gamma + at.alpha;
-    f.phi = at.phi;
-    f.psi = at.psi;
-    init_quaternion(f.psi, f.the, f.phi, f.q);
+static void set_attitude(float psi, float the, float phi) {
+    flt_struct& f = flt[0];
+    f.psi = psi;
+    f.the = the;
+    f.phi = phi;
+    init_quaternion(psi, the, phi, f.q);
     cache_attitude(0);
-    f.P = f.Q = f.R = f.Prad = f.Qrad = f.Rrad = 0.0f;
+}
 
-    const float x = tan_deg(at.beta), y = tan_deg(at.alpha);
-    const float length = pythag(x, y, 1.0f);
-    veh_to_wrl(-x * at.speed / length, -y * at.speed / length, -at.speed / length, &f.vx, &f.vy, &f.vz, 0);
-    f.vx += wind.ret_wind_x();
-    f.vy += wind.ret_wind_y();
-    f.vz += wind.ret_wind_z();
+// Through the air at this velocity, world axes, m/s.
+static void set_velocity(float vx, float vy, float vz) {
+    flt_struct& f = flt[0];
+    f.vx = vx + wind.ret_wind_x();
+    f.vy = vy + wind.ret_wind_y();
+    f.vz = vz + wind.ret_wind_z();
     f.V_msc = pythag(f.vx, f.vy, f.vz);
     cache_air(0);
     cache_speeds(0);
     f.v_ind_kts = f.AV_sig_kts;
     for (flt_wing_struct& w : f.wing)
         for (int bld = 0; bld < bladDIM; ++bld) w.Q_centroid_loc[bld] = w.Q_centroid_MULT[bld] = 1.0f;
+}
+
+void lab_place(const lab_flight& at) {
+    flt_struct& f = flt[0];
+    place_at_height(at.altitude);
+    // with the wings level the path lies alpha below the nose
+    set_attitude(at.psi, at.gamma + at.alpha, at.phi);
+    f.P = f.Q = f.R = f.Prad = f.Qrad = f.Rrad = 0.0f;
+    const float x = tan_deg(at.beta), y = tan_deg(at.alpha);
+    const float length = pythag(x, y, 1.0f);
+    float vx, vy, vz;
+    veh_to_wrl(-x * at.speed / length, -y * at.speed / length, -at.speed / length, &vx, &vy, &vz, 0);
+    set_velocity(vx, vy, vz);
+}
+
+void lab_place_moving(const lab_flight& at, float the, float turn_rate) {
+    flt_struct& f = flt[0];
+    place_at_height(at.altitude);
+    set_attitude(fltwrap(at.psi, 0.0f, 360.0f), the, at.phi);
+    f.P = -turn_rate * f.sin_the;
+    f.Q = turn_rate * f.sin_phi * f.cos_the;
+    f.R = turn_rate * f.cos_phi * f.cos_the;
+    f.Prad = f.P * con.degtorad;
+    f.Qrad = f.Q * con.degtorad;
+    f.Rrad = f.R * con.degtorad;
+    set_velocity(0.0f, at.speed * sin_deg(at.gamma), -at.speed * cos_deg(at.gamma));
 }
 
 lab_coeffs lab_tunnel(const lab_flight& at) {

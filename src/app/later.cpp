@@ -19,7 +19,6 @@
 #include "flight/autopilot.h"
 #include "flight/contact.h"
 #include "flight/engines.h"
-#include "flight/propel.h"
 #include "flight/recording.h"
 #include "flight/systems.h"
 #include "flight/weapons.h"
@@ -80,18 +79,7 @@ float return_terrain_y(float x, float z, int) {
 int terrain_is_wet(float, float, int) { return 0; }
 int wheels_are_wet() { return 0; }
 
-// -- flight: no engines, discs, wheels, systems; controls are the pilot's yoke, tabs, trims and links
-void init_engine_specs(int, int) {}
-void do_a_jet(int) {}
-void do_a_rocket(int) {}
-float get_rocket_thrust(int) { return 0.0f; }
-void set_thro(int en, float val) { flt[0].engn[en].thro_ref = fltlim(val, 0.0f, veh[0].throt_max_FWD); }
-void set_prop(int, float) {}
-void set_mixt(int, float) {}
-void set_ptch(int, float) {}
-int eng_has_fadec(int, int) { return 0; }
-int fadec_is_running(int) { return 0; }
-void do_all_props() {}
+// -- flight: no wheels, systems; controls are the pilot's yoke, tabs, trims and links
 void steer_nosewheel() {}
 // No forces, but it is known when the gear is below the ground, so that the crash test lives.
 void touch_surfaces() { flt[0].onground_any = flt[0].y_agl_mtr < 0.0f; }
@@ -138,6 +126,7 @@ void update_autopilot(int p) {
     f.FC_ptch = fltlim(f.FC_ptch, -1.0f, 1.0f);
     f.FC_hdng = fltlim(f.FC_hdng, -1.0f, 1.0f);
     f.FC_roll = fltlim(f.FC_roll, -1.0f, 1.0f);
+    control_engines();
 }
 
 // -- aircraft: no older files, no outer picture

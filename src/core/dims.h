@@ -65,8 +65,11 @@ enum fail_slot : int {
     fail_ss_asi = 1, fail_ss_ahz = 2, fail_ss_alt = 3, fail_ss_tsi = 4, fail_ss_dgy = 5, fail_ss_vvi = 6,
     fail_L_flp = 26, fail_R_flp = 27, fail_L_flp_off = 28, fail_R_flp_off = 29,
     fail_slat = 30, fail_throttle = 31, fail_gear = 32,
-    fail_esys = 44, fail_otto = 47, fail_inverter = 50,
-    fail_pitot = 52, fail_static = 53, fail_engine = 54, fail_eng_sep = 62,
+    fail_esys = 44, fail_otto = 47, fail_tail_drive = 48, fail_feather = 49, fail_inverter = 50,
+    fail_pitot = 52, fail_static = 53,
+    // per engine
+    fail_engine = 54, fail_eng_sep = 62, fail_clutch = 70, fail_reverse = 78, fail_oil = 102,
+    fail_fuel_pump = 110, fail_fadec = 126,
     fail_wing_sep = 126,       // base for parts 8 to 39
     fail_pylo_sep = 116,       // base for parts 40 to 55; the two ranges share slots 156 to 165
     fail_wing1_left = 134, fail_wing2_left = 136, fail_wing3_left = 138, fail_wing4_left = 140,

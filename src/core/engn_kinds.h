@@ -25,7 +25,11 @@ inline int en_is_roc(int p, int en) {
     return t == engn_rocket || t == engn_tip_rocket;
 }
 inline int en_is_tip(int p, int en) { return veh[p].engn[en].engn_type == engn_tip_rocket; }
-inline int is_gyr_rotor(int p, int en) {
+inline int is_lift_fan(int p, int en) { return veh[p].engn[en].prop_type == prop_lift_fan; }
+// Rotor of a helicopter or gyrocopter, as against propeller, tail rotor and fan.
+inline int is_rotor(int p, int en) {
     const int t = veh[p].engn[en].prop_type;
-    return veh[p].has_pre_rotate && (t == prop_collective || t == prop_governed_rotor);
+    return t == prop_collective || t == prop_governed_rotor;
 }
+// One that is spun up before take-off.
+inline int is_gyr_rotor(int p, int en) { return veh[p].has_pre_rotate && is_rotor(p, en); }

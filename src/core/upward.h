@@ -13,6 +13,8 @@ void APP_handlekey(int use_code, int key);
 void stop_fire();
 void stop_starter();
 
+// Loads the aircraft that veh[p].path names: 1 done, 0 faulty.
+int load_plane(int p);
 // Starts the user's flight anew.
 void init_flt_0(int type_start1, int type_start2);
 

@@ -47,8 +47,8 @@ static void clear_forces() {
 static void run_engines(int iter) {
     for (int en = 0; en < veh[0].num_engines; ++en) {
         init_engine_specs(en, iter == 0);
-        if (en_is_jet(0, en)) do_a_jet(en);
-        if (en_is_roc(0, en)) do_a_rocket(en);
+        if (has_this_engn(0, en, engn_jet)) do_a_jet(en);
+        if (has_this_engn(0, en, engn_roc) && !en_is_tip(0, en)) do_a_rocket(en);
     }
 }
 

@@ -238,7 +238,7 @@ void read_power_levers() {
 
     if (thro.assigned)
         for (int en = 0; en < veh[0].num_engines; ++en)
-            if (!fadec_is_running(en)) set_thro(en, thro.axis * throt_max(en));
+            if (!fadec_is_running(0, en)) set_thro(en, thro.axis * throt_max(en));
     for (int en = 0; en < veh[0].num_thrustpoints; ++en) {
         const veh_engn_struct& e = veh[0].engn[en];
         if (coll.assigned && e.prop_type == prop_collective)

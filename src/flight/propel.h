@@ -1,5 +1,21 @@
-// Propellers and rotors.
+// Propellers, rotors, tail rotors and lift fans of the user's aircraft: shafts, blade elements and inflow.
+// Role: engine torque in, disc speeds, forces, moments and slipstream out.
 #pragma once
 
-// Every disc of the user's aircraft for one half step.
+// Every shaft and disc of the user's aircraft for one half step. A step uses the drag torque that the step
+// before found.
 void do_all_props();
+
+// Blade elements of one disc at four positions, with momentum inflow; forces and moments go into the sums
+// of slot 0.
+void do_a_prop(int en);
+
+// Momentum theory with a lag of 1 s: the new far-field speed, m/s, that a disc or ring of s m2 gives to the
+// air flowing through it at vgeo m/s (aft) while it makes t newtons; dv_total_now is the speed so far.
+float get_dv_total(float dv_total_now, float t, float s, float vgeo);
+
+// Torque, N m, that engine en passes to the shaft, which turns at rsc_prop_side (rad/s at the engine), after
+// the transmission's loss; steps the engine's speed.
+float get_clutch_TRQ(int en, float rsc_prop_side);
+// Torque, N m at the engine, that spins up a gyrocopter's rotor.
+float get_TRQ_to_gyr_rotor(int en, float system_omega);

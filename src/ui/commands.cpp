@@ -1,13 +1,23 @@
 // The command gate: every command and key ends here.
 #include "ui/commands.h"
 
+#include <stdio.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
 #include "aircraft/deflect.h"
 #include "core/alert.h"
 #include "core/input_gate.h"
 #include "core/num.h"
+#include "core/paths.h"
 #include "core/records.h"
 #include "core/seams.h"
 #include "core/upward.h"
+#include "flight/engines.h"
+#include "ui/engine_keys.h"
 #include "ui/logbook.h"
 
 void APP_handlemenu(int item) {
@@ -32,10 +42,44 @@ void trim_key(int key) {
     if (key == special_down) step(flt[0].elev_trim, trim_step, -1.0f, 1.0f);
 }
 
+// Every aircraft file below the aircraft folder, by path.
+std::vector<std::string> all_aircraft() {
+    namespace fs = std::filesystem;
+    std::vector<std::string> paths;
+    std::error_code unreadable;
+    for (const auto& entry : fs::recursive_directory_iterator(set_dir_chars(acf_path), unreadable))
+        if (entry.path().extension() == ".acf") paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+// The one behind the present one, the first behind the last.
+void next_aircraft() {
+    const std::vector<std::string> paths = all_aircraft();
+    if (paths.empty()) return;
+    const auto now = std::find(paths.begin(), paths.end(), set_dir_chars(veh[0].path));
+    const bool last = now == paths.end() || now + 1 == paths.end();
+    snprintf(veh[0].path, sizeof veh[0].path, "%s", last ? paths.front().c_str() : (now + 1)->c_str());
+    if (load_plane(0)) init_flt_0(start_airport, place_runway);
+}
+
+// 1,000 m up, gliding, with engines that have never run.
+void release_cold() {
+    constexpr float height = 1000.0f, over_reference = 1.2f;
+    stg.cus_lat = static_cast<float>(flt[0].dob_lat);
+    stg.cus_lon = static_cast<float>(flt[0].dob_lon);
+    stg.cus_alt = height;
+    stg.cus_v = over_reference * veh[0].V_ref_ms;
+    stg.cus_psi = 0.0f;
+    init_flt_0(start_custom, 0);
+    cold_engines();
+}
+
 // The mouse is the stick unless it was parked.
 int mouse_parked;
 
-// Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2.
+// Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2, igniters on i;
+// r starts over, R with cold engines, n in the next aircraft.
 void flight_key(int key) {
     constexpr float rudder_step = 0.1f, brake_step = 0.25f;
     flt_struct& f = flt[0];
@@ -59,10 +103,17 @@ void flight_key(int key) {
             return toggle(f.gear_handle);
         case 'm':
             return toggle(mouse_parked);
+        case 'i':
+            for (int& igniter : stg.igniter) toggle(igniter);
+            return;
         case 't':
             return APP_handlemenu(cmd_trace);
         case 'r':
             return init_flt_0(start_airport, place_runway);
+        case 'R':
+            return release_cold();
+        case 'n':
+            return next_aircraft();
         default:
             return;
     }
@@ -73,8 +124,9 @@ void APP_handlekey(int use_code, int key) {
     if (use_code == key_use_special) return trim_key(key);
     if (use_code == key_use_ctrl) {
         if (key == 'q') APP_handlemenu(cmd_quit);
-        return;
+        return switch_key(key);
     }
+    if (use_code == key_use_function) return lever_key(key);
     if (use_code != key_use_char || mnw.top_win != win_fly) return;
     if (key == 'q') return APP_handlemenu(cmd_quit);
     if (key == 'p') return toggle(mnw.paused);

@@ -2,6 +2,9 @@
 
 #include <math.h>
 
+#include <filesystem>
+#include <map>
+
 #include "aircraft/derive.h"
 #include "app/frame.h"
 #include "app/headless.h"
@@ -12,19 +15,34 @@
 
 namespace test {
 
-static std::string path_of(const std::string& name) {
-    if (name.empty()) return "";
-    const std::string folder = name == "Lark 15" ? "Lark 15 Sailplane" : "Wren 160 Trainer";
-    return std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/" + folder + "/" + name + ".acf";
+// Every aircraft of the content stands in a folder of its own: name, then path.
+static std::map<std::string, std::string> all_aircraft() {
+    namespace fs = std::filesystem;
+    std::map<std::string, std::string> found;
+    for (const auto& entry : fs::recursive_directory_iterator(std::string(INSTALL_FOLDER) + "Aircraft"))
+        if (entry.path().extension() == ".acf") found[entry.path().stem().string()] = entry.path().string();
+    return found;
 }
 
-std::vector<std::string> aircraft_names() { return {"Lark 15", "Wren 160"}; }
+static std::string path_of(const std::string& name) { return name.empty() ? "" : all_aircraft().at(name); }
+
+std::vector<std::string> aircraft_names() {
+    std::vector<std::string> names;
+    for (const auto& [name, path] : all_aircraft())
+        if (name != "United-Air") names.push_back(name);  // a copy of another
+    return names;
+}
 
 void fly_aircraft(const std::string& name) {
     record_alerts();
     headless_start(INSTALL_FOLDER, path_of(name));
     record_alerts();
     lab_still_air();
+}
+
+void fly_glider(const std::string& name) {
+    fly_aircraft(name);
+    veh[0].num_engines = veh[0].num_thrustpoints = 0;
 }
 
 void fly_bare_mass() {

@@ -9,6 +9,9 @@ namespace test {
 // The full program on quiet seams with an aircraft of the content, in still air. name: "Lark 15",
 // "Wren 160", or empty for the default.
 void fly_aircraft(const std::string& name);
+// The same with its engines, propellers and rotors taken off, their mass left.
+void fly_glider(const std::string& name);
+// Every aircraft of the content.
 std::vector<std::string> aircraft_names();
 
 // A body of 1000 kg without surfaces, radii of gyration 1, 2 and 3 m about x, y and z, on quiet seams;
