@@ -94,14 +94,17 @@ void spin(float time) {
     if (time == 0.0f) press(key_use_char, 'z', 10);
     move_stick(0.0f, 1.0f);
 }
-// Opposite rudder, stick forward, then out of the dive.
+// Opposite rudder and the stick forward until the turn stops, then wings level and gently out of the dive.
 void recover(float time) {
+    static bool turning = true;
     if (time == 0.0f) press(key_use_char, 'x', 20);
-    if (fabsf(flt[0].R) < 20.0f) press(key_use_char, 'c');
-    if (time < 2.5f)
-        move_stick(0.0f, -0.3f);
-    else
-        hold_attitude(0.0f, 0.0f);
+    if (turning && time > 0.5f && fabsf(flt[0].R) < 15.0f) {
+        press(key_use_char, 'c');
+        turning = false;
+    }
+    if (turning) return move_stick(0.0f, -0.3f);
+    const float up = interp(2.0f, 1.0f, 3.0f, 0.0f, flt[0].g_nrml);
+    move_stick(level_wings(0.0f), fltmin2(0.06f * (0.0f - flt[0].the), 0.6f * up) - 0.03f * flt[0].Q);
 }
 
 struct phase {
@@ -116,7 +119,7 @@ const phase phases[] = {
     {"climb", 75.0f, climb, 38.0f},
     {"cruise", 60.0f, cruise, 50.0f},
     {"stall", 30.0f, stall, -1.0f},
-    {"spin", 12.0f, spin, 7.0f},
+    {"spin", 8.0f, spin, 5.0f},
     {"recovery", 15.0f, recover, -1.0f},
 };
 
@@ -183,6 +186,7 @@ void start_program(const std::string& install) {
     have_done_first_update = 1;
     snprintf(veh[0].path, sizeof veh[0].path, "%s%s", install.c_str(), aircraft);
     load_plane(0);
+    headless_frame();  // opens the window, which then takes keys
     press(key_use_char, 'R');
 }
 }  // namespace
