@@ -10,6 +10,7 @@
 #include "aircraft/afl_file.h"
 #include "aircraft/autoset.h"
 #include "aircraft/derive.h"
+#include "aircraft/exists.h"
 #include "app/headless.h"
 #include "app/lab.h"
 #include "core/num.h"
@@ -17,6 +18,7 @@
 #include "core/records.h"
 #include "flight/coeffs.h"
 #include "flight/half_step.h"
+#include "flight/propel.h"
 #include "flight/stepper.h"
 #include "weather/wind.h"
 
@@ -25,10 +27,33 @@ const std::string install = INSTALL_FOLDER;
 const std::string sailplane = install + "Aircraft/General Aviation/Lark 15 Sailplane/Lark 15.acf";
 const std::string trainer = install + "Aircraft/General Aviation/Wren 160 Trainer/Wren 160.acf";
 
+const std::string helicopter = install + "Aircraft/Helicopters/Plover 420 Helicopter/Plover 420.acf";
+const std::string airliner = install + "Aircraft/Heavy Metal/Shearwater 870 Airliner/Shearwater 870.acf";
+
+// What the benchmarks fly, by their argument, and how fast, m/s.
+struct flown {
+    const std::string& file;
+    float speed;
+};
+const flown fleet[] = {{sailplane, 32.0f}, {trainer, 50.0f}, {helicopter, 25.0f}, {airliner, 130.0f}};
+
 void start(const std::string& file) {
     headless_start(install, file, log_to_nothing);
     lab_still_air();
     lab_fly_trim(lab_trim_glide(32.0f, 2000.0f), 2000.0f);
+}
+
+// Level flight under power; a glide without engines.
+lab_steady trimmed;
+void start(const flown& f) {
+    headless_start(install, f.file, log_to_nothing);
+    lab_still_air();
+    lab_steady_order order;
+    order.speed = f.speed;
+    order.altitude = 2000.0f;
+    order.power = veh[0].num_engines ? -1.0f : 0.0f;
+    trimmed = lab_find_steady(order);
+    lab_fly_steady(trimmed);
 }
 
 // Seconds of 25 calls of the math library, what an element needs at the least.
@@ -53,6 +78,8 @@ int elements() {
     int count = 0;
     for (int en = part_wing_first; en <= part_pylo_last; ++en)
         if (veh[0].part[en].part_eq) count += veh[0].wing[en].els;
+    for (int en = 0; en < veh[0].num_thrustpoints; ++en)
+        if (has_this_thru(0, en, thru_disc)) count += bladDIM * veh[0].wing[en].els;
     return count;
 }
 
@@ -103,12 +130,38 @@ void element_force(benchmark::State& state) {
 BENCHMARK(element_force)->Arg(0)->Arg(1);
 
 void half_step(benchmark::State& state) {
-    start(state.range(0) ? trainer : sailplane);
+    start(fleet[state.range(0)]);
     mnw.prd_FM = 1e-7f;  // the state hardly moves
     for (auto _ : state) set_vel_flight(0);
     compare_with_calls(state, elements());
 }
-BENCHMARK(half_step)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(half_step)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
+
+// Discs alone: one propeller, main and tail rotor, and eight propellers of ten elements.
+void all_props(benchmark::State& state) {
+    start(fleet[state.range(0) == 2 ? 2 : 1]);
+    if (state.range(0) == 8) {
+        veh[0].num_thrustpoints = veh[0].num_engines = engnDIM;
+        veh[0].wing[0].els = elDIM;
+        for (int el = 8; el < elDIM; ++el) {
+            veh[0].wing[0].el_s[el] = veh[0].wing[0].el_s[7];
+            veh[0].engn[0].ringarea[el] = veh[0].engn[0].ringarea[7];
+        }
+        for (int en = 1; en < engnDIM; ++en) {
+            veh[0].engn[en] = veh[0].engn[0];
+            veh[0].wing[en] = veh[0].wing[0];
+            veh[0].afl[en] = veh[0].afl[0];
+            flt[0].engn[en] = flt[0].engn[0];
+        }
+    }
+    mnw.prd_FM = 1e-7f;
+    int places = 0;
+    for (int en = 0; en < veh[0].num_thrustpoints; ++en)
+        if (has_this_thru(0, en, thru_disc)) places += bladDIM * veh[0].wing[en].els;
+    for (auto _ : state) do_all_props();
+    compare_with_calls(state, places);
+}
+BENCHMARK(all_props)->Arg(1)->Arg(2)->Arg(8)->Unit(benchmark::kMicrosecond);
 
 // Forty-eight surfaces of ten elements, copies of the sailplane's inner wing along the fuselage.
 void half_step_480_elements(benchmark::State& state) {
@@ -132,16 +185,19 @@ void half_step_480_elements(benchmark::State& state) {
 BENCHMARK(half_step_480_elements)->Unit(benchmark::kMicrosecond);
 
 void headless_frames(benchmark::State& state) {
-    start(state.range(0) ? trainer : sailplane);
+    start(fleet[state.range(0)]);
     int frames = 0;
     for (auto _ : state) {
         headless_frame();
-        if (++frames % 2000 == 0) lab_fly_trim(lab_trim_glide(32.0f, 2000.0f), 2000.0f);
+        if (++frames % 500 != 0) continue;
+        state.PauseTiming();
+        lab_fly_steady(trimmed);
+        state.ResumeTiming();
     }
     state.counters["times_real_time"] =
         benchmark::Counter(static_cast<double>(frames) * headless_pass, benchmark::Counter::kIsRate);
 }
-BENCHMARK(headless_frames)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(headless_frames)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
 
 void read_and_derive(benchmark::State& state) {
     start(sailplane);
