@@ -58,6 +58,10 @@ void lab_set_power(float ratio);
 // else runs as in flight.
 void lab_hold(float seconds, float dt = 1.0f / 64.0f);
 
+// The hand of one who starts the engines, once a frame until all run: mixture, ignition, igniters, battery,
+// and the starters until idle is reached. True once every engine burns and turns at idle or above.
+bool lab_start_engines();
+
 // A steady flight to be found, level or climbing, straight or turning, or a hover.
 struct lab_steady_order {
     float speed = 50.0f;      // true airspeed, m/s; below 8 the nose keeps to the track in place of the air

@@ -69,6 +69,30 @@ void lab_hold(float seconds, float dt) {
     }
 }
 
+bool lab_start_engines() {
+    constexpr float starter_holds = 0.1f;
+    bool all_run = true;
+    stg.battery = 1;
+    stg.clutch_trq_engag = 1;
+    for (int en = 0; en < veh[0].num_engines; ++en) {
+        flt_engn_struct& e = flt[0].engn[en];
+        set_mixt(en, 1.0f);
+        e.ignition = 3;
+        stg.igniter[en] = stg.fuel_pump[en] = stg.generator[en] = 1;
+        // a gas generator runs on its own well below its idle, near half of full speed
+        constexpr float spool_idle = 45.0f;
+        const float spool = en_is_jet(0, en) ? e.N2 : e.N1;
+        const bool shaft = en_is_recip(0, en) || en_is_turbo_fixed(0, en);
+        const bool turning = shaft ? e.tacrad_ENGN > 0.9f * veh[0].RSC_idlespeed_ENGN
+                             : en_is_jet(0, en) || en_is_turbo_free(0, en) ? spool > spool_idle
+                                                                           : true;
+        const bool runs = e.burning_fuel && turning;
+        if (!runs) stg.start_time[en] = mnw.totl_time + starter_holds;
+        all_run = all_run && runs;
+    }
+    return all_run;
+}
+
 namespace {
 enum unknown : int { u_the, u_phi, u_crab, u_power, u_ptch, u_roll, u_hdng, unknowns };
 

@@ -4,4 +4,6 @@
 int hash_command(int argc, char** argv);
 int report_command(int argc, char** argv);
 int tunnel_command(int argc, char** argv);
+int bench_command(int argc, char** argv);
+int trim_command(int argc, char** argv);
 int fly_command(int argc, char** argv);

@@ -11,6 +11,8 @@ enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
 const char* const usage =
     "flightlab report FILE    dimensions, balance and glide of an aircraft\n"
     "flightlab tunnel FILE    coefficients over angles of attack and sideslip\n"
+    "flightlab bench FILE     engines on a stand: a cold start, and curves over height and speed\n"
+    "flightlab trim FILE      controls and attitude of steady flights, helicopters too\n"
     "flightlab fly [FILE]     flights with a script of the controls, in parallel if wanted\n"
     "flightlab hash [FILE]    the state after a number of frames as one number\n"
     "flightlab COMMAND --help\n"
@@ -25,6 +27,8 @@ struct command_row {
 constexpr command_row commands[] = {
     {"report", report_command},
     {"tunnel", tunnel_command},
+    {"bench", bench_command},
+    {"trim", trim_command},
     {"fly", fly_command},
     {"hash", hash_command},
 };

@@ -17,3 +17,16 @@ std::string plot_quoted(const std::string& text) {
     for (const char c : text) quoted += c == '\'' ? std::string("''") : std::string(1, c);
     return quoted + "'";
 }
+
+std::string plot_data(const char* name, const std::vector<std::vector<double>>& rows) {
+    std::string block = std::string("$") + name + " << EOD\n";
+    char number[32];
+    for (const auto& row : rows) {
+        for (const double v : row) {
+            snprintf(number, sizeof number, "%.7g ", v);
+            block += number;
+        }
+        block += '\n';
+    }
+    return block + "EOD\n";
+}

@@ -82,27 +82,13 @@ void write_csv(const std::string& path, const std::vector<tunnel_row>& rows) {
     for (const tunnel_row& r : rows) csv_row(out.get(), values_of(r));
 }
 
-// Data in gnuplot's own block form.
-std::string data_block(const char* name, const std::vector<std::vector<double>>& rows) {
-    std::string block = std::string("$") + name + " << EOD\n";
-    char number[32];
-    for (const auto& row : rows) {
-        for (const double v : row) {
-            snprintf(number, sizeof number, "%.7g ", v);
-            block += number;
-        }
-        block += '\n';
-    }
-    return block + "EOD\n";
-}
-
 void draw(const std::string& path, const std::string& title, const std::vector<tunnel_row>& rows,
           const span_table& span) {
     std::vector<std::vector<double>> sweep_data, span_data;
     for (const tunnel_row& r : rows) sweep_data.push_back(values_of(r));
     for (const lab_span_point& p : span.points) span_data.push_back({p.y, p.ccl});
     run_gnuplot("set terminal pngcairo size 1100,850\nset output " + plot_quoted(path) + '\n' +
-                data_block("sweep", sweep_data) + data_block("span", span_data) +
+                plot_data("sweep", sweep_data) + plot_data("span", span_data) +
                 "set grid\nset multiplot layout 2,2 title " + plot_quoted(title) +
                 "\nset xlabel 'angle of attack, degrees'\nset ylabel 'CL'\n"
                 "plot $sweep using 1:3 with linespoints pointsize 0.4 notitle\n"
