@@ -6,6 +6,7 @@
 
 #include "app/lab.h"
 #include "commands.h"
+#include "core/engn_kinds.h"
 #include "core/num.h"
 #include "core/records.h"
 #include "csv.h"
@@ -19,10 +20,10 @@ const char* const usage =
     "With --power the lever is given and the path is found. Angles in degrees; controls from -1 to 1: up,\n"
     "right, right; power is the throttle, or a helicopter's collective, from 0 to 1.\n";
 
-const std::vector<const char*> columns = {"speed_kt", "climb_fpm", "turn_degps", "found",    "pitch_deg",
-                                          "roll_deg", "alpha_deg", "beta_deg",   "elevator", "aileron",
-                                          "rudder",   "power",     "shaft_kW",   "thrust_N", "fuel_kgph",
-                                          "disc_rpm", "engine_rpm"};
+const std::vector<const char*> columns = {
+    "speed_kt",  "climb_fpm", "turn_degps", "found",          "pitch_deg", "roll_deg",
+    "alpha_deg", "beta_deg",  "elevator",   "aileron",        "rudder",    "power",
+    "shaft_kW",  "thrust_N",  "fuel_kgph",  "disc_rpm_or_N1", "engine_rpm"};
 
 std::vector<double> values_of(const lab_steady& s) {
     double power = 0.0, thrust = 0.0, fuel = 0.0;
@@ -50,7 +51,7 @@ std::vector<double> values_of(const lab_steady& s) {
             power,
             thrust,
             fuel,
-            first.tacrad_PROP * con.rsctorpm,
+            en_is_jet(0, 0) ? first.N1 : first.tacrad_PROP * con.rsctorpm,
             first.tacrad_ENGN * con.rsctorpm};
 }
 
