@@ -212,5 +212,6 @@ void ACF_warn_of_zeros(int p) {
     const std::string names = zeros_of(p);
     if (names.empty()) return;
     MACIBM_data_fault("This aircraft has zero where its engines need a value:", names,
-                      "The least value that works stands in, so it does not fly as it was drawn.", veh[p].path);
+                      "The least value that works stands in, so it does not fly as it was drawn.",
+                      veh[p].path);
 }

@@ -109,7 +109,6 @@ int IO_wpn(int, int, int, const std::string&, const std::string&, int) { return 
 void attach_weapon(int, int) {}
 void force_weapons() {}
 void integ_weapons(int) {}
-int wpn_is_on_board(int, int) { return 0; }
 void clear_flying_objects() {}
 
 void update_autopilot(int p) {
