@@ -7,9 +7,7 @@
 #include "support.h"
 
 namespace {
-void must(bool holds) {
-    if (!holds) abort();
-}
+using fuzzing::must;
 
 void check_mapped(const XMappedFile& map, const unsigned char* bytes) {
     static const int versions[] = {800, 703, 0};

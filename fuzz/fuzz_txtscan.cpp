@@ -7,9 +7,7 @@
 #include "support.h"
 
 namespace {
-void must(bool holds) {
-    if (!holds) abort();
-}
+using fuzzing::must;
 
 void scan(int kind, map_bytes bytes, int* c, int c_max) {
     std::string text;

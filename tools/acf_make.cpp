@@ -1,4 +1,6 @@
 // acf_make: compiles an aircraft from its text.
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -15,22 +17,24 @@
 #include "core/con.h"
 #include "core/paths.h"
 
+namespace fs = std::filesystem;
+
 namespace {
 constexpr int source_slot = 1;  // not the user's slot, in which a faulty design would end the program
 constexpr int loaded_slot = 2;
 enum exit_code : int { exit_good = 0, exit_bad_aircraft = 1, exit_bad_usage = 2 };
 
 const char* const usage =
-    "acf_make IN.toml OUT.acf    compile an aircraft\n"
-    "acf_make --quiet IN OUT     the same without the summary of what came of it\n"
-    "acf_make --fields           list every section and field with its meaning\n"
-    "acf_make --help             show this text\n"
+    "acf_make [--quiet] [--install DIR] IN.toml OUT.acf    compile an aircraft\n"
+    "acf_make --fields                                     list every section and field with its meaning\n"
+    "acf_make --help                                       show this text\n"
     "\n"
     "Only fields that are not zero need to be named; units are feet, pounds, knots and degrees.\n"
     "The left wings and the pylons of further engines are copies unless they have a table of their own.\n"
     "A body may list stations = [{ z = 0, y = 0, w = 1, h = 1.2, n = 2 }, ...] in place of geo_xyz.\n"
-    "The result is loaded again, range-checked and checked as a design before it is kept; areas, balance and\n"
-    "stall speed are told where its airfoils are found: beside it, or in Airfoils/ of the install folder.\n"
+    "The result is loaded again, range-checked and checked as a design before it is kept. Below a folder\n"
+    "Aircraft, or with the folder that holds Airfoils named by --install, it is also loaded whole with its\n"
+    "airfoils, and areas, balance and stall speed are shown; --quiet shows faults alone.\n"
     "Exit status: 0 good, 1 fault in the aircraft, 2 wrong use.\n";
 
 void list_record(const char* heading, const veh_field_list& fields) {
@@ -120,12 +124,29 @@ void remind(int p) {
                    acf_part_name(en).c_str());
 }
 
-// What came of it: the derived model, and its stall in the tunnel. Left out where airfoils are missing.
-void summarise(const std::string& out) {
-    const std::string install = executable_folder() + "../Orvelle/";
-    init_paths(install);
-    if (!derive_model(loaded_slot)) return;  // what was missing has been told
-    headless_start(install, std::filesystem::absolute(out).string(), log_to_nothing);
+// The install folder with a closing "/": the one named, else the one in whose Aircraft the file lies, else
+// none.
+std::string install_folder(const std::string& named, const std::string& acf) {
+    fs::path folder = named;
+    if (named.empty())
+        for (fs::path up = fs::absolute(acf).parent_path(); up.has_relative_path(); up = up.parent_path())
+            if (up.filename() == "Aircraft") folder = up.parent_path();
+    return folder.empty() ? "" : fs::absolute(folder).string() + "/";
+}
+
+std::string being_loaded;  // removed when its load ends in a fatal alert
+
+// The file as the user's own aircraft. A fault ends the program with its text.
+void load_whole(const std::string& install, const std::string& acf) {
+    being_loaded = acf;
+    alert_seam.end = [](const alert_lines&) {
+        remove(being_loaded.c_str());
+        _exit(exit_bad_aircraft);
+    };
+    headless_start(install, acf, log_to_nothing);
+}
+
+void summarise() {
     lab_still_air();
     const aircraft_summary_struct size = aircraft_summary(0);
     printf("wing area       %8.2f m2  %8.1f sq ft\n", size.S_ref, size.S_ref * con.smtrtosf);
@@ -138,7 +159,13 @@ void summarise(const std::string& out) {
     printf("stall speed     %8.1f m/s %8.1f kt at %.0f kg\n", stall, stall * con.msctokts, lab_mass());
 }
 
-int make(const std::string& in, const std::string& out, bool quiet) {
+struct order {
+    std::string in, out, install;
+    bool quiet = false;
+};
+
+int make(const order& job) {
+    const std::string &in = job.in, &out = job.out;
     std::string error;
     if (!acf_from_toml(in, source_slot, &error)) {
         fputs(error.c_str(), stderr);
@@ -156,24 +183,45 @@ int make(const std::string& in, const std::string& out, bool quiet) {
         remove(set_dir_chars(out).c_str());  // a build must not take it for good
         return exit_bad_aircraft;
     }
-    if (!quiet) summarise(out);
+    const std::string install = install_folder(job.install, out);
+    if (install.empty() || !fs::is_directory(install + "Airfoils")) {
+        if (!job.quiet)
+            printf("No folder of airfoils is known (--install): areas and balance are left out.\n");
+        return exit_good;
+    }
+    load_whole(install, fs::absolute(out).string());
+    if (!job.quiet) summarise();
     return exit_good;
+}
+
+int wrong_use() {
+    fputs(usage, stderr);
+    return exit_bad_usage;
+}
+
+bool is_acf_name(const std::string& out) {
+    return out.size() >= 5 && out.compare(out.size() - 4, 4, ".acf") == 0 && out.size() <= path_len_max - 8;
 }
 }  // namespace
 
 int main(int argc, char** argv) {
-    const bool quiet = argc > 1 && !strcmp(argv[1], "--quiet");
-    if (quiet) --argc, ++argv;
-    const std::string first = argc > 1 ? argv[1] : "";
-    if (first == "--help") return fputs(usage, stdout), exit_good;
-    if (first == "--fields") return list_fields();
-    const std::string out = argc == 3 ? argv[2] : "";
-    if (argc != 3 || out.size() < 5 || out.compare(out.size() - 4, 4, ".acf") != 0 ||
-        out.size() > path_len_max - 8) {
-        fputs(usage, stderr);
-        return exit_bad_usage;
+    order job;
+    int next = 1;
+    for (; next < argc && strncmp(argv[next], "--", 2) == 0; ++next) {
+        const std::string option = argv[next];
+        if (option == "--help") return fputs(usage, stdout), exit_good;
+        if (option == "--fields") return list_fields();
+        if (option == "--quiet")
+            job.quiet = true;
+        else if (option == "--install" && next + 1 < argc)
+            job.install = argv[++next];
+        else
+            return wrong_use();
     }
+    if (argc - next != 2 || !is_acf_name(argv[next + 1])) return wrong_use();
+    job.in = argv[next];
+    job.out = argv[next + 1];
     THREAD_Init();
     init_con();
-    return make(first, out, quiet);
+    return make(job);
 }

@@ -32,9 +32,13 @@ namespace {
 // streams would take most of the load's time for.
 class foil_text {
 public:
-    explicit foil_text(std::istream& in) : bytes_(afl_bytes_max, '\0') {
-        in.read(bytes_.data(), afl_bytes_max);
-        bytes_.resize(static_cast<size_t>(in.gcount()));
+    explicit foil_text(std::istream& in) {
+        char part[16384];
+        do {
+            in.read(part, sizeof part);
+            bytes_.append(part, static_cast<size_t>(in.gcount()));
+        } while (in && bytes_.size() < afl_bytes_max);
+        if (bytes_.size() > afl_bytes_max) bytes_.resize(afl_bytes_max);
         at_ = bytes_.data();
         end_ = at_ + bytes_.size();
     }

@@ -8,7 +8,6 @@
 #include "flight/trace.h"
 
 namespace {
-constexpr float least_inertia = 1e-3f;  // kg m2, of a disc
 constexpr float disc_divisor_min = 1e-3f;
 constexpr float least_engine_inertia = 1e-6f;  // kg m2
 

@@ -2,8 +2,6 @@
 // programs do what they say.
 #include "aircraft/acf_toml.h"
 
-#include <sys/wait.h>
-
 #include <bit>
 #include <cmath>
 #include <cstring>
@@ -29,10 +27,6 @@ protected:
         for (size_t at = 0, end; (end = error.find('\n', at)) != std::string::npos; at = end + 1)
             out += error.substr(at, end - at).substr(folder.path().size() + 7) + "\n";
         return out;
-    }
-    std::string read(const std::string& path) const {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
     void expect_same_designers(int p, int q) {
         const auto a = acf_arrays(p), b = acf_arrays(q);
@@ -68,7 +62,11 @@ TEST_F(acf_toml_test, every_field_survives_with_any_value) {
                         }
                         memcpy(first + b, &word, sizeof word);
                     }
-                    if (row.type == 'c') first[random() % static_cast<unsigned>(row.size)] = 0;
+                    if (row.type == 'c') {  // behind the end of a text nothing is kept
+                        const size_t size = static_cast<size_t>(row.size), used = random() % size;
+                        for (size_t c = 0; c < used; ++c) first[c] |= !first[c];
+                        memset(first + used, 0, size - used);
+                    }
                 }
             }
         for (int& type : veh[0].ins_type) type = static_cast<int>(random() % 632) - 1;
@@ -81,16 +79,6 @@ TEST_F(acf_toml_test, every_field_survives_with_any_value) {
         EXPECT_EQ(veh[1].in_downwash[17][9][4], 1);
         EXPECT_EQ(veh[1].wing[33].is_left, 1);
         EXPECT_EQ(veh[1].wing[40].spec_wash, veh[0].wing[40].spec_wash);
-        // behind the end of a text nothing is kept
-        for (const acf_array_struct& array : acf_arrays(0))
-            for (int r = 0; r < array.fields.count; ++r) {
-                const veh_field_struct& row = array.fields.rows[r];
-                for (int i = 0; row.type == 'c' && row.role == veh_role_file && i < array.count; ++i) {
-                    char* chars = reinterpret_cast<char*>(array.first) + i * array.size + row.offset;
-                    const size_t used = strnlen(chars, static_cast<size_t>(row.size));
-                    memset(chars + used, 0, static_cast<size_t>(row.size) - used);
-                }
-            }
         expect_same_designers(0, 1);
         ASSERT_EQ(errors(1, acf_to_toml(0, true)), "");
         EXPECT_EQ(acf_to_toml(1), text);
@@ -124,12 +112,9 @@ TEST_F(acf_toml_test, what_a_designer_writes_is_what_the_record_holds) {
     EXPECT_EQ(v.part[1].part_x, 5.0f);
     EXPECT_STREQ(v.wing[9].Rafl1, "thick.afl");
     EXPECT_STREQ(v.wing[9].Tafl0, "thin.afl");
-    EXPECT_EQ(v.gear[0].steers, 1);
-    EXPECT_EQ(v.gear[1].gear_z, 20.0f);
     EXPECT_EQ(v.watt[3].watt_prt, 9);
     EXPECT_EQ(v.ins_type[2], 134);
     EXPECT_EQ(v.ins_size[1], 1.0f);
-    EXPECT_EQ(v.ins_size[2], 0.75f);
     EXPECT_EQ(v.ins_type[3], -1);
     // copies that need no table
     EXPECT_EQ(v.part[8].part_x, -2.5f);
@@ -191,20 +176,18 @@ Vne = 100
 m_empty = 3
 Vs_kts = "x"
 Vso_kts = inf
-Vfe_kts = 1e9
 [wigs]
-[surface.wing1_rigt]
 [surface.wing1_right]
 els = 1.5
 ail1 = [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11]
 foil = "a name that is longer than the field has room for.afl"
 trq_max_eng = 4
 [surface.9]
-[body.wing2_right]
-[body.fuselage]
+[surface.wing2_rigt]
+[body.body57]
 geo_xyz = [[[0, 0, 0, 0]]]
 stations = [{ z = 0 }, { q = 1 }]
-[body.body57]
+[body.body58]
 stations = [{ z = 0 }, { q = 1, n = 0 }]
 [[gear]]
 gear_type = "two"
@@ -220,44 +203,36 @@ slot = 1
 slot = 1
 [tanks]
 num_tanks = 4294967296
-tank_rat = 1
 [identity]
 tailnum = 5
-author = [0]
 [[downwash]]
 washee = "hstab_right"
-washers = 9
 )"),
               R"(2: unknown key "Vne"; did you mean "Vne_kts"?
 3: unknown key "m_empty" here; it belongs into [weights]
 4: Vs_kts has to be a number
 5: Vso_kts has to be finite and below 1e9
-6: Vfe_kts has to be finite and below 1e9
-7: there is no section "wigs"
-8: there is no part "wing1_rigt" here; did you mean "wing1_right"?
-9: part wing1_right is described twice
-10: els has to be a whole number
-11: ail1 has to be a list of up to 10 entries here
-12: foil has room for 39 bytes
-13: unknown key "trq_max_eng"
-15: there is no part "wing2_right" here
-17: geo_xyz has to be a list of up to 3 entries here
-18: stations and geo_xyz exclude each other
-20: a station has z, y (centre), w and h (half width and height) and n (exponent), not "q"
-20: the exponent n of a station has to be 0.1 or more
-22: gear_type has to be one of none, skid, one, two_abreast, two_tandem, four_2x2, six_2x3, four_abreast, eight, three_abreast
-23: door slots run from 0 to 19
-26: instrument types run from 0 to 630
-27: an instrument has type, x, y, size and slot, not "colour"
-28: write [[engine]] once for each engine
-31: weapon slot 1 is used twice
-34: num_tanks does not fit into 32 bits
-35: tank_rat has to be a list of up to 3 entries here
-37: tailnum has to be a text in quotes
-38: the bytes of author have to be numbers from 1 to 255
-39: washer has to be the name of a surface
-39: elements has to be a list of up to 10 numbers
-41: a downwash has washee, washer and elements, not "washers"
+6: there is no section "wigs"
+7: part wing1_right is described twice
+8: els has to be a whole number
+9: ail1 has to be a list of up to 10 entries here
+10: foil has room for 39 bytes
+11: unknown key "trq_max_eng"
+13: there is no part "wing2_rigt" here; did you mean "wing2_right"?
+15: geo_xyz has to be a list of up to 3 entries here
+16: stations and geo_xyz exclude each other
+18: a station has z, y (centre), w and h (half width and height) and n (exponent), not "q"
+18: the exponent n of a station has to be 0.1 or more
+20: gear_type has to be one of none, skid, one, two_abreast, two_tandem, four_2x2, six_2x3, four_abreast, eight, three_abreast
+21: door slots run from 0 to 19
+24: instrument types run from 0 to 630
+25: an instrument has type, x, y, size and slot, not "colour"
+26: write [[engine]] once for each engine
+29: weapon slot 1 is used twice
+32: num_tanks does not fit into 32 bits
+34: tailnum has to be a text in quotes
+35: washer has to be the name of a surface
+35: elements has to be a list of up to 10 numbers
 )");
     EXPECT_EQ(errors(0, "[speeds\n").substr(0, 3), "1: ");
     std::string error;
@@ -270,10 +245,9 @@ class acf_programs_test : public acf_toml_test {
 protected:
     std::string output;
     int run(const std::string& command) {
-        const std::string log = folder.path() + "log";
-        const int status = std::system((TOOL_FOLDER + command + " >" + log + " 2>&1").c_str());
-        output = read(log);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        const test::run_result result = test::run(TOOL_FOLDER + command);
+        output = result.output;
+        return result.status;
     }
 };
 
@@ -286,30 +260,8 @@ TEST_F(acf_programs_test, make_and_dump_are_inverse_byte_for_byte) {
     folder.write("sub/x", "");
     ASSERT_EQ(run("acf_make --quiet " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
     ASSERT_EQ(run("acf_dump " + f + "sub/b.acf"), 0);
-    EXPECT_EQ(output, read(f + "canonical.toml"));
-    EXPECT_TRUE(read(f + "a.acf") == read(f + "sub/b.acf"));
-
-    // a file of the other byte order, built from this one: texts stay, all else is turned round
-    std::string big = read(f + "a.acf");
-    big[0] = 'a';
-    strcpy(veh[0].path, (f + "a.acf").c_str());
-    ASSERT_TRUE(acf_read_record(0));
-    for (size_t at = 1; at + 3 < big.size(); at += 4)
-        std::swap(big[at], big[at + 3]), std::swap(big[at + 1], big[at + 2]);
-    long start = 5;
-    for (const acf_array_struct& array : acf_arrays(0)) {
-        for (int i = 0; i < array.count; ++i)
-            for (int r = 0; r < array.fields.count; ++r)
-                if (array.fields.rows[r].type == 'c' && array.fields.rows[r].size > 1)
-                    memcpy(&big[static_cast<size_t>(start + i * array.size + array.fields.rows[r].offset)],
-                           array.first + i * array.size + array.fields.rows[r].offset,
-                           static_cast<size_t>(array.fields.rows[r].size));
-        start += long{array.count} * array.size;
-    }
-    EXPECT_EQ(start, acf_file_size);
-    folder.write("big.acf", big);
-    ASSERT_EQ(run("acf_dump " + f + "big.acf"), 0) << output;
-    EXPECT_TRUE(output == read(f + "canonical.toml"));
+    EXPECT_EQ(output, test::read_file(f + "canonical.toml"));
+    EXPECT_TRUE(test::read_file(f + "a.acf") == test::read_file(f + "sub/b.acf"));
 }
 
 TEST_F(acf_programs_test, faults_are_told_and_leave_no_file) {

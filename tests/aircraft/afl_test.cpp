@@ -1,6 +1,6 @@
 // Airfoil polars and files.
+#include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <sstream>
 
 #include "aircraft/acf_fault.h"
@@ -23,22 +23,6 @@ int entry(float alpha) {
         if (std::fabs(ret_alpha(i) - alpha) < 0.01f) return i;
     ADD_FAILURE() << "no entry for alpha " << alpha;
     return 0;
-}
-
-std::string bytes_of(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-std::string with_line_ends(const std::string& text, const std::string& end) {
-    std::string out;
-    for (char c : text) {
-        if (c == '\n')
-            out += end;
-        else
-            out += c;
-    }
-    return out;
 }
 
 // 721 rows whose coefficients tell their row: cl the number of the row, cd and cm parts of it.
@@ -158,33 +142,33 @@ TEST_F(afl, every_version_reads_each_number_to_its_field) {
     test::temp_folder folder;
     for (int version : {700, 650, 641, 613, 363}) {
         SCOPED_TRACE(version);
-        for (const char* end : {"\n", "\r", "\r\n"}) {
-            const std::string path = folder.write("f.afl", with_line_ends(file_of(version), end));
-            afl_struct a{};
-            ASSERT_EQ(IO_afl(0, &a, 1, 0, path), version);
-            EXPECT_FLOAT_EQ(a.re_num[1][0], 3.0f);
-            EXPECT_FLOAT_EQ(a.t_rat[1], 0.12f);
-            EXPECT_FLOAT_EQ(a.mach_div[1], version == 363 ? 0.75f : version == 613 ? 0.66f : 0.71f);
-            EXPECT_FLOAT_EQ(a.clM[1][0], 0.11f);
-            EXPECT_FLOAT_EQ(a.clB[1][0], 0.21f);
-            EXPECT_FLOAT_EQ(a.almin[1][0], -12.0f);
-            EXPECT_FLOAT_EQ(a.almax[1][0], 13.0f);
-            EXPECT_FLOAT_EQ(a.Llinrange, version == 700 ? 9.0f : 10.0f);
-            EXPECT_FLOAT_EQ(a.Dmin, version == 700 ? 0.9f : 0.0065f);
-            const float rest[][2] = {
-                {a.Lpow, 1.5f},     {a.Lstall, 1.6f},  {a.Ldrop1, 0.1f}, {a.Lpowstl, 0.7f}, {a.Ldrop2, 0.3f},
-                {a.DminCL, 0.2f},   {a.Dal10, 0.016f}, {a.Dpow, 2.5f},   {a.Bloc, 0.55f},   {a.Bwidth, 0.4f},
-                {a.Bdepth, 0.002f}, {a.Bpower, 3.0f},  {a.cmal2, -9.0f}, {a.cmal3, 11.0f},  {a.cm1, 0.03f},
-                {a.cm2, -0.04f},    {a.cm3, -0.05f},   {a.cm4, -0.09f}};
-            for (const auto& pair : rest) EXPECT_FLOAT_EQ(pair[0], pair[1]);
-            if (version > 613) {
-                EXPECT_FLOAT_EQ(a.cl[1][0][720], 720.0f);
-                EXPECT_FLOAT_EQ(a.cd[1][0][3], 1.5f);
-                EXPECT_FLOAT_EQ(a.cm[1][0][4], -1.0f);
-            } else {
-                EXPECT_NEAR(a.cl[1][0][entry(5)], 0.21f + 5 * 0.11f, 1e-5f);
-                EXPECT_NEAR(a.cd[1][0][entry(90)], 1.28f, 1e-5f);
-            }
+        std::string text = file_of(version);
+        if (version != 700) std::replace(text.begin(), text.end(), '\n', '\r');
+        const std::string path = folder.write("f.afl", text);
+        afl_struct a{};
+        ASSERT_EQ(IO_afl(0, &a, 1, 0, path), version);
+        EXPECT_FLOAT_EQ(a.re_num[1][0], 3.0f);
+        EXPECT_FLOAT_EQ(a.t_rat[1], 0.12f);
+        EXPECT_FLOAT_EQ(a.mach_div[1], version == 363 ? 0.75f : version == 613 ? 0.66f : 0.71f);
+        EXPECT_FLOAT_EQ(a.clM[1][0], 0.11f);
+        EXPECT_FLOAT_EQ(a.clB[1][0], 0.21f);
+        EXPECT_FLOAT_EQ(a.almin[1][0], -12.0f);
+        EXPECT_FLOAT_EQ(a.almax[1][0], 13.0f);
+        EXPECT_FLOAT_EQ(a.Llinrange, version == 700 ? 9.0f : 10.0f);
+        EXPECT_FLOAT_EQ(a.Dmin, version == 700 ? 0.9f : 0.0065f);
+        const float rest[][2] = {{a.Lpow, 1.5f},   {a.Lstall, 1.6f}, {a.Ldrop1, 0.1f},   {a.Lpowstl, 0.7f},
+                                 {a.Ldrop2, 0.3f}, {a.DminCL, 0.2f}, {a.Dal10, 0.016f},  {a.Dpow, 2.5f},
+                                 {a.Bloc, 0.55f},  {a.Bwidth, 0.4f}, {a.Bdepth, 0.002f}, {a.Bpower, 3.0f},
+                                 {a.cmal2, -9.0f}, {a.cmal3, 11.0f}, {a.cm1, 0.03f},     {a.cm2, -0.04f},
+                                 {a.cm3, -0.05f},  {a.cm4, -0.09f}};
+        for (const auto& pair : rest) EXPECT_FLOAT_EQ(pair[0], pair[1]);
+        if (version > 613) {
+            EXPECT_FLOAT_EQ(a.cl[1][0][720], 720.0f);
+            EXPECT_FLOAT_EQ(a.cd[1][0][3], 1.5f);
+            EXPECT_FLOAT_EQ(a.cm[1][0][4], -1.0f);
+        } else {
+            EXPECT_NEAR(a.cl[1][0][entry(5)], 0.21f + 5 * 0.11f, 1e-5f);
+            EXPECT_NEAR(a.cd[1][0][entry(90)], 1.28f, 1e-5f);
         }
     }
 }
@@ -197,7 +181,7 @@ TEST_F(afl, written_file_is_text_of_fixed_form_and_reads_back) {
     gen_cl_cd_cm(&a, 0, 0);
     const std::string path = folder.path() + "w.afl";
     ASSERT_EQ(IO_afl(1, &a, 0, 0, path), 700);
-    const std::string text = bytes_of(path);
+    const std::string text = test::read_file(path);
     EXPECT_EQ(text.compare(0, 36, "I\n700 version\n1234 device type code\n"), 0);
     EXPECT_NE(text.find("\n3 0.12 0.7 0.1 0.1 -15 15 10 2 1.25 0.1 1 0.3 0.006 0.1234567 0.015 2 0.1234567 "
                         "0.015 2 0 0 0 0 -10 10 0.08 0 0 -0.08\nalpha cl cd cm:\n-180.0  "),

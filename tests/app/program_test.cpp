@@ -11,17 +11,8 @@
 #include "xvfb.h"
 
 namespace {
-int shell(const std::string& command) { return WEXITSTATUS(system(command.c_str())); }
-
-std::string output_of(const std::string& command) {
-    std::string text;
-    if (FILE* p = popen(command.c_str(), "r")) {
-        char part[256];
-        while (fgets(part, sizeof part, p)) text += part;
-        pclose(p);
-    }
-    return text;
-}
+int shell(const std::string& command) { return test::run(command).status; }
+std::string output_of(const std::string& command) { return test::run(command).output; }
 
 TEST(program, starts_flies_pauses_and_quits_by_its_keys) {
     ASSERT_EQ(shell("which xdotool >/dev/null 2>&1"), 0) << "xdotool is missing";

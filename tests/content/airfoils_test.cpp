@@ -1,8 +1,6 @@
 // The compiled airfoils, and what the compiler refuses.
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "aircraft/afl_file.h"
 #include "aircraft/afl_polar.h"
@@ -46,22 +44,18 @@ TEST_F(airfoils, all_load_without_an_alert_and_are_sound_sections) {
 
 TEST_F(airfoils, compiler_refuses_what_breaks_the_curves) {
     const std::string source = SOURCE_FOLDER "content/airfoils/NACA 63-618 Re 3 million.toml";
-    std::ifstream in(source);
-    const std::string good((std::istreambuf_iterator<char>(in)), {});
+    const std::string good = test::read_file(source);
     test::temp_folder folder;
     const auto compile = [&](const std::string& from, const std::string& to,
                              const std::string& out = "a.afl") {
         std::string text = good;
         text.replace(text.find("\n" + from) + 1, from.size(), to);
         const std::string toml = folder.write("a.toml", text);
-        const std::string command = TOOL_FOLDER "afl_make '" + toml + "' '" + folder.path() + out + "' >" +
-                                    folder.path() + "said 2>&1";
-        const int status = std::system(command.c_str());
-        std::ifstream said(folder.path() + "said");
-        const std::string message((std::istreambuf_iterator<char>(said)), {});
+        const auto [status, message] =
+            test::run(TOOL_FOLDER "afl_make '" + toml + "' '" + folder.path() + out + "'");
         EXPECT_EQ(status != 0, !std::filesystem::exists(folder.path() + out)) << message;
         std::filesystem::remove(folder.path() + out);
-        return message;
+        return std::string(message);
     };
     EXPECT_NE(compile("re_num", "re_num").find("least drag 0.0054"), std::string::npos);
     const char* const refused[][3] = {

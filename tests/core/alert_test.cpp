@@ -1,6 +1,4 @@
 // Alerts and the exception that carries them off other threads.
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "core/clocks.h"
@@ -40,11 +38,9 @@ TEST_F(alert, a_fatal_one_goes_to_the_log_first_and_a_data_fault_shows_once) {
     test::expect_fatal([] { MACIBM_alert(0, "100%n %s", "b", "c", "d", alert_fatal); });
     for (int i = 0; i < 3; ++i) MACIBM_data_fault("tile", "is", "broken", "");
     xer.close();
-    std::ifstream in(folder.path() + "Error.out");
-    std::stringstream text;
-    text << in.rdbuf();
-    EXPECT_NE(text.str().find("100%n %s\nb\nc\nd\n"), std::string::npos);
-    EXPECT_NE(text.str().find("line: "), std::string::npos);
+    const std::string text = test::read_file(folder.path() + "Error.out");
+    EXPECT_NE(text.find("100%n %s\nb\nc\nd\n"), std::string::npos);
+    EXPECT_NE(text.find("line: "), std::string::npos);
     EXPECT_EQ(test::alerts.size(), 2u) << "the fatal one and one of the three";
     EXPECT_EQ(test::alerts.back().type, alert_message);
 }

@@ -15,13 +15,6 @@
 
 namespace test {
 
-static void record_alerts() {
-    alerts.clear();
-    alert_seam.show = [](int, const alert_lines& text, int type) { alerts.push_back({text, type}); };
-    alert_seam.finish = nullptr;
-    alert_seam.end = [](const alert_lines& text) { throw fatal(text); };
-}
-
 // Every aircraft of the content stands in a folder of its own: name, then path.
 static std::map<std::string, std::string> all_aircraft() {
     namespace fs = std::filesystem;

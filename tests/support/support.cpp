@@ -1,7 +1,9 @@
 #include "support.h"
 
 #include <fenv.h>
+#include <stdio.h>
 #include <stdlib.h>
+#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
@@ -13,11 +15,15 @@ namespace test {
 
 std::vector<shown_alert> alerts;
 
-void fresh() {
+void record_alerts() {
     alerts.clear();
     alert_seam.show = [](int, const alert_lines& text, int type) { alerts.push_back({text, type}); };
     alert_seam.finish = nullptr;
     alert_seam.end = [](const alert_lines& text) { throw fatal(text); };
+}
+
+void fresh() {
+    record_alerts();
     THREAD_Init();
     clear_records();
     init_con();
@@ -71,6 +77,21 @@ std::string temp_folder::write(const std::string& name, const std::string& bytes
     std::filesystem::create_directories(std::filesystem::path(full).parent_path());
     std::ofstream(full, std::ios::binary) << bytes;
     return full;
+}
+
+std::string read_file(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+run_result run(const std::string& command) {
+    FILE* p = popen(("{ " + command + "; } 2>&1").c_str(), "r");
+    run_result result{-1, ""};
+    char part[512];
+    while (p && fgets(part, sizeof part, p)) result.output += part;
+    const int status = p ? pclose(p) : -1;
+    if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
+    return result;
 }
 
 }  // namespace test

@@ -24,6 +24,7 @@ struct shown_alert {
     int type;
 };
 extern std::vector<shown_alert> alerts;
+void record_alerts();
 
 // Zero records, constants, Earth, quiet seams with a virtual clock, seed 1, alerts recorded.
 void fresh();
@@ -46,12 +47,21 @@ class temp_folder {
 public:
     temp_folder();
     ~temp_folder();
-    const std::string& path() const { return path_; }  // with a closing slash
+    const std::string& path() const { return path_; }                            // with a closing slash
     std::string write(const std::string& name, const std::string& bytes) const;  // gives the full path
 
 private:
     std::string path_;
 };
+
+std::string read_file(const std::string& path);
+
+// A program and its words run by the shell; status -1 when it did not end by itself.
+struct run_result {
+    int status;
+    std::string output;  // both streams
+};
+run_result run(const std::string& command);
 
 // Fixture that starts from a fresh system.
 class system_test : public ::testing::Test {

@@ -52,9 +52,4 @@ xvfb::~xvfb() {
     waitpid(pid_, nullptr, 0);
 }
 
-int run(const std::string& command) {
-    const int status = system(command.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 }  // namespace test

@@ -17,7 +17,4 @@ private:
     std::string display_before_;
 };
 
-// Runs a program with the given words and waits; its exit status.
-int run(const std::string& command);
-
 }  // namespace test

@@ -1,8 +1,6 @@
 // The flight lab as its users meet it: the program itself, its tables, its exit status.
 #include <math.h>
-#include <stdio.h>
 #include <stdlib.h>
-#include <sys/wait.h>
 
 #include <fstream>
 #include <sstream>
@@ -12,31 +10,15 @@
 #include "support.h"
 
 namespace {
-struct result {
-    int status;
-    std::string text;  // both outputs
-};
+using result = test::run_result;
 
-result lab(const std::string& words) {
-    result r{};
-    FILE* p = popen((std::string(TOOL_FOLDER) + "flightlab " + words + " 2>&1").c_str(), "r");
-    char part[512];
-    while (p && fgets(part, sizeof part, p)) r.text += part;
-    r.status = p ? WEXITSTATUS(pclose(p)) : -1;
-    return r;
-}
+result lab(const std::string& words) { return test::run(std::string(TOOL_FOLDER) + "flightlab " + words); }
 
 std::string quoted(const std::string& path) { return "'" + path + "'"; }
 const std::string sailplane =
     quoted(std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/Lark 15 Sailplane/Lark 15.acf");
 const std::string sailplane_source =
     quoted(std::string(SOURCE_FOLDER) + "content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml");
-
-std::string read_file(const std::string& path) {
-    std::stringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
 
 std::vector<std::vector<double>> read_csv(const std::string& path, std::string* header) {
     std::ifstream in(path);
@@ -60,11 +42,11 @@ double value_after(const std::string& text, const std::string& heading, const st
 
 TEST(flightlab, the_flown_glide_is_the_reported_one) {
     const result report = lab("report --altitude 6000 " + sailplane);
-    ASSERT_EQ(report.status, 0) << report.text;
-    const double ratio = value_after(report.text, "Best glide", "glide ratio");
+    ASSERT_EQ(report.status, 0) << report.output;
+    const double ratio = value_after(report.output, "Best glide", "glide ratio");
     const test::temp_folder folder;
     const result flight = lab("fly --seconds 100 --csv " + folder.path() + "f.csv " + sailplane);
-    ASSERT_EQ(flight.status, 0) << flight.text;
+    ASSERT_EQ(flight.status, 0) << flight.output;
     std::string header;
     const auto rows = read_csv(folder.path() + "f.csv", &header);
     ASSERT_EQ(rows.size(), 800u);
@@ -82,27 +64,27 @@ TEST(flightlab, equal_seeds_fly_equal_flights_alone_or_in_parallel) {
         "fly --seconds 20 --script random --quiet --altitude 9000 --csv " + folder.path();
     ASSERT_EQ(lab(common + "many.csv --runs 3 --jobs 2 --seed 5 " + sailplane).status, 0);
     ASSERT_EQ(lab(common + "alone.csv --seed 6 " + sailplane).status, 0);
-    const std::string second = read_file(folder.path() + "many.1.csv");
+    const std::string second = test::read_file(folder.path() + "many.1.csv");
     EXPECT_GT(second.size(), 1000u);
-    EXPECT_EQ(second, read_file(folder.path() + "alone.csv"));
-    EXPECT_NE(second, read_file(folder.path() + "many.2.csv"));
+    EXPECT_EQ(second, test::read_file(folder.path() + "alone.csv"));
+    EXPECT_NE(second, test::read_file(folder.path() + "many.2.csv"));
     const result hash1 = lab("hash --passes 300 " + sailplane), hash2 = lab("hash --passes 300 " + sailplane);
-    EXPECT_EQ(hash1.text, hash2.text);
-    EXPECT_EQ(hash1.text.size(), 17u);
+    EXPECT_EQ(hash1.output, hash2.output);
+    EXPECT_EQ(hash1.output.size(), 17u);
 }
 
 TEST(flightlab, a_source_text_measures_as_its_compiled_file) {
     const result from_text = lab("report " + sailplane_source), from_file = lab("report " + sailplane);
-    ASSERT_EQ(from_text.status, 0) << from_text.text;
-    EXPECT_EQ(from_text.text.substr(from_text.text.find("Dimensions")),
-              from_file.text.substr(from_file.text.find("Dimensions")));
+    ASSERT_EQ(from_text.status, 0) << from_text.output;
+    EXPECT_EQ(from_text.output.substr(from_text.output.find("Dimensions")),
+              from_file.output.substr(from_file.output.find("Dimensions")));
 }
 
 TEST(flightlab, the_tunnel_tells_a_symmetric_aircraft_and_draws_it) {
     const test::temp_folder folder;
     const result r = lab("tunnel --alpha 0:8:4 --beta -4:4:4 --csv " + folder.path() + "t.csv --plot " +
                          folder.path() + "t.png " + sailplane);
-    ASSERT_EQ(r.status, 0) << r.text;
+    ASSERT_EQ(r.status, 0) << r.output;
     std::string header;
     const auto rows = read_csv(folder.path() + "t.csv", &header);
     ASSERT_EQ(rows.size(), 9u);
@@ -114,7 +96,7 @@ TEST(flightlab, the_tunnel_tells_a_symmetric_aircraft_and_draws_it) {
         EXPECT_NEAR(none[7], 0.0, 1e-6);
         EXPECT_LT(right[7], 0.0);
     }
-    EXPECT_EQ(read_file(folder.path() + "t.png").substr(1, 3), "PNG");
+    EXPECT_EQ(test::read_file(folder.path() + "t.png").substr(1, 3), "PNG");
 }
 
 TEST(flightlab, speaks_plainly_about_mistakes) {
@@ -129,10 +111,10 @@ TEST(flightlab, speaks_plainly_about_mistakes) {
         folder.write("broken.acf", std::string("i\x40\x1f\0\0", 5) + std::string(200, '\xff'));
     const result r = lab("report " + broken);
     EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.text.find("broken.acf"), std::string::npos) << r.text;
+    EXPECT_NE(r.output.find("broken.acf"), std::string::npos) << r.output;
     const std::string script = folder.write("script.txt", "0 0 0 0 0 0\n1 0 x 0 0 0\n");
     const result s = lab("fly --script " + script + " " + sailplane);
     EXPECT_EQ(s.status, 1);
-    EXPECT_NE(s.text.find(":2:"), std::string::npos) << s.text;
+    EXPECT_NE(s.output.find(":2:"), std::string::npos) << s.output;
 }
 }  // namespace
