@@ -6,6 +6,7 @@
 #include "aircraft/derive.h"
 #include "aircraft/exists.h"
 #include "app/headless.h"
+#include "app/lab_pilot.h"
 #include "core/engn_kinds.h"
 #include "core/num.h"
 #include "core/random.h"
@@ -72,6 +73,27 @@ TEST_P(powered, stays_in_level_flight_and_in_a_turn_with_the_controls_fixed) {
         EXPECT_NEAR(flt[0].phi, s.at.phi, 2.0f);
         EXPECT_NEAR(fltwrap(flt[0].psi - psi - 30.0f * turn, -180.0f, 180.0f), 0.0f, 4.0f);
     }
+}
+
+TEST_P(powered, is_flown_to_another_speed_height_and_heading_and_back) {
+    test::fp_traps traps;
+    const float slow = is_helicopter() ? 0.0f : good_speed(true),
+                fast = is_helicopter() ? 30.0f : 1.2f * slow;
+    const lab_steady s = steady(slow);
+    lab_fly_steady(s);
+    lab_pilot pilot(s.ptch, s.roll, s.hdng, s.power);
+    const auto fly_to = [&](const lab_pilot_aim& aim) {
+        for (int i = 0; i < 64 * 100; ++i) {
+            pilot.fly(aim, 1.0f / 64.0f);
+            lab_frame(1.0f / 64.0f);
+            ASSERT_LT(fabsf(flt[0].phi), 40.0f) << "frame " << i;
+        }
+        EXPECT_NEAR(flt[0].AV_msc, aim.speed, 2.5f);
+        EXPECT_NEAR(flt[0].dob_ele, aim.height, 10.0);
+        EXPECT_NEAR(fltwrap(flt[0].psi - aim.heading, -180.0f, 180.0f), 0.0f, 3.0f);
+    };
+    fly_to({fast, altitude, 60.0f});
+    fly_to({slow, altitude + 60.0f, 90.0f});
 }
 
 TEST_P(powered, stalls_where_the_tunnel_says) {
@@ -175,7 +197,8 @@ TEST_P(powered, hovers_with_the_inflow_of_momentum_theory) {
     const float at_blades = 1.5f * 0.5f * e.DVinc;
     const float theory = sqrtf(e.thrust / (2.0f * con.lcl_r_met * area));
     EXPECT_NEAR(at_blades, theory, 0.1f * theory);
-    // the tail rotor, the transmission and a light load on broad blades leave less than half of the power to lift
+    // the tail rotor, the transmission and a light load on broad blades leave less than half of the power to
+    // lift
     const float ideal = e.thrust * theory;
     EXPECT_GT(flt[0].engn[0].power, ideal / 0.9f);
     EXPECT_LT(flt[0].engn[0].power, ideal / 0.4f);

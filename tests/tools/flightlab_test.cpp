@@ -17,6 +17,8 @@ result lab(const std::string& words) { return test::run(std::string(TOOL_FOLDER)
 std::string quoted(const std::string& path) { return "'" + path + "'"; }
 const std::string sailplane =
     quoted(std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/Lark 15 Sailplane/Lark 15.acf");
+const std::string trainer =
+    quoted(std::string(INSTALL_FOLDER) + "Aircraft/General Aviation/Wren 160 Trainer/Wren 160.acf");
 const std::string sailplane_source =
     quoted(std::string(SOURCE_FOLDER) + "content/aircraft/General Aviation/Lark 15 Sailplane/Lark 15.toml");
 
@@ -97,6 +99,34 @@ TEST(flightlab, the_tunnel_tells_a_symmetric_aircraft_and_draws_it) {
         EXPECT_LT(right[7], 0.0);
     }
     EXPECT_EQ(test::read_file(folder.path() + "t.png").substr(1, 3), "PNG");
+}
+
+TEST(flightlab, puts_engines_on_a_stand_and_finds_steady_flights) {
+    const test::temp_folder folder;
+    const std::string csv = folder.path() + "curves.csv", start = folder.path() + "start.csv";
+    const std::string picture = folder.path() + "bench.png";
+    const result b = lab("bench --altitude 300:6300:6000 --speed 0:60:60 --csv " + csv + " --start-csv " +
+                         start + " --plot " + picture + " " + trainer);
+    ASSERT_EQ(b.status, 0) << b.output;
+    std::string header;
+    const auto rows = read_csv(csv, &header);
+    ASSERT_EQ(rows.size(), 4u);
+    EXPECT_GT(rows[0][3], rows[2][3]) << "power falls with height";
+    EXPECT_GT(rows[0][5], rows[1][5]) << "thrust falls with speed";
+    const auto run_up = read_csv(start, &header);
+    EXPECT_LT(run_up.front()[7], 100.0) << "rpm, cold";
+    EXPECT_GT(run_up.back()[7], 2000.0);
+    EXPECT_EQ(test::read_file(picture).substr(1, 3), "PNG");
+
+    const result t = lab("trim --speed 70:110:40 --climb 300 --csv " + csv + " " + trainer);
+    ASSERT_EQ(t.status, 0) << t.output;
+    const auto states = read_csv(csv, &header);
+    ASSERT_EQ(states.size(), 2u);
+    EXPECT_GT(states[0][6], states[1][6] + 2.0) << "slower needs more angle of attack";
+    for (const auto& row : states)
+        EXPECT_NEAR(row[4] - row[6], asin(300.0 / 196.85 / (row[0] * 0.5144)) * 57.3, 0.2);
+    EXPECT_EQ(lab("trim --speed 300 " + trainer).status, 1) << "not to be held";
+    EXPECT_EQ(lab("bench " + sailplane).status, 1);
 }
 
 TEST(flightlab, speaks_plainly_about_mistakes) {

@@ -13,6 +13,7 @@
 #include "aircraft/derive.h"
 #include "app/headless.h"
 #include "app/lab.h"
+#include "app/lab_pilot.h"
 #include "commands.h"
 #include "core/num.h"
 #include "core/random.h"
@@ -23,19 +24,24 @@
 namespace {
 const char* const usage =
     "flightlab fly [FILE] [options]\n"
-    "Flies from a trimmed glide, frame by frame of 1/64 s, as the simulator does.\n"
-    "A script is a text of lines: time in s, pitch, roll and yaw from -1 to 1, speed brake and flaps from\n"
-    "0 to 1; values run in straight lines between the times, # begins a remark. In place of a file:\n"
-    "\"trim\" holds the trim, \"random\" walks all controls at random.\n";
+    "Flies from trimmed level flight, a hover or, without engines, a glide, frame by frame of 1/64 s, as\n"
+    "the simulator does. A script is a text of lines: time in s, pitch, roll and yaw from -1 to 1, speed\n"
+    "brake, flaps and, if wanted, the power lever from 0 to 1; values run in straight lines between the\n"
+    "times, # begins a remark. In place of a file: \"trim\" holds the trim, \"random\" walks all controls "
+    "at\n"
+    "random. With --pilot the lines are time in s, speed in kt, height in ft and heading, and a pilot flies\n"
+    "them, changing over at each time.\n";
 
-constexpr int controls = 5;
+constexpr int controls = 6;      // pitch, roll, yaw, speed brake, flaps, power
+constexpr int pilot_values = 3;  // speed, height, heading
 
 struct script_line {
     float time;
-    float control[controls];  // pitch, roll, yaw, speed brake, flaps
+    std::vector<float> value;
 };
 
-std::vector<script_line> read_script(const std::string& path) {
+// Lines of a time and as many values, fewest or most.
+std::vector<script_line> read_script(const std::string& path, size_t fewest, size_t most) {
     std::ifstream in(path);
     if (!in) throw flight_fault(path + ": cannot be read");
     std::vector<script_line> script;
@@ -52,15 +58,17 @@ std::vector<script_line> read_script(const std::string& path) {
             values.push_back(v);
         }
         if (values.empty()) continue;
-        if (values.size() != 1 + controls)
-            throw flight_fault(path + ":" + std::to_string(number) + ": six numbers are needed");
+        if (values.size() < 1 + fewest || values.size() > 1 + most)
+            throw flight_fault(path + ":" + std::to_string(number) + ": " + std::to_string(1 + fewest) +
+                               (fewest < most ? " or " + std::to_string(1 + most) : "") +
+                               " numbers are needed");
         script_line line;
         line.time = static_cast<float>(values[0]);
         if (!script.empty() && line.time <= script.back().time)
             throw flight_fault(path + ":" + std::to_string(number) + ": the times have to rise");
-        for (int c = 0; c < controls; ++c)
-            line.control[c] =
-                fltlim(static_cast<float>(values[static_cast<size_t>(c + 1)]), c < 3 ? -1.0f : 0.0f, 1.0f);
+        if (!script.empty() && values.size() != 1 + script.back().value.size())
+            throw flight_fault(path + ":" + std::to_string(number) + ": all lines need as many numbers");
+        for (size_t v = 1; v < values.size(); ++v) line.value.push_back(static_cast<float>(values[v]));
         script.push_back(line);
     }
     if (script.empty()) throw flight_fault(path + ": no lines");
@@ -69,30 +77,44 @@ std::vector<script_line> read_script(const std::string& path) {
 
 struct flight_order {
     std::string script;  // a file, "trim" or "random"
-    std::vector<script_line> lines;
+    std::vector<script_line> lines, pilot;
     double seconds, rate;
-    float speed, altitude;  // m/s, m; speed 0: best glide
+    float speed, altitude;  // m/s, m; speed negative: one that suits the aircraft
     bool weather, quiet, restart;
     unsigned seed;
     std::string csv;
 };
 
-void set_controls(const float control[controls]) {
-    mnw.YK_ptch = control[0];
-    mnw.YK_roll = control[1];
-    mnw.YK_hdng = control[2];
-    flt[0].sbrk_rqst = control[3];
-    flt[0].handle_rat_req = control[4];
+// count of controls in their order; the power lever stays where it is when it is not among them.
+void set_controls(const float* control, size_t count) {
+    mnw.YK_ptch = fltlim(control[0], -1.0f, 1.0f);
+    mnw.YK_roll = fltlim(control[1], -1.0f, 1.0f);
+    mnw.YK_hdng = fltlim(control[2], -1.0f, 1.0f);
+    flt[0].sbrk_rqst = fltlim(control[3], 0.0f, 1.0f);
+    flt[0].handle_rat_req = fltlim(control[4], 0.0f, 1.0f);
+    if (count == controls) lab_set_power(fltlim(control[5], 0.0f, 1.0f));
+}
+
+// The line that holds at a time; the last one for ever.
+size_t line_at(const std::vector<script_line>& lines, float time) {
+    size_t i = 0;
+    while (i + 1 < lines.size() && lines[i + 1].time <= time) ++i;
+    return i;
 }
 
 void follow_script(const std::vector<script_line>& lines, float time) {
-    size_t i = 0;
-    while (i + 1 < lines.size() && lines[i + 1].time <= time) ++i;
+    const size_t i = line_at(lines, time);
     const script_line& a = lines[i];
     const script_line& b = lines[i + 1 < lines.size() ? i + 1 : i];
     float control[controls];
-    for (int c = 0; c < controls; ++c) control[c] = interp(a.time, a.control[c], b.time, b.control[c], time);
-    set_controls(control);
+    for (size_t c = 0; c < a.value.size(); ++c)
+        control[c] = interp(a.time, a.value[c], b.time, b.value[c], time);
+    set_controls(control, a.value.size());
+}
+
+void follow_pilot(lab_pilot& pilot, const std::vector<script_line>& lines, float time) {
+    const std::vector<float>& v = lines[line_at(lines, time)].value;
+    pilot.fly({v[0] * con.ktstomsc, v[1] * con.fttomtrs, v[2]}, static_cast<float>(headless_pass));
 }
 
 void walk_controls(float control[controls]) {
@@ -100,7 +122,7 @@ void walk_controls(float control[controls]) {
         const float by = c < 3 ? 0.1f : 0.01f;
         control[c] = fltlim(control[c] + flt_rand(-by, by), c < 3 ? -1.0f : 0.0f, 1.0f);
     }
-    set_controls(control);
+    set_controls(control, controls);
 }
 
 const std::vector<const char*> columns = {"time_s",
@@ -122,10 +144,19 @@ const std::vector<const char*> columns = {"time_s",
                                           "CL",
                                           "CD",
                                           "speedbrake_ratio",
-                                          "flap_ratio"};
+                                          "flap_ratio",
+                                          "throttle_ratio",
+                                          "blade_pitch_deg",
+                                          "engine_rpm",
+                                          "disc_rpm",
+                                          "N1_percent",
+                                          "power_kW",
+                                          "thrust_N",
+                                          "fuel_kgph"};
 
 std::vector<double> state_row(double time) {
     const flt_struct& f = flt[0];
+    const flt_engn_struct& e = f.engn[0];
     return {time,
             f.dob_lat,
             f.dob_lon,
@@ -145,7 +176,15 @@ std::vector<double> state_row(double time) {
             f.cl_overall,
             f.cd_overall,
             f.sbrk_rat,
-            f.handle_rat_act};
+            f.handle_rat_act,
+            e.thro_use,
+            e.pitch_deg_use,
+            e.tacrad_ENGN * con.rsctorpm,
+            e.tacrad_PROP * con.rsctorpm,
+            e.N1,
+            e.power / 1000.0,
+            e.thrust,
+            e.FF_kgs * 3600.0};
 }
 
 struct flight_sum {
@@ -154,11 +193,29 @@ struct flight_sum {
     int restarts;
 };
 
-void start_in_trim(const flight_order& order) {
-    const float speed = order.speed > 0.0f ? order.speed : lab_performance(order.altitude).best_glide.speed;
-    const lab_trim t = lab_trim_glide(speed, order.altitude);
-    if (!t.found) throw flight_fault("no steady glide at this speed and height");
-    lab_fly_trim(t, order.altitude);
+bool has_engines() { return veh[0].num_engines > 0; }
+
+// Level flight or hover, or a glide without engines; gives the controls.
+lab_steady start_in_trim(const flight_order& order) {
+    if (!has_engines()) {
+        const float speed =
+            order.speed >= 0.0f ? order.speed : lab_performance(order.altitude).best_glide.speed;
+        const lab_trim t = lab_trim_glide(speed, order.altitude);
+        if (!t.found) throw flight_fault("no steady glide at this speed and height");
+        lab_fly_trim(t, order.altitude);
+        lab_steady glide{};
+        glide.ptch = t.elevator;
+        return glide;
+    }
+    lab_steady_order level;
+    level.altitude = order.altitude;
+    level.speed = order.speed >= 0.0f    ? order.speed
+                  : veh[0].collective_EQ ? 0.0f
+                                         : 1.5f * lab_performance(order.altitude).stall_speed;
+    const lab_steady s = lab_find_steady(level);
+    if (!s.found) throw flight_fault("no steady level flight at this speed and height");
+    lab_fly_steady(s);
+    return s;
 }
 
 double energy_height() { return flt[0].dob_ele + 0.5 * flt[0].AV_msc * flt[0].AV_msc / con.g; }
@@ -169,10 +226,11 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
     const file_ptr csv = order.csv.empty() ? nullptr : open_output(order.csv);
     if (csv) csv_header(csv.get(), columns);
     stg.reset_on_crash = 0;  // the data end on the ground, not in another flight
-    start_in_trim(order);
+    const lab_steady trim = start_in_trim(order);
+    lab_pilot pilot(trim.ptch, trim.roll, trim.hdng, trim.power);
     rand_seed(order.seed);
     flight_sum sum{flt[0].dob_ele, 0.0, energy_height(), 0.0, 0.0f, 0};
-    float control[controls] = {mnw.YK_ptch, 0.0f, 0.0f, 0.0f, 0.0f};
+    float control[controls] = {mnw.YK_ptch, mnw.YK_roll, mnw.YK_hdng, 0.0f, 0.0f, trim.power};
     const int frames = static_cast<int>(std::lround(order.seconds / headless_pass));
     const double every = order.rate > 0.0 ? 1.0 / order.rate : 1e30;
     double next_row = 0.0;
@@ -184,6 +242,7 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
             next_row += every;
         }
         if (!order.lines.empty()) follow_script(order.lines, static_cast<float>(time));
+        if (!order.pilot.empty()) follow_pilot(pilot, order.pilot, static_cast<float>(time));
         if (order.script == "random") walk_controls(control);
         headless_frame();
         if (order.restart && flt[0].dob_ele < lowest_before_restart) {
@@ -212,7 +271,8 @@ void print_sum(const flight_order& order, const flight_sum& s) {
     }
     printf("height lost     %10.1f m\n", s.height_lost);
     printf("distance        %10.1f m through the air\n", s.distance);
-    if (s.energy_lost > 0.0) printf("glide ratio     %10.2f by energy\n", s.distance / s.energy_lost);
+    if (!has_engines() && s.energy_lost > 0.0)
+        printf("glide ratio     %10.2f by energy\n", s.distance / s.energy_lost);
     printf("largest load    %10.2f g\n", s.max_g);
 }
 
@@ -271,25 +331,29 @@ int fly_many(const options& from, const std::string& file, const flight_order& o
 }  // namespace
 
 int fly_command(int argc, char** argv) {
-    const options from(usage,
-                       {{"seconds", "N", "how long (60)"},
-                        {"speed", "KT", "true airspeed of the trimmed start (that of the best glide)"},
-                        {"altitude", "FT", "height of the start (6000)"},
-                        {"script", "FILE", "a script, trim or random (trim)"},
-                        {"restart", nullptr, "below 300 m start over in the trim, for long runs"},
-                        {"weather", nullptr, "the default weather in place of still air"},
-                        {"runs", "K", "number of flights (1); each takes the next seed"},
-                        {"jobs", "J", "flights at a time (2)"},
-                        {"seed", "S", "of the random walk (1)"},
-                        {"csv", "FILE", "the flight as a table; run k of many goes to FILE.k"},
-                        {"rate", "HZ", "rows a second (8)"},
-                        {"quiet", nullptr, "no summary and no progress"},
-                        install_option},
-                       argc, argv);
+    const options from(
+        usage,
+        {{"seconds", "N", "how long (60)"},
+         {"speed", "KT", "true airspeed of the start (1.5 of the stall, a hover, the best glide)"},
+         {"altitude", "FT", "height of the start (6000)"},
+         {"script", "FILE", "a script, trim or random (trim)"},
+         {"pilot", "FILE", "speeds, heights and headings for a pilot to fly"},
+         {"restart", nullptr, "below 300 m start over in the trim, for long runs"},
+         {"weather", nullptr, "the default weather in place of still air"},
+         {"runs", "K", "number of flights (1); each takes the next seed"},
+         {"jobs", "J", "flights at a time (2)"},
+         {"seed", "S", "of the random walk (1)"},
+         {"csv", "FILE", "the flight as a table; run k of many goes to FILE.k"},
+         {"rate", "HZ", "rows a second (8)"},
+         {"quiet", nullptr, "no summary and no progress"},
+         install_option},
+        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     flight_order order;
     order.script = from.text("script", "trim");
-    if (order.script != "trim" && order.script != "random") order.lines = read_script(order.script);
+    if (order.script != "trim" && order.script != "random")
+        order.lines = read_script(order.script, controls - 1, controls);
+    if (from.has("pilot")) order.pilot = read_script(from.text("pilot", ""), pilot_values, pilot_values);
     order.seconds = from.number("seconds", 60.0, 0.0, 1e7);
     order.rate = from.number("rate", 8.0, 0.001, 64.0);
     order.weather = from.has("weather");
@@ -297,7 +361,7 @@ int fly_command(int argc, char** argv) {
     order.restart = from.has("restart");
     order.seed = static_cast<unsigned>(from.whole("seed", 1, 0, 1000000000));
     order.csv = from.text("csv", "");
-    const double speed_kt = from.number("speed", 0.0, 1.0, 3000.0);
+    const double speed_kt = from.number("speed", -1.0, 0.0, 3000.0);
     const double altitude_ft = from.number("altitude", 6000.0, 500.0, 300000.0);
     constexpr double kt = 0.514444, ft = 0.3048;  // the system's constants stand only once it has started
     order.speed = static_cast<float>(speed_kt * kt);
