@@ -13,7 +13,10 @@ for compiler in g++ clang++; do
         cmake -S . -B "$folder" -G Ninja -DCMAKE_CXX_COMPILER=$compiler -DCMAKE_BUILD_TYPE=None \
             -DCMAKE_CXX_FLAGS="-$level" -DTARVANE_TESTS=OFF >/dev/null
         cmake --build "$folder" >/dev/null
-        hash=$("$folder/tools/flightlab" hash --passes 10000)
+        hash=""
+        while read -r aircraft; do
+            hash+=" $("$folder/tools/flightlab" hash --passes 3000 "$aircraft" </dev/null)"
+        done < <(find "$folder/Orvelle/Aircraft" -name '*.acf' | sort)
         echo "$compiler -$level: $hash"
         hashes+=("$hash")
     done
@@ -55,5 +58,8 @@ cmake --build build-cov >/dev/null
 ctest --test-dir build-cov -j "$(nproc)" >/dev/null || true
 gcovr -r . --filter src/ build-cov | tail -5
 
-echo "== soak: an hour of flight"
-build/tools/flightlab fly --seconds 3600 --script random --restart
+echo "== soak: an hour of flight of every aircraft"
+find build/Orvelle/Aircraft -name '*.acf' | sort | while read -r aircraft; do
+    echo "-- $aircraft"
+    build/tools/flightlab fly --seconds 3600 --script random --restart "$aircraft" </dev/null
+done

@@ -8,6 +8,7 @@
 
 #include "core/atm.h"
 #include "core/con.h"
+#include "core/engn_kinds.h"
 #include "core/env.h"
 #include "core/flt.h"
 #include "core/mnw.h"
@@ -59,6 +60,20 @@ static float total_power_kW() {
     return sum * 0.001f;
 }
 
+// What the first engine's tachometer shows: turns of a shaft, or percent of a jet's fan.
+static std::string tachometer() {
+    const flt_engn_struct& engine = flt[0].engn[0];
+    if (veh[0].num_engines == 0) return "-";
+    const bool shaft = en_is_prop(0, 0);
+    return shaft ? form("%4.0f rpm", engine.tacrad_ENGN * con.rsctorpm) : form("%3.0f %% N1", engine.N1);
+}
+
+static float total_fuel_kgph() {
+    float sum = 0.0f;
+    for (const flt_engn_struct& engine : flt[0].engn) sum += engine.FF_kgs;
+    return sum * 3600.0f;
+}
+
 struct column_struct {
     const char* label;
     std::string upper, lower;
@@ -79,16 +94,17 @@ static void draw_columns() {
     const column_struct columns[] = {
         {"SPEED", form("%3.0f kt", f.AV_sig_kts), form("%3.0f km/h", eas * msc_to_kmh)},
         {"HEIGHT", form("%5.0f ft", static_cast<float>(f.dob_ele) * con.mtrstoft),
-         form("%5.0f m gnd", f.y_agl_mtr)},
+         form("%.0f m gnd", f.y_agl_mtr)},
         {"HEADING", form("%03.0f mag", fltwrap(f.psi + env.mag_var, 0.0f, 360.0f)),
          form("%03.0f true", f.psi)},
         {"CLIMB", form("%+5.0f fpm", f.Vh_fpm), form("%+5.1f m/s", f.Vh_fpm * con.fpmtomsc)},
-        {"PITCH, ROLL", form("%+5.1f deg", f.the), form("%+5.1f deg", f.phi)},
+        {"ATTITUDE", form("%+5.1f deg", f.the), form("%+5.1f deg", f.phi)},
         {"LOAD", form("%+4.2f g", f.g_nrml), form("%+4.1f alpha", f.alpha)},
         {"POWER", form("%4.0f kW", total_power_kW()), form("%3.0f %% lever", f.engn[0].thro_use * 100.0f)},
-        {"FLAP, BRAKE", form("%3.0f %%", f.handle_rat_act * 100.0f),
+        {"ENGINE", tachometer(), form("%4.0f kg/h", total_fuel_kgph())},
+        {"FLAPS", form("%3.0f %%", f.handle_rat_act * 100.0f),
          form("%3.0f %%", fltmax2(f.sbrk_rat, 0.0f) * 100.0f)},
-        {"STEP, RATE", form("%4.1f ms", mnw.prd_FM * 1000.0f), form("%3.0f /s", frame_rate())},
+        {"STEP", form("%4.1f ms", mnw.prd_FM * 1000.0f), form("%3.0f /s", frame_rate())},
     };
     int place = 0;
     for (const column_struct& column : columns) draw_column(place++, std::size(columns), column);

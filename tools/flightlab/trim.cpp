@@ -65,7 +65,9 @@ void print_rows(const std::vector<std::vector<double>>& rows) {
                v[3] > 0.0 ? "" : "  not steady");
 }
 
-void draw(const std::string& path, const std::string& title, const std::vector<std::vector<double>>& rows) {
+// The last picture shows what was found: the climb of a given power, else the fuel that the flight takes.
+void draw(const std::string& path, const std::string& title, const std::vector<std::vector<double>>& rows,
+          bool power_given) {
     std::vector<std::vector<double>> steady;
     for (const auto& row : rows)
         if (row[3] > 0.0) steady.push_back(row);
@@ -76,7 +78,7 @@ void draw(const std::string& path, const std::string& title, const std::vector<s
                 "\nset ylabel 'shaft power, kW, or thrust, hN'\n"
                 "plot $trim using 1:13 with linespoints pointsize 0.4 title 'power', "
                 "$trim using 1:($14/100) with linespoints pointsize 0.4 title 'thrust'\n"
-                "set ylabel 'controls'\n"
+                "set key bottom left\nset ylabel 'controls'\n"
                 "plot $trim using 1:9 with linespoints pointsize 0.4 title 'elevator', "
                 "$trim using 1:10 with linespoints pointsize 0.4 title 'aileron', "
                 "$trim using 1:11 with linespoints pointsize 0.4 title 'rudder', "
@@ -84,8 +86,9 @@ void draw(const std::string& path, const std::string& title, const std::vector<s
                 "set ylabel 'degrees'\n"
                 "plot $trim using 1:5 with linespoints pointsize 0.4 title 'pitch', "
                 "$trim using 1:6 with linespoints pointsize 0.4 title 'roll'\n"
-                "set ylabel 'climb, ft/min'\n"
-                "plot $trim using 1:2 with linespoints pointsize 0.4 notitle\nunset multiplot\n");
+                "set ylabel '" +
+                (power_given ? "climb, ft/min" : "fuel, kg/h") + "'\nplot $trim using 1:" +
+                (power_given ? "2" : "15") + " with linespoints pointsize 0.4 notitle\nunset multiplot\n");
 }
 }  // namespace
 
@@ -134,6 +137,6 @@ int trim_command(int argc, char** argv) {
         csv_header(out.get(), columns);
         for (const auto& row : rows) csv_row(out.get(), row);
     }
-    if (from.has("plot")) draw(from.text("plot", ""), file, rows);
+    if (from.has("plot")) draw(from.text("plot", ""), file, rows, power >= 0.0);
     return all_found ? 0 : 1;
 }
