@@ -106,12 +106,14 @@ struct torque_limits {
     float lo, hi;
 };
 
+// Without a switch a clutch closes by itself once the engine runs. An electric motor pulls from rest and
+// needs none.
 bool clutch_engaged(int en) {
     const flt_engn_struct& e = flt[0].engn[en];
     const bool automatic = veh[0].engn[en].prop_clutch_EQ && !veh[0].has_clutch_switch;
-    if (!automatic) return stg.clutch_trq_engag;
-    if (en_is_recip(0, en)) return e.tacrad_ENGN > 2.0f * veh[0].RSC_idlespeed_ENGN;
-    return e.N1 > 1.0f;
+    if (automatic && en_is_recip(0, en)) return e.tacrad_ENGN > 2.0f * veh[0].RSC_idlespeed_ENGN;
+    if (automatic && en_is_turbo(0, en)) return e.N1 > 1.0f;
+    return stg.clutch_trq_engag;
 }
 
 // What the clutch can pass. Linked shafts overrun their engines; a piston engine's friction clutch slips in.

@@ -1,0 +1,579 @@
+// Shafts and discs one at a time: held at a speed in a given air, or driven by a given torque.
+#include <math.h>
+#include <string.h>
+
+#include <utility>
+
+#include "aircraft/deflect.h"
+#include "aircraft/location.h"
+#include "core/axes.h"
+#include "core/engn_kinds.h"
+#include "core/num.h"
+#include "flight/aero.h"
+#include "flight/engines.h"
+#include "flight/propel.h"
+#include "flying.h"
+
+namespace {
+struct sums {
+    float L, M, N, side, nrml, axil;
+};
+
+class disc : public ::testing::Test {
+protected:
+    static constexpr float step = 1.0f / 80.0f;  // s
+    test::fp_traps traps;
+    flt_struct& f = flt[0];
+    veh_struct& v = veh[0];
+    flt_engn_struct& e = flt[0].engn[0];
+
+    void fly(const char* name) {
+        test::fly_aircraft(name);
+        move(0.0f);
+        mnw.prd_FM = step;
+    }
+    // Level attitude, moving north and up.
+    void move(float ahead, float up = 0.0f, float altitude = 1000.0f) {
+        lab_flight at;
+        at.altitude = altitude;
+        at.speed = pythag(ahead, up);
+        at.gamma = atan2_deg(up, ahead);
+        lab_place_moving(at, 0.0f, 0.0f);
+        update_def_angles(0);
+    }
+    // With what a half step does before and after.
+    template <class call>
+    sums pass(call&& run) {
+        f.L = f.M = f.N = f.fside_prop_acf = f.fnrml_prop_acf = f.faxil_prop_acf = 0.0f;
+        aero_ground_effect();
+        run();
+        aero_spanwise_load();
+        return {f.L, f.M, f.N, f.fside_prop_acf, f.fnrml_prop_acf, f.faxil_prop_acf};
+    }
+    sums turn(int en) {
+        return pass([en] { do_a_prop(en); });
+    }
+    // One disc at a held speed until its inflow has settled.
+    sums settle(int en, float omega, float seconds = 12.0f) {
+        sums s{};
+        for (float t = 0.0f; t < seconds; t += step) {
+            flt[0].engn[en].tacrad_PROP = omega;
+            s = turn(en);
+        }
+        return s;
+    }
+    void no_air() { con.lcl_r_met = 0.0f; }
+    void tilt(float vert, float side) {
+        e.vert_disc_cyclic = vert;
+        e.side_disc_cyclic = side;
+    }
+    static float rotor_speed() { return veh[0].RSC_redline_PROP; }
+};
+
+// -- momentum
+TEST_F(disc, inflow_comes_to_rest_where_momentum_says) {
+    fly("Wren 160");
+    const float rho = con.lcl_r_met, area = 3.0f;
+    const auto at_rest = [&](float thrust, float V) {
+        float dv = 0.0f;
+        for (int i = 0; i < 2000; ++i) dv = get_dv_total(dv, thrust, area, V);
+        return dv;
+    };
+    for (const float V : {5.0f, 30.0f, 90.0f})
+        for (const float thrust :
+             {3000.0f, -300.0f}) {  // the whole added speed counts: T = rho S (V + dv) dv
+            const float under_root = 0.25f * V * V + thrust / (rho * area);
+            if (under_root < 1.0f) continue;
+            EXPECT_NEAR(at_rest(thrust, V), -0.5f * V + sqrtf(under_root), 0.01f) << thrust << " N, " << V;
+        }
+    EXPECT_NEAR(at_rest(3000.0f, 0.0f), sqrtf(3000.0f / (rho * area)), 0.01f);
+    // without thrust it dies away within a second's lag, and no speed divides by nothing
+    float dv = 10.0f;
+    for (int i = 0; i < 80; ++i) dv = get_dv_total(dv, 0.0f, area, 40.0f);
+    EXPECT_NEAR(dv, 10.0f / expf(1.0f), 0.05f);
+    EXPECT_LT(get_dv_total(0.0f, 3000.0f, area, 0.0f), 3000.0f / (rho * area) * step * 1.01f);
+    no_air();
+    EXPECT_LT(get_dv_total(0.0f, 3000.0f, area, 0.0f), 1e6f);
+}
+
+TEST_F(disc, a_stopped_propeller_is_a_brake_and_wants_to_windmill) {
+    fly("Wren 160");
+    move(50.0f);
+    const sums s = settle(0, 0.0f);
+    float blades = 0.0f;
+    for (int el = 0; el < v.wing[0].els; ++el) blades += v.engn[0].num_blades * v.wing[0].el_s[el];
+    const float cd = s.axil / (0.5f * con.lcl_r_met * 2500.0f * blades);
+    EXPECT_GT(cd, 0.4f);  // plates nearly across the stream
+    EXPECT_LT(cd, 2.0f);
+    EXPECT_LT(e.drag_TRQ, -1.0f) << "the air turns it forwards";
+    // windmilling it takes more power out of the stream than it gives to the shaft
+    const sums windmill = settle(0, 60.0f);
+    EXPECT_GT(-e.drag_TRQ * 60.0f, 0.0f);
+    EXPECT_GT(windmill.axil * 50.0f, -e.drag_TRQ * 60.0f);
+
+    // a rotor at rest does not flap: all four positions meet the same air, whatever the stick asks
+    fly("Plover 420");
+    f.FC_ptch = 1.0f;
+    f.FC_roll = -1.0f;
+    move(0.0f, 10.0f);
+    e.tacrad_PROP = 0.0f;
+    turn(0);
+    EXPECT_GT(fabsf(e.cyclic_elev_blad_alph), 5.0f);
+    for (int bld = 1; bld < bladDIM; ++bld) EXPECT_FLOAT_EQ(f.wing[0].v_el[5][bld], f.wing[0].v_el[5][0]);
+}
+
+TEST_F(disc, the_downgoing_blade_pulls_harder_and_gyroscopes_answer_in_their_senses) {
+    fly("Wren 160");
+    lab_flight at;
+    at.speed = 45.0f;
+    at.alpha = 8.0f;
+    for (const float dir : {1.0f, -1.0f}) {
+        v.engn[0].prop_dir = dir;
+        lab_place(at);
+        const sums s = settle(0, 240.0f);
+        EXPECT_LT(s.N * dir, -0.01f * e.thrust) << "clockwise pulls the nose left";
+        EXPECT_LT(fabsf(s.L), 1e-3f * e.thrust);
+    }
+    no_air();
+    e.tacrad_PROP = 200.0f;
+    const float h = v.engn[0].mi_prop_rpm * 200.0f;
+    for (const float dir : {1.0f, -1.0f}) {
+        v.engn[0].prop_dir = dir;
+        f.Prad = f.Qrad = 0.0f;
+        f.Rrad = 0.3f;
+        sums s = turn(0);
+        EXPECT_NEAR(s.M, dir * h * 0.3f, 1e-3f * h) << "yaw right";
+        EXPECT_NEAR(s.N, -h * 0.3f, 1e-3f * h) << "damped";
+        f.Rrad = 0.0f;
+        f.Qrad = 0.3f;
+        s = turn(0);
+        EXPECT_NEAR(s.N, -dir * h * 0.3f, 1e-3f * h) << "pitch up";
+        EXPECT_NEAR(s.M, -h * 0.3f, 1e-3f * h) << "damped";
+        f.Qrad = 0.0f;
+        f.Prad = 1.0f;  // about its own axis: nothing
+        s = turn(0);
+        EXPECT_NEAR(fabsf(s.L) + fabsf(s.M) + fabsf(s.N), 0.0f, 1e-3f * h);
+    }
+}
+
+TEST_F(disc, opposite_twins_mirror_each_other) {
+    fly("Dunlin 400");
+    lab_flight at;
+    at.speed = 55.0f;
+    at.alpha = 6.0f;
+    lab_place(at);
+    f.Qrad = 0.2f;
+    sums s{};
+    for (int i = 0; i < 800; ++i) {
+        for (int en : {0, 1}) f.engn[en].TRQ_nm = 400.0f;
+        s = pass(do_all_props);
+    }
+    const float arm = fabsf(v.part[0].part_x), thrust = f.engn[0].thrust + f.engn[1].thrust;
+    EXPECT_GT(thrust, 2000.0f);
+    EXPECT_FLOAT_EQ(f.engn[0].thrust, f.engn[1].thrust);
+    EXPECT_LT(fabsf(s.L) + fabsf(s.N), 1e-3f * thrust * arm);
+    EXPECT_LT(fabsf(s.side), 1e-3f * thrust);
+}
+
+// -- shafts
+TEST_F(disc, torque_reacts_on_the_airframe_about_the_axis_of_the_disc) {
+    fly("Wren 160");
+    struct {
+        float vert, side;
+        float sums::*moment;
+        float sense;  // of a disc that turns clockwise seen from behind
+    } cases[] = {{0.0f, 0.0f, &sums::L, -1.0f}, {90.0f, 0.0f, &sums::N, 1.0f}, {0.0f, 90.0f, &sums::M, 1.0f}};
+    for (const auto& c : cases)
+        for (const float dir : {1.0f, -1.0f}) {
+            v.engn[0].prop_dir = dir;
+            no_air();
+            tilt(c.vert, c.side);
+            e.tacrad_ENGN = e.tacrad_PROP = 150.0f;
+            e.TRQ_nm = 300.0f;
+            e.drag_TRQ = 0.0f;
+            const sums s = pass(do_all_props);
+            // what the disc gains in angular momentum the airframe loses
+            const float gain = v.engn[0].mi_prop_rpm * (e.tacrad_PROP - 150.0f) / step;
+            EXPECT_GT(gain, 250.0f);
+            EXPECT_NEAR(s.*c.moment, c.sense * dir * gain, 0.5f) << c.vert << ' ' << c.side << ' ' << dir;
+            EXPECT_NEAR(fabsf(s.L) + fabsf(s.M) + fabsf(s.N), gain, 1.0f) << "about this axis alone";
+        }
+    // turning evenly the airframe feels the drag of the air
+    fly("Wren 160");
+    v.engn[0].prop_dir = -1.0f;
+    sums s{};
+    for (int i = 0; i < 3000; ++i) {
+        e.TRQ_nm = 300.0f;
+        s = pass(do_all_props);
+    }
+    EXPECT_NEAR(e.drag_TRQ, 300.0f, 3.0f);
+    EXPECT_NEAR(s.L, 300.0f, 3.0f);
+}
+
+TEST_F(disc, transmission_loss_brakes_to_a_jitter_about_rest) {
+    fly("Wren 160");
+    v.trans_loss = 0.02f;
+    v.engn[0].prop_clutch_EQ = 1;
+    cold_engines();
+    e.tacrad_PROP = 20.0f;
+    for (int i = 0; i < 1600; ++i) {
+        pass(do_all_props);
+        if (i > 1200) {
+            ASSERT_LT(fabsf(e.tacrad_PROP), 0.2f);
+        }
+    }
+}
+
+TEST_F(disc, clutches_close_slip_and_fail) {
+    fly("Wren 160");
+    const float full = v.trq_max_eng;
+    v.trans_loss = 0.1f;
+    v.engn[0].prop_clutch_EQ = 1;
+    e.tacrad_PROP = 50.0f;
+    const auto passed = [&](float engine_speed, float shaft_speed, float TRQ) {
+        e.tacrad_ENGN = engine_speed;
+        e.TRQ_nm = TRQ;
+        return get_clutch_TRQ(0, shaft_speed) + 0.1f * full;
+    };
+    // by itself: a piston engine beyond twice its idle, a turbine once its spool turns
+    const float idle2 = 2.0f * v.RSC_idlespeed_ENGN;
+    EXPECT_FLOAT_EQ(passed(0.95f * idle2, 50.0f, 200.0f), 0.0f);
+    EXPECT_GT(passed(1.05f * idle2, 50.0f, 200.0f), full);
+    v.engn[0].engn_type = engn_turb_free;
+    e.N1 = 0.9f;
+    EXPECT_FLOAT_EQ(passed(idle2, 50.0f, 200.0f), 0.0f);
+    e.N1 = 1.1f;
+    EXPECT_GT(passed(idle2, 50.0f, 200.0f), full);
+    v.engn[0].engn_type = engn_recip_carb;
+
+    // at even speed the engine's torque goes through; what does not speeds the engine up
+    v.engn[0].prop_clutch_EQ = 0;
+    stg.clutch_trq_engag = 1;
+    stg.clutch_rat[0] = 0.0f;
+    EXPECT_NEAR(passed(200.0f, 200.0f, 250.0f), 250.0f, 0.01f);
+    const float through = passed(200.0f, 190.0f, 250.0f);
+    EXPECT_GT(through, 250.0f);
+    EXPECT_NEAR(e.omegadot_ENGN * v.engn[0].mi_engn_rpm * v.inertia_rat_prop, 250.0f - through, 0.1f);
+    EXPECT_NEAR(passed(280.0f, 10.0f, 250.0f), 1.5f * full, 0.01f) << "and no more than it can";
+    // a faster shaft drags its engine round, linked shafts run free of it
+    EXPECT_NEAR(passed(100.0f, 280.0f, 0.0f), -1.5f * full, 0.01f);
+    v.linked_prop_EQ = 1;
+    EXPECT_FLOAT_EQ(passed(100.0f, 280.0f, 0.0f), 0.0f);
+    v.linked_prop_EQ = 0;
+    // closed, it lets no engine past the shaft
+    stg.clutch_rat[0] = 1.0f;
+    passed(199.9f, 200.0f, 2000.0f);
+    EXPECT_FLOAT_EQ(e.tacrad_ENGN, 200.0f);
+
+    // a friction clutch takes 50 s each way
+    v.engn[0].prop_clutch_EQ = v.has_clutch_switch = 1;
+    stg.clutch_rat[0] = 0.0f;
+    for (int i = 0; i < 800; ++i) passed(280.0f, 10.0f, 250.0f);
+    EXPECT_NEAR(stg.clutch_rat[0], 0.2f, 0.001f);
+    EXPECT_NEAR(passed(280.0f, 10.0f, 250.0f), 0.2f * 1.5f * full, 0.01f * full);
+    EXPECT_NEAR(passed(10.0f, 280.0f, 0.0f), -0.2f * 1.5f * full, 0.01f * full);
+    stg.clutch_trq_engag = 0;
+    for (int i = 0; i < 400; ++i) passed(280.0f, 10.0f, 250.0f);
+    EXPECT_NEAR(stg.clutch_rat[0], 0.1f, 0.001f);
+
+    // a failed one leaves only the loss, against the turn
+    stg.clutch_trq_engag = 1;
+    for (const int with_switch : {1, 0}) {
+        v.has_clutch_switch = with_switch;
+        f.fail_stat[fail_clutch] = fail_active;
+        passed(280.0f, 10.0f, 250.0f);
+        EXPECT_FLOAT_EQ(get_clutch_TRQ(0, 10.0f), -0.1f * full);
+        e.tacrad_PROP = -5.0f;
+        EXPECT_FLOAT_EQ(get_clutch_TRQ(0, 10.0f), 0.1f * full);
+        e.tacrad_PROP = 50.0f;
+    }
+}
+
+TEST_F(disc, linked_shafts_keep_their_gears_and_their_energy) {
+    fly("Plover 420");
+    v.trans_loss = 0.0f;
+    const float gear0 = v.engn[0].prop_gear_rat, gear1 = v.engn[1].prop_gear_rat;
+    const auto run = [&](float TRQ) {
+        e.tacrad_ENGN = e.tacrad_PROP * gear0;
+        e.TRQ_nm = TRQ;
+        pass(do_all_props);
+    };
+    e.tacrad_PROP = 30.0f;
+    f.engn[1].tacrad_PROP = 10.0f;  // it is brought into step at once
+    for (const float TRQ : {700.0f, 0.0f, 300.0f}) {
+        run(TRQ);
+        EXPECT_NEAR(e.tacrad_PROP * gear0, f.engn[1].tacrad_PROP * gear1, 0.01f);
+    }
+    no_air();
+    run(0.0f);
+    const auto energy = [&] {
+        float sum = 0.0f;
+        for (int en : {0, 1}) sum += 0.5f * v.engn[en].mi_prop_rpm * sqr(f.engn[en].tacrad_PROP);
+        return sum;
+    };
+    const float before = energy(), omega = e.tacrad_PROP;
+    run(600.0f);
+    const float work = 600.0f * 0.5f * (omega + e.tacrad_PROP) * gear0 * step;
+    EXPECT_NEAR(energy() - before, work, 0.01f * work);
+
+    // a broken drive shaft stops the tail rotor alone
+    fly("Plover 420");
+    e.tacrad_PROP = 40.0f;
+    run(300.0f);
+    f.fail_stat[fail_tail_drive] = fail_active;
+    run(300.0f);
+    const float thrust_before = fabsf(f.engn[1].thrust);
+    for (int i = 0; i < 80; ++i) run(300.0f);
+    EXPECT_LT(fabsf(f.engn[1].tacrad_PROP), 1.0f);
+    EXPECT_LE(fabsf(f.engn[1].thrust), thrust_before);
+    EXPECT_LT(fabsf(f.engn[1].thrust), 5.0f);
+    EXPECT_GT(e.tacrad_PROP, 30.0f);
+}
+
+TEST_F(disc, pre_rotation_takes_from_the_shaft_what_it_gives_to_the_rotor) {
+    fly("Plover 420");
+    v.has_pre_rotate = 1;
+    v.trans_loss = 0.0f;
+    // the first disc tells the speed of the shaft: make that the driven one
+    std::swap(v.engn[0].prop_type, v.engn[1].prop_type);
+    const float gear0 = v.engn[0].prop_gear_rat, gear1 = v.engn[1].prop_gear_rat;
+    const auto ratio = [&](float slower, int level) {
+        stg.pre_rotate_level = level;
+        f.engn[1].tacrad_PROP = 300.0f / gear1 - slower;
+        return get_TRQ_to_gyr_rotor(1, 300.0f) / v.trq_max_eng;
+    };
+    stg.pre_rotating = 0;
+    EXPECT_EQ(ratio(10.0f, 1), 0.0f);
+    stg.pre_rotating = 1;
+    EXPECT_FLOAT_EQ(ratio(10.0f, 0), 0.5f);
+    EXPECT_FLOAT_EQ(ratio(10.0f, 1), 1.5f);
+    EXPECT_NEAR(ratio(0.0f, 1), 0.85f, 1e-3f);
+    EXPECT_NEAR(ratio(-0.85f, 0), 0.0f, 1e-3f) << "it comes to run that much faster than the shaft";
+    EXPECT_FLOAT_EQ(ratio(-10.0f, 1), -1.5f);
+
+    no_air();
+    e.TRQ_nm = e.drag_TRQ = f.engn[1].drag_TRQ = 0.0f;
+    for (const int level : {0, 1}) {
+        stg.pre_rotate_level = level;
+        e.tacrad_PROP = 30.0f;
+        e.tacrad_ENGN = 30.0f * gear0;
+        f.engn[1].tacrad_PROP = 1.0f;
+        pass(do_all_props);
+        // angular momentum as seen at the engine
+        const float gained = v.engn[1].mi_prop_rpm * (f.engn[1].tacrad_PROP - 1.0f) / gear1;
+        const float lost = v.engn[0].mi_prop_rpm * (30.0f - e.tacrad_PROP) / gear0;
+        EXPECT_NEAR(gained, (level ? 1.5f : 0.5f) * v.trq_max_eng * step, 0.01f * gained);
+        EXPECT_NEAR(gained, lost, 0.02f * gained);
+    }
+}
+
+// -- rotors
+TEST_F(disc, vortex_ring_eats_thrust_and_shakes_it_in_its_band_of_descent_only) {
+    fly("Plover 420");
+    // thrust over ten seconds of a rotor in an inflow that is held, sinking at a multiple of 0.6 of it
+    constexpr float inflow = 11.0f;
+    struct thrusts {
+        float mean, least, most, half_a_second;
+    };
+    const auto sinking = [&](float multiple, float side_kts) {
+        move(side_kts * con.ktstomsc, -multiple * 0.6f * inflow);
+        e.pitch_deg_use = 8.0f;
+        mnw.prd_FM = 1e-6f;
+        thrusts t{0.0f, 1e9f, -1e9f, 0.0f};
+        float before = 0.0f;
+        for (int i = 0; i < 40; ++i) {
+            mnw.totl_time = 0.3f + 0.25f * i;
+            e.tacrad_PROP = rotor_speed();
+            e.DVinc = inflow;
+            for (float& ring : e.RING_DVinc) ring = inflow;
+            for (int settling = 0; settling < 20; ++settling) turn(0);  // the load along the span
+            t.mean += e.thrust / 40.0f;
+            t.least = fltmin2(t.least, e.thrust);
+            t.most = fltmax2(t.most, e.thrust);
+            if (i % 2) t.half_a_second = fltmax2(t.half_a_second, fabsf(e.thrust - before));
+            before = e.thrust;
+        }
+        return t;
+    };
+    const thrusts ring = sinking(1.5f, 0.0f), past = sinking(2.105f, 0.0f), aside = sinking(1.5f, 10.5f);
+    EXPECT_GT(aside.mean, 10000.0f);
+    EXPECT_LT(ring.mean, 0.6f * aside.mean);
+    EXPECT_GT(ring.most - ring.least, 0.05f * aside.mean) << "the gusts change";
+    EXPECT_LT(ring.half_a_second, 1e-3f * aside.mean) << "but twice a second only";
+    for (const thrusts& calm : {past, aside, sinking(0.895f, 0.0f), sinking(-1.5f, 0.0f)})
+        EXPECT_LT(calm.most - calm.least, 1e-3f * aside.mean);
+    EXPECT_GT(past.mean, aside.mean) << "sinking faster, it only gains";
+    EXPECT_LT(ring.mean, sinking(1.0f, 0.0f).mean) << "half way in";
+    EXPECT_LT(sinking(1.9f, 0.0f).mean, sinking(2.0f, 0.0f).mean) << "and on the way out";
+}
+
+TEST_F(disc, a_rotor_gains_near_the_ground_and_from_side_flow) {
+    fly("Plover 420");
+    const auto thrust_at = [&](float altitude, float speed) {
+        move(speed, 0.0f, altitude);
+        e.pitch_deg_use = 8.0f;
+        settle(0, rotor_speed());
+        return e.thrust;
+    };
+    const float hover = thrust_at(300.0f, 0.0f), low = thrust_at(3.0f, 0.0f), lower = thrust_at(1.5f, 0.0f);
+    EXPECT_GT(hover, 8000.0f);
+    EXPECT_GT(low, 1.05f * hover);  // measured rotors gain 10 to 25 percent at half a radius
+    EXPECT_LT(low, 1.5f * hover);
+    EXPECT_GT(lower, low);
+    EXPECT_GT(thrust_at(300.0f, 25.0f), 1.2f * hover) << "translational lift";
+}
+
+TEST_F(disc, cyclic_tilts_the_rotor_and_turns_the_helicopter_with_the_stick) {
+    for (const float dir : {1.0f, -1.0f})
+        for (const bool by_tilt : {false, true}) {
+            fly("Plover 420");
+            v.engn[0].prop_dir = dir;
+            if (by_tilt) {
+                v.cyclic_def_elev = v.cyclic_def_ailn = 0.0f;
+                v.disc_tilt_elev = v.disc_tilt_ailn = 6.0f;
+            }
+            lab_set_power(0.6f);
+            lab_hold(15.0f);
+            const auto answer = [&](float ptch, float roll) {
+                lab_command(ptch, roll, 0.0f);
+                lab_hold(4.0f);
+                return sums{f.L, f.M, 0.0f, f.fside_prop_acf, f.fnrml_prop_acf, f.faxil_prop_acf};
+            };
+            const sums rest = answer(0.0f, 0.0f);
+            const sums ahead = answer(-0.5f, 0.0f);
+            const float elev_tilt = e.cyclic_elev_disc_tilt;
+            const sums right = answer(0.0f, 0.5f);
+            const float ailn_tilt = e.cyclic_ailn_disc_tilt;
+            SCOPED_TRACE(testing::Message() << "sense " << dir << (by_tilt ? ", tilted" : ", cyclic"));
+            const float weight = rest.nrml;
+            EXPECT_GT(weight, 8000.0f);
+            EXPECT_LT(elev_tilt, by_tilt ? -2.9f : -1.5f);
+            EXPECT_GT(ailn_tilt, by_tilt ? 2.9f : 1.0f);
+            EXPECT_LT(ahead.M - rest.M, -0.05f * weight) << "the nose goes down";
+            EXPECT_GT(right.L - rest.L, 0.03f * weight) << "and right";
+            EXPECT_LT(ahead.axil - rest.axil, -0.02f * weight) << "pulled along";
+            EXPECT_GT(right.side - rest.side, 0.015f * weight);
+            EXPECT_LT(fabsf(ahead.L - rest.L), 0.5f * fabsf(ahead.M - rest.M)) << "with little crossing";
+            EXPECT_LT(fabsf(right.M - rest.M), 0.5f * fabsf(right.L - rest.L));
+        }
+}
+
+TEST_F(disc, delta_three_crosses_the_axes) {
+    fly("Plover 420");
+    f.FC_ptch = 0.5f;
+    f.FC_roll = 0.0f;
+    const auto blades = [&](float delta3) {
+        v.delta3 = delta3;
+        e.cyclic_elev_disc_tilt = e.cyclic_ailn_disc_tilt = 0.0f;
+        e.tacrad_PROP = rotor_speed();
+        turn(0);
+    };
+    blades(0.0f);
+    const float asked = e.cyclic_elev_blad_alph;
+    EXPECT_NEAR(asked, 4.5f, 1e-3f);
+    EXPECT_NEAR(e.cyclic_ailn_blad_alph, 0.0f, 1e-3f);
+    blades(90.0f);  // in full
+    EXPECT_NEAR(e.cyclic_ailn_blad_alph, asked, 1e-3f);
+    blades(-30.0f);
+    EXPECT_NEAR(e.cyclic_ailn_blad_alph, -0.5f * asked, 0.01f);
+    f.FC_ptch = 0.0f;
+    f.FC_roll = 1.0f;
+    blades(90.0f);
+    EXPECT_NEAR(e.cyclic_elev_blad_alph, -7.0f, 1e-3f);
+}
+
+TEST_F(disc, the_mast_bumps_only_at_the_stop) {
+    fly("Plover 420");
+    v.flap_arm = 0.0f;
+    no_air();
+    mnw.prd_FM = 1e-6f;
+    f.Qrad = -1.0f;  // the airframe noses over under a rotor that keeps its plane
+    const float h = v.engn[0].mi_prop_rpm * rotor_speed();
+    const auto moment = [&](float elev, float ailn) {
+        e.cyclic_elev_disc_tilt = elev;
+        e.cyclic_ailn_disc_tilt = ailn;
+        e.Q_rotor_rad = e.R_rotor_rad = 0.0f;
+        e.tacrad_PROP = rotor_speed();
+        return turn(0);
+    };
+    const float stop = 2.0f * v.cyclic_def_elev;
+    EXPECT_NEAR(moment(0.98f * stop, 0.0f).M, 0.0f, 1e-3f * h);
+    EXPECT_NEAR(moment(1.02f * stop, 0.0f).M, h, 0.05f * h) << "pushed back by the gyroscope's moment";
+    EXPECT_LE(e.cyclic_elev_disc_tilt, stop);
+    EXPECT_NEAR(moment(-1.02f * stop, 0.0f).M, 0.0f, 1e-3f * h) << "it moves off this stop";
+    f.Qrad = 0.0f;
+    f.Prad = -1.0f;
+    const sums s = moment(0.0f, 2.04f * v.cyclic_def_ailn);
+    EXPECT_NEAR(s.L, h, 0.05f * h);
+    EXPECT_NEAR(s.N, 0.0f, 0.05f * h);
+    // a hinge away from the mast passes the pull of tilted blades
+    f.Prad = 0.0f;
+    v.flap_arm = 0.2f;
+    EXPECT_GT(moment(5.0f, 0.0f).M, 1000.0f);
+    EXPECT_LT(moment(-5.0f, 0.0f).M, -1000.0f);
+    EXPECT_GT(moment(0.0f, 5.0f).L, 1000.0f);
+}
+
+TEST_F(disc, blades_cone_by_their_lift_within_eight_degrees) {
+    fly("Plover 420");
+    e.pitch_deg_use = 8.0f;
+    const float R = v.wing[0].semilen_SEG, m = v.engn[0].prop_mass;
+    settle(0, rotor_speed());
+    const float hover = e.cone_rad;
+    // lift against centrifugal force at the middle of the blades
+    EXPECT_NEAR(hover, e.thrust / (m * sqr(rotor_speed()) * 0.5f * R), 0.05f * hover);
+    settle(0, 0.3f * rotor_speed());
+    EXPECT_LE(e.cone_rad, 8.0f * con.degtorad + 1e-4f);
+    v.engn[0].prop_mass = 1.0f;
+    settle(0, rotor_speed());
+    EXPECT_NEAR(e.cone_rad, 8.0f * con.degtorad, 1e-4f);
+    settle(1, 200.0f);
+    EXPECT_EQ(f.engn[1].cone_rad, 0.0f);
+}
+
+// -- what befalls a disc
+TEST_F(disc, ice_costs_thrust_and_torque) {
+    fly("Wren 160");
+    move(40.0f);
+    settle(0, 240.0f);
+    const float thrust = e.thrust, torque = e.drag_TRQ;
+    f.prop_ice = 0.5f;
+    settle(0, 240.0f);
+    EXPECT_LT(e.thrust, 0.9f * thrust);
+    EXPECT_GT(e.thrust, 0.0f);
+    EXPECT_GT(e.drag_TRQ, 1.1f * torque);
+}
+
+TEST_F(disc, a_blade_in_the_ground_stops_and_fails_its_disc) {
+    fly("Plover 420");
+    const float tip_of_tail = v.part[1].part_y - v.wing[1].semilen_SEG;
+    const auto strikes = [&](int en, float height) {
+        move(0.0f, 0.0f, height);
+        f.fail_stat[fail_tail_drive] = f.fail_stat[fail_engine] = f.fail_stat[fail_engine + 1] = 0;
+        f.engn[en].tacrad_PROP = f.engn[en].tacrad_ENGN = 100.0f;
+        turn(en);
+        return f.engn[en].tacrad_PROP == 0.0f && f.engn[en].tacrad_ENGN == 0.0f;
+    };
+    EXPECT_FALSE(strikes(1, 0.1f - tip_of_tail));
+    EXPECT_FALSE(f.fail_stat[fail_tail_drive]);
+    EXPECT_TRUE(strikes(1, -0.1f - tip_of_tail));
+    EXPECT_EQ(f.fail_stat[fail_tail_drive], fail_active);
+    EXPECT_FALSE(f.fail_stat[fail_engine + 1]);
+    EXPECT_FALSE(strikes(0, 1.0f)) << "the main rotor is above";
+    EXPECT_TRUE(strikes(0, -0.5f - v.part[0].part_y));
+    EXPECT_EQ(f.fail_stat[fail_engine], fail_active);
+}
+
+TEST_F(disc, a_disc_hidden_at_ninety_degrees_is_not_there) {
+    fly("Wren 160");
+    v.hide_prop_at_90_vect = 1;
+    e.vert_disc_vector = e.vert_disc_cyclic = 90.0f;
+    e.tacrad_PROP = 200.0f;
+    const flt_engn_struct before = e;
+    const sums hidden = pass(do_all_props);
+    EXPECT_EQ(fabsf(hidden.L) + fabsf(hidden.M) + fabsf(hidden.N) + fabsf(hidden.nrml), 0.0f);
+    EXPECT_EQ(memcmp(&before, &e, sizeof before), 0) << "and keeps its state";
+    e.vert_disc_vector = 89.0f;
+    EXPECT_GT(pass(do_all_props).nrml, 100.0f);
+}
+}  // namespace
