@@ -8,11 +8,18 @@
 #include "flight/trace.h"
 
 namespace {
-constexpr float disc_divisor_min = 1e-3f;
 constexpr float least_engine_inertia = 1e-6f;  // kg m2
 
 float gear_of(int en) { return fltmax2(veh[0].engn[en].prop_gear_rat, disc_divisor_min); }
-float inertia_of(int en) { return fltmax2(veh[0].engn[en].mi_prop_rpm, disc_divisor_min); }
+// A disc that the file left without mass gets what the shaft's steps need to stay stable: of the order of the
+// engine's torque over the disc's speed.
+float inertia_of(int en) {
+    const float mi = veh[0].engn[en].mi_prop_rpm;
+    if (mi >= disc_divisor_min) return mi;
+    constexpr float steady_step = 0.1f;  // s, some steps of the longest frame
+    const float full_speed = fltmax2(veh[0].RSC_redline_ENGN, 1.0f) / gear_of(en);
+    return fltmax2(disc_divisor_min, steady_step * veh[0].trq_max_eng * gear_of(en) / full_speed);
+}
 bool has_disc(int en) { return has_this_thru(0, en, thru_disc); }
 bool on_jet_power(int en) { return is_lift_fan(0, en) || is_gyr_rotor(0, en); }
 

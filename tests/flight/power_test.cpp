@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "aircraft/check.h"
 #include "aircraft/derive.h"
 #include "aircraft/exists.h"
 #include "app/headless.h"
@@ -249,6 +250,17 @@ TEST_P(powered, survives_ten_minutes_of_random_controls_and_levers) {
         ASSERT_LT(fabsf(flt[0].g_total), 1000.0f) << "frame " << i;
         ASSERT_LT(flt[0].AV_msc, 2000.0f);
     }
+}
+
+TEST_P(powered, a_propeller_without_mass_is_told_and_still_flies) {
+    if (!has_this_engn(0, 0, engn_prop)) GTEST_SKIP();
+    for (veh_engn_struct& e : veh[0].engn) e.mi_prop_rpm = 0.0f;
+    lab_set_power(0.7f);
+    hold_still(altitude, 40.0f, 30.0f);
+    EXPECT_GT(flt[0].engn[0].tacrad_PROP, 0.5f * veh[0].RSC_redline_ENGN / veh[0].engn[0].prop_gear_rat);
+    ACF_warn_of_zeros(0);
+    ASSERT_FALSE(test::alerts.empty());
+    EXPECT_NE(test::alerts.back().text.line[1].find("inertia of thrust point 0"), std::string::npos);
 }
 
 TEST_P(powered, counter_rotating_twins_are_symmetrical) {
