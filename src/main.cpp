@@ -7,7 +7,7 @@
 #include "core/paths.h"
 #include "core/records.h"
 #include "core/seams.h"
-#include "ui/windows.h"
+#include "ui/start_screen.h"
 
 int main() {
     try {

@@ -6,47 +6,66 @@
 #include "core/input_gate.h"
 #include "core/records.h"
 #include "core/seams.h"
-#include "draw/text.h"
+#include "core/text_numbers.h"
+#include "draw/frames.h"
+#include "draw/ogl.h"
+#include "draw/type.h"
+#include "draw/widgets.h"
 #include "platform/screen.h"
+#include "ui/start_screen.h"
 
 namespace {
-const alert_lines* shown;  // null while none is up
+const char* const languages[] = {"|English", "|French", "|German", "|Italian", "|Spanish", "|Korean", "|Portuguese"};
 
-// Breaks a line at blanks, so that it fits a width of virtual units, and draws it downward from y.
-float draw_wrapped(const std::string& text, float x, float y, float width) {
-    constexpr float line_height = 16.0f;
-    const text_colour ink{0.95f, 0.95f, 0.9f};
-    size_t start = 0;
-    while (start < text.size()) {
-        size_t end = text.size();
-        while (end > start && text_width(text.substr(start, end - start)) > width) {
-            const size_t blank = text.rfind(' ', end - 1);
-            if (blank == std::string::npos || blank <= start) break;
-            end = blank;
-        }
-        text_draw(x, y, text.substr(start, end - start), ink);
-        y -= line_height;
-        start = end == text.size() ? end : end + 1;
+// Set by the first frame that the button is clicked in.
+bool accepted;
+
+void language_buttons() {
+    constexpr float x = 150.0f, top = 168.0f, apart = 18.0f;
+    OGL_string(37, 40.0f, top, "Language:", no_wrap, charset_text);
+    int at = 0;
+    for (const char* language : languages) {
+        BTN_is_int(x, top - apart * static_cast<float>(at), &mnw.lang, at, language);
+        ++at;
     }
-    return y;
 }
 
-// The frame runs on for events and drawing, but does not simulate while the alert is up.
-void wait_for_user() {
-    while (mnw.top_win == win_alrt && !g_done) {
-        MACIBM_event_proc();
-        if (return_hit || mnw.mouse_clicked) break;
+void lines(const alert_lines& text) {
+    constexpr float heights[] = {185.0f, 145.0f, 105.0f, 65.0f};
+    constexpr float in = 10.0f;
+    for (int i = 0; i < 4; ++i) OGL_string(37, in, heights[i], text.line[i], mnw.win_dx - 2.0f * in, charset_text);
+}
+
+void draw(const alert_lines& text, int type) {
+    constexpr int without_bar = 0, nothing_more = 19;
+    constexpr float button_up = 18.0f;
+    OGL_view_2d();
+    seam.draw_background();
+    BTN_fillwin(without_bar, nothing_more);
+    if (type == alert_language)
+        language_buttons();
+    else
+        lines(text);
+    const std::string label = type == alert_language ? "Accept" : stl.text[text_ok].empty() ? "OK" : stl.text[text_ok];
+    accepted = BTN_action(0.5f * mnw.win_dx, button_up, 0, 1, label) || return_hit;
+}
+
+// The frame runs on for events and the swap, but does not simulate while the alert is up.
+void wait_for_user(const alert_lines& text, int type) {
+    accepted = false;
+    while (mnw.top_win == win_alrt && !g_done && !accepted) {
+        draw(text, type);
+        if (!accepted) MACIBM_event_proc();
     }
 }
 
 void show(int close_to, const alert_lines& text, int type) {
     const float mx = mnw.mx, my = mnw.my;
     if (type == alert_sys_event) check_sys_event = 1;
-    shown = &text;
+    return_hit = 0;
     MACIBM_startwind(win_alrt, "alert");
-    wait_for_user();
+    wait_for_user(text, type);
     check_sys_event = return_hit = 0;
-    shown = nullptr;
     if (type == alert_fatal) return;
     MACIBM_startwind(close_to, "alert closed");
     mnw.mx = mx;
@@ -55,15 +74,3 @@ void show(int close_to, const alert_lines& text, int type) {
 }  // namespace
 
 void alerts_in_window() { alert_seam.show = show; }
-
-void draw_alert() {
-    if (!shown || mnw.top_win != win_alrt) return;
-    // the window of an alert is 400 by 220 in the middle of the screen; long lines take more
-    constexpr float left = 232.0f, right = 792.0f, top = 494.0f, bottom = 274.0f, margin = 20.0f, gap = 6.0f;
-    seam.draw_background();
-    text_backdrop(left - margin, bottom, right + margin, top + margin, {0.05f, 0.07f, 0.11f}, 0.85f);
-    float y = top - margin;
-    for (const std::string& line : shown->line)
-        y = draw_wrapped(line, left, y, right - left) - (line.empty() ? 0.0f : gap);
-    text_draw(left, bottom + margin, "Press Return to go on.", {1.0f, 0.8f, 0.3f});
-}

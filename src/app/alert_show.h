@@ -1,7 +1,6 @@
 // Alerts in the window.
 #pragma once
 
-// Shows alerts in the window from now on: four lines of text, closed by Return or a click.
+// Shows alerts in the window from now on: the language chooser, or four lines of text, closed by the button or by
+// Return.
 void alerts_in_window();
-// Draws the alert that is up, if any; part of the overlay.
-void draw_alert();

@@ -8,10 +8,13 @@
 #include "core/num.h"
 #include "core/records.h"
 #include "core/seams.h"
+#include "draw/colours.h"
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
 #include "sound/sound.h"
+#include "ui/clicks.h"
+#include "ui/start_screen.h"
 #include "ui/windows.h"
 #include "weather/clouds.h"
 
@@ -156,9 +159,10 @@ void MACIBM_event_proc() {
     frame_rate_proof();
     mnw.cursor_type = 0;
     ren.num_fas_finds = ren.num_slo_finds = 0;
-    if (mnw.menu_up >= 0) MACIBM_handleclick(0);  // moving over another title opens that menu
+    menus_follow_mouse();
     profile_chart("menu", 0);
 
+    if (mnw.top_win == win_fly) start_lights_allowed(0);
     if (!window_is_modal()) {
         APP_update();
         mnw.first_miss_cycle = 0;

@@ -1,4 +1,6 @@
 // Start-up in its fixed order, and shutdown.
+#include <fstream>
+
 #include "app/alert_show.h"
 #include "app/frame.h"
 #include "app/load_plane.h"
@@ -14,6 +16,9 @@
 #include "core/records.h"
 #include "core/seams.h"
 #include "core/upward.h"
+#include "draw/gl_facts.h"
+#include "draw/menus.h"
+#include "draw/ogl.h"
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
@@ -25,7 +30,10 @@
 #include "sound/sound.h"
 #include "ui/devices.h"
 #include "ui/logbook.h"
+#include "ui/clicks.h"
+#include "ui/language.h"
 #include "ui/prefs.h"
+#include "ui/start_screen.h"
 #include "ui/windows.h"
 #include "weather/atmosphere.h"
 #include "weather/clouds.h"
@@ -140,7 +148,7 @@ void limit_periods_from_file() {
 }
 
 void graphics_are_missing() {
-    handle_prefs(0, 7, res_path);
+    std::ofstream(set_dir_chars(res_path), std::ios::trunc);  // the next start takes the defaults
     MACIBM_alert(
         0,
         "I could not set up the graphics for Tarvane! I hope your monitor is at 1024x768 or higher! It must "
@@ -153,12 +161,19 @@ void graphics_are_missing() {
         alert_fatal);
 }
 
+void draw_background() {
+    OGL_view_2d();
+    OGL_plot_background();
+}
+
 // What is drawn, and where alerts go, once there is a window.
 void draw_in_window() {
     window_fixed_gl_state();
     platform_install_seams();
-    seam.draw_world = seam.draw_background = plain_view_draw;
-    seam.draw_overlay = draw_alert;
+    seam.draw_world = plain_view_draw;
+    seam.draw_background = draw_background;
+    seam.draw_overlay = overlay_draw;
+    menus_ask_program();
     if (seam.has_user) alerts_in_window();
 }
 
@@ -166,14 +181,14 @@ void draw_in_window() {
 void open_window() {
     handle_prefs(0, 6, res_path);
     limit_periods_from_file();
-    mnw.x_res_now = mnw.x_res_req;
-    mnw.y_res_now = mnw.y_res_req;
     compute_screen_scale();
     if (seam.has_display) {
         if (!MACIBM_setres(1) || !MACIBM_getcontext()) graphics_are_missing();
+        read_gl_facts();
         draw_in_window();
     }
     load_interface_images();
+    MACIBM_clear_menus(1);
     MACIBM_startwind(-1, "initial init");
     g_done = 0;
     choose_language();

@@ -15,6 +15,7 @@
 #include "core/records.h"
 #include "core/seams.h"
 #include "core/upward.h"
+#include "draw/widgets.h"
 #include "flight/ai_pilot.h"
 #include "flight/autopilot.h"
 #include "flight/contact.h"
@@ -24,6 +25,7 @@
 #include "flight/weapons.h"
 #include "net/data_table.h"
 #include "net/messages.h"
+#include "net/version_query.h"
 #include "platform/window.h"
 #include "plugins/host.h"
 #include "scenery/nav_data.h"
@@ -35,7 +37,6 @@
 #include "ui/commands.h"
 #include "ui/devices.h"
 #include "ui/logbook.h"
-#include "ui/prefs.h"
 #include "ui/windows.h"
 #include "weather/clouds.h"
 #include "weather/puffs.h"
@@ -166,12 +167,21 @@ void handle_vectors() {}
 void LSO_respond() {}
 int atc_is_talking() { return 0; }
 void clear_atc_and_plan() {}
+void hand_over_plan() {}
+int TVPHandleMenu(int) { return 0; }
+int TVPCheckMenu(int) { return 0; }
+int TVPMenuIsDisabled(int) { return 0; }
+void send_airport_to_instructor(int) {}
+void version_query::start() { done = true; }
+void version_query::process() {}
+void poke_zoom(int) {}
+void poke_pan(float, float) {}
+void dialog_opensave(int, int, std::string*, std::string*) {}
 
 // -- jobs: none
 void THREAD_Cleanup() {}
 
 // -- interface: no preferences, menus, settings windows, logbook, chatter, key file, devices
-int handle_prefs(int, int, const std::string&) { return 0; }
 void manage_apt() {}
 void manage_dat() {}
 void manage_wxr() {}
@@ -194,13 +204,6 @@ void manage_vew() {}
 void manage_pln() {}
 void stop_fire() {}
 void stop_starter() {}
-void MACIBM_showinit(const char*) {}
-void MACIBM_update_back_texes() {}
-void MACIBM_setupforlang(int) {}
-void set_pulse_colours(float) {}
-void load_interface_images() {}
-void choose_language() { mnw.lang = 0; }
-void show_start_notes() {}
 void logbook_read() {}
 void logbook_entry() {}
 void load_radio_chatter() {}

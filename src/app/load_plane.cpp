@@ -25,7 +25,7 @@
 #include "plugins/host.h"
 #include "scenery/terrain_query.h"
 #include "sound/sound.h"
-#include "ui/windows.h"
+#include "ui/start_screen.h"
 #include "weather/atmosphere.h"
 
 namespace {

@@ -119,8 +119,3 @@ void input_gate_mouse(float mx, float my, int clicked, int lifted) {
 }
 
 void input_gate_wheel(int steps) { mnw.mouse_wheel += steps; }
-
-// Neither windows that could close nor menus that could take the click stand yet.
-void MACIBM_handleclick(int enter_close) {
-    if (!enter_close) mnw.mouse_clicked = 1;
-}

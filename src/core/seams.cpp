@@ -11,6 +11,7 @@ static double virtual_seconds;
 static long long virtual_millisec() { return static_cast<long long>(virtual_seconds * 1000.0); }
 static void virtual_wait(float seconds) { virtual_seconds += seconds; }
 static void nothing() {}
+static void no_pointer(int) {}
 static void no_sound(int, float, float) {}
 static void no_datagram(int, const void*, int) {}
 
@@ -26,6 +27,7 @@ void seams_headless() {
             .wait = virtual_wait,
             .drain_events = nothing,
             .swap_buffers = nothing,
+            .show_pointer = no_pointer,
             .has_display = 0,
             .has_user = 0,
             .draw_world = nothing,

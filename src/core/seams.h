@@ -10,6 +10,7 @@ struct seam_struct {
     // window system
     void (*drain_events)();               // all pending events into mnw
     void (*swap_buffers)();
+    void (*show_pointer)(int shown);      // the window system's own mouse pointer
     int has_display;                      // a window is wanted
     int has_user;                         // somebody can answer an alert
     // drawing

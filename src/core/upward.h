@@ -5,9 +5,24 @@
 // Tells the plugins: 0 start of a flying frame, 2 crash, 3 aircraft loaded, 4 flight started.
 void TVPEventHook(int event, float time, float data, long long_1, long long_2);
 
+// The about window, until it is closed.
+void MACIBM_about();
+
 // Every command and key ends here.
 void APP_handlemenu(int item);
 void APP_handlekey(int use_code, int key);
+
+// Asks the plugins first: 1 when one of them takes a menu's code; what they say of its look.
+int TVPHandleMenu(int item);
+int TVPCheckMenu(int item);
+int TVPMenuIsDisabled(int item);
+
+// The map's pan and zoom, by the codes of the arrow keys; and a pan in virtual units of the map.
+void poke_zoom(int int_key);
+void poke_pan(float dx, float dy);
+
+// A flight plan that was edited goes to the controllers.
+void hand_over_plan();
 
 // A key or button was let go: what fires or turns a starter only while held.
 void stop_fire();

@@ -12,3 +12,5 @@ int has_multiplayer();  // a peer was heard from in the last 30 seconds
 void NET_send_stat(int ip_index_to);
 void NET_send_vehn(int p, int ip_index_to);
 void NET_send_snap(int p, int ip_index_to);
+// The airport that was chosen, to the machine that this instructor's station serves.
+void send_airport_to_instructor(int type_start);

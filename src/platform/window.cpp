@@ -4,10 +4,12 @@
 #include <X11/XKBlib.h>
 #include <X11/Xutil.h>
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <iostream>
 #include <string_view>
 
+#include "core/alert.h"
 #include "core/input_gate.h"
 #include "core/mnw.h"
 #include "core/seams.h"
@@ -284,6 +286,7 @@ static void take_keyboard() {
 int MACIBM_getcontext() {
     dpy = XOpenDisplay(nullptr);
     if (!dpy) return 0;
+    XSetIOErrorHandler(display_lost);
     if (!choose_visual()) {
         window_close();
         return 0;
@@ -315,6 +318,32 @@ void window_close() {
     dpy = nullptr, win = 0, cx = nullptr, vi = nullptr;
 }
 
+// The system's pointer over the window, or an empty one.
+static void show_pointer(int shown) {
+    static int now = -1, generation = -1;
+    if (!dpy || (shown == now && generation == window_generation)) return;
+    now = shown;
+    generation = window_generation;
+    if (shown) {
+        XUndefineCursor(dpy, win);
+        return;
+    }
+    static const char nothing[1] = {0};
+    const Pixmap bits = XCreateBitmapFromData(dpy, win, nothing, 1, 1);
+    XColor black{};
+    const Cursor empty = XCreatePixmapCursor(dpy, bits, bits, &black, &black, 0, 0);
+    XDefineCursor(dpy, win, empty);
+    XFreeCursor(dpy, empty);
+    XFreePixmap(dpy, bits);
+}
+
+// The display went away under the program: what the user has set is kept, then it ends.
+static int display_lost(Display*) {
+    dpy = nullptr;
+    if (alert_seam.finish) alert_seam.finish(1);
+    _exit(EXIT_FAILURE);
+}
+
 static void swap_buffers() {
     if (dpy) glXSwapBuffers(dpy, win);
 }
@@ -323,6 +352,7 @@ void platform_install_seams() {
     seams_real_clock();
     seam.drain_events = drain_events;
     seam.swap_buffers = swap_buffers;
+    seam.show_pointer = show_pointer;
     seam.has_display = 1;
 }
 

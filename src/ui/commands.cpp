@@ -20,14 +20,34 @@
 #include "ui/engine_keys.h"
 #include "ui/logbook.h"
 
+namespace {
+void quit() { g_done = 1; }
+void start_again() { init_flt_0(start_airport, place_runway); }
+void forward_view() { ren.view_type_act = view_fwd_panel; }
+void night_vision() { ren.night_vision_on = !ren.night_vision_on; }
+void write_trace() { mnw.cyc_out = 1; }
+void kick_pitch() { msc.stab_ptch_test = 2; }
+void kick_heading() { msc.stab_hdng_test = 2; }
+
+struct command_row {
+    int code;
+    void (*run)();
+};
+constexpr command_row commands[] = {
+    {0, MACIBM_about},      {cmd_quit, quit},          {start_airport, start_again}, {view_fwd_panel, forward_view},
+    {1534, night_vision},   {cmd_trace, write_trace},  {1819, kick_pitch},           {1820, kick_heading},
+};
+}  // namespace
+
+int command_exists(int item) {
+    for (const command_row& command : commands)
+        if (command.code == item) return 1;
+    return 0;
+}
+
 void APP_handlemenu(int item) {
-    if (item == cmd_quit) {
-        g_done = 1;
-    } else if (item == cmd_trace) {
-        mnw.cyc_out = 1;
-    } else if (item >= view_fwd_panel && item <= 1540) {
-        ren.view_type_act = view_fwd_panel;  // the one view there is
-    }
+    for (const command_row& command : commands)
+        if (command.code == item) command.run();
     TVPEventHook(1, mnw.real_time, 0.0f, 0, 0);
 }
 
