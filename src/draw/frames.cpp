@@ -71,9 +71,9 @@ void BTN_frame1(int type, float x_center, float y_center, float dx_control, int 
     const frame_piece& f = frame1_pieces[type];
     if (type <= 1) y_center -= 3.0f;
     const float half = 0.5f * (fltnear(dx_control) + 2.0f * f.shadow);
-    const float x = static_cast<float>(intround(x_center)), y = static_cast<float>(intround(y_center));
-    draw_stretched({x - half, y - 0.5f * f.at.dy, x + half, y + 0.5f * f.at.dy}, f.at.s, f.at.t, f.at.dx, f.at.dy,
-                   f.border, 0.0f, color);
+    const float x = static_cast<float>(intround(x_center));
+    const float low = static_cast<float>(intround(y_center)) - 0.5f * static_cast<float>(f.height);
+    draw_stretched({x - half, low, x + half, low + f.at.dy}, f.at.s, f.at.t, f.at.dx, f.at.dy, f.border, 0.0f, color);
 }
 
 void BTN_frame2(int type, float x, float y, float dx, float dy, const std::string& label0) {

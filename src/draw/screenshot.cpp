@@ -9,6 +9,9 @@
 #include <vector>
 
 #include "core/mnw.h"
+#include "core/num.h"
+#include "core/paths.h"
+#include "draw/tman.h"
 
 // Outside any function that owns objects: libpng leaves by longjmp.
 static bool write_rows(FILE* file, int width, int height, const std::vector<png_bytep>& rows) {
@@ -43,4 +46,14 @@ bool save_screenshot(const std::string& png_path) {
     if (!file) return false;
     const bool written = write_rows(file, width, height, rows);
     return (fclose(file) == 0) && written;
+}
+
+void OGL_screenshot() {
+    static int number = 0;
+    constexpr int most = 1024;
+    const int dx = intmin2(mnw.x_res_now, most), dy = intmin2(mnw.y_res_now, most);
+    glReadBuffer(GL_FRONT);
+    glReadPixels((mnw.x_res_now - dx) / 2, (mnw.y_res_now - dy) / 2, dx, dy, GL_RGB, GL_UNSIGNED_BYTE, scratch_array);
+    glReadBuffer(GL_BACK);
+    write_bmp_to_disk(app_path + "screenshot_" + std::to_string(++number) + ".bmp", dx, dy);
 }

@@ -122,25 +122,29 @@ struct field {
     label_parts label;
 };
 
-// Frame and labels of a field of that many boxes.
-field draw_field(float x, float y, int boxes, const std::string& label0) {
-    constexpr float zone_low = 18.0f, zone_high = 24.0f, frame_margin = 6.0f;
-    const float half = 0.5f * digit_dx * static_cast<float>(boxes);
-    field f{x - half, false, label0to12h(label0)};
-    f.in = hovers(x - half, y - zone_low, x + half, y + zone_high, f.label.help);
-    BTN_frame1(kind_field, x, y + field_middle, 2.0f * half + frame_margin, col_white);
-    draw_labels(x, y, half + frame_margin, f.label);
+constexpr float zone_low = 18.0f;  // the boxes reach from so far below y, a half 21 high
+
+// Boxes and labels of a field; the half under the mouse lights up where a click would change it.
+field draw_field(float x, float y, int boxes, const std::string& label0, bool can_change = true) {
+    const float half = static_cast<float>(intround(0.5f * digit_dx * static_cast<float>(boxes)));
+    const float low = y - zone_low, middle = y + field_middle;
+    field f{static_cast<float>(intround(x)) - half, false, label0to12h(label0)};
+    f.in = hovers(f.left, low, f.left + 2.0f * half, middle + piece_digit_upper.dy, f.label.help);
+    draw_piece(piece_digit_left, f.left - piece_digit_left.dx, low);
+    draw_piece(piece_digit_right, f.left + 2.0f * half, low);
+    const bool lit = f.in && can_change, upper = mnw.my >= middle;
+    for (int box = 0; box < boxes; ++box) {
+        const float at = f.left + digit_dx * static_cast<float>(box);
+        const bool here = lit && fltrange(mnw.mx, at, at + digit_dx);
+        draw_piece(here && !upper ? piece_digit_lower_hover : piece_digit_lower, at, low);
+        draw_piece(here && upper ? piece_digit_upper_hover : piece_digit_upper, at, middle);
+    }
+    draw_labels(x, y, half + piece_digit_left.dx, f.label);
     return f;
 }
 
-// The box under the mouse, with a hint of what a click would do.
-int box_under_mouse(const field& f, float y, int boxes) {
-    if (!f.in) return -1;
-    const int box = intlim(intcut((mnw.mx - f.left) / digit_dx), 0, boxes - 1);
-    const bool upper = mnw.my >= y + field_middle;
-    OGL_fillrect(col_white, 0.12f, f.left + digit_dx * static_cast<float>(box), upper ? y + field_middle : y - 7.0f,
-                 digit_dx, 10.0f);
-    return box;
+int box_under_mouse(const field& f, int boxes) {
+    return f.in ? intlim(intcut((mnw.mx - f.left) / digit_dx), 0, boxes - 1) : -1;
 }
 int step_sign(float y) { return mnw.my >= y + field_middle ? 1 : -1; }
 
@@ -153,7 +157,7 @@ double power_of_ten(int n) {
 
 int edit_number(float x, float y, double* value, int dig, int dec, double lo, double hi, const std::string& label0) {
     const field f = draw_field(x, y, dig, label0);
-    const int box = box_under_mouse(f, y, dig);
+    const int box = box_under_mouse(f, dig);
     int changed = 0;
     if (box >= 0 && mnw.mouse_clicked) {
         const double place = power_of_ten(dig - dec - 1 - box);
@@ -203,7 +207,7 @@ int BTN_fltij(float x, float y, float* var, int dig, int dec, int sign, float to
 }
 void BTN_display_number(float x, float y, float var, int dig, int dec, const std::string& label0) {
     constexpr float pitch = 6.0f;
-    draw_field(x, y, dig, label0);
+    draw_field(x, y, dig, label0, false);
     OGL_number(col_digits, x - 0.5f * pitch * static_cast<float>(dig), y, var, dig, dec, charset_small);
 }
 
@@ -223,7 +227,7 @@ char code_to_char(int code) {
 
 int BTN_chars(float x, float y, char* chars, int dim, const std::string& label0) {
     const field f = draw_field(x, y, dim, label0);
-    const int box = box_under_mouse(f, y, dim);
+    const int box = box_under_mouse(f, dim);
     int changed = 0;
     if (box >= 0 && mnw.mouse_clicked) {
         for (int i = 0; i < box; ++i)
@@ -292,7 +296,7 @@ void scroll_popup(float x, float y, float width, const std::vector<std::string>&
 
 int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const std::string& label0) {
     constexpr int kind_popup = 10;
-    constexpr float margin = 34.0f;
+    constexpr float margin = 34.0f, arrow_in = 14.0f;
     const std::vector<std::string> items = list_items(stl_list);
     if (items.empty()) return 0;
     if (items.size() > static_cast<size_t>(menu_itemDIM)) {
@@ -307,8 +311,7 @@ int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const 
     const int last = static_cast<int>(items.size()) - 1;
     const bool in = hovers(x - half, y - 8.0f, x + half, y + 14.0f, label.help);
     BTN_frame1(kind_popup, x, y + field_middle, width, col_white);
-    if (in) OGL_fillrect(col_white, 0.08f, x - half + 2.0f, y - 6.0f, width - 4.0f, 18.0f);
-    centre_piece(piece_popup_arrow, x + half - 10.0f, y + field_middle);
+    if (in) centre_piece(piece_popup_arrow, x + half + 2.0f - arrow_in, y + field_middle);
     OGL_string(col_widget, x - half + 6.0f, y, items[intlim(*sel, 0, last)], no_wrap, charset_text);
     draw_labels(x, y, half, label);
 
@@ -333,8 +336,8 @@ int BTN_tab(int col, int row, int* tab_variable, int tab_sel, const std::string&
     const label_parts parts = label0to12h(label);
     const bool on = *tab_variable == tab_sel;
     const bool in = hovers(x - half_dx, y - half_dy, x + half_dx, y + half_dy, parts.help);
-    BTN_frame1(on ? 3 : 2, x, y, dx, col_white);
-    if (in && !on) OGL_fillrect(col_white, 0.1f, x - 42.0f, y - 9.0f, 84.0f, 18.0f);
+    centre_piece(on ? piece_tab_on : piece_tab, x, y);
+    if (in && !on) centre_piece(piece_tab_hover, x, y);
     OGL_string(on ? col_tab_on : col_tab, x - 0.5f * str_dx(parts.left), y - 3.0f, parts.left, no_wrap, charset_text);
     if (!clicked(in) || on) return 0;
     *tab_variable = tab_sel;
@@ -364,7 +367,7 @@ int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float 
     BTN_frame1(kind_track, x + 0.5f * dx_max, y, dx_max, col_white);
     if (col != no_bar && ratio > 0.02f)
         BTN_frame1(kind_fill, x + 0.5f * dx_max * ratio, y, dx_max * ratio, col);
-    if (allow_change) centre_piece(piece_knob, x + dx_max * ratio, y);
+    if (allow_change) centre_piece(grabbed == data ? piece_knob_held : piece_knob, x + dx_max * ratio, y);
     if (!label.left.empty()) BTN_util_draw_label(x - 8.0f, y - 3.0f, side_left_of, label.left);
     if (!label.right.empty()) BTN_util_draw_label(x + dx_max + 12.0f, y - 3.0f, side_right_of, label.right);
     if (!overwrite.empty()) {
@@ -456,8 +459,7 @@ int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_pa
     const label_parts label = label0to12h(label0);
     const bool in = hovers(x - half - 2.0f * icon, y - 8.0f, x + half, y + 14.0f, label.help);
     BTN_frame1(kind_field, x, y + field_middle, dx, col_white);
-    centre_piece(piece_select_file, x - half - icon, y + field_middle);
-    if (in) OGL_framerect(col_white, 0.4f, x - half - 2.0f * icon, y - 8.0f, 2.0f * icon, 22.0f);
+    centre_piece(in && mnw.now_dragging ? piece_select_file_pressed : piece_select_file, x - half - icon, y + field_middle);
     OGL_string(col_digits, x - half + 6.0f, y, *stl_file, no_wrap, charset_text);
     draw_labels(x, y, half + (label.left.empty() ? 0.0f : 2.0f * icon), label);
     if (!clicked(in)) return 0;
@@ -540,18 +542,18 @@ int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* c
 
 void BTN_pan_zoom(float x, float y) {
     constexpr float radius = 28.0f, zoom_down = 46.0f, zoom_apart = 14.0f;
-    centre_piece(piece_pan_disc, x, y);
     const float dx = mnw.mx - x, dy = mnw.my - y;
-    if (mnw.now_dragging && mnw.menu_up == -1 && pythag(dx, dy) < radius) poke_pan(dx, dy);
-    const auto key = [&](const piece& p, float at_x, int code) {
-        centre_piece(p, at_x, y - zoom_down);
-        const bool in = hovers(at_x - 10.0f, y - zoom_down - 10.0f, at_x + 10.0f, y - zoom_down + 10.0f, "");
-        if (in) OGL_framerect(col_white, 0.4f, at_x - 11.0f, y - zoom_down - 11.0f, 22.0f, 22.0f);
+    const bool held = mnw.now_dragging && mnw.menu_up == -1 && pythag(dx, dy) < radius;
+    centre_piece(held ? piece_pan_disc_held : piece_pan_disc, x, y);
+    if (held) poke_pan(dx, dy);
+    const auto key = [&](const piece& p, const piece& pressed, float at_x, int code) {
+        const bool in = hovers(at_x - 12.0f, y - zoom_down - 10.0f, at_x + 12.0f, y - zoom_down + 10.0f, "");
+        centre_piece(in && mnw.now_dragging ? pressed : p, at_x, y - zoom_down);
         if (in && (mnw.mouse_clicked || mnw.delay_dragging)) poke_zoom(code);
     };
     constexpr int zoom_in = 31745, zoom_out = 31746;
-    key(piece_zoom_in, x - zoom_apart, zoom_in);
-    key(piece_zoom_out, x + zoom_apart, zoom_out);
+    key(piece_zoom_in, piece_zoom_in_pressed, x - zoom_apart, zoom_in);
+    key(piece_zoom_out, piece_zoom_out_pressed, x + zoom_apart, zoom_out);
 }
 
 // -- windows

@@ -283,6 +283,13 @@ static void take_keyboard() {
     XGrabKeyboard(dpy, win, True, GrabModeAsync, GrabModeAsync, CurrentTime);
 }
 
+// The display went away under the program: what the user has set is kept, then it ends.
+static int display_lost(Display*) {
+    dpy = nullptr;
+    if (alert_seam.finish) alert_seam.finish(1);
+    _exit(EXIT_FAILURE);
+}
+
 int MACIBM_getcontext() {
     dpy = XOpenDisplay(nullptr);
     if (!dpy) return 0;
@@ -335,13 +342,6 @@ static void show_pointer(int shown) {
     XDefineCursor(dpy, win, empty);
     XFreeCursor(dpy, empty);
     XFreePixmap(dpy, bits);
-}
-
-// The display went away under the program: what the user has set is kept, then it ends.
-static int display_lost(Display*) {
-    dpy = nullptr;
-    if (alert_seam.finish) alert_seam.finish(1);
-    _exit(EXIT_FAILURE);
 }
 
 static void swap_buffers() {

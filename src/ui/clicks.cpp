@@ -69,43 +69,39 @@ void draw_help() {
     OGL_string(col_help, x + in, y + dy - 20.0f, text, dx - 2.0f * in, charset_text);
 }
 
-struct cursor_tile {
-    int c, r;
-};
-cursor_tile tile_of(int cursor_type) {
+piece cursor_of(int cursor_type) {
     const int held = mnw.now_dragging ? 1 : 0;
     switch (cursor_type) {
         case 2:
-            return {0, 1};
+            return cursor_tile(0, 1);
         case 3:
-            return {1, 1};
+            return cursor_tile(1, 1);
         case 4:
-            return {0, 0};
+            return cursor_tile(0, 0);
         case 5:
-            return {1, 0};
+            return cursor_tile(1, 0);
         case 6:
-            return {2, 1};
+            return cursor_tile(2, 1);
         case 7:
-            return {3, 1};
+            return cursor_tile(3, 1);
         case 8:
-            return {2, 0};
+            return cursor_tile(2, 0);
         case 9:
-            return {3, 0};
+            return cursor_tile(3, 0);
         case 10:
-            return {4 + held, 1};
+            return cursor_tile(4 + held, 1);
         default:
-            return {4 + held, 0};
+            return cursor_tile(4 + held, 0);
     }
 }
 
 void draw_cursor() {
     constexpr int first_own = 2, last_own = 11;
-    constexpr float half = 15.0f, size = 30.0f, pitch = 32.0f, s0 = 200.0f, t0 = 293.0f;
+    constexpr float half = 15.0f;
     if (!intrange(mnw.cursor_type, first_own, last_own)) return;
-    const cursor_tile tile = tile_of(mnw.cursor_type);
-    const float s = s0 + pitch * static_cast<float>(tile.c), t = t0 + pitch * static_cast<float>(tile.r);
-    OGL_piece(tex_interface, col_white, 1.0f, mnw.mx - half, mnw.my - half, mnw.mx + half, mnw.my + half, s, t, s + size,
-              t + size);
+    const piece p = cursor_of(mnw.cursor_type);
+    OGL_piece(tex_interface, col_white, 1.0f, mnw.mx - half, mnw.my - half, mnw.mx + half, mnw.my + half, p.s, p.t,
+              p.s + p.dx, p.t + p.dy);
 }
 }  // namespace
 

@@ -16,15 +16,16 @@
 #include "core/records.h"
 #include "core/seams.h"
 #include "core/upward.h"
+#include "draw/screenshot.h"
 #include "flight/engines.h"
 #include "ui/engine_keys.h"
 #include "ui/logbook.h"
 
 namespace {
 void quit() { g_done = 1; }
-void start_again() { init_flt_0(start_airport, place_runway); }
 void forward_view() { ren.view_type_act = view_fwd_panel; }
 void night_vision() { ren.night_vision_on = !ren.night_vision_on; }
+void picture() { OGL_screenshot(); }
 void write_trace() { mnw.cyc_out = 1; }
 void kick_pitch() { msc.stab_ptch_test = 2; }
 void kick_heading() { msc.stab_hdng_test = 2; }
@@ -34,8 +35,8 @@ struct command_row {
     void (*run)();
 };
 constexpr command_row commands[] = {
-    {0, MACIBM_about},      {cmd_quit, quit},          {start_airport, start_again}, {view_fwd_panel, forward_view},
-    {1534, night_vision},   {cmd_trace, write_trace},  {1819, kick_pitch},           {1820, kick_heading},
+    {0, MACIBM_about},      {cmd_quit, quit},          {view_fwd_panel, forward_view},
+    {1534, night_vision},   {cmd_trace, write_trace},  {1805, picture},  {1819, kick_pitch},           {1820, kick_heading},
 };
 }  // namespace
 
