@@ -25,6 +25,7 @@
 #include "plugins/host.h"
 #include "scenery/terrain_query.h"
 #include "sound/sound.h"
+#include "core/upward.h"
 #include "ui/start_screen.h"
 #include "weather/atmosphere.h"
 

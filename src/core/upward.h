@@ -12,6 +12,9 @@ void MACIBM_about();
 void APP_handlemenu(int item);
 void APP_handlekey(int use_code, int key);
 
+// One step of the start-up screen, shown at once.
+void MACIBM_showinit(const char* init_string);
+
 // Asks the plugins first: 1 when one of them takes a menu's code; what they say of its look.
 int TVPHandleMenu(int item);
 int TVPCheckMenu(int item);

@@ -114,7 +114,7 @@ void MACIBM_create_menu(int m, int i, std::string stl_string) {
     const int parent = i / menu_itemDIM, entry = i % menu_itemDIM;
     own.menu_prnt = intrange(parent, 0, menuDIM - 1) ? parent : menuDIM;
     own.menux1 = own.menuy1 = own.menux2 = own.menuy2 = 0;
-    if (own.menu_prnt == menuDIM || entry >= static_cast<int>(menu[parent].item.size())) return;
+    if (own.menu_prnt == menuDIM || !intrange(entry, 0, static_cast<int>(menu[parent].item.size()) - 1)) return;
     const item_struct& item = menu[parent].item[entry];
     own.menux1 = item.itemx1;
     own.menux2 = item.itemx2;

@@ -4,7 +4,6 @@
 #include <GL/gl.h>
 
 #include "core/alert.h"
-#include "core/logs.h"
 #include "core/mnw.h"
 #include "core/num.h"
 #include "core/seams.h"
@@ -104,6 +103,7 @@ void OGL_2dquad(int tex, int col, float alp, const quad_corner& c1, const quad_c
 
 void OGL_piece(int tex, int col, float alp, float x1, float y1, float x2, float y2, float s1, float t1, float s2,
                float t2) {
+    if (!tman.tex_vram(tex)) return;  // before its image is there
     const float dx = tman.tex_dx_tot(tex), dy = tman.tex_dy_tot(tex);
     OGL_2dquad(tex, col, alp, {x1, y1, s1 / dx, t1 / dy}, {x1, y2, s1 / dx, t2 / dy}, {x2, y2, s2 / dx, t2 / dy},
                {x2, y1, s2 / dx, t1 / dy}, 1, al_blend);
@@ -179,15 +179,6 @@ void OGL_scissors_end() { glDisable(GL_SCISSOR_TEST); }
 void OGL_sbuf() {
     OGL_setcolorINDEX(col_white, 1.0f);
     seam.swap_buffers();
-}
-
-void GL_error_check(const char* label) {
-    constexpr int most = 16;  // a lost context tells errors for ever
-    for (int i = 0; i < most; ++i) {
-        const GLenum error = glGetError();
-        if (error == GL_NO_ERROR) return;
-        xer << "GL error " << error << " at " << label << '\n';
-    }
 }
 
 void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1, float pix_y1,

@@ -42,5 +42,3 @@ void OGL_sbuf();
 // of the screen in virtual units.
 void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1, float pix_y1,
                   float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom);
-// Tells GL's pending errors with a label, to the error log.
-void GL_error_check(const char* label);

@@ -44,6 +44,9 @@ bool find_face(int charset, font_face* face) {
     }
 }
 
+// Before the interface image is there nothing can be written.
+bool is_loaded(const font_face& face) { return tman.tex_vram(face.tex) > 0; }
+
 bool is_latin(char c) { return c >= first_glyph_code && c <= last_glyph_code; }
 // Characters at which a line may break and words end.
 bool is_break(char c) { return c == ' ' || c == '-' || c == '/' || c == ':'; }
@@ -128,7 +131,7 @@ int wrapped_lines(const std::string& text, float dx) {
 
 void OGL_string(int color, float x, float y, const std::string& input, float dx, int charset) {
     font_face face;
-    if (!find_face(charset, &face)) return;
+    if (!find_face(charset, &face) || !is_loaded(face)) return;
     const float left = static_cast<float>(intround(x + mnw.win_x));
     const float base = static_cast<float>(intround(y + mnw.win_y)) - 2.0f;
     begin_text(face, color);
@@ -211,6 +214,7 @@ void OGL_number(int color, float x, float y, float input, int dig, int dec, int 
     }
     font_face face;
     find_face(charset, &face);
+    if (!is_loaded(face)) return;
     const number_layout n = lay_out_number(input, dig, dec);
     const float left = static_cast<float>(intround(x + mnw.win_x));
     const float base = static_cast<float>(intround(y + mnw.win_y)) - 2.0f;
@@ -234,6 +238,7 @@ void OLD_OGL_char(int color, float x, float y, char input, int charset) {
 
 void OLD_OGL_strtex(int tex, int color, float x, float y, const char* input, float scale, int s, int t) {
     const font_face face{tex, static_cast<float>(s), static_cast<float>(t), 8.0f, 11.0f, 21, 0.0f};
+    if (!is_loaded(face)) return;
     begin_text(face, color);
     glEnd();
     glPushMatrix();

@@ -13,12 +13,13 @@
 #include "core/flt.h"
 #include "core/mnw.h"
 #include "core/num.h"
+#include "draw/colours.h"
 #include "draw/ogl.h"
-#include "draw/text.h"
+#include "draw/primitives.h"
+#include "draw/type.h"
 
-static constexpr text_colour label_colour{0.55f, 0.68f, 0.78f}, value_colour{0.94f, 0.97f, 1.0f},
-    warn_colour{1.0f, 0.72f, 0.25f};
-static constexpr float strip_height = 62.0f;  // virtual units, as all below
+static constexpr int label_colour = 39, value_colour = col_white, warn_colour = 8;
+static constexpr float strip_height = 50.0f;  // virtual units, as all below
 
 static void box(float x1, float y1, float x2, float y2, float r, float g, float b, float a) {
     OGL_setstate(fog_off, 0, lit_off, al_blend, depth_no_read, depth_no_write);
@@ -82,9 +83,9 @@ struct column_struct {
 static void draw_column(int place, int columns, const column_struct& column) {
     const float width = (mnw.x2_pix - mnw.x1_pix - 16.0f) / static_cast<float>(columns);
     const float x = mnw.x1_pix + 12.0f + width * static_cast<float>(place);
-    text_draw(x, 44.0f, column.label, label_colour);
-    text_draw(x, 25.0f, column.upper, value_colour);
-    text_draw(x, 8.0f, column.lower, value_colour);
+    OGL_string(label_colour, x, 36.0f, column.label, no_wrap, charset_text);
+    OGL_string(value_colour, x, 21.0f, column.upper, no_wrap, charset_text);
+    OGL_string(value_colour, x, 8.0f, column.lower, no_wrap, charset_text);
 }
 
 static void draw_columns() {
@@ -111,11 +112,11 @@ static void draw_columns() {
 }
 
 static void draw_note(const std::string& text) {
-    const float width = text_width(text) + 48.0f, middle = 0.5f * (mnw.x1_pix + mnw.x2_pix);
+    const float width = str_dx(text) + 48.0f, middle = 0.5f * (mnw.x1_pix + mnw.x2_pix);
     const float low = mnw.y2_pix - 96.0f;
     box(middle - 0.5f * width, low, middle + 0.5f * width, low + 34.0f, 0.05f, 0.08f, 0.12f, 0.75f);
     box(middle - 0.5f * width, low, middle + 0.5f * width, low + 2.0f, 1.0f, 0.72f, 0.25f, 0.9f);
-    text_draw(middle - 0.5f * text_width(text), low + 12.0f, text, warn_colour);
+    OGL_string(warn_colour, middle - 0.5f * str_dx(text), low + 12.0f, text, no_wrap, charset_text);
 }
 
 void flight_strip_draw() {

@@ -448,13 +448,14 @@ static void draw_marks() {
 
 void plain_view_draw() {
     const eye_struct eye = find_eye();
-    glPushAttrib(GL_ENABLE_BIT | GL_LINE_BIT);
     glDisable(GL_CULL_FACE);
     OGL_view_3d(field_of_view(), 1.0f, 1e6f);
     turn_to_view();
     draw_backdrop(eye);
     draw_grid(eye);
     draw_marks();
-    glPopAttrib();
+    glDisable(GL_LINE_SMOOTH);
+    glLineWidth(1.0f);
+    glEnable(GL_CULL_FACE);
     flight_strip_draw();
 }

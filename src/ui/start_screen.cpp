@@ -9,6 +9,7 @@
 #include "core/seams.h"
 #include "core/stl.h"
 #include "core/text_numbers.h"
+#include "core/upward.h"
 #include "draw/colours.h"
 #include "draw/frames.h"
 #include "draw/interface_layout.h"

@@ -11,6 +11,5 @@ void MACIBM_update_back_texes();
 // Fills the screen's side bars and draws the background; in coordinates of the screen.
 void OGL_plot_background();
 
-// One step of the start-up, shown at once while start-up lights are allowed.
-void MACIBM_showinit(const char* init_string);
+// MACIBM_showinit shows nothing while they are not.
 void start_lights_allowed(int allowed);

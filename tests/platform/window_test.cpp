@@ -13,7 +13,6 @@
 #include "core/input_gate.h"
 #include "core/seams.h"
 #include "draw/ogl.h"
-#include "draw/text.h"
 #include "scene/plain_view.h"
 #include "support.h"
 #include "weather/atmosphere.h"
@@ -198,26 +197,6 @@ TEST_F(window_test, screenshot_is_the_picture) {
     EXPECT_FALSE(save_screenshot(folder.path() + "no/such/folder.png"));
 }
 
-TEST_F(window_test, text_keeps_its_place_and_width) {
-    glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
-    glClear(GL_COLOR_BUFFER_BIT);
-    text_draw(200.0f, 300.0f, "WM \x7f\xff", {0.0f, 1.0f, 0.0f});
-    const picture p = read_picture();
-    const int width = static_cast<int>(text_width("WM"));
-    EXPECT_GE(width, 12);
-    int inside = 0, outside = 0;
-    for (int y = 0; y < p.height; ++y) {
-        for (int x = 0; x < p.width; ++x) {
-            if (p.at(x, y).g == 0) continue;
-            EXPECT_EQ(p.at(x, y).r, 0);
-            (x >= 200 && x < 200 + width && y >= 296 && y < 316 ? inside : outside)++;
-        }
-    }
-    EXPECT_GT(inside, 30);
-    EXPECT_EQ(outside, 0);
-    EXPECT_FLOAT_EQ(text_width("12345678"), 4.0f * text_width("  "));
-}
-
 TEST_F(window_test, keys_arrive) {
     ASSERT_EQ(xdotool("key a"), 0);
     EXPECT_TRUE(comes([] { return mnw.key_pressed == 'a' && !mnw.any_key_is_down; }));
@@ -266,11 +245,8 @@ TEST_F(window_test, a_second_window_without_grab) {
     open(1280, 1024);
     place(ref_lat(), ref_lon(), 1000.0);
     unsetenv("ORVL_NO_GRAB_KEYBOARD");
-    const picture p = look(0.0f, 0.0f, 0.0f);  // fonts and switches are made anew for the new context
+    const picture p = look(0.0f, 0.0f, 0.0f);  // switches are set anew for the new context
     EXPECT_NEAR(horizon_row(p, 300), 512.0 - std::tan(1.015 * dob_degtorad) * pixels_per_tangent(p), 3.0);
-    bool has_text = false;
-    for (int x = 0; x < 200; ++x) has_text = has_text || p.at(x, 34).r > 200;
-    EXPECT_TRUE(has_text);
     xdotool("key b");
     EXPECT_TRUE(comes([] { return mnw.key_pressed == 'b'; }));
 }
