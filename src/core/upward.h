@@ -9,6 +9,9 @@ void TVPEventHook(int event, float time, float data, long long_1, long long_2);
 void APP_handlemenu(int item);
 void APP_handlekey(int use_code, int key);
 
+// One step of the start-up screen, shown at once.
+void MACIBM_showinit(const char* init_string);
+
 // A key or button was let go: what fires or turns a starter only while held.
 void stop_fire();
 void stop_starter();
