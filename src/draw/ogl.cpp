@@ -6,6 +6,7 @@
 #include <GL/glext.h>
 
 #include "core/alert.h"
+#include "core/logs.h"
 #include "core/mnw.h"
 #include "core/num.h"
 #include "core/ren.h"
@@ -76,4 +77,13 @@ void OGL_view_3d(float FOV, float near_clip, float far_clip) {
     const float y = x * static_cast<float>(mnw.y_res_now) / static_cast<float>(mnw.x_res_now);
     glFrustum(-x, x, -y, y, near_clip, far_clip);
     reset_model_view();
+}
+
+void GL_error_check(const char* label) {
+    constexpr int most = 16;  // a lost context tells errors without end
+    for (int i = 0; i < most; ++i) {
+        const GLenum error = glGetError();
+        if (error == GL_NO_ERROR) return;
+        xer << "OpenGL error " << error << " at " << label << '\n';
+    }
 }

@@ -25,3 +25,6 @@ void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW);
 void OGL_view_2d();
 // The whole window in perspective: FOV is horizontal, degrees. The eye at the origin looks along -z.
 void OGL_view_3d(float FOV, float near_clip, float far_clip);
+
+// Logs OpenGL's pending errors with the place where they were found.
+void GL_error_check(const char* label);
