@@ -34,7 +34,8 @@ void draw(const std::string& version) {
     };
     put("This is Orvelle Version 8.00");
     put(version);
-    for (const int number : {text_about_credits_1, text_about_credits_2, text_about_credits_3}) put(stl.text[number]);
+    for (const int number : {text_about_credits_1, text_about_credits_2, text_about_credits_3})
+        put(stl.text[number]);
 }
 }  // namespace
 

@@ -15,7 +15,8 @@
 #include "ui/start_screen.h"
 
 namespace {
-const char* const languages[] = {"|English", "|French", "|German", "|Italian", "|Spanish", "|Korean", "|Portuguese"};
+const char* const languages[] = {"|English", "|French", "|German",    "|Italian",
+                                 "|Spanish", "|Korean", "|Portuguese"};
 
 // Set by the first frame that the button is clicked in.
 bool accepted;
@@ -33,7 +34,8 @@ void language_buttons() {
 void lines(const alert_lines& text) {
     constexpr float heights[] = {185.0f, 145.0f, 105.0f, 65.0f};
     constexpr float in = 10.0f;
-    for (int i = 0; i < 4; ++i) OGL_string(37, in, heights[i], text.line[i], mnw.win_dx - 2.0f * in, charset_text);
+    for (int i = 0; i < 4; ++i)
+        OGL_string(37, in, heights[i], text.line[i], mnw.win_dx - 2.0f * in, charset_text);
 }
 
 void draw(const alert_lines& text, int type) {
@@ -46,7 +48,9 @@ void draw(const alert_lines& text, int type) {
         language_buttons();
     else
         lines(text);
-    const std::string label = type == alert_language ? "Accept" : stl.text[text_ok].empty() ? "OK" : stl.text[text_ok];
+    const std::string label = type == alert_language      ? "Accept"
+                              : stl.text[text_ok].empty() ? "OK"
+                                                          : stl.text[text_ok];
     accepted = BTN_action(0.5f * mnw.win_dx, button_up, 0, 1, label) || return_hit;
 }
 

@@ -9,21 +9,25 @@ extern float col_rgb[colour_rows][3];
 extern float r_manual_lighting, g_manual_lighting, b_manual_lighting;
 
 enum colour_row : int {
-    col_white = 0, col_black = 11,
-    col_window = 28,        // background of windows
-    col_line_light = 29,    // separators: light and dark edge
+    col_white = 0,
+    col_black = 11,
+    col_window = 28,      // background of windows
+    col_line_light = 29,  // separators: light and dark edge
     col_line_dark = 31,
-    col_menu = 32,          // menu text, and what cannot be chosen now
+    col_menu = 32,  // menu text, and what cannot be chosen now
     col_menu_off = 33,
     col_title = 34,
-    col_tab = 35,           // a tab's text, and that of the chosen one
+    col_tab = 35,  // a tab's text, and that of the chosen one
     col_tab_on = 36,
     col_widget = 37,
     col_digits = 38,
     col_help = 40,
-    col_state = 43,         // what OGL_setstate leaves behind
-    col_step = 55,          // the step of the start-up
-    col_pulse_white = 69, col_pulse_red, col_pulse_yellow, col_pulse_blue,
+    col_state = 43,  // what OGL_setstate leaves behind
+    col_step = 55,   // the step of the start-up
+    col_pulse_white = 69,
+    col_pulse_red,
+    col_pulse_yellow,
+    col_pulse_blue,
 };
 
 // The fixed rows, and the cabin light full on.

@@ -23,8 +23,8 @@ struct box {
 };
 
 // Every part of one piece, by the parts of both directions.
-void draw_stretched(const box& at, float s, float t, float piece_dx, float piece_dy, float border_x, float border_y,
-                    int color) {
+void draw_stretched(const box& at, float s, float t, float piece_dx, float piece_dy, float border_x,
+                    float border_y, int color) {
     static stretch_part across[stretch_parts_max], along[stretch_parts_max];
     const int nx = border_x > 0.0f ? stretch(at.x2 - at.x1, border_x, piece_dx, across) : 1;
     const int ny = border_y > 0.0f ? stretch(at.y2 - at.y1, border_y, piece_dy, along) : 1;
@@ -32,9 +32,9 @@ void draw_stretched(const box& at, float s, float t, float piece_dx, float piece
     if (!(border_y > 0.0f)) along[0] = {0.0f, at.y2 - at.y1, 0.0f, piece_dy};
     for (int i = 0; i < nx; ++i)
         for (int j = 0; j < ny; ++j)
-            OGL_piece(tex_interface, color, 1.0f, at.x1 + across[i].from, at.y1 + along[j].from, at.x1 + across[i].to,
-                      at.y1 + along[j].to, s + across[i].t_from, t + along[j].t_from, s + across[i].t_to,
-                      t + along[j].t_to);
+            OGL_piece(tex_interface, color, 1.0f, at.x1 + across[i].from, at.y1 + along[j].from,
+                      at.x1 + across[i].to, at.y1 + along[j].to, s + across[i].t_from, t + along[j].t_from,
+                      s + across[i].t_to, t + along[j].t_to);
 }
 }  // namespace
 
@@ -62,8 +62,8 @@ void BTN_frame0(int type, float x_center, float y_center, float dy_control) {
     if (y_center != floorf(y_center)) return fatal_text("BTN_frame0 non-int y_center!");
     const frame_piece& f = frame0_piece;
     const float half = 0.5f * (fltnear(dy_control) + 2.0f * f.shadow);
-    draw_stretched({x_center - 0.5f * f.at.dx, y_center - half, x_center + 0.5f * f.at.dx, y_center + half}, f.at.s,
-                   f.at.t, f.at.dx, f.at.dy, 0.0f, f.border, col_white);
+    draw_stretched({x_center - 0.5f * f.at.dx, y_center - half, x_center + 0.5f * f.at.dx, y_center + half},
+                   f.at.s, f.at.t, f.at.dx, f.at.dy, 0.0f, f.border, col_white);
 }
 
 void BTN_frame1(int type, float x_center, float y_center, float dx_control, int color) {
@@ -73,15 +73,16 @@ void BTN_frame1(int type, float x_center, float y_center, float dx_control, int 
     const float half = 0.5f * (fltnear(dx_control) + 2.0f * f.shadow);
     const float x = static_cast<float>(intround(x_center));
     const float low = static_cast<float>(intround(y_center)) - 0.5f * static_cast<float>(f.height);
-    draw_stretched({x - half, low, x + half, low + f.at.dy}, f.at.s, f.at.t, f.at.dx, f.at.dy, f.border, 0.0f, color);
+    draw_stretched({x - half, low, x + half, low + f.at.dy}, f.at.s, f.at.t, f.at.dx, f.at.dy, f.border, 0.0f,
+                   color);
 }
 
 void BTN_frame2(int type, float x, float y, float dx, float dy, const std::string& label0) {
     if (!intrange(type, 11, 18)) return fatal_text("Bad BTN_frame2 call!");
     const box_piece& f = frame2_pieces[type - 11];
     const float border = 0.4f * f.at.dx;
-    draw_stretched({x - f.sides, y - f.bottom, x + dx + f.sides, y + dy + f.top}, f.at.s, f.at.t, f.at.dx, f.at.dy,
-                   border, border, col_white);
+    draw_stretched({x - f.sides, y - f.bottom, x + dx + f.sides, y + dy + f.top}, f.at.s, f.at.t, f.at.dx,
+                   f.at.dy, border, border, col_white);
     const float down = type == 11 ? 13.0f : 16.0f;
     const int colour = type == 15 ? col_help : type == 11 ? col_title : col_widget;
     if (!label0.empty())

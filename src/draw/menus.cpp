@@ -88,7 +88,8 @@ void place_entry(int m, int i) {
     }
     if (m <= menu_bar_last) return widen_entries(own);
     if (i > 0 && i % column_of == 0)
-        place(item, static_cast<float>(own.item[i - 1].itemx1) + entry_width, own.item[0].itemy2, entry_width);
+        place(item, static_cast<float>(own.item[i - 1].itemx1) + entry_width, own.item[0].itemy2,
+              entry_width);
     keep_on_screen(own, item);
 }
 }  // namespace
@@ -114,7 +115,8 @@ void MACIBM_create_menu(int m, int i, std::string stl_string) {
     const int parent = i / menu_itemDIM, entry = i % menu_itemDIM;
     own.menu_prnt = intrange(parent, 0, menuDIM - 1) ? parent : menuDIM;
     own.menux1 = own.menuy1 = own.menux2 = own.menuy2 = 0;
-    if (own.menu_prnt == menuDIM || !intrange(entry, 0, static_cast<int>(menu[parent].item.size()) - 1)) return;
+    if (own.menu_prnt == menuDIM || !intrange(entry, 0, static_cast<int>(menu[parent].item.size()) - 1))
+        return;
     const item_struct& item = menu[parent].item[entry];
     own.menux1 = item.itemx1;
     own.menux2 = item.itemx2;
@@ -198,15 +200,17 @@ bool bar_is_wanted() {
 
 void draw_bar() {
     constexpr float text_in = 10.0f, text_up = 6.0f, half_bar = 9.0f;
-    BTN_frame1(0, 0.5f * (mnw.x1_pix + mnw.x2_pix), YRES + mnw.y_off - half_bar, mnw.x2_pix - mnw.x1_pix, col_white);
+    BTN_frame1(0, 0.5f * (mnw.x1_pix + mnw.x2_pix), YRES + mnw.y_off - half_bar, mnw.x2_pix - mnw.x1_pix,
+               col_white);
     for (int m = 0; m <= menu_popup - 1; ++m) {
         const menu_struct& own = menu[m];
         if (own.menu_name.empty() || own.menu_prnt != -1) continue;
         const bool open = mnw.menu_up == m;
         if (open || over_title(own))
-            OGL_fillrect(col_white, open ? 0.25f : 0.12f, own.menux1, own.menuy1 + 1.0f, own.menux2 - own.menux1,
-                         bar_height - 2.0f);
-        OGL_string(col_menu, own.menux1 + text_in, own.menuy1 + text_up, own.menu_name, no_wrap, title_charset());
+            OGL_fillrect(col_white, open ? 0.25f : 0.12f, own.menux1, own.menuy1 + 1.0f,
+                         own.menux2 - own.menux1, bar_height - 2.0f);
+        OGL_string(col_menu, own.menux1 + text_in, own.menuy1 + text_up, own.menu_name, no_wrap,
+                   title_charset());
     }
 }
 
@@ -229,8 +233,8 @@ screen_box union_of(const menu_struct& m) {
 int menu_of_entry(int m, const item_struct& item) {
     for (int s = 0; s < menu_popup; ++s) {
         const menu_struct& sub = menu[s];
-        if (sub.menu_prnt == m && !sub.menu_name.empty() && sub.menux1 == item.itemx1 && sub.menuy1 == item.itemy1 &&
-            sub.menuy2 == item.itemy2)
+        if (sub.menu_prnt == m && !sub.menu_name.empty() && sub.menux1 == item.itemx1 &&
+            sub.menuy1 == item.itemy1 && sub.menuy2 == item.itemy2)
             return s;
     }
     return -1;
@@ -250,15 +254,18 @@ void draw_entry(int m, const item_struct& item) {
     }
     const bool off = menu_answer.is_disabled(item.item_code);
     if (over(item) && !off)
-        OGL_fillrect(col_white, 0.25f, item.itemx1, item.itemy1, item.itemx2 - item.itemx1, item.itemy2 - item.itemy1);
+        OGL_fillrect(col_white, 0.25f, item.itemx1, item.itemy1, item.itemx2 - item.itemx1,
+                     item.itemy2 - item.itemy1);
     const int colour = off ? col_menu_off : col_menu;
     const float indent = m == menu_popup ? 3.0f : 18.0f, y = item.itemy1 + 4.0f;
     const item_text text = split_hint(item.item_name);
-    OGL_string(colour, item.itemx1 + indent, y, text.name, no_wrap, item.is_korean ? charset_korean : charset_text);
+    OGL_string(colour, item.itemx1 + indent, y, text.name, no_wrap,
+               item.is_korean ? charset_korean : charset_text);
     if (!text.hint.empty())
         OGL_string(colour, item.itemx2 - 10.0f - str_dx(text.hint), y, text.hint, no_wrap, charset_text);
     if (m == menu_popup) return;
-    if (menu_answer.is_checked(item.item_code)) draw_small_piece(piece_menu_check, item.itemx1 + 4.0f, item.itemy1 + 1.0f);
+    if (menu_answer.is_checked(item.item_code))
+        draw_small_piece(piece_menu_check, item.itemx1 + 4.0f, item.itemy1 + 1.0f);
     if (menu_of_entry(m, item) >= 0)
         draw_small_piece(piece_menu_arrow, item.itemx2 - 4.0f - piece_menu_arrow.dx, item.itemy1 + 2.0f);
 }
@@ -271,7 +278,8 @@ void draw_open_menu(int m) {
     // columns are parted by a line
     for (size_t i = 1; i < own.item.size(); ++i) {
         const float x = own.item[i].itemx1;
-        if (own.item[i - 1].item_name.empty() || own.item[i].item_name.empty() || x <= own.item[i - 1].itemx1) continue;
+        if (own.item[i - 1].item_name.empty() || own.item[i].item_name.empty() || x <= own.item[i - 1].itemx1)
+            continue;
         OGL_line(col_line_light, 1.0f, x, b.y1, x, b.y2);
         OGL_line(col_line_dark, 1.0f, x + 1.0f, b.y1, x + 1.0f, b.y2);
     }
@@ -286,7 +294,8 @@ void menus_draw() {
     if (!intrange(mnw.menu_up, 0, menuDIM - 1)) return;
     // a nested menu stands over those it came from
     int chain[menuDIM], depth = 0;
-    for (int m = mnw.menu_up; intrange(m, 0, menuDIM - 1) && depth < menuDIM; m = menu[m].menu_prnt) chain[depth++] = m;
+    for (int m = mnw.menu_up; intrange(m, 0, menuDIM - 1) && depth < menuDIM; m = menu[m].menu_prnt)
+        chain[depth++] = m;
     while (depth > 0) draw_open_menu(chain[--depth]);
 }
 
@@ -302,7 +311,8 @@ void choose(int m, size_t i) {
     active_popup_code = -1;
 }
 
-// Titles of the bar, and entries of open menus that hold one: a click opens or shuts it, the mouse over it opens it.
+// Titles of the bar, and entries of open menus that hold one: a click opens or shuts it, the mouse over it
+// opens it.
 bool open_by_title(int is_click) {
     for (int m = 0; m < menu_popup; ++m) {
         const menu_struct& own = menu[m];

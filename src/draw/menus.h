@@ -5,7 +5,7 @@
 #include <vector>
 
 constexpr int menuDIM = 1520, menu_itemDIM = 300;
-constexpr int menu_bar_last = 6;       // titles of the bar are 0 to 6
+constexpr int menu_bar_last = 6;  // titles of the bar are 0 to 6
 constexpr int menu_refill_first = 7, menu_refill_last = 13;
 constexpr int menu_further_first = 20, menu_further_last = 1219;
 constexpr int menu_popup = 1519;
@@ -34,7 +34,8 @@ void MACIBM_create_menu(int m, int i, std::string stl_string);
 void MACIBM_append_menu(int m, int i, int code, std::string stl_string, int is_name);
 void MACIBM_clear_items(int m);
 void MACIBM_clear_menu(int m);
-void MACIBM_clear_menus(int level);  // 1 all anew; 2 slots 0 to 1219; 3 slots 20 to 1219 and the items of 7 to 13
+void MACIBM_clear_menus(
+    int level);  // 1 all anew; 2 slots 0 to 1219; 3 slots 20 to 1219 and the items of 7 to 13
 
 // The bar while it is wanted, and the open menu. Asks for check marks and for entries that cannot be chosen.
 struct menu_answers {

@@ -88,8 +88,8 @@ void OGL_grayrect(float x1, float y1, float x2, float y2, float rat) {
     OGL_fillrect(col_black, rat, x1, y1, x2 - x1, y2 - y1);
 }
 
-void OGL_2dquad(int tex, int col, float alp, const quad_corner& c1, const quad_corner& c2, const quad_corner& c3,
-                const quad_corner& c4, int num_tex, int alB) {
+void OGL_2dquad(int tex, int col, float alp, const quad_corner& c1, const quad_corner& c2,
+                const quad_corner& c3, const quad_corner& c4, int num_tex, int alB) {
     OGL_setstate(fog_off, num_tex, lit_off, alB, depth_no_read, depth_no_write);
     if (tex > 0) tman.bind_ref(tex, 0, 0);
     OGL_setcolorINDEX(col, alp);
@@ -101,12 +101,12 @@ void OGL_2dquad(int tex, int col, float alp, const quad_corner& c1, const quad_c
     glEnd();
 }
 
-void OGL_piece(int tex, int col, float alp, float x1, float y1, float x2, float y2, float s1, float t1, float s2,
-               float t2) {
+void OGL_piece(int tex, int col, float alp, float x1, float y1, float x2, float y2, float s1, float t1,
+               float s2, float t2) {
     if (!tman.tex_vram(tex)) return;  // before its image is there
     const float dx = tman.tex_dx_tot(tex), dy = tman.tex_dy_tot(tex);
-    OGL_2dquad(tex, col, alp, {x1, y1, s1 / dx, t1 / dy}, {x1, y2, s1 / dx, t2 / dy}, {x2, y2, s2 / dx, t2 / dy},
-               {x2, y1, s2 / dx, t1 / dy}, 1, al_blend);
+    OGL_2dquad(tex, col, alp, {x1, y1, s1 / dx, t1 / dy}, {x1, y2, s1 / dx, t2 / dy},
+               {x2, y2, s2 / dx, t2 / dy}, {x2, y1, s2 / dx, t1 / dy}, 1, al_blend);
 }
 
 static void world_state(int textures, float alpha) {
@@ -170,7 +170,8 @@ void OGL_scissors(float x, float y, float dx, float dy) {
         return;
     }
     const auto real = [](float units) { return intround(units * mnw.xy_scale); };
-    glScissor(real(x + mnw.win_x + mnw.x_off), real(y + mnw.win_y), intmax2(real(dx), 1), intmax2(real(dy), 1));
+    glScissor(real(x + mnw.win_x + mnw.x_off), real(y + mnw.win_y), intmax2(real(dx), 1),
+              intmax2(real(dy), 1));
     glEnable(GL_SCISSOR_TEST);
 }
 
@@ -181,8 +182,8 @@ void OGL_sbuf() {
     seam.swap_buffers();
 }
 
-void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1, float pix_y1,
-                  float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom) {
+void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1,
+                  float pix_y1, float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom) {
     GL_error_check("OGL_viewport 1");
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();

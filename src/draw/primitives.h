@@ -16,11 +16,11 @@ struct quad_corner {
     float x, y, s, t;
 };
 // A textured quad, corners clockwise; tex 0 leaves what is bound. alB is an al_ value of OGL_setstate.
-void OGL_2dquad(int tex, int col, float alp, const quad_corner& c1, const quad_corner& c2, const quad_corner& c3,
-                const quad_corner& c4, int num_tex, int alB);
+void OGL_2dquad(int tex, int col, float alp, const quad_corner& c1, const quad_corner& c2,
+                const quad_corner& c3, const quad_corner& c4, int num_tex, int alB);
 // The same for a rectangle of the interface image or any other, s and t in pixels of the whole texture.
-void OGL_piece(int tex, int col, float alp, float x1, float y1, float x2, float y2, float s1, float t1, float s2,
-               float t2);
+void OGL_piece(int tex, int col, float alp, float x1, float y1, float x2, float y2, float s1, float t1,
+               float s2, float t2);
 
 // In world coordinates.
 struct point3 {
@@ -40,5 +40,5 @@ void OGL_scissors_end();
 void OGL_sbuf();
 // dims 2: the whole screen flat, its extent divided by zoom. dims 3: a frustum of these tangents in a part
 // of the screen in virtual units.
-void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1, float pix_y1,
-                  float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom);
+void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1,
+                  float pix_y1, float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom);

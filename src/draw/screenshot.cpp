@@ -53,7 +53,8 @@ void OGL_screenshot() {
     constexpr int most = 1024;
     const int dx = intmin2(mnw.x_res_now, most), dy = intmin2(mnw.y_res_now, most);
     glReadBuffer(GL_FRONT);
-    glReadPixels((mnw.x_res_now - dx) / 2, (mnw.y_res_now - dy) / 2, dx, dy, GL_RGB, GL_UNSIGNED_BYTE, scratch_array);
+    glReadPixels((mnw.x_res_now - dx) / 2, (mnw.y_res_now - dy) / 2, dx, dy, GL_RGB, GL_UNSIGNED_BYTE,
+                 scratch_array);
     glReadBuffer(GL_BACK);
     write_bmp_to_disk(app_path + "screenshot_" + std::to_string(++number) + ".bmp", dx, dy);
 }

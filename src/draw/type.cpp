@@ -16,10 +16,10 @@
 namespace {
 struct font_face {
     int tex;
-    float s, t;          // of cell 0, pixels
+    float s, t;  // of cell 0, pixels
     float cell_x, cell_y;
     int columns;
-    float pitch;         // 0: proportional
+    float pitch;  // 0: proportional
 };
 
 bool find_face(int charset, font_face* face) {
@@ -109,7 +109,8 @@ int walk(const std::string& text, float dx, float pitch, take&& glyph) {
 // Two bytes a glyph; a single byte of the Latin range stands for itself where a marker is meant.
 void korean_string(const font_face& f, float x, float y, const std::string& text) {
     for (size_t i = 0; i + 1 < text.size(); i += 2) {
-        const int cell = 127 * static_cast<unsigned char>(text[i]) + static_cast<unsigned char>(text[i + 1]) - 128;
+        const int cell =
+            127 * static_cast<unsigned char>(text[i]) + static_cast<unsigned char>(text[i + 1]) - 128;
         constexpr int rows = 78;
         if (intrange(cell, 0, f.columns * rows - 1)) put_glyph(f, cell, x, y);
         x += f.pitch;
@@ -117,7 +118,9 @@ void korean_string(const font_face& f, float x, float y, const std::string& text
 }
 }  // namespace
 
-float chr_dx(char c) { return is_latin(c) ? static_cast<float>(chr_width[static_cast<unsigned char>(c)]) : 0.0f; }
+float chr_dx(char c) {
+    return is_latin(c) ? static_cast<float>(chr_width[static_cast<unsigned char>(c)]) : 0.0f;
+}
 
 float str_dx(const std::string& text) {
     float width = 0.0f;
@@ -138,8 +141,9 @@ void OGL_string(int color, float x, float y, const std::string& input, float dx,
     if (charset == charset_korean)
         korean_string(face, left, base, input);
     else
-        walk(input, dx, face.pitch,
-             [&](char c, float at_x, float at_y) { put_glyph(face, glyph_cell(c), left + at_x, base + at_y); });
+        walk(input, dx, face.pitch, [&](char c, float at_x, float at_y) {
+            put_glyph(face, glyph_cell(c), left + at_x, base + at_y);
+        });
     glEnd();
 }
 
@@ -209,7 +213,8 @@ number_layout lay_out_number(float input, int dig, int dec) {
 void OGL_number(int color, float x, float y, float input, int dig, int dec, int charset) {
     if (charset != charset_small && charset != charset_digits) {
         MACIBM_alert(mnw.top_win, "Numbers must be mono-spaced!",
-                     "This is because we increment by a constant step size for each digit.", "", "", alert_fatal);
+                     "This is because we increment by a constant step size for each digit.", "", "",
+                     alert_fatal);
         return;
     }
     font_face face;
@@ -221,7 +226,8 @@ void OGL_number(int color, float x, float y, float input, int dig, int dec, int 
     begin_text(face, color);
     for (int i = 0; i < n.count; ++i) {
         const number_glyph& g = n.glyph[i];
-        put_glyph(face, glyph_cell(g.c), left + g.place * face.pitch + (g.low ? 2.0f : 0.0f), base - (g.low ? 1.0f : 0.0f));
+        put_glyph(face, glyph_cell(g.c), left + g.place * face.pitch + (g.low ? 2.0f : 0.0f),
+                  base - (g.low ? 1.0f : 0.0f));
     }
     glEnd();
 }
@@ -245,7 +251,8 @@ void OLD_OGL_strtex(int tex, int color, float x, float y, const char* input, flo
     glTranslatef(x + mnw.win_x, y + mnw.win_y, 0.0f);
     glScalef(scale, scale, 1.0f);
     glBegin(GL_QUADS);
-    walk(input, no_wrap, 0.0f, [&](char c, float at_x, float at_y) { put_glyph(face, glyph_cell(c), at_x, at_y); });
+    walk(input, no_wrap, 0.0f,
+         [&](char c, float at_x, float at_y) { put_glyph(face, glyph_cell(c), at_x, at_y); });
     glEnd();
     glPopMatrix();
 }

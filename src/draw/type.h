@@ -1,5 +1,6 @@
 // Text and numbers in the fonts of the interface image.
-// Role: one begin and end a string. Bytes outside 32 to 124 draw nothing, so text from anywhere may come here.
+// Role: one begin and end a string. Bytes outside 32 to 124 draw nothing, so text from anywhere may come
+// here.
 #pragma once
 #include <string>
 

@@ -41,7 +41,8 @@ void draw_piece(const piece& p, float x, float y) {
     OGL_piece(tex_interface, col_white, 1.0f, x, y, x + p.dx, y + p.dy, p.s, p.t, p.s + p.dx, p.t + p.dy);
 }
 void centre_piece(const piece& p, float x, float y) {
-    draw_piece(p, static_cast<float>(intround(x - 0.5f * p.dx)), static_cast<float>(intround(y - 0.5f * p.dy)));
+    draw_piece(p, static_cast<float>(intround(x - 0.5f * p.dx)),
+               static_cast<float>(intround(y - 0.5f * p.dy)));
 }
 // Labels left and right of a control that reaches half to each side of x.
 void draw_labels(float x, float y, float half, const label_parts& label) {
@@ -57,14 +58,15 @@ int BTN_action(float x_center, float y_center, int pressed, int show_press, cons
     constexpr int kind_up = 2, kind_pressed = 3;
     const label_parts label = label0to12h(label0);
     const float dx = str_dx(label.left) + margin, half = 0.5f * dx;
-    const bool in = hovers(x_center - half, y_center - half_height, x_center + half, y_center + half_height, label.help);
+    const bool in =
+        hovers(x_center - half, y_center - half_height, x_center + half, y_center + half_height, label.help);
     const auto draw = [&](bool down) {
         BTN_frame1(down ? kind_pressed : kind_up, x_center, y_center, dx, col_white);
         if (in && !down)
             OGL_fillrect(col_white, 0.1f, x_center - half + 2.0f, y_center - half_height + 1.0f, dx - 4.0f,
                          2.0f * half_height - 2.0f);
-        OGL_string(col_widget, x_center - 0.5f * str_dx(label.left), y_center - text_down - (down ? 1.0f : 0.0f),
-                   label.left, no_wrap, charset_text);
+        OGL_string(col_widget, x_center - 0.5f * str_dx(label.left),
+                   y_center - text_down - (down ? 1.0f : 0.0f), label.left, no_wrap, charset_text);
     };
     draw(pressed || (in && mnw.now_dragging));
     if (!clicked(in)) return 0;
@@ -82,7 +84,8 @@ bool tick(float x, float y, bool on, const std::string& label0, int is_radio) {
     const label_parts label = label0to12h(label0);
     const bool in = hovers(x - half, y - low, x + half, y + high, label.help);
     const float middle = y + 0.5f * (high - low);
-    centre_piece(is_radio ? (on ? piece_radio_on : piece_radio_off) : (on ? piece_check_on : piece_check_off), x, middle);
+    centre_piece(is_radio ? (on ? piece_radio_on : piece_radio_off) : (on ? piece_check_on : piece_check_off),
+                 x, middle);
     if (in) centre_piece(is_radio ? piece_radio_hover : piece_check_hover, x, middle);
     draw_labels(x, y + 1.0f, half, label);
     return clicked(in);
@@ -155,7 +158,8 @@ double power_of_ten(int n) {
     return p;
 }
 
-int edit_number(float x, float y, double* value, int dig, int dec, double lo, double hi, const std::string& label0) {
+int edit_number(float x, float y, double* value, int dig, int dec, double lo, double hi,
+                const std::string& label0) {
     const field f = draw_field(x, y, dig, label0);
     const int box = box_under_mouse(f, dig);
     int changed = 0;
@@ -182,7 +186,8 @@ int BTN_int(float x, float y, int* var, int dig, int sign, const std::string& la
     const int most = static_cast<int>(fmin(largest(dig, 0), 2147483647.0));
     return BTN_int_range(x, y, var, dig, sign ? -most : 0, most, label0);
 }
-int BTN_flt_range(float x, float y, float* var, int dig, int dec, float lo, float hi, const std::string& label0) {
+int BTN_flt_range(float x, float y, float* var, int dig, int dec, float lo, float hi,
+                  const std::string& label0) {
     double value = *var;
     const int changed = edit_number(x, y, &value, dig, dec, lo, hi, label0);
     if (changed) *var = static_cast<float>(value);
@@ -192,8 +197,8 @@ int BTN_flt(float x, float y, float* var, int dig, int dec, int sign, const std:
     const float most = static_cast<float>(largest(dig, dec));
     return BTN_flt_range(x, y, var, dig, dec, sign ? -most : 0.0f, most, label0);
 }
-int BTN_flt_rangeij(float x, float y, float* var, int dig, int dec, float lo, float hi, float to_metric, int is_metric,
-                    const std::string& label0) {
+int BTN_flt_rangeij(float x, float y, float* var, int dig, int dec, float lo, float hi, float to_metric,
+                    int is_metric, const std::string& label0) {
     if (!is_metric) return BTN_flt_range(x, y, var, dig, dec, lo, hi, label0);
     float metric = *var * to_metric;
     const int changed = BTN_flt_range(x, y, &metric, dig, dec, lo * to_metric, hi * to_metric, label0);
@@ -236,8 +241,8 @@ int BTN_chars(float x, float y, char* chars, int dim, const std::string& label0)
         changed = 1;
     }
     for (int i = 0; i < dim && chars[i]; ++i)
-        OGL_string(col_digits, f.left + 1.0f + digit_dx * static_cast<float>(i), y, std::string(1, chars[i]), no_wrap,
-                   charset_digits);
+        OGL_string(col_digits, f.left + 1.0f + digit_dx * static_cast<float>(i), y, std::string(1, chars[i]),
+                   no_wrap, charset_digits);
     return changed;
 }
 
@@ -287,7 +292,8 @@ void scroll_popup(float x, float y, float width, const std::vector<std::string>&
     if (popup.item.empty()) return;
     const float my = mnw.my + mnw.win_y;
     const bool below = popup.item.back().itemy1 == 0 && my < list_item_height;
-    const bool above = popup.item.front().itemy2 > YRES + mnw.y_off && my > YRES + mnw.y_off - list_item_height;
+    const bool above =
+        popup.item.front().itemy2 > YRES + mnw.y_off && my > YRES + mnw.y_off - list_item_height;
     if (!below && !above) return;
     *sel = intlim(*sel + (below ? 1 : -1), 0, static_cast<int>(items.size()) - 1);
     open_popup(x, y, width, items, *sel);
@@ -330,7 +336,8 @@ int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const 
 }
 
 int BTN_tab(int col, int row, int* tab_variable, int tab_sel, const std::string& label) {
-    constexpr float first_x = 62.0f, dx = 88.0f, first_down = 38.0f, dy = 32.0f, half_dx = 45.0f, half_dy = 13.0f;
+    constexpr float first_x = 62.0f, dx = 88.0f, first_down = 38.0f, dy = 32.0f, half_dx = 45.0f,
+                    half_dy = 13.0f;
     const float x = first_x + dx * static_cast<float>(col);
     const float y = mnw.win_dy - first_down - dy * static_cast<float>(row);
     const label_parts parts = label0to12h(label);
@@ -338,15 +345,16 @@ int BTN_tab(int col, int row, int* tab_variable, int tab_sel, const std::string&
     const bool in = hovers(x - half_dx, y - half_dy, x + half_dx, y + half_dy, parts.help);
     centre_piece(on ? piece_tab_on : piece_tab, x, y);
     if (in && !on) centre_piece(piece_tab_hover, x, y);
-    OGL_string(on ? col_tab_on : col_tab, x - 0.5f * str_dx(parts.left), y - 3.0f, parts.left, no_wrap, charset_text);
+    OGL_string(on ? col_tab_on : col_tab, x - 0.5f * str_dx(parts.left), y - 3.0f, parts.left, no_wrap,
+               charset_text);
     if (!clicked(in) || on) return 0;
     *tab_variable = tab_sel;
     return 1;
 }
 
 // -- sliders
-int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float data2, float* data, int allow_change,
-                    const std::string& label0, const std::string& overwrite) {
+int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float data2, float* data,
+                    int allow_change, const std::string& label0, const std::string& overwrite) {
     constexpr int kind_track = 7, kind_fill = 8, no_bar = 11;
     constexpr float least_span = 0.01f, zone = 10.0f, zone_grabbed = 20.0f, text_up = 12.0f;
     static const float* grabbed;
@@ -391,24 +399,27 @@ int BTN_vert_slider(float x_center, float lo_y, float hi_y, int lo_ind, int hi_i
     if (clicked(track)) grabbed = center_index;
     // the first line is on top
     if (grabbed == center_index)
-        *center_index = intround(interp(high, static_cast<float>(lo_ind), low, static_cast<float>(hi_ind), mnw.my));
+        *center_index =
+            intround(interp(high, static_cast<float>(lo_ind), low, static_cast<float>(hi_ind), mnw.my));
     // a held arrow goes on
     const bool held = mnw.delay_dragging;
     if (up && (mnw.mouse_clicked || held)) --*center_index;
     if (down && (mnw.mouse_clicked || held)) ++*center_index;
     *center_index = intlim(*center_index, lo_ind, intmax2(lo_ind, hi_ind));
 
-    BTN_frame0(6, static_cast<float>(intround(x_center)), static_cast<float>(intround(0.5f * (low + high))), high - low);
+    BTN_frame0(6, static_cast<float>(intround(x_center)), static_cast<float>(intround(0.5f * (low + high))),
+               high - low);
     centre_piece(up && mnw.now_dragging ? piece_arrow_up_pressed : piece_arrow_up, x_center, hi_y - arrow);
-    centre_piece(down && mnw.now_dragging ? piece_arrow_down_pressed : piece_arrow_down, x_center, lo_y + arrow);
+    centre_piece(down && mnw.now_dragging ? piece_arrow_down_pressed : piece_arrow_down, x_center,
+                 lo_y + arrow);
     const float at = interp(static_cast<float>(lo_ind), high - arrow, static_cast<float>(hi_ind), low + arrow,
                             static_cast<float>(*center_index));
     centre_piece(grabbed == center_index ? piece_thumb_held : piece_thumb, x_center, at);
     return *center_index != before;
 }
 
-int BTN_icon(float x_center, float y_center, float sc_off, float tc_off, float sc_on, float tc_on, float sdx, float sdy,
-             int color, int* var, const std::string& label0) {
+int BTN_icon(float x_center, float y_center, float sc_off, float tc_off, float sc_on, float tc_on, float sdx,
+             float sdy, int color, int* var, const std::string& label0) {
     const label_parts label = label0to12h(label0);
     const float x = x_center - 0.5f * sdx, y = y_center - 0.5f * sdy;
     const bool in = hovers(x, y, x + sdx, y + sdy, label.help);
@@ -422,7 +433,8 @@ int BTN_icon(float x_center, float y_center, float sc_off, float tc_off, float s
 }
 
 // -- text fields
-int BTN_enterstring(float x, float y, std::string* input, int dim, int this_field, const std::string& label0) {
+int BTN_enterstring(float x, float y, std::string* input, int dim, int this_field,
+                    const std::string& label0) {
     constexpr float char_dx = 6.0f;
     const label_parts label = label0to12h(label0);
     const float dx = char_dx * static_cast<float>(dim), half = 0.5f * dx;
@@ -453,13 +465,14 @@ int BTN_enterstring(float x, float y, std::string* input, int dim, int this_fiel
     return changed;
 }
 
-int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_path, int file_type, int open_save,
-                    const std::string& label0) {
+int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_path, int file_type,
+                    int open_save, const std::string& label0) {
     constexpr float dx = 200.0f, half = 0.5f * dx, icon = 14.0f;
     const label_parts label = label0to12h(label0);
     const bool in = hovers(x - half - 2.0f * icon, y - 8.0f, x + half, y + 14.0f, label.help);
     BTN_frame1(kind_field, x, y + field_middle, dx, col_white);
-    centre_piece(in && mnw.now_dragging ? piece_select_file_pressed : piece_select_file, x - half - icon, y + field_middle);
+    centre_piece(in && mnw.now_dragging ? piece_select_file_pressed : piece_select_file, x - half - icon,
+                 y + field_middle);
     OGL_string(col_digits, x - half + 6.0f, y, *stl_file, no_wrap, charset_text);
     draw_labels(x, y, half + (label.left.empty() ? 0.0f : 2.0f * icon), label);
     if (!clicked(in)) return 0;
@@ -488,15 +501,14 @@ const piece& icon_of_file(int n) {
     }
 }
 
-bool sorts_before(const std::string& a, const std::string& b) {
-    return strcasecmp(a.c_str(), b.c_str()) < 0;
-}
+bool sorts_before(const std::string& a, const std::string& b) { return strcasecmp(a.c_str(), b.c_str()) < 0; }
 }  // namespace
 
-int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* ctr_index, int* hil_index, int ind1,
-                      int ind2, std::string* str_input, std::string (*fetchFunc)(int)) {
+int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* ctr_index, int* hil_index,
+                      int ind1, int ind2, std::string* str_input, std::string (*fetchFunc)(int)) {
     constexpr float line_height = 10.0f, default_dx = 280.0f, default_dy = 220.0f, bar = 10.0f;
-    const bool of_names = win_type == win_generic_list, of_places = win_type == win_nav_list || win_type == win_apt_list;
+    const bool of_names = win_type == win_generic_list,
+               of_places = win_type == win_nav_list || win_type == win_apt_list;
     const bool of_files = win_type == win_ins_list || win_type == win_open || win_type == win_save;
     if (!of_names && !of_places && !of_files) {
         fatal_text("Bad big_name_list type!");
@@ -575,11 +587,12 @@ void BTN_fillwin(int bar, int fill_type) {
     if (fill_type == 1)
         BTN_frame1(top_strip, 0.5f * mnw.win_dx, mnw.win_dy - 30.0f, mnw.win_dx - 2.0f * in, col_white);
     else if (fill_type != nothing_more)
-        BTN_frame2(fill_type, in, in, mnw.win_dx - 2.0f * in, mnw.win_dy - 2.0f * in - (bar ? 14.0f : 0.0f), "");
+        BTN_frame2(fill_type, in, in, mnw.win_dx - 2.0f * in, mnw.win_dy - 2.0f * in - (bar ? 14.0f : 0.0f),
+                   "");
 }
 
-void BTN_subwin(float tab_dy, int win_type, float x, float y, float dx, float dy, const std::string& str, float* x2,
-                float* y2) {
+void BTN_subwin(float tab_dy, int win_type, float x, float y, float dx, float dy, const std::string& str,
+                float* x2, float* y2) {
     constexpr float gap = 10.0f, title = 22.0f;
     if (x == -1.0f) x = gap;
     if (y == -1.0f) y = gap;

@@ -100,8 +100,8 @@ void draw_cursor() {
     constexpr float half = 15.0f;
     if (!intrange(mnw.cursor_type, first_own, last_own)) return;
     const piece p = cursor_of(mnw.cursor_type);
-    OGL_piece(tex_interface, col_white, 1.0f, mnw.mx - half, mnw.my - half, mnw.mx + half, mnw.my + half, p.s, p.t,
-              p.s + p.dx, p.t + p.dy);
+    OGL_piece(tex_interface, col_white, 1.0f, mnw.mx - half, mnw.my - half, mnw.mx + half, mnw.my + half, p.s,
+              p.t, p.s + p.dx, p.t + p.dy);
 }
 }  // namespace
 

@@ -35,8 +35,9 @@ struct command_row {
     void (*run)();
 };
 constexpr command_row commands[] = {
-    {0, MACIBM_about},      {cmd_quit, quit},          {view_fwd_panel, forward_view},
-    {1534, night_vision},   {cmd_trace, write_trace},  {1805, picture},  {1819, kick_pitch},           {1820, kick_heading},
+    {0, MACIBM_about},    {cmd_quit, quit},         {view_fwd_panel, forward_view},
+    {1534, night_vision}, {cmd_trace, write_trace}, {1805, picture},
+    {1819, kick_pitch},   {1820, kick_heading},
 };
 }  // namespace
 

@@ -16,8 +16,10 @@ void choose_language() {
 void show_start_notes() {
     if (!alert_seam.show) return;
     MACIBM_alert(mnw.top_win, "Linux things to know:",
-                 "The window covers the screen and takes the keyboard. Control-q leaves the program; with the variable "
+                 "The window covers the screen and takes the keyboard. Control-q leaves the program; with "
+                 "the variable "
                  "ORVL_NO_GRAB_KEYBOARD set to 1 the keyboard stays shared.",
-                 "The mouse is the stick until a joystick is used: m parks it, and the menus are at the top of the screen.",
+                 "The mouse is the stick until a joystick is used: m parks it, and the menus are at the top "
+                 "of the screen.",
                  "What goes wrong is written to Error.out beside the program.", alert_message);
 }

@@ -25,11 +25,12 @@ int steps;
 bool drawing() { return seam.has_display && tman.tex_vram(tex_interface) > 0; }
 
 void interface_is_missing() {
-    MACIBM_alert(
-        0, "I cannot open the graphics interface file!", "It seems that you have moved Tarvane out of the Orvelle folder!",
-        "NO! NO! Create a shortcut if you want, but do not move the Tarvane application itself out of the Orvelle folder "
-        "that it came in!",
-        bmp_path + "interface.png", alert_fatal);
+    MACIBM_alert(0, "I cannot open the graphics interface file!",
+                 "It seems that you have moved Tarvane out of the Orvelle folder!",
+                 "NO! NO! Create a shortcut if you want, but do not move the Tarvane application itself out "
+                 "of the Orvelle folder "
+                 "that it came in!",
+                 bmp_path + "interface.png", alert_fatal);
 }
 
 // Rows of the colour table that stand as single pixels in the image, in scratch_array.
@@ -85,9 +86,11 @@ void OGL_plot_background() {
     mnw.win_x = mnw.win_y = 0.0f;
     const bool bars = mnw.x_off > 0.5f || mnw.y_off > 0.5f;
     if (bars && mnw.top_win > win_fly)
-        OGL_fillrect(col_window, 1.0f, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix - mnw.x1_pix, mnw.y2_pix - mnw.y1_pix);
+        OGL_fillrect(col_window, 1.0f, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix - mnw.x1_pix,
+                     mnw.y2_pix - mnw.y1_pix);
     OGL_2dquad(tex_background, col_white, 1.0f, {0.0f, 0.0f, 0.0f, 0.0f}, {0.0f, side, 0.0f, 1.0f},
-               {side, side, 1.0f, 1.0f}, {side, 0.0f, 1.0f, 0.0f}, 1, ren.current_alpha <= 0.99f ? al_blend : al_test);
+               {side, side, 1.0f, 1.0f}, {side, 0.0f, 1.0f, 0.0f}, 1,
+               ren.current_alpha <= 0.99f ? al_blend : al_test);
     mnw.win_x = x;
     mnw.win_y = y;
 }
@@ -107,8 +110,10 @@ void MACIBM_showinit(const char* init_string) {
     BTN_frame2(kind_box, box_x, box_y, box_dx, box_dy, "This is Orvelle Version 8.00");
     float line_y = box_y + box_dy - 48.0f;
     for (const int number : {1155, 1156, 1157}) {
-        OGL_string(col_help, box_x + text_in, line_y, stl.text[number], box_dx - 2.0f * text_in, charset_text);
-        line_y -= 10.0f * static_cast<float>(wrapped_lines(stl.text[number], box_dx - 2.0f * text_in)) + 12.0f;
+        OGL_string(col_help, box_x + text_in, line_y, stl.text[number], box_dx - 2.0f * text_in,
+                   charset_text);
+        line_y -=
+            10.0f * static_cast<float>(wrapped_lines(stl.text[number], box_dx - 2.0f * text_in)) + 12.0f;
     }
     const float ratio = fltlim(0.01f * static_cast<float>(++steps), 0.02f, 1.0f), span = bar_x2 - bar_x1;
     BTN_frame1(kind_track, 0.5f * (bar_x1 + bar_x2), bar_y, span, col_white);

@@ -24,20 +24,34 @@ struct win_row {
 };
 
 constexpr win_row windows[] = {
-    {win_about, 500, 300, text_title_about},     {win_alrt, 400, 220, text_title_alert},
-    {win_nuke, 300, 166, text_title_nuke},       {win_open, 341, 484, text_title_open},
-    {win_save, 341, 484, text_title_save},       {win_apt, 631, 328, text_title_airport},
-    {win_dat, 1024, 762, text_title_data},       {win_wxr, 1002, 766, text_title_weather},
-    {win_tim, 572, 268, text_title_time},        {win_wgt, 1024, 650, text_title_weight},
-    {win_rel, 1009, 756, text_title_failures},   {win_acf, 810, 410, text_title_aircraft},
-    {win_qfl, 977, 766, text_title_quick_flight}, {win_snd, 620, 306, text_title_sound},
-    {win_ren, 840, 766, text_title_rendering},   {12, 700, 500, 0},
-    {win_fdr, 1020, 750, text_title_replay},     {win_joy, 1024, 768, text_title_joystick},
-    {win_wrn, 374, 452, text_title_warnings},    {win_map, 1024, 768, text_title_map},
-    {win_wrl, 1020, 750, text_title_planet},     {win_map_ios, 1024, 768, text_title_instructor},
-    {win_log, 831, 636, text_title_logbook},     {win_ins, 835, 674, text_title_instructions},
-    {win_env, 500, 425, text_title_environment}, {win_vew, 500, 270, text_title_view},
-    {win_map_2, 1024, 768, 0},                   {win_pln, 590, 356, text_title_plan},
+    {win_about, 500, 300, text_title_about},
+    {win_alrt, 400, 220, text_title_alert},
+    {win_nuke, 300, 166, text_title_nuke},
+    {win_open, 341, 484, text_title_open},
+    {win_save, 341, 484, text_title_save},
+    {win_apt, 631, 328, text_title_airport},
+    {win_dat, 1024, 762, text_title_data},
+    {win_wxr, 1002, 766, text_title_weather},
+    {win_tim, 572, 268, text_title_time},
+    {win_wgt, 1024, 650, text_title_weight},
+    {win_rel, 1009, 756, text_title_failures},
+    {win_acf, 810, 410, text_title_aircraft},
+    {win_qfl, 977, 766, text_title_quick_flight},
+    {win_snd, 620, 306, text_title_sound},
+    {win_ren, 840, 766, text_title_rendering},
+    {12, 700, 500, 0},
+    {win_fdr, 1020, 750, text_title_replay},
+    {win_joy, 1024, 768, text_title_joystick},
+    {win_wrn, 374, 452, text_title_warnings},
+    {win_map, 1024, 768, text_title_map},
+    {win_wrl, 1020, 750, text_title_planet},
+    {win_map_ios, 1024, 768, text_title_instructor},
+    {win_log, 831, 636, text_title_logbook},
+    {win_ins, 835, 674, text_title_instructions},
+    {win_env, 500, 425, text_title_environment},
+    {win_vew, 500, 270, text_title_view},
+    {win_map_2, 1024, 768, 0},
+    {win_pln, 590, 356, text_title_plan},
 };
 
 void size_and_title(int top_win) {
@@ -111,7 +125,8 @@ void MACIBM_startwind(int new_top_win, std::string from_str) {
     mnw.win_x = static_cast<float>(intmax2(intround(0.5f * (XRES - mnw.win_dx)), 0));
     mnw.win_y = static_cast<float>(intmax2(intround(0.5f * (YRES - mnw.win_dy)), 0));
     mnw.now_dragging = mnw.mouse_clicked = mnw.mouse_wheel = mnw.mouse_is_joy = 0;
-    menu[menu_popup].menux1 = menu[menu_popup].menuy1 = menu[menu_popup].menux2 = menu[menu_popup].menuy2 = no_menu_box;
+    menu[menu_popup].menux1 = menu[menu_popup].menuy1 = menu[menu_popup].menux2 = menu[menu_popup].menuy2 =
+        no_menu_box;
     if (new_top_win != win_fly) fill_background(new_top_win);
     MACIBM_update_back_texes();
 }

@@ -60,7 +60,8 @@ TEST(label, splits_into_its_parts_and_lines) {
     EXPECT_EQ(split_label("pitch/roll-rates", side_right_of).first, "pitch/roll-");
 }
 
-// Whatever the length, the parts cover it without gap or overlap and never show more of the piece than it has.
+// Whatever the length, the parts cover it without gap or overlap and never show more of the piece than it
+// has.
 TEST(frame, stretches_without_gaps) {
     static stretch_part parts[stretch_parts_max];
     for (const float piece : {52.0f, 100.0f, 16.0f})
@@ -73,7 +74,8 @@ TEST(frame, stretches_without_gaps) {
                 for (int i = 0; i < n; ++i) {
                     EXPECT_GE(parts[i].t_from, 0.0f);
                     EXPECT_LE(parts[i].t_to, piece + 1e-3f);
-                    EXPECT_NEAR(parts[i].to - parts[i].from, parts[i].t_to - parts[i].t_from, 1e-2f) << "not scaled";
+                    EXPECT_NEAR(parts[i].to - parts[i].from, parts[i].t_to - parts[i].t_from, 1e-2f)
+                        << "not scaled";
                     if (i) {
                         EXPECT_NEAR(parts[i].from, parts[i - 1].to, 1e-3f);
                     }
@@ -148,7 +150,8 @@ TEST_F(menus, long_ones_go_to_a_second_column_on_the_screen) {
 }
 
 TEST_F(menus, refuse_what_does_not_fit_and_survive_odd_parents) {
-    EXPECT_EQ(test::expect_fatal([] { MACIBM_create_menu(1520, 0, "x"); }).line[0], "Menu index out of range in create_menu!");
+    EXPECT_EQ(test::expect_fatal([] { MACIBM_create_menu(1520, 0, "x"); }).line[0],
+              "Menu index out of range in create_menu!");
     EXPECT_EQ(test::expect_fatal([] { MACIBM_append_menu(1520, 0, 0, "x", 0); }).line[0],
               "Menu index out of range in append_menu!");
     EXPECT_EQ(test::expect_fatal([] { MACIBM_append_menu(3, 300, 0, "x", 0); }).line[0],

@@ -1,0 +1,256 @@
+// Widgets under a mouse, in a real window: what they answer and what they show.
+#include "draw/widgets.h"
+
+#include <GL/gl.h>
+#include <string.h>
+
+#include <vector>
+
+#include "core/input_gate.h"
+#include "core/mnw.h"
+#include "core/paths.h"
+#include "core/seams.h"
+#include "core/stl.h"
+#include "draw/colours.h"
+#include "draw/frames.h"
+#include "draw/gl_facts.h"
+#include "draw/menus.h"
+#include "draw/ogl.h"
+#include "draw/primitives.h"
+#include "draw/type.h"
+#include "platform/window.h"
+#include "support.h"
+#include "ui/start_screen.h"
+#include "xvfb.h"
+
+namespace {
+class widgets : public test::system_test {
+protected:
+    void SetUp() override {
+        system_test::SetUp();
+        init_paths(INSTALL_FOLDER);
+        mnw.x_res_now = 1024, mnw.y_res_now = 768;
+        compute_screen_scale();
+        ASSERT_EQ(MACIBM_getcontext(), 1);
+        read_gl_facts();
+        window_fixed_gl_state();
+        platform_install_seams();
+        ren.current_alpha = 1.0f;
+        load_interface_images();
+        MACIBM_clear_menus(1);
+        mnw.menu_up = -1;
+        mnw.top_win = win_snd;
+        mnw.win_x = mnw.win_y = 0.0f;
+        mnw.win_dx = 1024.0f, mnw.win_dy = 768.0f;
+        mouse_away();
+    }
+    void TearDown() override {
+        window_close();
+        seams_headless();
+    }
+    static void mouse_away() { mouse(-100.0f, -100.0f, 0); }
+    static void mouse(float x, float y, int click) {
+        mnw.mx = x, mnw.my = y;
+        mnw.mouse_clicked = mnw.now_dragging = click;
+        stl.help_message.clear();
+    }
+    // Draws on black and gives the picture of a box.
+    template <class draw>
+    static std::vector<unsigned char> picture(float x1, float y1, float x2, float y2, draw&& widget) {
+        OGL_view_2d();
+        glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
+        glClear(GL_COLOR_BUFFER_BIT);
+        widget();
+        const int dx = static_cast<int>(x2 - x1), dy = static_cast<int>(y2 - y1);
+        std::vector<unsigned char> pixels(static_cast<size_t>(3 * dx * dy));
+        glReadBuffer(GL_BACK);
+        glReadPixels(static_cast<int>(x1), static_cast<int>(y1), dx, dy, GL_RGB, GL_UNSIGNED_BYTE,
+                     pixels.data());
+        return pixels;
+    }
+    static int lit(const std::vector<unsigned char>& pixels) {
+        int n = 0;
+        for (size_t i = 0; i < pixels.size(); i += 3) n += pixels[i] + pixels[i + 1] + pixels[i + 2] > 60;
+        return n;
+    }
+    const test::xvfb screen;
+};
+
+TEST_F(widgets, buttons_and_boxes_answer_where_they_stand) {
+    const auto button = [] { return BTN_action(300.0f, 300.0f, 0, 0, "press me{ The help."); };
+    const auto at_rest = picture(240, 280, 360, 320, button);
+    EXPECT_GT(lit(at_rest), 300);
+    mouse(300.0f, 300.0f, 0);
+    EXPECT_NE(picture(240, 280, 360, 320, button), at_rest) << "lights up under the mouse";
+    EXPECT_EQ(stl.help_message, "The help.");
+    mouse(300.0f, 300.0f, 1);
+    EXPECT_EQ(button(), 1);
+    mouse(300.0f, 311.0f, 1);
+    EXPECT_EQ(button(), 0) << "20 high";
+    mnw.menu_up = 3;
+    mouse(300.0f, 300.0f, 1);
+    EXPECT_EQ(button(), 0) << "a menu is open";
+    mnw.menu_up = -1;
+
+    int flag = 0;
+    for (const auto& [x, y, hit] : {std::tuple{200.0f, 200.0f, 1},
+                                    {192.0f, 196.0f, 1},
+                                    {208.0f, 212.0f, 1},
+                                    {191.0f, 200.0f, 0},
+                                    {200.0f, 213.0f, 0}}) {
+        const int before = flag;
+        mouse(x, y, 1);
+        EXPECT_EQ(BTN_bool(200.0f, 200.0f, &flag, "a|b", 0), hit) << x << ' ' << y;
+        EXPECT_EQ(flag, hit ? !before : before);
+    }
+    int choice = 5;
+    mouse(200.0f, 200.0f, 1);
+    EXPECT_EQ(BTN_is_int(200.0f, 200.0f, &choice, 2, "|two"), 1);
+    EXPECT_EQ(choice, 2);
+    char letter = 'a';
+    unsigned char byte = 1;
+    EXPECT_EQ(BTN_xchr(200.0f, 200.0f, &letter, 'z', ""), 1);
+    EXPECT_EQ(BTN_xbyt(200.0f, 200.0f, &byte, 200, ""), 1);
+    EXPECT_EQ(letter, 'z');
+    EXPECT_EQ(byte, 200);
+}
+
+TEST_F(widgets, digit_boxes_step_by_their_place_and_keep_their_range) {
+    float value = 29.92f;  // four boxes of 10 about x 300: 280 to 320
+    const auto click = [&](float x, float y) {
+        mouse(x, y, 1);
+        return BTN_flt_range(300.0f, 200.0f, &value, 4, 2, 28.0f, 31.0f, "");
+    };
+    EXPECT_EQ(click(315.0f, 210.0f), 1);
+    EXPECT_NEAR(value, 29.93f, 1e-4f);
+    EXPECT_EQ(click(305.0f, 190.0f), 1);
+    EXPECT_NEAR(value, 29.83f, 1e-4f);
+    EXPECT_EQ(click(285.0f, 210.0f), 1);
+    EXPECT_EQ(value, 31.0f) << "held, not wrapped";
+    EXPECT_EQ(click(285.0f, 210.0f), 0);
+    EXPECT_EQ(click(321.0f, 210.0f), 0);
+    EXPECT_EQ(click(300.0f, 225.0f), 0);
+    int whole = 7;
+    mouse(285.0f, 190.0f, 1);
+    EXPECT_EQ(BTN_int(300.0f, 200.0f, &whole, 4, 0, ""), 1);
+    EXPECT_EQ(whole, 0);
+    whole = 7;
+    EXPECT_EQ(BTN_int(300.0f, 200.0f, &whole, 4, 1, ""), 1);
+    EXPECT_EQ(whole, -993);
+    float feet = 100.0f;
+    mouse(295.0f, 210.0f, 1);
+    EXPECT_EQ(BTN_fltij(300.0f, 200.0f, &feet, 4, 0, 0, 0.3048f, 1, ""), 1);
+    EXPECT_NEAR(feet, 100.0f + 100.0f / 0.3048f, 0.01f) << "a hundred metres more";
+    char id[5] = "KS";
+    mouse(285.0f, 190.0f, 1);
+    EXPECT_EQ(BTN_chars(300.0f, 200.0f, id, 4, ""), 1);
+    EXPECT_STREQ(id, "JS");
+    mouse(315.0f, 190.0f, 1);
+    BTN_chars(300.0f, 200.0f, id, 4, "");
+    EXPECT_STREQ(id, "JS Z") << "wraps from blank";
+}
+
+TEST_F(widgets, a_list_opens_over_its_control_and_gives_the_choice) {
+    int sel = 1;
+    const auto list = [&] { return BTN_textlist(400.0f, 400.0f, &sel, "-zero-one-two-three", "label|"); };
+    mouse(400.0f, 403.0f, 1);
+    EXPECT_EQ(list(), 0);
+    ASSERT_EQ(mnw.menu_up, menu_popup);
+    ASSERT_EQ(menu[menu_popup].item.size(), 4u);
+    const item_struct now = menu[menu_popup].item[1], last = menu[menu_popup].item[3];
+    EXPECT_LE(now.itemy1, 403);
+    EXPECT_GE(now.itemy2, 400) << "the present item lies under the control";
+    EXPECT_GT(lit(picture(last.itemx1, last.itemy1, last.itemx2, last.itemy2, [] { menus_draw(); })), 10);
+    mouse(0.5f * (last.itemx1 + last.itemx2), last.itemy1 + 6.0f, 1);
+    EXPECT_EQ(menus_click(1), 1);
+    EXPECT_EQ(mnw.menu_up, -1);
+    mouse_away();
+    EXPECT_EQ(list(), 1);
+    EXPECT_EQ(sel, 3);
+    EXPECT_EQ(list(), 0);
+    test::expect_fatal([&] { BTN_textlist(1.0f, 1.0f, &sel, "-a|b", ""); });
+    std::string many;
+    for (int i = 0; i < 301; ++i) many += "-x";
+    EXPECT_EQ(test::expect_fatal([&] { BTN_textlist(1.0f, 1.0f, &sel, many, ""); }).line[0],
+              "BTN_text_list overflow!");
+}
+
+TEST_F(widgets, sliders_stay_grabbed_while_dragged) {
+    float value = 0.0f;
+    const auto slide = [&] {
+        return BTN_horz_slider(100.0f, 300.0f, 200.0f, 10, 0.0f, 50.0f, &value, 1, "", "");
+    };
+    mouse(200.0f, 300.0f, 1);
+    EXPECT_EQ(slide(), 1);
+    EXPECT_FLOAT_EQ(value, 25.0f);
+    mouse(250.0f, 700.0f, 0);
+    mnw.now_dragging = 1;  // far off the track
+    slide();
+    EXPECT_FLOAT_EQ(value, 37.5f);
+    mouse(250.0f, 300.0f, 0);
+    slide();
+    mouse(120.0f, 300.0f, 0);
+    mnw.now_dragging = 1;  // a drag that began elsewhere
+    EXPECT_EQ(slide(), 0);
+    float same = 3.0f;
+    mouse(200.0f, 300.0f, 1);
+    BTN_horz_slider(100.0f, 300.0f, 200.0f, 10, 3.0f, 3.0f, &same, 1, "", "");
+    EXPECT_NEAR(same, 3.005f, 1e-4f) << "ends that coincide are pushed apart";
+
+    int line = 50;
+    mouse(500.0f, 492.0f, 1);
+    EXPECT_EQ(BTN_vert_slider(500.0f, 100.0f, 500.0f, 0, 99, &line), 1);
+    EXPECT_EQ(line, 49);
+    mouse(500.0f, 116.0f, 1);
+    BTN_vert_slider(500.0f, 100.0f, 500.0f, 0, 99, &line);
+    EXPECT_EQ(line, 99);
+}
+
+TEST_F(widgets, a_text_field_takes_the_keys_and_return) {
+    std::string text = "abc";
+    const auto field = [&] { return BTN_enterstring(300.0f, 300.0f, &text, 6, 4, ""); };
+    mouse(300.0f, 300.0f, 1);
+    field();
+    EXPECT_EQ(mnw.entry_field, 4);
+    mouse_away();
+    for (const char c : {'d', 'e', 'f', 'g', 'h'}) input_gate_key(key_use_char, c, 1);
+    EXPECT_EQ(field(), 1);
+    EXPECT_EQ(text, "abcdef") << "cut to its length";
+    input_gate_key(key_use_char, char_return, 1);
+    EXPECT_EQ(mnw.entry_field, -1);
+    EXPECT_EQ(mnw.top_win, win_snd) << "the window stays";
+}
+
+TEST_F(widgets, wrong_kinds_end_with_their_texts) {
+    const struct {
+        void (*call)();
+        const char* text;
+    } faults[] = {
+        {[] { BTN_frame0(5, 1, 1, 9); }, "Bad BTN_frame0 call!"},
+        {[] { BTN_frame0(6, 1.5f, 1, 9); }, "BTN_frame0 non-int x_center!"},
+        {[] { BTN_frame0(6, 1, 1.5f, 9); }, "BTN_frame0 non-int y_center!"},
+        {[] { BTN_frame1(6, 1, 1, 9, 0); }, "Bad BTN_frame1 call!"},
+        {[] { BTN_frame2(19, 1, 1, 9, 9, ""); }, "Bad BTN_frame2 call!"},
+        {[] { OGL_string(0, 1, 1, "x", no_wrap, 99); }, "String proc with bad charset!"},
+        {[] { OGL_number(0, 1, 1, 1, 3, 0, charset_text); }, "Numbers must be mono-spaced!"},
+        {[] { OGL_setcolorINDEX(94, 1); }, "too many colors!"},
+        {[] { OGL_setcolorINDEX(0, 1.1f); }, "OGL_setcolorINDEX A out of range!"},
+        {[] { OGL_setcolorRGBA(1, 2, 0, 1, 1); }, "OGL_setcolorRGBA out of range!"},
+        {[] { OGL_scissors(1, 1, 0, 5); }, "OGL_scissors negative clip range!"},
+    };
+    for (const auto& fault : faults) EXPECT_EQ(test::expect_fatal(fault.call).line[0], fault.text);
+}
+
+TEST_F(widgets, all_is_green_through_the_intensifier) {
+    const auto label = [] { OGL_string(1, 100.0f, 100.0f, "MWMW", no_wrap, charset_text); };
+    ren.night_vision_on = 1;
+    const auto green = picture(90, 90, 160, 120, label);
+    ren.night_vision_on = 0;
+    const auto red = picture(90, 90, 160, 120, label);
+    EXPECT_GT(lit(green), 30);
+    for (size_t i = 0; i < green.size(); i += 3) {
+        EXPECT_EQ(green[i] + green[i + 2], 0);
+        EXPECT_EQ(red[i + 1] + red[i + 2], 0);
+    }
+}
+}  // namespace
