@@ -1,69 +1,144 @@
-// The real program in a real window, driven from outside.
+// The real program in a real window, driven from outside by keys and mouse, watched by its pixels.
+#include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "support.h"
 #include "xvfb.h"
 
 namespace {
-int shell(const std::string& command) { return test::run(command).status; }
-std::string output_of(const std::string& command) { return test::run(command).output; }
+const std::string resolution_file =
+    std::string(INSTALL_FOLDER) + "Resources/Preferences/Orvelle 8 Resolution.prf";
 
-TEST(program, starts_flies_pauses_and_quits_by_its_keys) {
-    ASSERT_EQ(shell("which xdotool >/dev/null 2>&1"), 0) << "xdotool is missing";
-    const test::xvfb screen;
-    setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
-    setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
-    const pid_t pid = fork();
-    if (pid == 0) {
-        if (!freopen("/dev/null", "w", stdout)) _exit(9);
-        execl((std::string(INSTALL_FOLDER) + "tarvane").c_str(), "tarvane", static_cast<char*>(nullptr));
-        _exit(9);
+class program : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(test::run("which xdotool import compare").status, 0) << "xdotool or ImageMagick is missing";
+        before_ = std::filesystem::exists(resolution_file) ? test::read_file(resolution_file) : "";
+        setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+        setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
     }
-    // wait until the window stands and something is drawn
-    std::string window;
-    for (int i = 0; i < 100 && window.empty(); ++i) {
-        usleep(100000);
-        window = output_of("xdotool search --onlyvisible --maxdepth 1 '.*' 2>/dev/null | head -1");
+    void TearDown() override {
+        if (pid_ > 0 && waitpid(pid_, nullptr, WNOHANG) == 0) {
+            kill(pid_, SIGKILL);
+            waitpid(pid_, nullptr, 0);
+        }
+        // a user's own choice comes back
+        if (before_.empty())
+            std::filesystem::remove(resolution_file);
+        else
+            write_resolution(before_);
     }
-    sleep(2);
-    const test::temp_folder folder;
-    const auto shot = [&folder](const char* name) {
-        shell("import -window root " + folder.path() + name + " >/dev/null 2>&1");
-        return output_of("identify -format '%k' " + folder.path() + name);
-    };
-    EXPECT_GT(atoi(shot("a.png").c_str()), 200) << "sky, ground and text";
-    shell("xdotool mousemove 512 384 key p");
+    static void write_resolution(const std::string& text) {
+        FILE* f = fopen(resolution_file.c_str(), "w");
+        ASSERT_NE(f, nullptr);
+        fputs(text.c_str(), f);
+        fclose(f);
+    }
+    void start() {
+        pid_ = fork();
+        if (pid_ == 0) {
+            if (!freopen("/dev/null", "w", stdout)) _exit(9);
+            execl((std::string(INSTALL_FOLDER) + "tarvane").c_str(), "tarvane", static_cast<char*>(nullptr));
+            _exit(9);
+        }
+        ASSERT_TRUE(comes([] {
+            return !test::run("xdotool search --onlyvisible --maxdepth 1 '.*' 2>/dev/null").output.empty();
+        }));
+    }
+    // Waits until it is so, ten seconds at most.
+    static bool comes(const std::function<bool()>& so) {
+        for (int i = 0; i < 100; ++i) {
+            if (so()) return true;
+            usleep(100000);
+        }
+        return false;
+    }
+    static void drive(const std::string& words) { test::run("xdotool " + words); }
+    std::string shoot(const std::string& name) {
+        test::run("import -window root " + folder_.path() + name);
+        return folder_.path() + name;
+    }
+    // Pixels in which two pictures differ inside a box "WxH+X+Y".
+    static int difference(const std::string& a, const std::string& b, const std::string& box) {
+        return atoi(test::run("compare -metric AE -extract " + box + " " + a + " " + b + " null: 2>&1")
+                        .output.c_str());
+    }
+    // Colours inside a box of the screen now.
+    int colours(const std::string& box) {
+        return atoi(
+            test::run("convert " + shoot("now.png") + " -crop " + box + " -format %k info:").output.c_str());
+    }
+    bool flies() { return colours("1024x600+0+60") > 2000; }
+    int ends() {
+        int status = -1;
+        comes([&] { return waitpid(pid_, &status, WNOHANG) == pid_; });
+        pid_ = -1;
+        return status;
+    }
+
+    const test::xvfb screen_;
+    const test::temp_folder folder_;
+    pid_t pid_ = -1;
+    std::string before_;
+};
+
+const char* const english = "I\n801 version\n1024\n768\n32\n1\n0\n1\n0.02\n0.02\n";
+
+TEST_F(program, asks_for_the_language_once_tells_its_notes_and_flies) {
+    std::filesystem::remove(resolution_file);
+    start();
+    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the chooser";
+    EXPECT_LT(colours("300x200+0+100"), 5) << "nothing flies yet";
+    drive("mousemove 462 352 click 1");  // French
+    usleep(300000);
+    drive("key Return");
+    ASSERT_TRUE(comes([] { return std::filesystem::exists(resolution_file); }));
+    EXPECT_EQ(test::read_file(resolution_file).substr(0, 27), "I\n801 version\n1024\n768\n32\n1\n");
     usleep(500000);
-    shot("b.png");
+    drive("key Return");  // the notes
+    EXPECT_TRUE(comes([&] { return flies(); }));
+    drive("key q");
+    EXPECT_EQ(ends(), 0);
+}
+
+TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
+    write_resolution(english);
+    start();
+    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
+    drive("key Return");
+    ASSERT_TRUE(comes([&] { return flies(); }));
+
+    drive("mousemove 512 384 key p");
+    usleep(500000);
+    const std::string a = shoot("a.png");
     usleep(700000);
-    shot("c.png");
-    EXPECT_EQ(
-        output_of("cd " + folder.path() + " && compare -metric AE -crop 1024x500+0+0 b.png c.png null: 2>&1"),
-        "0")
-        << "paused, the picture stands";
-    shell("xdotool key p");
-    sleep(1);
-    shot("d.png");
-    EXPECT_NE(
-        output_of("cd " + folder.path() + " && compare -metric AE -crop 1024x500+0+0 c.png d.png null: 2>&1"),
-        "0");
-    shell("xdotool key q");
-    int status = -1;
-    for (int i = 0; i < 50; ++i) {
-        if (waitpid(pid, &status, WNOHANG) == pid) break;
-        usleep(100000);
-        status = -1;
-    }
-    if (status == -1) {
-        kill(pid, SIGKILL);
-        waitpid(pid, nullptr, 0);
-    }
-    EXPECT_EQ(status, 0) << "q ends the program";
+    EXPECT_EQ(difference(a, shoot("b.png"), "1024x500+0+100"), 0) << "paused, the picture stands";
+
+    // the bar comes with the mouse at the top, a click opens the menu below its title
+    drive("mousemove 30 6");
+    usleep(300000);
+    EXPECT_GT(difference(a, shoot("bar.png"), "1024x18+0+0"), 10000);
+    drive("click 1");
+    usleep(300000);
+    EXPECT_GT(difference(a, shoot("menu.png"), "150x20+10+18"), 500);
+    drive("mousemove 40 24 click 1");  // its first entry: about
+    ASSERT_TRUE(comes([&] { return colours("500x300+262+234") > 60 && colours("200x200+0+300") < 5; }))
+        << "a window";
+    drive("key Return");
+    usleep(500000);
+    EXPECT_LT(difference(a, shoot("c.png"), "1024x500+0+100"), 100) << "closed, paused where it was";
+
+    drive("key p");
+    usleep(700000);
+    EXPECT_GT(difference(a, shoot("d.png"), "1024x500+0+100"), 10000);
+    drive("key q");
+    EXPECT_EQ(ends(), 0) << "q ends the program";
 }
 }  // namespace

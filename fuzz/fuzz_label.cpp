@@ -1,0 +1,37 @@
+// Labels, wrapping and numbers: any bytes reach them through names, messages and files.
+#include <string.h>
+
+#include <string>
+
+#include "draw/frames.h"
+#include "draw/menus.h"
+#include "draw/type.h"
+#include "support.h"
+
+using fuzzing::must;
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
+    if (size < 8) return 0;
+    float value;
+    memcpy(&value, data, sizeof value);
+    const int dig = static_cast<signed char>(data[4]), dec = static_cast<signed char>(data[5]);
+    const float dx = static_cast<float>(data[6]) * 4.0f;
+    const std::string text(reinterpret_cast<const char*>(data + 8), size - 8);
+
+    const number_layout n = lay_out_number(value, dig, dec);
+    must(n.count >= 0 && n.count <= static_cast<int>(sizeof n.glyph / sizeof n.glyph[0]));
+    for (int i = 0; i < n.count; ++i) must(n.glyph[i].c >= 32 && n.glyph[i].c <= 124);
+
+    const label_parts parts = label0to12h(text);
+    must(parts.left.size() + parts.right.size() + parts.help.size() <= text.size());
+    for (int side = side_left_of; side <= side_right_of; ++side) {
+        const label_lines lines = split_label(text, side);
+        must(lines.first.size() + lines.second.size() <= text.size());
+    }
+    const item_text item = split_hint(text);
+    must(item.name.size() + item.hint.size() <= text.size());
+    const int lines = wrapped_lines(text, dx);
+    must(lines >= 1 && lines <= static_cast<int>(text.size()) + 1);
+    must(str_dx(text) >= 0.0f);
+    return 0;
+}
