@@ -160,10 +160,11 @@ static void blend(const image_struct& image, int dx_file, int dy_file) {
     const int x1 = intmax2(0, -p.dx_off), x2 = intmin2(p.dx_vis, image_max - p.dx_off);
     const int y1 = intmax2(0, -p.dy_off), y2 = intmin2(p.dy_vis, image_max - p.dy_off);
     for (int y = y1; y < y2; ++y) {
-        unsigned char* to = scratch_array + ((y + p.dy_off) * image_max + p.dx_off) * image.bytes;
+        const int to = (y + p.dy_off) * image_max + p.dx_off;  // with x inside, without it perhaps not
         const unsigned char* from = scratch_array_temp + source_y[y] * dx_file * image.bytes;
         for (int x = x1; x < x2; ++x)
-            blend_pixel(to + x * image.bytes, from + source_x[x] * image.bytes, image.bytes);
+            blend_pixel(scratch_array + (to + x) * image.bytes, from + source_x[x] * image.bytes,
+                        image.bytes);
     }
 }
 
