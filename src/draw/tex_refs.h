@@ -1,6 +1,7 @@
 // References of the fixed textures, by which code knows them. Knows no OpenGL.
 #pragma once
 
+// clang-format off
 // name, first, last
 #define TEX_REFS(X)                                                                                  \
     X(runway, 1, 108)             /* markings and numbers: asphalt odd, concrete even */             \
@@ -52,6 +53,7 @@
     X(instrument, 629, 1829)      /* layer * 300 + slot */                                           \
     X(blank, 1830, 1830)                                                                             \
     X(free, 1831, 1831)           /* in a load: any that is free; those handed out lie from here up */
+// clang-format on
 
 enum tex_ref : int {
     tex_none = 0,
