@@ -49,8 +49,7 @@ struct stage_struct {
             for (const int c : {soft, soft / 2, 255 - soft, clear ? 0 : 255})
                 samples.push_back(static_cast<unsigned char>(c));
         }
-        png = test::png_bytes(
-            {.dx = side, .dy = side, .colour_type = PNG_COLOR_TYPE_RGB_ALPHA, .samples = samples});
+        png = test::png_bytes({side, side, PNG_COLOR_TYPE_RGB_ALPHA, samples});
         std::ofstream(folder + "a.png", std::ios::binary) << png;
     }
     ~stage_struct() {

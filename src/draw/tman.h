@@ -15,6 +15,7 @@
 // Form of the pixels, in OpenGL's numbers.
 enum tex_mode : int { mode_alpha = 6406, mode_rgb = 6407, mode_rgba = 6408 };
 
+// clang-format off
 // name, number, form (0: 3 or 4 bytes as the file has it), mip maps
 #define TEX_FILTERS(X)                       \
     X(filter_rgb, -107, mode_rgb, 0)         \
@@ -25,6 +26,7 @@ enum tex_mode : int { mode_alpha = 6406, mode_rgb = 6407, mode_rgba = 6408 };
     X(filter_alpha_mip, -112, mode_alpha, 1) \
     X(filter_auto, -113, 0, 0)               \
     X(filter_auto_mip, -114, 0, 1)
+// clang-format on
 
 enum tex_filter : int {
 #define X(name, number, mode, mips) name = number,

@@ -12,13 +12,13 @@ using bytes = std::vector<unsigned char>;
 
 constexpr double plain_gamma = 0.45455;  // values reach the texture as they are
 
-// samples: rows from above. palette: red, green, blue, alpha of each entry.
 struct png_picture {
-    int dx, dy, colour_type, depth = 8;
-    bytes samples;
+    int dx, dy, colour;
+    bytes samples;  // rows from above
+    int depth = 8;
+    bytes palette = {};          // red, green, blue, alpha of each entry
     double gamma = plain_gamma;  // 0: none said
     int interlace = PNG_INTERLACE_NONE;
-    bytes palette = {};
 };
 
 inline std::string png_bytes(const png_picture& p) {
@@ -31,7 +31,7 @@ inline std::string png_bytes(const png_picture& p) {
             static_cast<std::string*>(png_get_io_ptr(to))->append(reinterpret_cast<char*>(data), count);
         },
         nullptr);
-    png_set_IHDR(png, info, p.dx, p.dy, p.depth, p.colour_type, p.interlace, PNG_COMPRESSION_TYPE_DEFAULT,
+    png_set_IHDR(png, info, p.dx, p.dy, p.depth, p.colour, p.interlace, PNG_COMPRESSION_TYPE_DEFAULT,
                  PNG_FILTER_TYPE_DEFAULT);
     if (p.gamma > 0.0) png_set_gAMA(png, info, p.gamma);
     std::vector<png_color> colours;

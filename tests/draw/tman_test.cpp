@@ -43,8 +43,7 @@ protected:
         window_fixed_gl_state();
         read_gl_facts();
         OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
-        while (glGetError() != GL_NO_ERROR) {
-        }
+        GL_error_check("before the test");
     }
     void TearDown() override {
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
@@ -54,33 +53,22 @@ protected:
         return folder.write(name + ".png", png_bytes(p));
     }
     std::string rgba(const std::string& name, int dx, int dy, const bytes& samples) {
-        return png(name, {.dx = dx, .dy = dy, .colour_type = PNG_COLOR_TYPE_RGB_ALPHA, .samples = samples});
+        return png(name, {dx, dy, PNG_COLOR_TYPE_RGB_ALPHA, samples});
     }
     static int load(const std::string& path, int filter = filter_rgba, int ref = tex_free,
                     int type = load_ogl) {
         return tman.load_texture(1, type, ref, filter, path);
     }
-    static int level_side(GLenum which, int level) {
-        int side;
-        glGetTexLevelParameteriv(GL_TEXTURE_2D, level, which, &side);
-        return side;
-    }
     // What OpenGL holds, rows from below.
     static bytes held(int ref, GLenum form, int level = 0) {
+        int dx, dy;
         glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(ref));
         tman.reset_bind();
-        const int count = form == GL_RGBA ? 4 : form == GL_RGB ? 3 : 1;
-        bytes out(static_cast<size_t>(level_side(GL_TEXTURE_WIDTH, level)) *
-                  level_side(GL_TEXTURE_HEIGHT, level) * count);
+        glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_WIDTH, &dx);
+        glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_HEIGHT, &dy);
+        bytes out(static_cast<size_t>(dx) * dy * (form == GL_RGBA ? 4 : form == GL_RGB ? 3 : 1));
         glGetTexImage(GL_TEXTURE_2D, level, form, GL_UNSIGNED_BYTE, out.data());
         return out;
-    }
-    static int parameter(int ref, GLenum name) {
-        glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(ref));
-        tman.reset_bind();
-        int value;
-        glGetTexParameteriv(GL_TEXTURE_2D, name, &value);
-        return value;
     }
     static std::string last_alert() { return test::alerts.empty() ? "" : test::alerts.back().text.line[0]; }
 
@@ -93,107 +81,68 @@ protected:
 TEST_F(tman_test, every_kind_of_png_in_every_form) {
     const struct {
         int colour, depth;
-        bytes samples;  // two pixels above each other
-        bytes palette;
-        bytes rgb, rgba, alpha;  // the lower pixel as the texture should have it
-        int has_alpha;
+        bytes samples, palette;  // two pixels above each other
+        bytes rgb, rgba, alpha;  // the lower one as the texture should have it
     } rows[] = {
-        {PNG_COLOR_TYPE_GRAY, 8, {9, 50}, {}, {50, 50, 50}, {50, 50, 50, 255}, {50}, 0},
-        {PNG_COLOR_TYPE_GRAY, 1, {0x00, 0x80}, {}, {255, 255, 255}, {255, 255, 255, 255}, {255}, 0},
-        {PNG_COLOR_TYPE_GRAY_ALPHA, 8, {1, 2, 60, 70}, {}, {60, 60, 60}, {60, 60, 60, 70}, {60}, 1},
-        {PNG_COLOR_TYPE_RGB, 8, {1, 2, 3, 80, 80, 80}, {}, {80, 80, 80}, {80, 80, 80, 255}, {80}, 0},
-        {PNG_COLOR_TYPE_RGB,
-         16,
-         {1, 2, 3, 4, 5, 6, 90, 255, 91, 0, 92, 128},
-         {},
-         {90, 91, 92},
-         {90, 91, 92, 255},
-         {},
-         0},
-        {PNG_COLOR_TYPE_RGB_ALPHA,
-         8,
-         {1, 2, 3, 4, 10, 20, 30, 40},
-         {},
-         {10, 20, 30},
-         {10, 20, 30, 40},
-         {},
-         1},
-        {PNG_COLOR_TYPE_PALETTE,
-         4,
-         {0x00, 0x10},
-         {1, 2, 3, 4, 11, 22, 33, 44},
-         {11, 22, 33},
-         {11, 22, 33, 44},
-         {},
-         1},
+        // clang-format off
+        {PNG_COLOR_TYPE_GRAY, 8, {9, 50}, {}, {50, 50, 50}, {50, 50, 50, 255}, {50}},
+        {PNG_COLOR_TYPE_GRAY, 1, {0x00, 0x80}, {}, {255, 255, 255}, {255, 255, 255, 255}, {255}},
+        {PNG_COLOR_TYPE_GRAY_ALPHA, 8, {1, 2, 60, 70}, {}, {60, 60, 60}, {60, 60, 60, 70}, {60}},
+        {PNG_COLOR_TYPE_RGB, 8, {1, 2, 3, 80, 80, 80}, {}, {80, 80, 80}, {80, 80, 80, 255}, {80}},
+        {PNG_COLOR_TYPE_RGB, 16, {1, 2, 3, 4, 5, 6, 90, 255, 91, 0, 92, 128}, {}, {90, 91, 92}, {90, 91, 92, 255}, {}},
+        {PNG_COLOR_TYPE_RGB_ALPHA, 8, {1, 2, 3, 4, 10, 20, 30, 40}, {}, {10, 20, 30}, {10, 20, 30, 40}, {}},
+        {PNG_COLOR_TYPE_PALETTE, 4, {0x00, 0x10}, {1, 2, 3, 4, 11, 22, 33, 44}, {11, 22, 33}, {11, 22, 33, 44}, {}},
+        // clang-format on
     };
     int n = 0;
     for (const auto& row : rows) {
-        const std::string path = png("kind" + std::to_string(++n), {.dx = 1,
-                                                                    .dy = 2,
-                                                                    .colour_type = row.colour,
-                                                                    .depth = row.depth,
-                                                                    .samples = row.samples,
-                                                                    .palette = row.palette});
+        const std::string path =
+            png("kind" + std::to_string(++n), {1, 2, row.colour, row.samples, row.depth, row.palette});
         const auto lower = [](bytes all) { return bytes(all.begin(), all.begin() + all.size() / 2); };
         EXPECT_EQ(lower(held(load(path, filter_rgb, 1), GL_RGB)), row.rgb) << n;
         EXPECT_EQ(lower(held(load(path, filter_rgba, 1), GL_RGBA)), row.rgba) << n;
         const bytes grey = lower(held(load(path, filter_alpha, 1), GL_ALPHA));
         EXPECT_TRUE(grey == row.alpha || row.alpha.empty()) << n;
-        EXPECT_EQ(tman.has_alpha(load(path, filter_auto, 1)), row.has_alpha) << n;
-        EXPECT_EQ(tman.tex_mode(1), row.has_alpha ? GL_RGBA : GL_RGB) << n;
+        EXPECT_EQ(tman.has_alpha(load(path, filter_auto, 1)), row.rgba[3] != 255) << n;
     }
+    const int unsaid = load(png("unsaid", {1, 1, PNG_COLOR_TYPE_RGB, bytes(3, 128), 8, {}, 0.0}), filter_rgb);
+    EXPECT_NEAR(held(unsaid, GL_RGB)[0], 255.0 * std::pow(128.0 / 255.0, 1.0 / (2.2 * 0.5555556)), 1.0);
     EXPECT_TRUE(test::alerts.empty());
-}
-
-TEST_F(tman_test, gamma_of_a_file_that_does_not_say_it) {
-    const bytes samples(3, 128);
-    const int ref = load(
-        png("plain", {.dx = 1, .dy = 1, .colour_type = PNG_COLOR_TYPE_RGB, .samples = samples, .gamma = 0.0}),
-        filter_rgb);
-    EXPECT_NEAR(held(ref, GL_RGB)[0], 255.0 * std::pow(128.0 / 255.0, 1.0 / (2.2 * 0.5555556)), 1.0);
 }
 
 TEST_F(tman_test, size_follows_the_users_resolution_and_keeps_to_the_low_corner) {
     const bytes samples = noise(100 * 60 * 3);
     for (const int interlace : {PNG_INTERLACE_NONE, PNG_INTERLACE_ADAM7}) {
-        const std::string path = png("oblong", {.dx = 100,
-                                                .dy = 60,
-                                                .colour_type = PNG_COLOR_TYPE_RGB,
-                                                .samples = samples,
-                                                .interlace = interlace});
-        const struct {
-            int res, dx, dy, dx_tot, dy_tot, step;
-        } rows[] = {{5, 100, 60, 128, 64, 1}, {4, 50, 30, 64, 32, 2}};
-        for (const auto& row : rows) {
-            mnw.tex_res = row.res;
+        const std::string path =
+            png("oblong", {100, 60, PNG_COLOR_TYPE_RGB, samples, 8, {}, test::plain_gamma, interlace});
+        for (const int step : {1, 2}) {
+            mnw.tex_res = 6 - step;
             memset(scratch_array, 0xee, 128 * 64 * 3);  // of the load before
             const bytes got = held(load(path, filter_rgb, 7), GL_RGB);
-            EXPECT_EQ(tman.tex_dx_vis(7), row.dx);
-            EXPECT_EQ(tman.tex_dy_vis(7), row.dy);
-            EXPECT_EQ(tman.tex_dx_tot(7), row.dx_tot);
-            ASSERT_EQ(got.size(), static_cast<size_t>(row.dx_tot * row.dy_tot * 3));
+            EXPECT_TRUE(tman.tex_dx_vis(7) == 100 / step && tman.tex_dy_vis(7) == 60 / step);
+            const int dx_tot = 128 / step, dy_tot = 64 / step;
+            ASSERT_EQ(got.size(), static_cast<size_t>(dx_tot * dy_tot * 3));
             int wrong = 0;
-            for (int y = 0; y < row.dy_tot; ++y)
-                for (int x = 0; x < row.dx_tot; ++x) {
-                    const bool inside = x < row.dx && y < row.dy;
-                    const int from = ((59 - y * row.step) * 100 + x * row.step) * 3;
-                    for (int c = 0; c < 3; ++c)
-                        wrong += got[(y * row.dx_tot + x) * 3 + c] != (inside ? samples[from + c] : 0);
-                }
-            EXPECT_EQ(wrong, 0) << row.res << ' ' << interlace;
+            for (int i = 0; i < dx_tot * dy_tot * 3; ++i) {
+                const int x = i / 3 % dx_tot * step, y = i / 3 / dx_tot * step;
+                const int there = x < 100 && y < 60 ? samples[((59 - y) * 100 + x) * 3 + i % 3] : 0;
+                wrong += got[i] != there;
+            }
+            EXPECT_EQ(wrong, 0) << step << ' ' << interlace;
         }
     }
-    mnw.tex_res = 0;
     const std::string square = rgba("square", 16, 16, bytes(16 * 16 * 4, 200));
-    EXPECT_EQ(tman.tex_dx_tot(load(square)), 1.0f);
-    EXPECT_EQ(tman.tex_dx_tot(load(square, filter_rgba, tex_paint)), 1.0f);
-    EXPECT_EQ(tman.tex_dx_tot(load(square, filter_rgba, tex_interface)), 16.0f);
-    mnw.tex_res = 3;
-    EXPECT_EQ(tman.tex_dx_tot(load(square, filter_rgba, tex_paint_last)), 8.0f);
-    EXPECT_EQ(tman.tex_dx_tot(load(square, filter_rgba, tex_weapon)), 4.0f);
-    mnw.tex_res = 5, maxtexdim = 6;
-    EXPECT_EQ(tman.tex_dx_vis(load(square, filter_rgba, tex_weapon)), 4.0f);
+    const auto side_of = [&](int res, int ref) {
+        mnw.tex_res = res;
+        return tman.tex_dx_tot(load(square, filter_rgba, ref));
+    };
+    EXPECT_EQ(side_of(0, tex_free), 1.0f);
+    EXPECT_EQ(side_of(0, tex_paint), 1.0f);
+    EXPECT_EQ(side_of(0, tex_interface), 16.0f);
+    EXPECT_EQ(side_of(3, tex_paint_last), 8.0f);
+    EXPECT_EQ(side_of(3, tex_weapon), 4.0f);
+    maxtexdim = 6;
+    EXPECT_EQ(side_of(5, tex_weapon), 4.0f);
     mnw.tex_res = 0;
     for (int n = 1; n <= 1024; ++n) {  // 1 / n times n may round to less than a pixel
         image_place place;
@@ -284,16 +233,11 @@ TEST_F(tman_test, edges_are_clean_on_every_level) {
     }
 }
 
-TEST_F(tman_test, levels_of_pictures_without_alpha) {
-    const int ref = load(png("tri", {.dx = 2,
-                                     .dy = 2,
-                                     .colour_type = PNG_COLOR_TYPE_RGB,
-                                     .samples = {1, 10, 100, 2, 20, 101, 3, 30, 102, 4, 40, 104}}),
-                         filter_rgb_mip);
+TEST_F(tman_test, levels_without_alpha_and_of_a_single_pixel) {
+    const bytes samples = {1, 10, 100, 2, 20, 101, 3, 30, 102, 4, 40, 104};
+    const int ref = load(png("tri", {2, 2, PNG_COLOR_TYPE_RGB, samples}), filter_rgb_mip);
     EXPECT_EQ(held(ref, GL_RGB, 1), (bytes{2, 25, 101}));
-    const int one = load(rgba("one", 1, 1, {1, 2, 3, 4}), filter_rgba_mip);
-    EXPECT_EQ(held(one, GL_RGBA), (bytes{1, 2, 3, 4}));
-    EXPECT_EQ(level_side(GL_TEXTURE_WIDTH, 1), 0);
+    EXPECT_TRUE(held(load(rgba("one", 1, 1, {1, 2, 3, 4}), filter_rgba_mip), GL_RGBA, 1).empty());
 }
 
 TEST_F(tman_test, blends_over_what_is_there) {
@@ -303,15 +247,17 @@ TEST_F(tman_test, blends_over_what_is_there) {
     EXPECT_EQ(bytes(scratch_array, scratch_array + 8), (bytes{120, 80, 90, 151, 100, 100, 100, 100}));
     const auto at = [](int x, int y) { return scratch_array + (y * 1024 + x) * 4; };
     const std::string block = rgba("block", 4, 4, bytes(64, 255));
-    veh[0].ins_size[5] = 2.0f, veh[0].ins_x[5] = 1022.0f, veh[0].ins_y[5] = 1.0f;  // hangs over two edges
-    EXPECT_EQ(load(block, filter_auto, tex_instrument + 5, load_instrument), 1);
-    EXPECT_EQ(*at(1018, 4), 255);
-    EXPECT_EQ(*at(1023, 0), 255);
-    EXPECT_EQ(*at(1017, 4), 100);
-    EXPECT_EQ(*at(1020, 5), 100);
-    EXPECT_EQ(*at(2, 3), 100);
-    veh[0].ins_x[5] = 3000.0f;
-    EXPECT_EQ(load(block, filter_rgba, tex_instrument + 5, load_instrument), 0);
+    const auto put = [&](float x, float y) {  // 8 by 8 pixels
+        veh[0].ins_size[5] = 2.0f, veh[0].ins_x[5] = x, veh[0].ins_y[5] = y;
+        return load(block, filter_auto, tex_instrument + 5, load_instrument);
+    };
+    EXPECT_EQ(put(1022.0f, 1.0f), 1);  // hangs over two edges
+    EXPECT_TRUE(*at(1018, 4) == 255 && *at(1023, 0) == 255);
+    EXPECT_TRUE(*at(1017, 4) == 100 && *at(1020, 5) == 100 && *at(2, 3) == 100);
+    EXPECT_EQ(put(2.0f, 1023.0f), 1);  // and over the others
+    EXPECT_TRUE(*at(0, 1023) == 255 && *at(5, 1019) == 255);
+    EXPECT_TRUE(*at(6, 1019) == 100 && *at(1023, 1022) == 100);
+    EXPECT_EQ(put(3000.0f, 0.0f), 0);
     veh[0].ins_size[5] = NAN;
     EXPECT_EQ(load(block, filter_rgba, tex_instrument + 5, load_instrument), 0);
     EXPECT_EQ(load(block, filter_rgba, tex_instrument + 300, load_instrument), 0);
@@ -353,24 +299,6 @@ TEST_F(tman_test, pixels_of_the_caller_refresh_their_texture) {
     EXPECT_EQ(held(tex_sky, GL_RGB).size(), 1024u * 1024u * 3u);
 }
 
-TEST_F(tman_test, wrap_and_filter_by_reference) {
-    const std::string path = rgba("w", 2, 2, bytes(16, 9));
-    for (const int ref : {tex_skids + 0, tex_landing_light + 0, tex_sectional_colours + 0, tex_cockpit_3d + 0,
-                          tex_cockpit_3d_alpha + 0, tex_instrument + 0, tex_instrument_last + 0})
-        EXPECT_EQ(parameter(load(path, filter_rgba, ref), GL_TEXTURE_WRAP_T), GL_CLAMP_TO_EDGE) << ref;
-    for (const int ref : {1, 126, 305, 628, 1830})
-        EXPECT_EQ(parameter(load(path, filter_rgba, ref), GL_TEXTURE_WRAP_S), GL_REPEAT) << ref;
-    const auto filters = [](int ref) {
-        return std::pair{parameter(ref, GL_TEXTURE_MIN_FILTER), parameter(ref, GL_TEXTURE_MAG_FILTER)};
-    };
-    EXPECT_EQ(filters(load(path, filter_rgba_mip, 8)), (std::pair{GL_LINEAR_MIPMAP_LINEAR, GL_LINEAR}));
-    EXPECT_EQ(filters(load(path, filter_rgba, 8)), (std::pair{GL_LINEAR, GL_LINEAR}));
-    for (const int ref : {312, 337, 338, 334})
-        EXPECT_EQ(filters(load(path, filter_rgba, ref)), (std::pair{GL_NEAREST, GL_NEAREST})) << ref;
-    mnw.xy_scale = 1.3f;
-    EXPECT_EQ(filters(load(path, filter_rgba, 334)), (std::pair{GL_LINEAR, GL_LINEAR}));
-}
-
 // -- binding
 
 TEST_F(tman_test, binds_once_and_only_units_that_exist) {
@@ -401,10 +329,10 @@ TEST_F(tman_test, binds_once_and_only_units_that_exist) {
     const struct {
         int ref, unit;
         const char* words;
-    } faults[] = {
-        {0, 0, "Trying to bind a null ref!"},           {-3, 0, "Trying to bind a null ref!"},
-        {1 << 30, 0, "Trying to bind a null ref!"},     {tex_fire, 0, "Trying to bind a null tex!"},
-        {b, 6, "Trying to bind an out of range unit!"}, {b, -1, "Trying to bind an out of range unit!"}};
+    } faults[] = {{0, 0, "Trying to bind a null ref!"},
+                  {1 << 30, 0, "Trying to bind a null ref!"},
+                  {tex_fire, 0, "Trying to bind a null tex!"},
+                  {b, 6, "Trying to bind an out of range unit!"}};
     for (const auto& f : faults) {
         tman.bind_ref(f.ref, f.unit, 0);
         EXPECT_EQ(last_alert(), f.words);
@@ -436,19 +364,15 @@ TEST_F(tman_test, combiner_modes_mix_as_their_table_says) {
     const struct {
         int mode, tex;
         colour expected;
-    } rows[] = {{1, b, sum},
-                {1, plain, with_alpha(sum, previous[3])},
-                {1, b, sum},
-                {2, b, with_alpha(tex, tex[3] - primary[3])},
-                {3, b, with_alpha(over, 1.0)},
-                {4, b, with_alpha(lit, previous[3])},
-                {5, b, with_alpha(lit, tex[3])},
-                {6, b, previous},
-                {7, b, with_alpha(previous, 1.0)},
-                {8, b, with_alpha(product, 1.0)},
-                {GL_MODULATE, b, product},
-                {0, b, product},
-                {GL_ADD, b, with_alpha(sum, product[3])}};
+    } rows[] = {
+        // clang-format off
+        {1, b, sum}, {1, plain, with_alpha(sum, previous[3])}, {1, b, sum},  // the change of texture alone counts
+        {2, b, with_alpha(tex, tex[3] - primary[3])}, {3, b, with_alpha(over, 1.0)},
+        {4, b, with_alpha(lit, previous[3])}, {5, b, with_alpha(lit, tex[3])}, {6, b, previous},
+        {7, b, with_alpha(previous, 1.0)}, {8, b, with_alpha(product, 1.0)},
+        {GL_MODULATE, b, product}, {0, b, product}, {GL_ADD, b, with_alpha(sum, product[3])},
+        // clang-format on
+    };
     OGL_view_2d();
     OGL_setstate(fog_off, 2, lit_off, al_blend, depth_no_read, depth_no_write);
     const auto draw = [&](GLenum source) {
@@ -474,16 +398,10 @@ TEST_F(tman_test, combiner_modes_mix_as_their_table_says) {
 // -- faults
 
 TEST_F(tman_test, faulty_files_are_told_and_give_no_texture) {
-    const std::string good =
-        png_bytes({.dx = 40, .dy = 40, .colour_type = PNG_COLOR_TYPE_RGB, .samples = noise(4800)});
-    std::string wide = good;
+    const std::string good = png_bytes({40, 40, PNG_COLOR_TYPE_RGB, noise(4800)});
     const bytes pixels(4 * 3 * 3);
     const auto big = [](int dx, int dy) {
-        return png_bytes({.dx = dx,
-                          .dy = dy,
-                          .colour_type = PNG_COLOR_TYPE_GRAY,
-                          .depth = 1,
-                          .samples = bytes((dx + 7) / 8 * dy)});
+        return png_bytes({dx, dy, PNG_COLOR_TYPE_GRAY, bytes((dx + 7) / 8 * dy), 1});
     };
     const char* const size = "Trying to create a texture either less than 1 or greater than 1024!";
     const struct {
@@ -534,8 +452,7 @@ TEST_F(tman_test, faulty_files_are_told_and_give_no_texture) {
 
 // A window that shows a fault draws its background through the same buffer.
 TEST_F(tman_test, an_alert_in_mid_load_leaves_the_pixels) {
-    std::string content =
-        png_bytes({.dx = 2, .dy = 1, .colour_type = PNG_COLOR_TYPE_RGB, .samples = {1, 2, 3, 4, 5, 6}});
+    std::string content = png_bytes({2, 1, PNG_COLOR_TYPE_RGB, {1, 2, 3, 4, 5, 6}});
     content[content.find("gAMA") + 8] ^= 1;  // its check sum is wrong
     static int shown;
     shown = 0;
@@ -559,17 +476,11 @@ TEST_F(tman_test, works_on_the_table_alone_without_a_window) {
     EXPECT_EQ(held(ref, GL_RGBA).size(), 128u);
 }
 
-TEST(gl_facts, come_from_the_version_or_the_list) {
-    gl_facts_from("1.1.0", "");
-    EXPECT_EQ(tex_clamp_avail + add_env_avail + dis_fog_avail + tex_comp_avail + combine_avail, 0);
+TEST(gl_facts, come_from_the_version_or_the_whole_list) {
     gl_facts_from("1.2", "");
     EXPECT_TRUE(tex_clamp_avail && !combine_avail);
-    for (const char* version : {"1.3.1", "2.1 Mesa", "4.5 (Compatibility Profile)", "10.0"}) {
-        gl_facts_from(version, "");
-        EXPECT_TRUE(tex_clamp_avail && combine_avail && !add_env_avail) << version;
-    }
+    gl_facts_from("4.5 (Compatibility Profile)", "");
+    EXPECT_TRUE(tex_clamp_avail && combine_avail && !add_env_avail);
     gl_facts_from("1.1", "GL_ARB_multitexture " + std::string(6000, 'x') + " GL_EXT_texture_env_add");
     EXPECT_TRUE(add_env_avail && !tex_clamp_avail);
-    gl_facts_from("no number", "GL_SGIS_texture_edge_clamp GL_EXT_texture_env_combine GL_NV_fog_distance");
-    EXPECT_TRUE(tex_clamp_avail && combine_avail && dis_fog_avail && !tex_comp_avail);
 }
