@@ -157,6 +157,9 @@ void APP_handlekey(int use_code, int key) {
 
 void mouse_flies() {
     if (!seam.has_display || mouse_parked || mnw.has_joy || mnw.top_win != win_fly) return;
+    // on its way to a menu the stick stays where it was
+    constexpr float menu_bar = 18.0f;
+    if (mnw.menu_up >= 0 || mnw.my > YRES + mnw.y_off - menu_bar) return;
     constexpr float travel = 0.4f;  // share of the screen from neutral to full
     mnw.YK_roll = fltlim((mnw.mx - 0.5f * XRES) / (travel * XRES), -1.0f, 1.0f);
     mnw.YK_ptch = fltlim((0.5f * YRES - mnw.my) / (travel * YRES), -1.0f, 1.0f);
