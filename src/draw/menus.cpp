@@ -4,6 +4,7 @@
 #include "core/alert.h"
 #include "core/mnw.h"
 #include "core/num.h"
+#include "core/stl.h"
 #include "core/upward.h"
 #include "draw/colours.h"
 #include "draw/frames.h"
@@ -20,11 +21,10 @@ menu_answers menu_answer = {never, never};
 
 namespace {
 constexpr float bar_height = 18.0f, entry_width = 180.0f, entry_height = 12.0f, korean_height = 14.0f;
-constexpr int korean_language = 5;
 
 void fatal_text(const char* text) { MACIBM_alert(mnw.top_win, text, "", "", "", alert_fatal); }
 unsigned short unit(float x) { return static_cast<unsigned short>(intlim(intround(x), 0, 65535)); }
-bool is_korean() { return mnw.lang == korean_language; }
+bool is_korean() { return stl.glyph_text; }
 
 // Width of a title or entry as it will be drawn.
 float title_dx(const std::string& text) {
@@ -257,7 +257,7 @@ void draw_entry(int m, const item_struct& item) {
         OGL_fillrect(col_white, 0.25f, item.itemx1, item.itemy1, item.itemx2 - item.itemx1,
                      item.itemy2 - item.itemy1);
     const int colour = off ? col_menu_off : col_menu;
-    const float indent = m == menu_popup ? 3.0f : 18.0f, y = item.itemy1 + 4.0f;
+    const float indent = m == menu_popup ? 3.0f : 18.0f, y = item.itemy1 + 3.0f;
     const item_text text = split_hint(item.item_name);
     OGL_string(colour, item.itemx1 + indent, y, text.name, no_wrap,
                item.is_korean ? charset_korean : charset_text);
@@ -274,7 +274,8 @@ void draw_open_menu(int m) {
     const menu_struct& own = menu[m];
     const screen_box b = union_of(own);
     if (b.x2 <= b.x1) return;
-    BTN_frame2(17, b.x1, b.y1, b.x2 - b.x1, b.y2 - b.y1, "");
+    constexpr float pad = 3.0f;
+    BTN_frame2(17, b.x1 - pad, b.y1 - pad, b.x2 - b.x1 + 2.0f * pad, b.y2 - b.y1 + 2.0f * pad, "");
     // columns are parted by a line
     for (size_t i = 1; i < own.item.size(); ++i) {
         const float x = own.item[i].itemx1;

@@ -17,6 +17,7 @@
 #include "draw/primitives.h"
 #include "draw/tman.h"
 #include "draw/type.h"
+#include "ui/language.h"
 
 namespace {
 int lights_allowed = 1;
@@ -57,6 +58,12 @@ void load_interface_images() {
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
     tman.load_texture(1, load_ogl, tex_blank, filter_rgba, bmp_path + "blank.png");
     tman.load_texture(1, load_ogl, tex_interface, filter_rgba, interface_png);
+}
+
+int load_korean_glyphs(const std::string& path) {
+    if (!seam.has_display) return 0;
+    OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
+    return tman.load_texture(0, load_ogl, tex_menu_text, filter_rgba, path) != 0;
 }
 
 // -- background
