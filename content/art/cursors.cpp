@@ -107,9 +107,9 @@ void pointing_hand(canvas& c, int column, int row, bool down) {
         cairo_rotate(p, 0.75);
         limb(p, finger(-1.8, 0.0, 3.6, 6.4), skin);
         cairo_restore(p);
-        limb(p, {-2.4, y - 13.8, 12.8, 6.2, 2.6}, skin);
+        limb(p, {-2.4, y - 13.0, 12.8, 5.6, 2.6}, skin);
         // the palm without a line against the fingers
-        path(p, {-1.6, y - 12.6, 11.2, 5.6, 1.6});
+        path(p, {-1.6, y - 11.8, 11.2, 4.8, 1.6});
         set_colour(p, skin);
         cairo_fill(p);
         for (double x : {1.9, 4.9, 7.8})

@@ -230,7 +230,7 @@ void group_panel(canvas& c) {
 void menu_box(canvas& c) {
     const box_piece& b = frame2_pieces[17 - 11];
     cairo_t* cr = c.open("frame 17", b.at);
-    const plate p = box_plate(b, 4.0);
+    const plate p = box_plate(b, 3.0);  // round corners end within the border
     box_shadow(c, b, p, 0.8);
     fill(cr, p, outline);
     fill(cr, p.inset(1.0), hex(0x27303a));

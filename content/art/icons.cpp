@@ -8,7 +8,7 @@ using namespace theme;
 
 namespace {
 constexpr rgba edge = {0.03, 0.05, 0.07, 0.85};
-constexpr rgba paper = hex(0xe9eff5), grey = hex(0x9fb0c0), gold = hex(0xffcf70), gold_deep = hex(0xc98f35);
+constexpr rgba paper = hex(0xe9eff5), grey = hex(0x9fb0c0), gold_deep = hex(0xc98f35);
 
 // Nose up, centred; half the span is `size`.
 void aircraft_from_above(cairo_t* cr, double x, double y, double size) {

@@ -7,7 +7,8 @@
 
 int main(int argc, char** argv) {
     if (argc != 2) {
-        fprintf(stderr, "usage: art_make FOLDER\nDraws interface.png and blank.png into FOLDER.\n");
+        fprintf(stderr,
+                "usage: art_make FOLDER\nDraws interface.png, blank.png and intro.png into FOLDER.\n");
         return 2;
     }
     const std::string folder = std::string(argv[1]) + "/";
@@ -21,6 +22,10 @@ int main(int argc, char** argv) {
         set_colour(blank.pen(), hex(0xffffff));
         cairo_paint(blank.pen());
         blank.save(folder + "blank.png", true);
+
+        canvas intro(1024, 768);
+        draw_intro(intro);
+        intro.save(folder + "intro.png", false);
 
     } catch (const std::exception& e) {
         fprintf(stderr, "art_make: %s\n", e.what());

@@ -14,3 +14,5 @@ void draw_controls(canvas& c);
 void draw_list_icons(canvas& c);
 void draw_cursors(canvas& c);
 void draw_map_icons(canvas& c);
+// intro.cpp: the start-up picture.
+void draw_intro(canvas& c);
