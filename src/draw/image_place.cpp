@@ -10,6 +10,7 @@
 #include "core/alert.h"
 #include "core/mnw.h"
 #include "core/num.h"
+#include "core/seams.h"
 #include "core/veh.h"
 #include "draw/gl_facts.h"
 #include "draw/image_read.h"
@@ -29,7 +30,8 @@ std::string with_ending(const std::string& path, const char* ending) {
 
 void image_fault(const std::string& s1, const std::string& s2, const std::string& s3, const char* file,
                  int line) {
-    const std::vector<unsigned char> kept(scratch_array, scratch_array + scratch_size);
+    std::vector<unsigned char> kept;
+    if (seam.has_display) kept.assign(scratch_array, scratch_array + scratch_size);
     const int dx = scratch_dx, dy = scratch_dy;
     data_fault(s1, s2, s3, "", file, line);
     std::copy(kept.begin(), kept.end(), scratch_array);

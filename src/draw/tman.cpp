@@ -137,7 +137,10 @@ static std::string full_path(const std::string& hard_path) {
 static int read_image(const std::string& hard_path, image_struct* image) {
     if (is_scratch_name(hard_path)) return load_buf_into_scratch(hard_path, image);
     const std::string path = full_path(hard_path);
-    return load_png_into_scratch(path, image) || load_bmp_into_scratch(path, image);
+    const image_struct asked = *image;
+    if (load_png_into_scratch(path, image)) return 1;
+    *image = asked;  // a PNG that broke off may have changed it
+    return load_bmp_into_scratch(path, image);
 }
 
 static int no_image(int require_tex, const std::string& hard_path) {

@@ -11,6 +11,7 @@
 #include <random>
 
 #include "core/paths.h"
+#include "core/seams.h"
 #include "draw/gl_facts.h"
 #include "draw/ogl.h"
 #include "pictures.h"
@@ -163,6 +164,8 @@ TEST_F(tman_test, bmp_with_padded_rows_and_magenta) {
     EXPECT_EQ(bytes(got.begin() + 12, got.begin() + 21), (bytes{255, 0, 0, 0, 255, 0, 255, 255, 255}));
     got = held(load(name, filter_alpha, 3), GL_ALPHA);
     EXPECT_EQ(bytes(got.begin(), got.begin() + 3), (bytes{85, 170, 15}));
+    const std::string opaque = png_bytes({40, 40, PNG_COLOR_TYPE_RGB, noise(4800)});
+    folder.write("flag.png", opaque.substr(0, opaque.size() / 2));  // broken: the other still counts in full
     load(name, filter_auto, 0, load_scratch);
     EXPECT_EQ(bytes(scratch_array + 4, scratch_array + 12), (bytes{0, 0, 0, 0, 30, 9, 6, 255}));
 
@@ -454,6 +457,7 @@ TEST_F(tman_test, faulty_files_are_told_and_give_no_texture) {
 TEST_F(tman_test, an_alert_in_mid_load_leaves_the_pixels) {
     std::string content = png_bytes({2, 1, PNG_COLOR_TYPE_RGB, {1, 2, 3, 4, 5, 6}});
     content[content.find("gAMA") + 8] ^= 1;  // its check sum is wrong
+    seam.has_display = 1;
     static int shown;
     shown = 0;
     alert_seam.show = [](int, const alert_lines&, int) { ++shown, memset(scratch_array, 77, scratch_size); };
