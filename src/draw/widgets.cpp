@@ -116,7 +116,7 @@ int BTN_xbyt(float x, float y, unsigned char* var, unsigned char target, const s
 
 // -- digit boxes, centred at x
 namespace {
-constexpr float digit_dx = 10.0f, field_middle = 3.0f;
+constexpr float digit_dx = 10.0f, digit_in = 2.0f, field_middle = 3.0f;
 constexpr int kind_field = 9;
 
 struct field {
@@ -169,7 +169,7 @@ int edit_number(float x, float y, double* value, int dig, int dec, double lo, do
         *value = fmin(fmax(before + step_sign(y) * place, lo), hi);
         changed = *value != before;
     }
-    OGL_number(col_digits, f.left + 1.0f, y, static_cast<float>(*value), dig, dec, charset_digits);
+    OGL_number(col_digits, f.left + digit_in, y, static_cast<float>(*value), dig, dec, charset_digits);
     return changed;
 }
 
@@ -241,7 +241,7 @@ int BTN_chars(float x, float y, char* chars, int dim, const std::string& label0)
         changed = 1;
     }
     for (int i = 0; i < dim && chars[i]; ++i)
-        OGL_string(col_digits, f.left + 1.0f + digit_dx * static_cast<float>(i), y, std::string(1, chars[i]),
+        OGL_string(col_digits, f.left + digit_in + digit_dx * static_cast<float>(i), y, std::string(1, chars[i]),
                    no_wrap, charset_digits);
     return changed;
 }
@@ -302,7 +302,7 @@ void scroll_popup(float x, float y, float width, const std::vector<std::string>&
 
 int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const std::string& label0) {
     constexpr int kind_popup = 10;
-    constexpr float margin = 34.0f, arrow_in = 14.0f;
+    constexpr float margin = 34.0f, arrow_in = 10.0f;
     const std::vector<std::string> items = list_items(stl_list);
     if (items.empty()) return 0;
     if (items.size() > static_cast<size_t>(menu_itemDIM)) {
@@ -317,7 +317,7 @@ int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const 
     const int last = static_cast<int>(items.size()) - 1;
     const bool in = hovers(x - half, y - 8.0f, x + half, y + 14.0f, label.help);
     BTN_frame1(kind_popup, x, y + field_middle, width, col_white);
-    if (in) centre_piece(piece_popup_arrow, x + half + 2.0f - arrow_in, y + field_middle);
+    if (in) centre_piece(piece_popup_arrow, x + half - arrow_in, y + field_middle);
     OGL_string(col_widget, x - half + 6.0f, y, items[intlim(*sel, 0, last)], no_wrap, charset_text);
     draw_labels(x, y, half, label);
 

@@ -125,7 +125,7 @@ void MACIBM_showinit(const char* init_string) {
     const float ratio = fltlim(0.01f * static_cast<float>(++steps), 0.02f, 1.0f), span = bar_x2 - bar_x1;
     BTN_frame1(kind_track, 0.5f * (bar_x1 + bar_x2), bar_y, span, col_white);
     BTN_frame1(kind_fill, bar_x1 + 0.5f * span * ratio, bar_y, span * ratio, col_white);
-    OGL_string(col_step, bar_x1 + 4.0f, 2.0f, init_string, no_wrap, charset_text);
+    OGL_string(col_step, bar_x1 + 4.0f, 0.0f, init_string, no_wrap, charset_text);
     OGL_sbuf();
     mnw.win_x = x;
     mnw.win_y = y;
