@@ -24,6 +24,7 @@
 #include "sound/chatter.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
+#include "ui/language.h"
 #include "ui/logbook.h"
 #include "ui/prefs.h"
 #include "ui/windows.h"

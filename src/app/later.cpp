@@ -34,6 +34,7 @@
 #include "sound/chatter.h"
 #include "ui/commands.h"
 #include "ui/devices.h"
+#include "ui/language.h"
 #include "ui/logbook.h"
 #include "ui/prefs.h"
 #include "ui/windows.h"
@@ -196,7 +197,7 @@ void stop_fire() {}
 void stop_starter() {}
 void MACIBM_showinit(const char*) {}
 void MACIBM_update_back_texes() {}
-void MACIBM_setupforlang(int) {}
+int load_korean_glyphs(const std::string&) { return 0; }
 void set_pulse_colours(float) {}
 void load_interface_images() {}
 void choose_language() { mnw.lang = 0; }

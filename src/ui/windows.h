@@ -25,7 +25,6 @@ void manage_pln();
 void MACIBM_showinit(const char* init_string);  // one step of the start-up screen
 void MACIBM_update_back_texes();
 void set_pulse_colours(float rat);  // the four pulsing entries of the colour table
-void MACIBM_setupforlang(int hard_reset);
 void load_interface_images();  // interface.png and blank.png
 void choose_language();        // asks on a first start
 void show_start_notes();
