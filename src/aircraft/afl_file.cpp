@@ -17,6 +17,7 @@
 #include "core/num.h"
 #include "core/paths.h"
 #include "core/stl.h"
+#include "core/text_numbers.h"
 #include "core/veh.h"
 
 static constexpr int afl_versions[] = {700, 650, 641, 613, 363};  // in the order in which they are tried
@@ -280,7 +281,7 @@ int load_foil_for_part(const std::string& foil_name, int p, int en, int RT, int 
     alert_lines fault;
     if (!read_afl(*foil, 0, 0, beside, fault) && !read_afl(*foil, 0, 0, common, fault)) {
         ACF_fault(p, "An airfoil file could not be found! The airfoil paths I checked are:", beside, common,
-                  std::string(veh[p].name) + " " + stl.text[1200 + en]);
+                  std::string(veh[p].name) + " " + stl.text[text_part + en]);
         return 0;
     }
     if (!fault.line[0].empty()) {

@@ -9,6 +9,7 @@
 #include "core/logs.h"
 #include "core/num.h"
 #include "core/stl.h"
+#include "core/text_numbers.h"
 
 namespace {
 
@@ -141,7 +142,7 @@ int derive_ratios(int p, int en, const planform_struct& plan) {
 void report_wing(int p, int en, const wing_ends& ends, const planform_struct& plan) {
     if (!in_report(p)) return;
     const veh_wing_struct& wing = veh[p].wing[en];
-    cyc << "surface " << en << " " << stl.text[1200 + en] << ": root (" << ends.root.x << ", " << ends.root.y
+    cyc << "surface " << en << " " << stl.text[text_part + en] << ": root (" << ends.root.x << ", " << ends.root.y
         << ", " << ends.root.z << ") chord " << ends.root.chord << ", tip (" << ends.tip.x << ", "
         << ends.tip.y << ", " << ends.tip.z << ") chord " << ends.tip.chord << '\n'
         << "    element length " << wing.element_len << ", semi-length " << wing.semilen_JND << ", sweep "
@@ -172,7 +173,7 @@ int derive_finite_wings(int p) {
                                            plan.sweep_25_mac + plan.sweep_00_mac);
         if (numbers) derive_efficiency(p, en, plan, exists);
         if (!numbers || !derive_ratios(p, en, plan)) {
-            ACF_fault(p, "Finite wing reduction fail!", veh[p].name, stl.text[1200 + en], "");
+            ACF_fault(p, "Finite wing reduction fail!", veh[p].name, stl.text[text_part + en], "");
             return 0;
         }
         report_wing(p, en, ends, plan);

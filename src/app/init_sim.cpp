@@ -29,6 +29,7 @@
 #include "sound/chatter.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
+#include "ui/language.h"
 #include "ui/logbook.h"
 #include "ui/clicks.h"
 #include "ui/language.h"

@@ -36,6 +36,7 @@
 #include "sound/chatter.h"
 #include "ui/commands.h"
 #include "ui/devices.h"
+#include "ui/language.h"
 #include "ui/logbook.h"
 #include "ui/windows.h"
 #include "weather/clouds.h"

@@ -8,6 +8,7 @@
 #include "core/num.h"
 #include "core/random.h"
 #include "core/records.h"
+#include "core/text_numbers.h"
 #include "core/seams.h"
 #include "core/upward.h"
 #include "flight/systems.h"

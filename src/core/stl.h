@@ -6,7 +6,8 @@
 
 struct stl_struct {
     std::string win_name;
-    std::string text[textDIM];       // strings of the current language
+    std::string text[textDIM];       // strings of the current language, by text_number
+    int glyph_text;                  // menu texts are pairs of bytes that name glyphs of the Korean image
     std::string help_message;        // filled by what the mouse is over, cleared each frame
     std::string verbal_string;
     float verbal_timeout;
@@ -19,5 +20,4 @@ struct stl_struct {
 };
 extern stl_struct stl;
 
-// First of the four strings that tell about a low frame rate.
-constexpr int text_frame_rate = 1360;
+constexpr size_t text_len_max = 500;  // longest string of a language

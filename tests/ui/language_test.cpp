@@ -1,0 +1,236 @@
+// Language files: what is shipped is complete, and what a user broke is told.
+#include "ui/language.h"
+
+#include <map>
+#include <set>
+
+#include "app/headless.h"
+#include "core/logs.h"
+#include "core/paths.h"
+#include "core/records.h"
+#include "core/text_numbers.h"
+#include "draw/menus.h"
+#include "support.h"
+
+namespace {
+// Numbers that other tables count from.
+static_assert(text_start_welcome == 1155 && text_start_hint == 1156 && text_start_credit == 1157);
+static_assert(text_help_data == 901 && text_help_weather == 905 && text_help_rendering == 909 &&
+              text_help_joystick == 913 && text_help_map == 917);
+static_assert(text_part == 1200 && text_frame_rate == 1360);
+static_assert(text_title_airport == 100 + win_apt && text_title_plan == 100 + win_pln);
+
+bool is_drawn(const std::string& text) {
+    for (const char c : text)
+        if (c < 32 || c > 124) return false;
+    return !text.empty();
+}
+
+class language_test : public test::system_test {
+protected:
+    void SetUp() override {
+        test::fresh();
+        MACIBM_clear_menus(2);
+    }
+
+    static void load(int lang) {
+        init_paths(INSTALL_FOLDER);
+        mnw.lang = lang;
+        MACIBM_setupforlang(0);
+    }
+    // A language of the user's making.
+    void load_own(const std::string& texts, const std::string& menus) {
+        folder.write("Resources/text/english/Tarvane.txt", texts);
+        folder.write("Resources/menus/english/Tarvane.txt", menus);
+        init_paths(folder.path());
+        MACIBM_setupforlang(0);
+    }
+    void load_texts(const std::string& texts) { load_own(texts, "head\n"); }
+    void load_menus(const std::string& menus) { load_own("-1\n", menus); }
+    std::string fatal_of_texts(const std::string& texts) {
+        return test::expect_fatal([&] { load_texts(texts); }).line[0];
+    }
+    std::string fatal_of_menus(const std::string& menus) {
+        return test::expect_fatal([&] { load_menus(menus); }).line[0];
+    }
+    test::temp_folder folder;
+};
+
+// Codes of all entries that can be chosen, with their texts.
+std::map<int, std::string> entries() {
+    std::map<int, std::string> found;
+    for (const menu_struct& m : menu)
+        for (const item_struct& item : m.item) {
+            if (item.item_name == "-") continue;
+            EXPECT_TRUE(found.emplace(item.item_code, item.item_name).second) << item.item_code;
+        }
+    return found;
+}
+
+TEST_F(language_test, every_string_that_is_asked_for_is_there_in_every_language) {
+    std::map<int, std::string> english;
+    for (int lang = 0; lang < languageDIM; ++lang) {
+        load(lang);
+        EXPECT_TRUE(test::alerts.empty());
+        int own = 0, all = 0;
+        for (const text_run_struct& run : text_runs)
+            for (int i = run.first; i < run.first + run.count; ++i, ++all) {
+                EXPECT_TRUE(is_drawn(stl.text[i])) << lang << ": " << i;
+                if (lang == lang_english) english[i] = stl.text[i];
+                own += stl.text[i] != english[i];
+            }
+        // translated, but for words that languages share
+        const bool is_english = lang == lang_english || lang == lang_korean;
+        EXPECT_GE(own, is_english ? 0 : all * 9 / 10) << lang;
+        EXPECT_LE(own, is_english ? 0 : all) << lang;
+        std::set<std::string> parts;
+        for (int n = 0; n < partDIM; ++n) parts.insert(stl.text[1200 + n]);
+        EXPECT_EQ(parts.size(), static_cast<size_t>(partDIM)) << lang;
+    }
+}
+
+TEST_F(language_test, every_language_has_the_seventeen_menus_with_every_command) {
+    const std::set<int> commands = {
+        0,    300,  302,  303,  305,  306,  308,  600,  601,  602,  603,  605,  606,  608,  610,  611,
+        612,  614,  616,  617,  900,  902,  903,  905,  906,  908,  909,  911,  912,  913,  914,  916,
+        917,  1200, 1201, 1202, 1203, 1204, 1500, 1501, 1502, 1503, 1505, 1506, 1507, 1508, 1509, 1510,
+        1511, 1512, 1513, 1514, 1516, 1517, 1519, 1520, 1521, 1522, 1524, 1525, 1527, 1528, 1530, 1531,
+        1532, 1533, 1534, 1535, 1536, 1538, 1540, 1800, 1802, 1803, 1805, 1807, 1809, 1810, 1812, 1813,
+        1815, 1816, 1817, 1819, 1820, 1822, 1823, 4200, 4201, 4202, 4203, 4204, 4205, 4206, 4207, 4500,
+        4501, 4502, 4503, 4800, 4801, 4802, 4803, 4804, 4806, 4807, 4808, 4809};
+    const int parents[17] = {-1, -1, -1, -1, -1, -1, -1, 4, 2, 2, 2, 2, 2, 2, 2, 2, 2};
+    for (int lang = 0; lang < languageDIM; ++lang) {
+        load(lang);
+        for (int m = 0; m < 17; ++m) {
+            EXPECT_TRUE(is_drawn(menu[m].menu_name)) << lang << ": " << m;
+            EXPECT_EQ(menu[m].menu_prnt, parents[m]) << lang << ": " << m;
+        }
+        EXPECT_TRUE(menu[17].menu_name.empty());
+        std::set<int> found;
+        for (const auto& [code, text] : entries()) {
+            found.insert(code);
+            EXPECT_TRUE(is_drawn(text)) << lang << ": " << code;
+        }
+        EXPECT_EQ(found, commands) << lang;
+    }
+}
+
+TEST_F(language_test, a_language_replaces_the_one_before_and_leaves_the_menus_of_plugins) {
+    constexpr int plugin_menu = 1220;
+    MACIBM_create_menu(plugin_menu, 0, "Plugin");
+    load(lang_german);
+    EXPECT_EQ(stl.text[text_yes], "Ja");
+    EXPECT_EQ(stl.text[text_help_close_box].substr(0, 8), "Schliess");
+    EXPECT_EQ(menu[2].item[8].item_name, "Flughafen waehlen");
+    EXPECT_EQ(menu[4].item[0].item_name, "Karte der Umgebung[ctrl-w");
+    load(lang_portuguese);
+    EXPECT_EQ(stl.text[text_yes], "Sim");
+    EXPECT_EQ(menu[plugin_menu].menu_name, "Plugin");
+    load(99);  // out of a preference file
+    EXPECT_EQ(stl.text[text_yes], "Yes");
+    load(lang_korean);
+    EXPECT_EQ(menu[1].item[0].item_name, "Open aircraft");
+    EXPECT_FALSE(menu[1].item[0].is_korean);
+}
+
+TEST_F(language_test, a_change_in_flight_starts_the_flight_anew) {
+    headless_start(INSTALL_FOLDER, "", log_to_nothing);
+    flt[0].phi = 77.0f;
+    veh[0].num_engines = 0;
+    mnw.lang = lang_french;
+    MACIBM_setupforlang(1);
+    EXPECT_NEAR(flt[0].phi, 0.0f, 1.0f);
+    EXPECT_EQ(veh[0].num_engines, 4);  // the default airliner
+    EXPECT_EQ(stl.text[text_part + 2], "Helice 3");
+}
+
+TEST_F(language_test, texts_come_by_number_whatever_ends_the_lines) {
+    load_texts("\xEF\xBB\xBF\n 7  seven\r\n\r\n0 zero \r1399\tlast\n12\n8 [eight] 8\n-1\n9 behind the end\n");
+    EXPECT_TRUE(test::alerts.empty());
+    EXPECT_EQ(stl.text[7], "seven");
+    EXPECT_EQ(stl.text[0], "zero ");
+    EXPECT_EQ(stl.text[1399], "last");
+    EXPECT_EQ(stl.text[8], "[eight] 8");
+    EXPECT_EQ(stl.text[12] + stl.text[9], "");
+    load_texts("3 three");  // without an end
+    EXPECT_EQ(stl.text[3], "three");
+    EXPECT_EQ(stl.text[7], "");
+}
+
+TEST_F(language_test, the_lowest_free_number_is_logged) {
+    xer.open(folder.path() + "log");
+    load_texts("0 a\n1 b\n3 d\n-1\n");
+    xer.close();
+    EXPECT_EQ(test::read_file(folder.path() + "log"),
+              folder.path() + "Resources:text:english:Tarvane.txt lowest free text index=2\n");
+}
+
+TEST_F(language_test, a_broken_text_file_is_told) {
+    EXPECT_EQ(fatal_of_texts("5 a\n5 b\n"), "Trying to read a text string we already have!");
+    EXPECT_EQ(fatal_of_texts("5\n5 b\n"), "Trying to read a text string we already have!");
+    EXPECT_EQ(fatal_of_texts("1400 a\n"), "Too many text strings!");
+    EXPECT_EQ(fatal_of_texts("2147483648 a\n"), "Too many text strings!");
+    EXPECT_EQ(fatal_of_texts("99999999999999999999999 a\n"), "Too many text strings!");
+    EXPECT_EQ(fatal_of_texts(""), "Could not open text file!");
+    load_texts("-99999999999999999999999\n1 a\n");
+    EXPECT_EQ(stl.text[1], "");
+}
+
+TEST_F(language_test, lines_without_a_number_or_end_are_left_out) {
+    load_texts("1 one\nno number\n4four\n" + std::string("\0\xff\n", 3) + "3 " + std::string(10000000, 'x') +
+               "\n2 two\n");
+    ASSERT_EQ(test::alerts.size(), 1u);
+    EXPECT_EQ(test::alerts[0].type, alert_message);
+    EXPECT_EQ(test::alerts[0].text.line[2], "no number");
+    EXPECT_EQ(stl.text[1] + stl.text[2], "onetwo");
+    EXPECT_EQ(stl.text[3] + stl.text[4], "");
+}
+
+TEST_F(language_test, a_broken_menu_file_is_told) {
+    EXPECT_EQ(fatal_of_menus(""), "Cannot open file!");
+    EXPECT_EQ(fatal_of_menus("h\n0 A\n1 " + std::string(40, 'x') + "\n"),
+              "Menu name too long in append_menu!");
+    std::string many = "h\n0 A\n";
+    for (int i = 0; i <= menu_itemDIM; ++i) many += std::to_string(i) + " x\n";
+    EXPECT_EQ(fatal_of_menus(many), "Item index out of range in append_menu!");
+    many = "h\n";
+    for (int m = 0; m <= menuDIM; ++m) many += "0 A\n\n";
+    EXPECT_EQ(fatal_of_menus(many), "Menu index out of range in create_menu!");
+    MACIBM_clear_menus(2);
+
+    load_menus("h\n0 " + std::string(41, 'x') + "\n5 five\nsix\n-7 seven\n2147483648 eight\n9 nine\n\n" +
+               "999999 B\n1 b\n\n-1 C\n\n600 D\n\n1 E\n0 e\n\n\n0 F\n");
+    ASSERT_EQ(test::alerts.back().text.line[0], "An entry of the menu file has no code!");
+    EXPECT_EQ(menu[0].menu_name, std::string(40, 'x'));
+    ASSERT_EQ(menu[0].item.size(), 2u);
+    EXPECT_EQ(menu[0].item[1].item_code, 9);
+    for (const int m : {1, 2, 3})
+        EXPECT_EQ(menu[m].menu_name + std::to_string(menu[m].item.size()), "0") << m;
+    EXPECT_EQ(menu[4].menu_name, "E");  // below the second entry of menu 0
+    EXPECT_EQ(menu[4].menu_prnt, 0);
+    EXPECT_EQ(menu[5].menu_name, "");  // an empty line where a menu should begin
+}
+
+TEST_F(language_test, korean_becomes_pairs_of_bytes_that_mean_nothing_else) {
+    // glyph 0 is the blank, 33 the "A"; the first syllable is glyph 95, the last 2444
+    EXPECT_EQ(char_string_to_int_string(" "), "\x01\x01");
+    EXPECT_EQ(char_string_to_int_string("A"), "\x01\x26");
+    EXPECT_EQ(char_string_to_int_string("가"), "\x01\x69");
+    EXPECT_EQ(char_string_to_int_string("힝"), "\x19\x0b");
+    EXPECT_EQ(char_string_to_int_string("-가[F1"), "-\x01\x69[F1");
+    EXPECT_EQ(char_string_to_int_string("=").size(), 1u);
+    const std::string unknown = char_string_to_int_string("?");
+    for (const char* bad : {"~\x80" + 1, "\xEA\xB0", "\xFF", "뷁", "日", "é"})
+        EXPECT_EQ(char_string_to_int_string(bad), unknown) << bad;
+    std::set<std::string> pairs;
+    for (int c = 0xAC00; c <= 0xD7A3; ++c) {  // every syllable there is
+        const char utf8[] = {static_cast<char>(0xE0 | c >> 12), static_cast<char>(0x80 | (c >> 6 & 63)),
+                             static_cast<char>(0x80 | (c & 63))};
+        pairs.insert(char_string_to_int_string({utf8, 3}));
+    }
+    for (char c = 32; c < 127; ++c)
+        if (c != '[') pairs.insert(char_string_to_int_string({'x', c}).substr(2));
+    EXPECT_EQ(pairs.size(), 2350u + 94u);  // no two alike
+    for (const std::string& pair : pairs) EXPECT_EQ(pair.find_first_of("\t\n\r -/:=[{|"), std::string::npos);
+}
+}  // namespace
