@@ -38,6 +38,8 @@ for target in build-fuzz/fuzz/fuzz_*; do
     corpus=$(mktemp -d)
     case $name in
         fuzz_afl) cp build-fuzz/Orvelle/Airfoils/*.afl "$corpus" ;;
+        fuzz_png) cp build-fuzz/Orvelle/Resources/bitmaps/interface.png "$corpus" ;;
+        fuzz_menu_text) cp build-fuzz/Orvelle/Resources/*/english/Tarvane.txt "$corpus" 2>/dev/null || true ;;
     esac
     extra="-max_len=40000 -len_control=0"
     [[ $name == fuzz_acf ]] && extra="-max_len=400 -len_control=0"

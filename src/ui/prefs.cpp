@@ -8,7 +8,7 @@
 #include "core/num.h"
 
 namespace {
-constexpr int opr_read = 6, opr_write = 7;
+constexpr int opr_write = 7;  // anything else reads
 constexpr int prefs_version = 801;
 constexpr int resolution_file_type = ftype_all;  // a text file of no other kind
 
