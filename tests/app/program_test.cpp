@@ -1,7 +1,9 @@
 // The real program in a real window, driven from outside by keys and mouse, watched by its pixels.
+#include <fcntl.h>
 #include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,6 +22,9 @@ class program : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_EQ(test::run("which xdotool import compare").status, 0) << "xdotool or ImageMagick is missing";
+        // the tests share the install folder's settings, so one runs at a time
+        lock_ = open((std::string(INSTALL_FOLDER) + "Resources/Preferences").c_str(), O_RDONLY);
+        ASSERT_EQ(flock(lock_, LOCK_EX), 0);
         before_ = std::filesystem::exists(resolution_file) ? test::read_file(resolution_file) : "";
         setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
         setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
@@ -34,6 +39,7 @@ protected:
             std::filesystem::remove(resolution_file);
         else
             write_resolution(before_);
+        close(lock_);
     }
     static void write_resolution(const std::string& text) {
         FILE* f = fopen(resolution_file.c_str(), "w");
@@ -86,6 +92,7 @@ protected:
     const test::xvfb screen_;
     const test::temp_folder folder_;
     pid_t pid_ = -1;
+    int lock_ = -1;
     std::string before_;
 };
 
@@ -96,13 +103,14 @@ TEST_F(program, asks_for_the_language_once_tells_its_notes_and_flies) {
     start();
     ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the chooser";
     EXPECT_LT(colours("300x200+0+100"), 5) << "nothing flies yet";
-    drive("mousemove 462 340 click 1");  // French
-    usleep(300000);
+    const std::string asked = shoot("asked.png");
+    drive("mousemove 462 340 click 1 mousemove 600 600");  // French
+    ASSERT_TRUE(comes([&] { return difference(asked, shoot("chosen.png"), "16x16+454+332") > 20; }));
     drive("key Return");
     ASSERT_TRUE(comes([] { return std::filesystem::exists(resolution_file); }));
     EXPECT_EQ(test::read_file(resolution_file).substr(0, 30), "I\n801 version\n1024\n768\n32\n1\n1\n");
-    usleep(500000);
-    drive("key Return");  // the notes
+    ASSERT_TRUE(comes([&] { return difference(asked, shoot("notes.png"), "100x140+400+300") > 100; }));
+    drive("key Return");
     EXPECT_TRUE(comes([&] { return flies(); }));
     drive("key q");
     EXPECT_EQ(ends(), 0);
