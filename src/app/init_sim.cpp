@@ -175,7 +175,6 @@ void draw_in_window() {
     seam.draw_background = draw_background;
     seam.draw_overlay = overlay_draw;
     menus_ask_program();
-    if (seam.has_user) alerts_in_window();
 }
 
 // The window, unless nobody would see it.
@@ -189,6 +188,9 @@ void open_window() {
         draw_in_window();
     }
     load_interface_images();
+    // before its images a window could not show what it says
+    if (seam.has_display && seam.has_user) alerts_in_window();
+    warn_of_slow_graphics();
     MACIBM_clear_menus(1);
     MACIBM_startwind(-1, "initial init");
     g_done = 0;

@@ -67,8 +67,9 @@ static void read_limits() {
 }
 
 void read_gl_facts() {
-    const std::string vendor = gl_text(GL_VENDOR), renderer = gl_text(GL_RENDERER),
-                      version = gl_text(GL_VERSION), extensions = gl_text(GL_EXTENSIONS);
+    gl_renderer = gl_text(GL_RENDERER);
+    const std::string vendor = gl_text(GL_VENDOR), renderer = gl_renderer, version = gl_text(GL_VERSION),
+                      extensions = gl_text(GL_EXTENSIONS);
     gl_facts_from(version, extensions);
     read_limits();
     GL_error_check("read_gl_facts");

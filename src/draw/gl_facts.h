@@ -8,6 +8,7 @@ inline int add_env_avail = 0;    // a unit can add
 inline int dis_fog_avail = 0;    // fog by distance instead of depth
 inline int tex_comp_avail = 0;   // compressed textures; none are used
 inline int combine_avail = 0;    // the combiner modes of bind_ref
+inline std::string gl_renderer;   // the driver's name of itself
 inline int maxtexdim = 0;        // pixels; 0 before the facts are read
 
 // From the current context, also ren.num_tex_units and ren.max_iso; logs all of it.

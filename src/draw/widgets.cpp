@@ -14,6 +14,7 @@
 #include "core/num.h"
 #include "core/seams.h"
 #include "core/stl.h"
+#include "core/text_numbers.h"
 #include "core/upward.h"
 #include "draw/colours.h"
 #include "draw/frames.h"
@@ -573,7 +574,7 @@ void BTN_zap_boxes(int pressed) {
     constexpr float in = 16.0f, down = 10.0f, half = 8.0f;
     for (const float x : {in, mnw.win_dx - in}) {
         const float y = mnw.win_dy - down;
-        const bool over = mouse_in(x - half, y - half, x + half, y + half);
+        const bool over = hovers(x - half, y - half, x + half, y + half, stl.text[text_help_close_box]);
         centre_piece(pressed || (over && mnw.now_dragging) ? piece_close_pressed : piece_close, x, y);
         if (over) OGL_framerect(col_white, 0.4f, x - half, y - half, 2.0f * half, 2.0f * half);
     }

@@ -2,6 +2,9 @@
 #include "core/alert.h"
 #include "core/mnw.h"
 #include "core/paths.h"
+#include "core/stl.h"
+#include "core/text_numbers.h"
+#include "draw/gl_facts.h"
 #include "ui/prefs.h"
 #include "ui/windows.h"
 
@@ -15,11 +18,16 @@ void choose_language() {
 
 void show_start_notes() {
     if (!alert_seam.show) return;
-    MACIBM_alert(mnw.top_win, "Linux things to know:",
-                 "The window covers the screen and takes the keyboard. Control-q leaves the program; with "
-                 "the variable "
-                 "ORVL_NO_GRAB_KEYBOARD set to 1 the keyboard stays shared.",
-                 "The mouse is the stick until a joystick is used: m parks it, and the menus are at the top "
-                 "of the screen.",
-                 "What goes wrong is written to Error.out beside the program.", alert_message);
+    const std::string* note = &stl.text[text_start_note];
+    MACIBM_alert(mnw.top_win, "Linux things to know:", note[0], note[1], note[2], alert_message);
+}
+
+void warn_of_slow_graphics() {
+    if (gl_renderer != "GENERIC") return;
+    MACIBM_alert(
+        mnw.top_win,
+        "I can not find a 3-D accelerator card that can handle OpenGL that has correctly installed drivers.",
+        "I will still let you run the simulator, but the frame rate will NOT allow for a good simulation.",
+        "Any card of the last years will do, with the driver that its maker or your distribution offers.",
+        "The file Error.out tells what was found.", alert_message);
 }
