@@ -103,11 +103,25 @@ void widgets_100(benchmark::State& state) {
 }
 BENCHMARK(widgets_100)->Unit(benchmark::kMicrosecond);
 
+// Background, frame and back to the flight, as a settings window opens and closes.
+void window_opens_and_closes(benchmark::State& state) {
+    measure(state, [] {
+        MACIBM_startwind(win_ren, "bench");
+        OGL_view_2d();
+        OGL_plot_background();
+        BTN_fillwin(1, 16);
+        MACIBM_startwind(win_fly, "bench");
+    });
+}
+BENCHMARK(window_opens_and_closes)->Unit(benchmark::kMillisecond);
+
 void state_calls(benchmark::State& state) {
     if (!window_is_up()) return state.SkipWithError("no display");
     int i = 0;
-    for (auto _ : state)
-        OGL_setstate(fog_off, ++i & 1, lit_off, i & 1 ? al_blend : al_none, depth_no_read, depth_no_write);
+    for (auto _ : state) {
+        i ^= 1;
+        OGL_setstate(fog_off, i, lit_off, i ? al_blend : al_none, depth_no_read, depth_no_write);
+    }
 }
 BENCHMARK(state_calls);
 }  // namespace

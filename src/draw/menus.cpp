@@ -252,7 +252,8 @@ void draw_entry(int m, const item_struct& item) {
         OGL_line(col_line_light, dim, item.itemx1 + 2.0f, y - 1.0f, item.itemx2 - 2.0f, y - 1.0f);
         return;
     }
-    const bool off = menu_answer.is_disabled(item.item_code);
+    const bool opens = menu_of_entry(m, item) >= 0;
+    const bool off = !opens && menu_answer.is_disabled(item.item_code);
     if (over(item) && !off)
         OGL_fillrect(col_white, 0.25f, item.itemx1, item.itemy1, item.itemx2 - item.itemx1,
                      item.itemy2 - item.itemy1);
@@ -266,7 +267,7 @@ void draw_entry(int m, const item_struct& item) {
     if (m == menu_popup) return;
     if (menu_answer.is_checked(item.item_code))
         draw_small_piece(piece_menu_check, item.itemx1 + 4.0f, item.itemy1 + 1.0f);
-    if (menu_of_entry(m, item) >= 0)
+    if (opens)
         draw_small_piece(piece_menu_arrow, item.itemx2 - 4.0f - piece_menu_arrow.dx, item.itemy1 + 2.0f);
 }
 
@@ -346,7 +347,7 @@ int menus_click(int is_click) {
     for (size_t i = 0; i < menu[m].item.size(); ++i) {
         const item_struct& item = menu[m].item[i];
         if (!can_be_chosen(item) || !over(item)) continue;
-        if (menu_answer.is_disabled(item.item_code)) return 1;
+        if (menu_of_entry(m, item) >= 0 || menu_answer.is_disabled(item.item_code)) return 1;
         choose(m, i);
         return 1;
     }

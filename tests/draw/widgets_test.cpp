@@ -20,6 +20,7 @@
 #include "draw/type.h"
 #include "platform/window.h"
 #include "support.h"
+#include "ui/clicks.h"
 #include "ui/start_screen.h"
 #include "xvfb.h"
 
@@ -239,6 +240,34 @@ TEST_F(widgets, wrong_kinds_end_with_their_texts) {
         {[] { OGL_scissors(1, 1, 0, 5); }, "OGL_scissors negative clip range!"},
     };
     for (const auto& fault : faults) EXPECT_EQ(test::expect_fatal(fault.call).line[0], fault.text);
+}
+
+TEST_F(widgets, the_help_box_comes_at_rest_and_stays_on_the_screen) {
+    mouse(1000.0f, 20.0f, 0);
+    stl.help_message = std::string(300, 'x') + " help";
+    mnw.real_time = 10.0f;
+    mnw.m_move_time = 9.5f;
+    EXPECT_EQ(lit(picture(0, 0, 1024, 700, overlay_draw)), 0) << "still moving";
+    mnw.m_move_time = 8.9f;
+    EXPECT_GT(lit(picture(600, 10, 1024, 300, overlay_draw)), 5000);
+    EXPECT_EQ(lit(picture(0, 0, 580, 700, overlay_draw)), 0);
+}
+
+TEST_F(widgets, the_own_cursors_stand_on_the_mouse_and_differ) {
+    mouse(300.0f, 300.0f, 0);
+    std::vector<std::vector<unsigned char>> seen;
+    for (int type = 2; type <= 11; ++type) {
+        mnw.cursor_type = type;
+        seen.push_back(picture(285, 285, 315, 315, overlay_draw));
+        EXPECT_GT(lit(seen.back()), 40) << type;
+        for (size_t other = 0; other + 1 < seen.size(); ++other) EXPECT_NE(seen.back(), seen[other]) << type;
+    }
+    mnw.now_dragging = 1;
+    EXPECT_NE(picture(285, 285, 315, 315, overlay_draw), seen.back()) << "a hand that holds";
+    for (const int type : {0, 1}) {
+        mnw.cursor_type = type;
+        EXPECT_EQ(lit(picture(285, 285, 315, 315, overlay_draw)), 0);
+    }
 }
 
 TEST_F(widgets, all_is_green_through_the_intensifier) {
