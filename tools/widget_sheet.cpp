@@ -78,7 +78,7 @@ void figures() {
     OGL_framerect(8, 1.0f, 920.0f, 85.0f, 60.0f, 50.0f);
     for (int i = 0; i < 21; ++i) {
         float r, g, b;
-        OGL_spectrum_rgb(0.05f * static_cast<float>(i), &r, &g, &b);
+        spectrum_rgb(0.05f * static_cast<float>(i), &r, &g, &b);
         OGL_assigncolor(42, r, g, b);
         OGL_fillrect(42, 1.0f, 660.0f + 15.0f * static_cast<float>(i), 50.0f, 14.0f, 20.0f);
     }

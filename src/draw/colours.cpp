@@ -111,7 +111,7 @@ void OGL_setcolorRGBA(float r, float g, float b, float a, int is_light) {
     set_colour(r, g, b, a);
 }
 
-void OGL_spectrum_rgb(float rat, float* r, float* g, float* b) {
+void spectrum_rgb(float rat, float* r, float* g, float* b) {
     constexpr int stops = 7;
     constexpr float col_r[stops] = {0.0f, 0.0f, 0.0f, 1.0f, 1.0f, 1.0f, 1.0f};
     constexpr float col_g[stops] = {0.0f, 1.0f, 1.0f, 1.0f, 0.5f, 0.0f, 0.0f};
@@ -122,6 +122,12 @@ void OGL_spectrum_rgb(float rat, float* r, float* g, float* b) {
     *r = col_r[low] + part * (col_r[low + 1] - col_r[low]);
     *g = col_g[low] + part * (col_g[low + 1] - col_g[low]);
     *b = col_b[low] + part * (col_b[low + 1] - col_b[low]);
+}
+
+void OGL_spectrum_rgb(float rat) {
+    float r, g, b;
+    spectrum_rgb(rat, &r, &g, &b);
+    OGL_setcolorRGBA(r, g, b, 1.0f, 1);
 }
 
 void OGL_setspec(float spec) {

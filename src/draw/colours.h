@@ -40,8 +40,9 @@ void set_pulse_colours(float rat);
 void OGL_setcolorINDEX(int index, float a);
 // is_light leaves the cabin light out.
 void OGL_setcolorRGBA(float r, float g, float b, float a, int is_light);
-// From blue over cyan, green, yellow, orange and red to magenta, rat 0 to 1.
-void OGL_spectrum_rgb(float rat, float* r, float* g, float* b);
+// From blue over cyan, green, yellow, orange and red to magenta, rat 0 to 1: the colour, and setting it.
+void spectrum_rgb(float rat, float* r, float* g, float* b);
+void OGL_spectrum_rgb(float rat);
 void OGL_setspec(float spec);
 // 0 off; else towards the eye by so much.
 void OGL_poly_offset(int amount);
