@@ -1,4 +1,5 @@
-// Language files: the first byte picks the language and its low bit the file, the rest is the file.
+// Language files: bits of the first byte pick the file, the language and whether texts become glyphs; the rest is
+// the file.
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -78,6 +79,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     folders.write("/menus", texts ? reinterpret_cast<const uint8_t*>("h\n") : data + 1, texts ? 2 : size - 1);
     try {
         MACIBM_setupforlang(0);
+        if (data[0] & 4) {  // as if the glyph image were there
+            stl.glyph_text = 1;
+            MACIBM_clear_menus(2);
+            MACIBM_read_menus("Tarvane.txt");
+        }
     } catch (const fuzzing::fatal& f) {
         must(is_language_text(f.text.line[0]));
     }

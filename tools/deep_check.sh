@@ -39,7 +39,9 @@ for target in build-fuzz/fuzz/fuzz_*; do
     case $name in
         fuzz_afl) cp build-fuzz/Orvelle/Airfoils/*.afl "$corpus" ;;
         fuzz_png) cp build-fuzz/Orvelle/Resources/bitmaps/interface.png "$corpus" ;;
-        fuzz_menu_text) cp build-fuzz/Orvelle/Resources/*/english/Tarvane.txt "$corpus" 2>/dev/null || true ;;
+        fuzz_menu_text)  # the first byte tells strings from menus
+            (printf '\1'; cat build-fuzz/Orvelle/Resources/text/german/Tarvane.txt) >"$corpus/text"
+            (printf '\0'; cat build-fuzz/Orvelle/Resources/menus/german/Tarvane.txt) >"$corpus/menus" ;;
     esac
     extra="-max_len=40000 -len_control=0"
     [[ $name == fuzz_acf ]] && extra="-max_len=400 -len_control=0"

@@ -5,6 +5,7 @@
 #include "core/mnw.h"
 #include "core/num.h"
 #include "core/stl.h"
+#include "core/text_numbers.h"
 #include "core/upward.h"
 #include "draw/colours.h"
 #include "draw/frames.h"
@@ -202,6 +203,7 @@ void draw_bar() {
     constexpr float text_in = 10.0f, text_up = 6.0f, half_bar = 9.0f;
     BTN_frame1(0, 0.5f * (mnw.x1_pix + mnw.x2_pix), YRES + mnw.y_off - half_bar, mnw.x2_pix - mnw.x1_pix,
                col_white);
+    if (mnw.menu_up < 0) stl.help_message = stl.text[text_help_menu_bar];
     for (int m = 0; m <= menu_popup - 1; ++m) {
         const menu_struct& own = menu[m];
         if (own.menu_name.empty() || own.menu_prnt != -1) continue;

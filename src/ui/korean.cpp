@@ -4,6 +4,7 @@
 #include <iconv.h>
 
 #include <array>
+#include <cstdint>
 #include <memory>
 
 #include "ui/language.h"
@@ -69,7 +70,7 @@ int next_glyph(iconv_t to_ks, const std::string& text, size_t& at) {
 
 std::string char_string_to_int_string(const std::string& text) {
     const iconv_t opened = iconv_open("EUC-KR", "UTF-8");
-    if (opened == reinterpret_cast<iconv_t>(-1)) return text;  // a system without it shows the bytes
+    if (reinterpret_cast<intptr_t>(opened) == -1) return text;  // a system without it shows the bytes
     const converter to_ks(opened);
     std::string pairs;
     size_t at = 0;
