@@ -28,6 +28,7 @@
 #include "net/version_query.h"
 #include "platform/window.h"
 #include "plugins/host.h"
+#include "scenery/magnetic.h"
 #include "scenery/nav_data.h"
 #include "scenery/objects.h"
 #include "scenery/region.h"

@@ -12,7 +12,7 @@
 #include "core/seams.h"
 #include "core/upward.h"
 #include "flight/systems.h"
-#include "scenery/nav_data.h"
+#include "scenery/magnetic.h"
 #include "scenery/terrain_query.h"
 #include "sound/sound.h"
 

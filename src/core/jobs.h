@@ -1,5 +1,23 @@
-// Background jobs.
+// Background jobs: a function runs on a worker, the main thread asks for its result, and what it throws comes
+// back there.
+// Role: file reading at start-up and region changes. A job may touch only what the main thread leaves alone
+// while it waits, and must not draw: an alert there throws.
 #pragma once
 
-// Ends the worker and forgets all jobs.
+// Starts the worker and remembers the calling thread as the main one. A second call does nothing.
+void THREAD_Init();
+bool THREAD_IsInited();
+bool THREAD_IsMainThread();
+
+// Hands the job over and gives its call number. One that is not marked as disk work runs in place and has ended
+// on return.
+int THREAD_RunAsync(int (*inFunc)(int), int inParam, int inDiskIO);
+// 1 when it has ended; waits up to the time, in whole seconds. With no time left it does not look. Throws on
+// the caller's thread what the job threw.
+int THREAD_IsDone(int inCall, float inWaitSeconds);
+// Result of a job that has ended.
+int THREAD_DoneValue(int inCall);
+// Forgets a job that has ended; throws what it threw.
+void THREAD_Cleanup(int inCall);
+// Ends the workers and forgets all jobs.
 void THREAD_Cleanup();
