@@ -5,7 +5,7 @@
 struct airway_rules {
     double low_leg = 160, high_leg = 2700;                 // longest stretch between two aids, nautical miles
     double low_fix = 50, high_fix = 120, ocean_fix = 300;  // longest between two fixes; ocean from 500 on
-    double low_spacing = 8, high_spacing = 90;  // least between two aids of a net
+    double low_spacing = 8, high_spacing = 90;             // least between two aids of a net
     double high_range = 100;                               // reach of an aid that serves it, at least
 };
 

@@ -70,7 +70,8 @@ std::string nav_idents::take(const std::string& letters, size_t length, const st
         // the short ones may all be given
         const size_t letters_now = length + static_cast<size_t>(tries / 200);
         std::string ident = before + (tries % 2 ? "" : pool.substr(0, 1));
-        while (ident.size() < before.size() + letters_now) ident += static_cast<char>('A' + draw.whole(0, 25));
+        while (ident.size() < before.size() + letters_now)
+            ident += static_cast<char>('A' + draw.whole(0, 25));
         if (ident != "XXXX" && taken.insert(ident).second) return ident;
     }
 }

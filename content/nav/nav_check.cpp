@@ -57,7 +57,7 @@ void check_runways(checker& c, const nav_airport& a) {
     c.want(a.runways.size() <= runway_menu_max, a.id, "more rows than a menu holds");
 }
 
-void check_airport(checker& c, const nav_airport& a) {
+void airport_rules(checker& c, const nav_airport& a) {
     c.want(good_word(a.id, 4) && a.id != "XXXX", "airport " + a.id,
            "identifiers have 1 to 4 plain characters");
     c.want(!a.name.empty() && plain_name(a.name) == a.name, "airport " + a.id, "name not plain, or too long");
@@ -76,20 +76,33 @@ void check_airport(checker& c, const nav_airport& a) {
 }
 }  // namespace
 
-std::vector<std::string> check_world(const nav_world& world) {
+bool check_airport(const nav_airport& airport, std::vector<std::string>& faults) {
     checker c;
+    airport_rules(c, airport);
+    faults.insert(faults.end(), c.faults.begin(), c.faults.end());
+    return c.faults.empty();
+}
+
+bool check_aid(const nav_aid& a, std::vector<std::string>& faults) {
+    checker c;
+    const std::string what = "navaid " + a.id + " " + a.name;
+    c.want(good_word(a.id, 4), what, "identifiers have 1 to 4 plain characters");
+    c.want(!a.name.empty() && plain_name(a.name) == a.name, what, "name not plain, or too long");
+    c.want(good_place(a.at) && a.range > 0, what, "no such place, or no range");
+    faults.insert(faults.end(), c.faults.begin(), c.faults.end());
+    return c.faults.empty();
+}
+
+std::vector<std::string> check_world(const nav_world& world) {
+    std::vector<std::string> faults;
     std::set<std::string> ids;
     for (const nav_airport& a : world.airports) {
-        c.want(ids.insert(a.id).second, "airport " + a.id, "there twice");
-        check_airport(c, a);
+        if (!ids.insert(a.id).second) faults.push_back("airport " + a.id + ": there twice");
+        check_airport(a, faults);
     }
-    for (const nav_aid& a : world.aids) {
-        const std::string what = "navaid " + a.id + " " + a.name;
-        c.want(good_word(a.id, 4), what, "identifiers have 1 to 4 plain characters");
-        c.want(!a.name.empty() && plain_name(a.name) == a.name, what, "name not plain, or too long");
-        c.want(good_place(a.at) && a.range > 0, what, "no such place, or no range");
-    }
+    for (const nav_aid& a : world.aids) check_aid(a, faults);
     for (const nav_fix& f : world.fixes)
-        c.want(good_word(f.name, 5) && good_place(f.at), "fix " + f.name, "not a name or place");
-    return c.faults;
+        if (!good_word(f.name, 5) || !good_place(f.at))
+            faults.push_back("fix " + f.name + ": not a name or place");
+    return faults;
 }

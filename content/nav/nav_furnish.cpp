@@ -118,20 +118,23 @@ void furnish_airport(const nav_globe& globe, nav_airport& a, const nav_furniture
     const nav_runway main = a.runways[0];
     const runway_frame f = {globe, runway_end(globe, main, 0), main.psi, plan.side};
     const layout& l = layouts[plan.size];
-    const bool hard = is_hard(main.surface) && main.num[0] != 'H' && main.len > 2 * l.apron_long;
+    const bool paved =
+        plan.pavement && is_hard(main.surface) && main.num[0] != 'H' && main.len > 2 * l.apron_long;
     const bool has_pavement =
         std::any_of(a.runways.begin(), a.runways.end(), [](const nav_runway& r) { return r.num == "xxx"; });
-    if (hard && !has_pavement) add_pavement(a, f, l, plan.lit ? taxi_lights : no_lights);
-    if (a.ramps.empty()) add_ramps(a, f, l, hard);
-    const double behind = l.offset + l.taxi_width / 2 + l.apron_deep;
+    if (paved && !has_pavement) add_pavement(a, f, l, plan.lit ? taxi_lights : no_lights);
+    if (a.ramps.empty()) add_ramps(a, f, l, paved);
+    const double behind = paved         ? l.offset + l.taxi_width / 2 + l.apron_deep
+                          : l.ramps > 2 ? l.offset
+                                        : main.width / 2;
     if (!a.has_viewpoint) {
         a.has_viewpoint = true;
-        a.viewpoint = f.at(main.len / 2, hard ? behind + 100 : main.width / 2 + 150);
+        a.viewpoint = f.at(main.len / 2, behind + 100);
         a.viewpoint_height = a.tower ? l.tower_height : 15;
     }
     if (!a.beacon && plan.lit) {
         a.beacon = a.type == 16 ? beacon_water : a.type == 17 ? beacon_heliport : beacon_land;
-        a.beacon_at = f.at(main.len * 0.6, hard ? behind + 200 : main.width / 2 + 200);
+        a.beacon_at = f.at(main.len * 0.6, behind + 200);
     }
     if (a.windsocks.empty()) {
         const double beside = main.width / 2 + 120, in = std::min(1000.0, main.len / 4);

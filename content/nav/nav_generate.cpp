@@ -117,7 +117,7 @@ nav_airport airport_of(const nav_globe& globe, const listed_airport& l) {
     a.runways.push_back(r);
     const int side = draw.chance(0.5) ? 1 : -1;
     if (draw.chance(l.size == 2 ? 0.8 : 0.25)) add_second(globe, l, a, side, draw);
-    furnish_airport(globe, a, {side, l.size == 2 ? 2 : is_hard(r.surface) ? 1 : 0, true});
+    furnish_airport(globe, a, {side, l.size == 2 ? 2 : is_hard(r.surface) ? 1 : 0, true, true});
     return a;
 }
 }  // namespace
@@ -135,6 +135,7 @@ void generate_airports(nav_world& world, const std::vector<listed_airport>& list
     std::vector<nav_airport> more;
     for (const listed_airport& l : list)
         // within a minute or so of a pole, longitudes tell nothing of what stands beside what
-        if (std::fabs(l.at.lat) < 89.9 && !ids.count(l.id) && !stands_there(world, l.at)) more.push_back(airport_of(world.globe, l));
+        if (std::fabs(l.at.lat) < 89.9 && !ids.count(l.id) && !stands_there(world, l.at))
+            more.push_back(airport_of(world.globe, l));
     world.airports.insert(world.airports.end(), more.begin(), more.end());
 }
