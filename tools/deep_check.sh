@@ -45,6 +45,10 @@ for target in build-fuzz/fuzz/fuzz_*; do
         fuzz_http)  # the first two bytes pick the target of the body and the split
             printf '\0\7HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello' \
                 >"$corpus/answer" ;;
+        fuzz_apt|fuzz_nav|fuzz_fix|fuzz_awy)  # an even first byte: a whole file; an odd one: rows
+            table="build-fuzz/Orvelle/Resources/Earth nav data/${name#fuzz_}.dat"
+            (printf '\0'; head -c 20000 "$table") >"$corpus/whole"
+            (printf '\1'; tail -c 20000 "$table") >"$corpus/rows" ;;
     esac
     extra="-max_len=40000 -len_control=0"
     [[ $name == fuzz_acf ]] && extra="-max_len=400 -len_control=0"

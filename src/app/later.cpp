@@ -28,8 +28,9 @@
 #include "platform/window.h"
 #include "plugins/host.h"
 #include "scenery/magnetic.h"
-#include "scenery/nav_data.h"
+#include "scenery/draw/planet_pictures.h"
 #include "scenery/objects.h"
+#include "scenery/packages.h"
 #include "scenery/region.h"
 #include "scenery/terrain_query.h"
 #include "scene/world.h"
@@ -42,10 +43,15 @@
 #include "weather/clouds.h"
 #include "weather/puffs.h"
 #include "weather/real_weather.h"
+#include "weather/sky.h"
 
-// -- weather: no report, no cloud volume, no precipitation, no smoke
+// -- weather: no report, no stars, no sky colours, no cloud volume, no precipitation, no smoke
 clou_class clou;
 puff_class puff;
+star_class star;
+skyc_class skyc;
+void star_class::star_build() {}
+void skyc_class::conditions_init() {}
 void real_weather_step() {}
 void clou_class::cloud_update() {}
 void clou_class::blow_region_x(float) {}
@@ -57,8 +63,7 @@ void puff_class::spawn_puff(float, float, float, float, float, float, float, int
 // -- scenery: one region, a bare sphere at elevation 0, dry
 void check_for_shift(double, double) {}
 void load_region(int) {}
-void read_planet_nav() {}
-float runway_heading_true() { return 0.0f; }
+void load_planet_pictures(int) {}
 float magnetic_variation(double, double) { return 0.0f; }
 int build_obs(std::string, int) { return -1; }
 
@@ -213,7 +218,7 @@ void init_hardware_out() {}
 void close_hardware_out(int) {}
 
 // -- scene: the plain view stands for the world renderer
-void init_world_rendering() {}
+void init_world_rendering() { find_scenery_packages(); }
 void build_DLs() {}
 void scene_state_step() {}
 void WORLD_scene_all_cases() {

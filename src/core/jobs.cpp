@@ -323,6 +323,22 @@ void THREAD_Cleanup(int inCall) {
     throw copy;
 }
 
+bool THREAD_Finish(int inCall, float inWaitSeconds, const char* late_text) {
+    try {
+        if (!THREAD_IsDone(inCall, inWaitSeconds)) {
+            MACIBM_alert(0, late_text, "", "", "", alert_message);
+            return false;
+        }
+        THREAD_Cleanup(inCall);
+        return true;
+    } catch (const XException& thrown) {
+        thrown.ReportAndContinue();
+    }
+    const StLocker hold(gLock);
+    forget(inCall);
+    return false;
+}
+
 void THREAD_Cleanup() {
     if (!gInited) return;
     gInited = 0;

@@ -182,4 +182,23 @@ TEST_F(jobs, a_stuck_job_does_not_hang_the_end_and_may_still_come_back) {
     EXPECT_EQ(THREAD_DoneValue(call), 20);
     THREAD_Cleanup(call);
 }
+TEST_F(jobs, a_caller_that_goes_on_is_told_of_late_and_thrown_jobs_and_keeps_no_trace_of_ended_ones) {
+    const char* const late = "Timed out.";
+    const int good = THREAD_RunAsync(note, 1, 1);
+    EXPECT_TRUE(THREAD_Finish(good, 60.0f, late));
+    EXPECT_TRUE(test::alerts.empty());
+    const int faulty = THREAD_RunAsync(alerts, 0, 1);
+    EXPECT_FALSE(THREAD_Finish(faulty, 60.0f, late));
+    ASSERT_EQ(test::alerts.size(), 1u);
+    EXPECT_EQ(test::alerts[0].text.line[0], "no such file");
+    EXPECT_EQ(test::alerts[0].type, alert_message);
+    for (const int call : {good, faulty}) test::expect_fatal([call] { THREAD_DoneValue(call); });
+    gate_open = false;
+    const int slow = THREAD_RunAsync(note, 2, 1);
+    EXPECT_FALSE(THREAD_Finish(slow, 1.0f, late));
+    EXPECT_EQ(test::alerts.back().text.line[0], late);
+    EXPECT_EQ(test::alerts.back().type, alert_message);
+    gate_open = true;
+    EXPECT_TRUE(ends(slow)) << "it may still come";
+}
 }  // namespace
