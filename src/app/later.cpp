@@ -28,7 +28,6 @@
 #include "net/version_query.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/magnetic.h"
 #include "scenery/nav_data.h"
 #include "scenery/objects.h"
 #include "scenery/region.h"
@@ -60,7 +59,6 @@ void check_for_shift(double, double) {}
 void load_region(int) {}
 void read_planet_nav() {}
 float runway_heading_true() { return 0.0f; }
-float magnetic_variation(double, double) { return 0.0f; }
 int build_obs(std::string, int) { return -1; }
 
 float y_with_xhz(float x, float ele, float z) {
