@@ -42,6 +42,9 @@ for target in build-fuzz/fuzz/fuzz_*; do
         fuzz_menu_text)  # the first byte tells strings from menus
             (printf '\1'; cat build-fuzz/Orvelle/Resources/text/german/Tarvane.txt) >"$corpus/text"
             (printf '\0'; cat build-fuzz/Orvelle/Resources/menus/german/Tarvane.txt) >"$corpus/menus" ;;
+        fuzz_http)  # the first two bytes pick the target of the body and the split
+            printf '\0\7HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello' \
+                >"$corpus/answer" ;;
     esac
     extra="-max_len=40000 -len_control=0"
     [[ $name == fuzz_acf ]] && extra="-max_len=400 -len_control=0"

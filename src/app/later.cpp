@@ -10,7 +10,6 @@
 #include "cockpit/panel.h"
 #include "cockpit/radios.h"
 #include "core/input_gate.h"
-#include "core/jobs.h"
 #include "core/num.h"
 #include "core/records.h"
 #include "core/seams.h"
@@ -177,9 +176,6 @@ void version_query::process() {}
 void poke_zoom(int) {}
 void poke_pan(float, float) {}
 void dialog_opensave(int, int, std::string*, std::string*) {}
-
-// -- jobs: none
-void THREAD_Cleanup() {}
 
 // -- interface: no preferences, menus, settings windows, logbook, chatter, key file, devices
 void manage_apt() {}
