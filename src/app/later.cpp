@@ -27,8 +27,6 @@
 #include "net/version_query.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/magnetic.h"
-#include "scenery/draw/planet_pictures.h"
 #include "scenery/objects.h"
 #include "scenery/packages.h"
 #include "scenery/region.h"
@@ -63,8 +61,6 @@ void puff_class::spawn_puff(float, float, float, float, float, float, float, int
 // -- scenery: one region, a bare sphere at elevation 0, dry
 void check_for_shift(double, double) {}
 void load_region(int) {}
-void load_planet_pictures(int) {}
-float magnetic_variation(double, double) { return 0.0f; }
 int build_obs(std::string, int) { return -1; }
 
 float y_with_xhz(float x, float ele, float z) {
