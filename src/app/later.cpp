@@ -24,7 +24,6 @@
 #include "flight/weapons.h"
 #include "net/data_table.h"
 #include "net/messages.h"
-#include "net/version_query.h"
 #include "platform/window.h"
 #include "plugins/host.h"
 #include "scenery/objects.h"
@@ -174,8 +173,6 @@ int TVPHandleMenu(int) { return 0; }
 int TVPCheckMenu(int) { return 0; }
 int TVPMenuIsDisabled(int) { return 0; }
 void send_airport_to_instructor(int) {}
-void version_query::start() { done = true; }
-void version_query::process() {}
 void poke_zoom(int) {}
 void poke_pan(float, float) {}
 void dialog_opensave(int, int, std::string*, std::string*) {}

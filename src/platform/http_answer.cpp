@@ -23,6 +23,7 @@ int leading_number(std::string_view text) {
 // -1 for a length that is no whole number from 0 up to what an int holds.
 int body_length(std::string_view text) {
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
     int length = -1;
     const auto [stop, fault] = std::from_chars(text.data(), text.data() + text.size(), length);
     return fault == std::errc() && stop == text.data() + text.size() && length >= 0 ? length : -1;
