@@ -12,6 +12,7 @@
 #include <exception>
 #include <list>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -26,23 +27,42 @@ struct call_struct {
     int parameter;
 };
 
+// A semaphore that starts at 0.
+class xsemaphore {
+public:
+    xsemaphore() : made_(sem_init(&semaphore_, 0, 0) == 0) {}
+    ~xsemaphore() {
+        if (made_) sem_destroy(&semaphore_);
+    }
+    xsemaphore(const xsemaphore&) = delete;
+    xsemaphore& operator=(const xsemaphore&) = delete;
+    bool made() const { return made_; }
+    int post() { return sem_post(&semaphore_) == 0 ? 0 : errno; }  // 0, or the error
+    bool take_if_up() { return sem_trywait(&semaphore_) == 0; }
+    void wait() {
+        while (sem_wait(&semaphore_) != 0 && errno == EINTR) {
+        }
+    }
+
+private:
+    sem_t semaphore_;
+    const bool made_;
+};
+
 // What waits for a worker. The semaphore counts the list.
 class xqueue {
 public:
-    bool init() { return sem_init(&waiting_, 0, 0) == 0; }
-    ~xqueue() { sem_destroy(&waiting_); }
+    bool made() const { return waiting_.made(); }
     // 0, or the error of the semaphore.
     int enqueue(const call_struct& call) {
         const std::lock_guard<std::mutex> hold(mutex_);
         calls_.push_back(call);
-        if (sem_post(&waiting_) == 0) return 0;
-        const int err = errno;
-        calls_.pop_back();
+        const int err = waiting_.post();
+        if (err) calls_.pop_back();
         return err;
     }
     call_struct dequeue() {
-        while (sem_wait(&waiting_) != 0 && errno == EINTR) {
-        }
+        waiting_.wait();
         const std::lock_guard<std::mutex> hold(mutex_);
         const call_struct call = calls_.front();
         calls_.pop_front();
@@ -50,7 +70,7 @@ public:
     }
 
 private:
-    sem_t waiting_;
+    xsemaphore waiting_;
     std::mutex mutex_;
     std::list<call_struct> calls_;
 };
@@ -61,9 +81,9 @@ std::atomic<int> gInited{0};
 std::thread::id gMainThread;  // none before the first start
 int gCPUCount = 0;            // workers; 0 lets every job run in place
 std::vector<pthread_t> gWorkerThreads;
-// Made at the start and given up at the end, unless a stuck worker still holds them.
-xqueue* gCallQueue = nullptr;
-sem_t* gDoneEvent = nullptr;
+// Made at the start and given up at the end; a stuck worker keeps those that it started with.
+std::shared_ptr<xqueue> gCallQueue;
+std::shared_ptr<xsemaphore> gDoneEvent;
 // A worker sees the threads up until it leaves, so that its alerts throw while the end waits for it.
 thread_local bool on_worker = false;
 
@@ -124,52 +144,48 @@ void RunOneCall(const call_struct& call) {
 }
 
 struct worker_struct {
-    xqueue* queue;
-    sem_t* done;
+    std::shared_ptr<xqueue> queue;
+    std::shared_ptr<xsemaphore> done;
 };
 
-// Keeps its own queue and event: after a stuck job those of the file may be others.
 void* worker(void* own) {
-    const worker_struct mine = *static_cast<worker_struct*>(own);
-    delete static_cast<worker_struct*>(own);
+    const std::unique_ptr<worker_struct> mine(static_cast<worker_struct*>(own));
     on_worker = true;
     for (;;) {
-        const call_struct call = mine.queue->dequeue();
+        const call_struct call = mine->queue->dequeue();
         if (call.number == 0 && !call.function && call.parameter == 0) return nullptr;
         try {
             RunOneCall(call);
         } catch (const XException& thrown) {
             thrown.ReportAndContinue();
         }
-        sem_post(mine.done);
+        mine->done->post();
     }
 }
 
 // -- start and end
 bool make_queue() {
-    gCallQueue = new xqueue;
-    gDoneEvent = new sem_t;
-    return gCallQueue->init() && sem_init(gDoneEvent, 0, 0) == 0;
+    gCallQueue = std::make_shared<xqueue>();
+    gDoneEvent = std::make_shared<xsemaphore>();
+    return gCallQueue->made() && gDoneEvent->made();
 }
 
 bool start_worker() {
-    worker_struct* const own = new worker_struct{gCallQueue, gDoneEvent};
+    auto own = std::make_unique<worker_struct>(worker_struct{gCallQueue, gDoneEvent});
     pthread_t thread;
-    if (pthread_create(&thread, nullptr, worker, own) != 0) {
-        delete own;
-        return false;
-    }
+    if (pthread_create(&thread, nullptr, worker, own.get()) != 0) return false;
+    static_cast<void>(own.release());  // the worker's now
     gWorkerThreads.push_back(thread);
     return true;
 }
 
-// A forked process has no workers, only the thread that forked: its jobs run in place.
-void leave_workers_to_parent() {
+// From here on jobs run in place. Also in a forked process, which has only the thread that forked.
+void leave_workers() {
     gInited = 0;
     gCPUCount = 0;
     gWorkerThreads.clear();
-    gCallQueue = nullptr;
-    gDoneEvent = nullptr;
+    gCallQueue.reset();
+    gDoneEvent.reset();
 }
 
 // True when the worker has ended. One that is stuck in its job, or asks for its own end, is let go.
@@ -227,7 +243,7 @@ long now_seconds() {
 void sleep_until_done(long seconds) {
     constexpr int step_us = 1000, steps_per_second = 1000;
     for (long step = 0; step < seconds * steps_per_second; ++step) {
-        if (gDoneEvent && sem_trywait(gDoneEvent) == 0) return;
+        if (gDoneEvent && gDoneEvent->take_if_up()) return;
         usleep(step_us);
     }
 }
@@ -242,7 +258,7 @@ void throw_exception_of(int call) {
 
 void THREAD_Init() {
     if (gInited) return;
-    static const int fork_known = pthread_atfork(nullptr, nullptr, leave_workers_to_parent);
+    static const int fork_known = pthread_atfork(nullptr, nullptr, leave_workers);
     static_cast<void>(fork_known);
     gCPUCount = 1;
     if (!make_queue()) fatal("MPCreateQueue failed.");
@@ -342,15 +358,7 @@ bool THREAD_Finish(int inCall, float inWaitSeconds, const char* late_text) {
 void THREAD_Cleanup() {
     if (!gInited) return;
     gInited = 0;
-    // with a stuck worker all stays as it is: the job may still come back to its tables
-    if (end_workers()) {
-        forget_all_calls();
-        sem_destroy(gDoneEvent);
-        delete gDoneEvent;
-        delete gCallQueue;
-    }
-    gWorkerThreads.clear();
-    gCallQueue = nullptr;
-    gDoneEvent = nullptr;
-    gCPUCount = 0;
+    // a stuck job may still come back to its entry
+    if (end_workers()) forget_all_calls();
+    leave_workers();
 }
