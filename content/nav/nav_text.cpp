@@ -129,6 +129,27 @@ std::string plain_name(std::string_view utf8) {
     return name;
 }
 
+std::string airport_name(std::string_view utf8) {
+    struct swap_row {
+        const char *word, *by;
+    };
+    constexpr swap_row swaps[] = {{"International", "Intl"}, {"Municipal", "Muni"}, {"Regional", "Rgnl"},
+                                  {"Airport", ""},           {"Airfield", "Afld"},  {"Aerodrome", ""},
+                                  {"Air Force Base", "AFB"}, {"Aeropuerto", ""},    {"Air Base", "AB"}};
+    std::string name = plain_text(utf8);
+    for (const swap_row& swap : swaps) {
+        const size_t at = name.find(swap.word);
+        const size_t end = at == std::string::npos ? at : at + std::char_traits<char>::length(swap.word);
+        // a name that is nothing but the word keeps it
+        if (at == std::string::npos || name.size() == end - at) continue;
+        const bool whole = (at == 0 || name[at - 1] == ' ') && (end == name.size() || name[end] == ' ');
+        if (whole) name.replace(at, end - at, swap.by);
+    }
+    name = plain_name(name);
+    const size_t first = name.find_first_not_of(" -/,");
+    return first == std::string::npos ? plain_name(utf8) : name.substr(first);
+}
+
 std::string lower_case(std::string_view text) {
     std::string out(text);
     for (char& c : out) c = static_cast<char>(tolower(static_cast<unsigned char>(c)));

@@ -8,6 +8,8 @@
 std::string plain_text(std::string_view utf8);
 // Plain and no longer than a name may be, cut behind a whole word where one ends near enough.
 std::string plain_name(std::string_view utf8);
+// The same for an airport, whose name needs no "Airport" and shortens its usual words.
+std::string airport_name(std::string_view utf8);
 std::string lower_case(std::string_view text);
 std::string upper_case(std::string_view text);
 
