@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/alert.h"
+#include "core/jobs.h"
 #include "core/random.h"
 #include "core/records.h"
 #include "core/seams.h"

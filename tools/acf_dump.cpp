@@ -10,6 +10,7 @@
 #include "aircraft/acf_toml.h"
 #include "core/alert.h"
 #include "core/con.h"
+#include "core/jobs.h"
 #include "core/paths.h"
 
 namespace {

@@ -15,6 +15,7 @@
 #include "app/lab.h"
 #include "core/alert.h"
 #include "core/con.h"
+#include "core/jobs.h"
 #include "core/paths.h"
 
 namespace fs = std::filesystem;

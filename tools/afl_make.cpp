@@ -13,6 +13,7 @@
 #include "aircraft/afl_polar.h"
 #include "core/alert.h"
 #include "core/con.h"
+#include "core/jobs.h"
 #include "core/num.h"
 #include "core/paths.h"
 #include "core/veh.h"

@@ -42,9 +42,17 @@ for target in build-fuzz/fuzz/fuzz_*; do
         fuzz_menu_text)  # the first byte tells strings from menus
             (printf '\1'; cat build-fuzz/Orvelle/Resources/text/german/Tarvane.txt) >"$corpus/text"
             (printf '\0'; cat build-fuzz/Orvelle/Resources/menus/german/Tarvane.txt) >"$corpus/menus" ;;
+        fuzz_http)  # the first two bytes pick the target of the body and the split
+            printf '\0\7HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello' \
+                >"$corpus/answer" ;;
+        fuzz_apt|fuzz_nav|fuzz_fix|fuzz_awy)  # an even first byte: a whole file; an odd one: rows
+            table="build-fuzz/Orvelle/Resources/Earth nav data/${name#fuzz_}.dat"
+            (printf '\0'; head -c 20000 "$table") >"$corpus/whole"
+            (printf '\1'; tail -c 20000 "$table") >"$corpus/rows" ;;
     esac
     extra="-max_len=40000 -len_control=0"
     [[ $name == fuzz_acf ]] && extra="-max_len=400 -len_control=0"
+    [[ $name == fuzz_http ]] && extra="-max_len=70000"  # beyond the longest header
     echo "-- $name"
     "$target" -max_total_time="$fuzz_seconds" -timeout=60 -rss_limit_mb=4096 -print_final_stats=1 $extra "$corpus" \
         >"build-fuzz/$name.log" 2>&1 || { tail -40 "build-fuzz/$name.log"; exit 1; }

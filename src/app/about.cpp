@@ -16,8 +16,8 @@
 namespace {
 // What the query has brought so far, as a line of the window.
 std::string version_line(version_query& query) {
-    if (!query.done) query.process();
-    if (!query.done || !query.good) return stl.text[text_about_no_connection];
+    query.process();
+    if (!query.good) return stl.text[text_about_no_connection];
     return stl.text[text_about_current] + " " + query.version;
 }
 
@@ -41,12 +41,14 @@ void draw(const std::string& version) {
 
 void MACIBM_about() {
     version_query query;
-    query.start();
     MACIBM_startwind(win_about, "about");
+    // the window shows while the server's name is looked up
+    draw(version_line(query));
+    MACIBM_event_proc();
+    query.start();
     while (mnw.top_win == win_about && !g_done) {
         draw(version_line(query));
         MACIBM_event_proc();
     }
-    if (query.done && !query.good)
-        xer << "Could not connect to net, responseNum=" << query.response_number << '\n';
+    if (!query.good) xer << "Could not connect to net, responseNum=" << query.response_number << '\n';
 }

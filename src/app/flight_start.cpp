@@ -16,6 +16,7 @@
 #include "flight/stepper.h"
 #include "flight/weapons.h"
 #include "net/data_table.h"
+#include "scenery/nav_tables.h"
 #include "scenery/terrain_query.h"
 #include "ui/logbook.h"
 #include "weather/atmosphere.h"
@@ -29,8 +30,20 @@ struct start_state {
     bool running = false;  // engines and electrics
 };
 
-// The default airport's place, at a height for a free flight, until flights can start on the ground.
-constexpr float air_start_lat = 34.0954f, air_start_lon = -117.2349f, air_start_alt = 3000.0f;
+// Until flights can start on the ground they begin over the selected airport, at a height for a free flight; where
+// no airports were read, over the default one's place.
+constexpr float air_start_lat = 34.0954f, air_start_lon = -117.2349f, air_start_height = 3000.0f;
+
+int last_index(size_t size) { return intmax2(static_cast<int>(size) - 1, 0); }
+
+// The selection names an airport, and a ramp or runway of it, that exist.
+void hold_selection(int type_start2) {
+    msc.loc_apt_wrl = intlim(msc.loc_apt_wrl, 0, last_index(vec_apt.size()));
+    if (vec_apt.empty()) return;
+    const vec_apt_struct& apt = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
+    const size_t places = type_start2 == place_ramp ? apt.sta.size() : apt.rwy.size();
+    msc.lcl_rwy_ram = intlim(msc.lcl_rwy_ram, 0, last_index(places));
+}
 
 void clear_special_states() {
     env.obj_y_top = -9999.0f;
@@ -52,10 +65,16 @@ void clear_but_keep_load() {
     flt[0].m_jettison = m_jettison;
 }
 
-// The custom position; any other start becomes one over the default airport at a comfortable speed.
+// The custom position; any other start becomes one over the selected airport at a comfortable speed.
 start_state place_in_the_air(int type_start1) {
     start_state s;
-    float lat = air_start_lat, lon = air_start_lon, alt = air_start_alt;
+    float lat = air_start_lat, lon = air_start_lon, alt = air_start_height;
+    if (!vec_apt.empty()) {
+        const vec_apt_struct& apt = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
+        lat = apt.rwy[0].lat;
+        lon = apt.rwy[0].lon;
+        alt += apt.ele;
+    }
     if (type_start1 == start_custom) {
         lat = stg.cus_lat;
         lon = stg.cus_lon;
@@ -304,6 +323,7 @@ void fill_caches(int p) {
 }  // namespace
 
 void init_flt_0(int type_start1, int type_start2) {
+    hold_selection(type_start2);
     clear_special_states();
     clear_but_keep_load();
     start_state s = place_in_the_air(type_start1);

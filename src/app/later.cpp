@@ -10,7 +10,6 @@
 #include "cockpit/panel.h"
 #include "cockpit/radios.h"
 #include "core/input_gate.h"
-#include "core/jobs.h"
 #include "core/num.h"
 #include "core/records.h"
 #include "core/seams.h"
@@ -25,12 +24,10 @@
 #include "flight/weapons.h"
 #include "net/data_table.h"
 #include "net/messages.h"
-#include "net/version_query.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/magnetic.h"
-#include "scenery/nav_data.h"
 #include "scenery/objects.h"
+#include "scenery/packages.h"
 #include "scenery/region.h"
 #include "scenery/terrain_query.h"
 #include "scene/world.h"
@@ -43,10 +40,15 @@
 #include "weather/clouds.h"
 #include "weather/puffs.h"
 #include "weather/real_weather.h"
+#include "weather/sky.h"
 
-// -- weather: no report, no cloud volume, no precipitation, no smoke
+// -- weather: no report, no stars, no sky colours, no cloud volume, no precipitation, no smoke
 clou_class clou;
 puff_class puff;
+star_class star;
+skyc_class skyc;
+void star_class::star_build() {}
+void skyc_class::conditions_init() {}
 void real_weather_step() {}
 void clou_class::cloud_update() {}
 void clou_class::blow_region_x(float) {}
@@ -58,9 +60,6 @@ void puff_class::spawn_puff(float, float, float, float, float, float, float, int
 // -- scenery: one region, a bare sphere at elevation 0, dry
 void check_for_shift(double, double) {}
 void load_region(int) {}
-void read_planet_nav() {}
-float runway_heading_true() { return 0.0f; }
-float magnetic_variation(double, double) { return 0.0f; }
 int build_obs(std::string, int) { return -1; }
 
 float y_with_xhz(float x, float ele, float z) {
@@ -174,14 +173,9 @@ int TVPHandleMenu(int) { return 0; }
 int TVPCheckMenu(int) { return 0; }
 int TVPMenuIsDisabled(int) { return 0; }
 void send_airport_to_instructor(int) {}
-void version_query::start() { done = true; }
-void version_query::process() {}
 void poke_zoom(int) {}
 void poke_pan(float, float) {}
 void dialog_opensave(int, int, std::string*, std::string*) {}
-
-// -- jobs: none
-void THREAD_Cleanup() {}
 
 // -- interface: no preferences, menus, settings windows, logbook, chatter, key file, devices
 void manage_apt() {}
@@ -217,7 +211,7 @@ void init_hardware_out() {}
 void close_hardware_out(int) {}
 
 // -- scene: the plain view stands for the world renderer
-void init_world_rendering() {}
+void init_world_rendering() { find_scenery_packages(); }
 void build_DLs() {}
 void scene_state_step() {}
 void WORLD_scene_all_cases() {

@@ -6,24 +6,14 @@
 #include <cstdlib>
 #include <iostream>
 #include <set>
-#include <thread>
 
+#include "core/jobs.h"
 #include "core/logs.h"
 #include "core/mnw.h"
 
 alert_seam_struct alert_seam;
 int g_done = 0;
 int check_sys_event = 0;
-
-static std::thread::id main_thread;
-static bool threads_up = false;
-
-bool THREAD_IsMainThread() { return std::this_thread::get_id() == main_thread; }
-bool THREAD_IsInited() { return threads_up; }
-void THREAD_Init() {
-    main_thread = std::this_thread::get_id();
-    threads_up = true;
-}
 
 static void log_lines(const char* file, int line, const alert_lines& text) {
     xer << "file: " << file << ", line: " << line << '\n';

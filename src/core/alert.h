@@ -40,10 +40,6 @@ extern alert_seam_struct alert_seam;
 extern int g_done;            // ends the frame loop
 extern int check_sys_event;   // armed by alerts of type 1
 
-bool THREAD_IsMainThread();
-bool THREAD_IsInited();
-void THREAD_Init();           // remembers the calling thread as the main one
-
 class XException {
 public:
     XException(std::string c1, std::string c2, std::string c3, std::string c4, const char* file, int line);

@@ -9,8 +9,8 @@ void THREAD_Init();
 bool THREAD_IsInited();
 bool THREAD_IsMainThread();
 
-// Hands the job over and gives its call number. One that is not marked as disk work runs in place and has ended
-// on return.
+// Hands the job over and gives its call number. One that is not marked as disk work runs in place and has
+// ended on return.
 int THREAD_RunAsync(int (*inFunc)(int), int inParam, int inDiskIO);
 // 1 when it has ended; waits up to the time, in whole seconds. With no time left it does not look. Throws on
 // the caller's thread what the job threw.
@@ -19,5 +19,8 @@ int THREAD_IsDone(int inCall, float inWaitSeconds);
 int THREAD_DoneValue(int inCall);
 // Forgets a job that has ended; throws what it threw.
 void THREAD_Cleanup(int inCall);
+// The whole of it for a caller that goes on without the job's work: waits, tells the user what went wrong,
+// forgets. False when it threw or is late; a late one may still be running.
+bool THREAD_Finish(int inCall, float inWaitSeconds, const char* late_text);
 // Ends the workers and forgets all jobs.
 void THREAD_Cleanup();

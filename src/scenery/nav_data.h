@@ -13,12 +13,12 @@ void read_planet_nav();
 int IO_nav(int IO_type);
 int IO_fix(int IO_type);
 int IO_awy(int IO_type);
-// 0 reads the default file, fatal when that cannot be used; 2 appends the file of a package, silent when there
-// is none.
+// 0 reads the default file, fatal when that cannot be used; 2 appends the file of a package, silent when
+// there is none.
 int IO_apt(int IO_type, const std::string& custom_path);
 
-// Index of the target of this kind (nav_type) with this identifier, the nearest to a place in degrees; a blank
-// at the fourth or third position ends the identifier. 1 when found, otherwise the index stays.
+// Index of the target of this kind (nav_type) with this identifier, the nearest to a place in degrees; a
+// blank at the fourth or third position ends the identifier. 1 when found, otherwise the index stays.
 int get_index_from_id(std::string id_req, int type_req, int* navapt_wrl_use, float lat_des, float lon_des);
 
 // Makes msc.apt_id_str the selected airport, with the user and the region at its first runway. An unknown one

@@ -11,12 +11,14 @@
 #include <functional>
 #include <string>
 
+#include "http_server.h"
 #include "support.h"
 #include "xvfb.h"
 
 namespace {
 const std::string resolution_file =
     std::string(INSTALL_FOLDER) + "Resources/Preferences/Orvelle 8 Resolution.prf";
+const std::string servers_file = std::string(INSTALL_FOLDER) + "Resources/Preferences/servers.txt";
 
 class program : public ::testing::Test {
 protected:
@@ -26,6 +28,7 @@ protected:
         lock_ = open((std::string(INSTALL_FOLDER) + "Resources/Preferences").c_str(), O_RDONLY);
         ASSERT_EQ(flock(lock_, LOCK_EX), 0);
         before_ = std::filesystem::exists(resolution_file) ? test::read_file(resolution_file) : "";
+        servers_before_ = test::read_file(servers_file);
         setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
         setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
     }
@@ -39,14 +42,23 @@ protected:
             std::filesystem::remove(resolution_file);
         else
             write_resolution(before_);
+        if (servers_before_.empty())
+            std::filesystem::remove(servers_file);
+        else
+            write_text(servers_file, servers_before_);
         close(lock_);
     }
-    static void write_resolution(const std::string& text) {
-        FILE* f = fopen(resolution_file.c_str(), "w");
+    static void write_text(const std::string& path, const std::string& text) {
+        FILE* f = fopen(path.c_str(), "w");
         ASSERT_NE(f, nullptr);
         fputs(text.c_str(), f);
         fclose(f);
     }
+    static void write_servers(int port, const std::string& path) {
+        write_text(servers_file,
+                   "I\n800 version\nversion 127.0.0.1 " + std::to_string(port) + " " + path + "\n");
+    }
+    static void write_resolution(const std::string& text) { write_text(resolution_file, text); }
     void start() {
         pid_ = fork();
         if (pid_ == 0) {
@@ -81,6 +93,15 @@ protected:
         return atoi(
             test::run("convert " + shoot("now.png") + " -crop " + box + " -format %k info:").output.c_str());
     }
+    // Opens the about window out of the first menu.
+    void open_about() {
+        drive("mousemove 30 6");
+        usleep(300000);
+        drive("click 1");
+        usleep(300000);
+        drive("mousemove 40 24 click 1");
+        ASSERT_TRUE(comes([&] { return colours("500x300+262+234") > 60 && colours("200x200+0+300") < 5; }));
+    }
     bool flies() { return colours("1024x600+0+60") > 2000; }
     int ends() {
         int status = -1;
@@ -93,7 +114,7 @@ protected:
     const test::temp_folder folder_;
     pid_t pid_ = -1;
     int lock_ = -1;
-    std::string before_;
+    std::string before_, servers_before_;
 };
 
 const char* const english = "I\n801 version\n1024\n768\n32\n1\n0\n1\n0.02\n0.02\n";
@@ -148,5 +169,33 @@ TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
     EXPECT_GT(difference(a, shoot("d.png"), "1024x500+0+100"), 10000);
     drive("key q");
     EXPECT_EQ(ends(), 0) << "q ends the program";
+}
+
+TEST_F(program, about_tells_the_version_that_a_server_has_and_a_silent_one_holds_nothing_up) {
+    const test::http_server server;
+    write_resolution(english);
+    write_servers(server.port(), "/never");
+    start();
+    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
+    drive("key Return");
+    ASSERT_TRUE(comes([&] { return flies(); }));
+    const std::string version_lines = "480x80+272+310";
+
+    open_about();
+    usleep(500000);
+    const std::string waiting = shoot("waiting.png");
+    drive("key Return");
+    ASSERT_TRUE(comes([&] { return flies(); })) << "closed while nothing has come, and it flies on";
+
+    write_servers(server.port(), "/version");
+    open_about();
+    EXPECT_TRUE(comes([&] { return difference(waiting, shoot("told.png"), version_lines) > 200; }));
+    const std::string version_file = std::string(INSTALL_FOLDER) + "Resources/Preferences/version.txt";
+    EXPECT_EQ(test::read_file(version_file), "8.01\n801\n");
+    std::filesystem::remove(version_file);
+    drive("key Return");
+    ASSERT_TRUE(comes([&] { return flies(); }));
+    drive("key q");
+    EXPECT_EQ(ends(), 0);
 }
 }  // namespace

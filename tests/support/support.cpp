@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/jobs.h"
 #include "core/random.h"
 #include "core/seams.h"
 

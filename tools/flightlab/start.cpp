@@ -19,6 +19,7 @@
 #include "app/headless.h"
 #include "app/lab.h"
 #include "core/alert.h"
+#include "core/jobs.h"
 #include "core/logs.h"
 #include "core/paths.h"
 #include "core/records.h"

@@ -1,0 +1,17 @@
+// Pictures of the planet as the orbital view shows it.
+#include "scenery/draw/planet_pictures.h"
+
+#include <string>
+
+#include "core/paths.h"
+#include "core/seams.h"
+#include "draw/ogl.h"
+#include "draw/tman.h"
+
+void load_planet_pictures(int planet) {
+    if (!seam.has_display) return;
+    const std::string name = bmp_path + (planet ? "mars" : "earth");
+    OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
+    tman.load_texture(1, load_ogl, tex_planet, filter_rgb_mip, name + "1.png");
+    tman.load_texture(1, load_ogl, tex_planet_last, filter_rgb_mip, name + "2.png");
+}
