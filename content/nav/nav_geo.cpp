@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "scenery/magnetic.h"
+
 namespace {
 constexpr double degtorad = 0.017453292519943295;
 
@@ -112,6 +114,5 @@ std::string runway_end_name(const nav_runway& runway, int end) {
 }
 
 double variation_at(const nav_globe& globe, nav_place at) {
-    (void)at;
-    return globe.magnetic ? 0 : 0;
+    return globe.magnetic ? magnetic_variation(at.lat, at.lon) : 0;
 }

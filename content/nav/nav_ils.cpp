@@ -12,14 +12,14 @@ constexpr double localizer_past_end = 300, touchdown = 300, glide_beside = 120; 
 constexpr double outer_out = 8300, middle_out = 1050, inner_out = 300;
 constexpr double localizer_range = 18, glide_range = 10, marker_range = 2;  // nautical miles
 
-nav_aid aid_of(int type, nav_place at, const nav_airport& airport, const nav_ils& ils, double course,
+nav_aid aid_of(int type, nav_place at, const nav_airport& airport, const ils_plan& ils, double course,
                double range, const std::string& name) {
     return {type,  at,     airport.ele, type >= aid_outer && type <= aid_inner ? 0 : ils.frq,
             range, course, ils.id,      name};
 }
 }  // namespace
 
-void add_ils(nav_world& world, const nav_airport& airport, const nav_runway& runway, const nav_ils& ils) {
+void add_ils(nav_world& world, const nav_airport& airport, const nav_runway& runway, const ils_plan& ils) {
     const nav_globe& globe = world.globe;
     const double course = runway_heading(runway, ils.end);
     const nav_place far_end = runway_end(globe, runway, 1 - ils.end);

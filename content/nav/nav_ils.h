@@ -4,7 +4,7 @@
 
 #include "nav_world.h"
 
-struct nav_ils {
+struct ils_plan {
     int end = 0;  // of the runway: lands there
     int frq = 0;  // 10 kHz
     std::string id;
@@ -14,4 +14,4 @@ struct nav_ils {
 
 // Adds the localizer 300 metres past the far end, the glide slope 120 metres beside the touchdown point 300
 // metres behind the threshold, the DME with the localizer and the markers on the extended centre line.
-void add_ils(nav_world& world, const nav_airport& airport, const nav_runway& runway, const nav_ils& ils);
+void add_ils(nav_world& world, const nav_airport& airport, const nav_runway& runway, const ils_plan& ils);

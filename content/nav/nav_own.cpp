@@ -209,7 +209,7 @@ int channel_of(const reader& in, const toml::table& t, const char* key) {
 
 void read_ils(const reader& in, const toml::table& t, const nav_airport& airport, const nav_runway& runway) {
     only_keys(in, t, {"end", "frequency", "ident", "slope", "dme", "outer", "middle", "inner"});
-    nav_ils ils;
+    ils_plan ils;
     const std::string end = text(in, t, "end");
     ils.end = runway_num(end) == runway_num(runway_end_name(runway, 1));
     if (runway_num(end) != runway_num(runway_end_name(runway, ils.end)))

@@ -144,7 +144,7 @@ void plant_ils(nav_world& world, const std::vector<ils_wish>& wishes) {
         const nav_airport& a = world.airports[wish.airport];
         const nav_runway& r = a.runways[wish.runway];
         nav_random draw(a.id, 5 + wish.runway * 2 + static_cast<size_t>(wish.end));
-        nav_ils ils;
+        ils_plan ils;
         ils.end = wish.end;
         ils.frq = channels.take(r.at, ils_range, draw.whole(0, 999));
         if (!ils.frq) continue;

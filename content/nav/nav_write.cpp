@@ -119,9 +119,9 @@ void sort_aids(nav_world& world) {
                      [&](const nav_aid& a, const nav_aid& b) { return key(a) < key(b); });
 }
 
-nav_tables nav_tables_text(const nav_world& world, const std::string& origin) {
-    nav_tables t = {header("715", origin), header("740", origin), header("600", origin),
-                    header("640", origin)};
+table_texts nav_tables_text(const nav_world& world, const std::string& origin) {
+    table_texts t = {header("715", origin), header("740", origin), header("600", origin),
+                     header("640", origin)};
     for (const nav_airport& a : world.airports) put_airport(t.apt, a);
     for (const nav_aid& a : world.aids) {
         const double psi = a.type == aid_glide ? a.psi
@@ -138,7 +138,7 @@ nav_tables nav_tables_text(const nav_world& world, const std::string& origin) {
     return t;
 }
 
-bool write_nav_tables(const nav_tables& tables, const fs::path& folder, std::vector<std::string>* backups,
+bool write_nav_tables(const table_texts& tables, const fs::path& folder, std::vector<std::string>* backups,
                       std::string* fault) {
     struct one_table {
         const char* name;
