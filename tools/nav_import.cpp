@@ -68,11 +68,17 @@ fs::path found_install() {
     return {};
 }
 
-// Shown from the third second on, on one line.
+// Shown from the third second on, on one line, which a step without a name clears.
 void show_progress(const char* step, double part) {
     using clock = std::chrono::steady_clock;
     static const clock::time_point start = clock::now();
-    if (clock::now() - start > std::chrono::seconds(2)) fprintf(stderr, "\r%-12s %3.0f %%", step, 100 * part);
+    static bool shown = false;
+    if (!*step) {
+        if (shown) fprintf(stderr, "\r%20s\r", "");
+        return;
+    }
+    shown |= clock::now() - start > std::chrono::seconds(2);
+    if (shown) fprintf(stderr, "\r%-12s %3.0f %%", step, 100 * part);
 }
 
 void print_sum(const import_job& job, const nav_world& world) {
@@ -127,7 +133,9 @@ int main(int argc, char** argv) {
     for (const std::string& file : o.own) read_own(file, world, job.faults);
     if (!job.faults.empty()) return complain(exit_bad_source, job.faults.front());
     std::string fault;
-    if (!import_world(job, world, fault)) return complain(exit_bad_source, fault);
+    const bool good = import_world(job, world, fault);
+    show_progress("", 1);
+    if (!good) return complain(exit_bad_source, fault);
     if (const std::vector<std::string> faults = check_world(world); !faults.empty())
         return complain(exit_bad_source, faults.front());
     std::vector<std::string> backups;
@@ -136,7 +144,6 @@ int main(int argc, char** argv) {
         "and landing aids generated.";
     if (!write_nav_tables(nav_tables_text(world, origin), tables, &backups, &fault))
         return complain(exit_cannot_write, fault);
-    show_progress("done", 1);
     print_sum(job, world);
     for (const std::string& backup : backups) printf("kept %s\n", backup.c_str());
     return exit_good;

@@ -18,19 +18,6 @@
 namespace {
 constexpr double unknown_elevation = -1e9;
 
-// A side of the first runway on which no other lies, or 0.
-int clear_side(const nav_globe& globe, const nav_airport& a) {
-    bool left = false, right = false;
-    const nav_runway& main = a.runways[0];
-    for (size_t r = 1; r < a.runways.size(); ++r)
-        for (int end = 0; end < 2; ++end) {
-            const nav_place at = runway_end(globe, a.runways[r], end);
-            (heading_between(main.psi, bearing_between(globe, main.at, at)) > 0 ? right : left) = true;
-        }
-    if (left && right) return 0;
-    return left ? 1 : right ? -1 : nav_random(a.id).chance(0.5) ? 1 : -1;
-}
-
 // Elevations that nobody published: that of the nearest place which has one, within reach of a day's walk.
 void guess_elevations(import_job& job, nav_world& world) {
     constexpr double reach = 40000;  // m
@@ -98,11 +85,11 @@ void complete_airports(import_job& job, nav_world& world, size_t own) {
         if (n % 500 == 0)
             job.progress("airports", static_cast<double>(n) / static_cast<double>(world.airports.size()));
         const nav_runway& main = a.runways[0];
-        const int side = clear_side(world.globe, a);
+        const int side = nav_random(a.id).chance(0.5) ? 1 : -1;
         const int size = a.tower && main.len >= city_runway                 ? 2
                          : main.len >= town_runway && is_hard(main.surface) ? 1
                                                                             : 0;
-        furnish_airport(world.globe, a, {side ? side : 1, size, lit(main), side != 0});
+        furnish_airport(world.globe, a, {side, size, lit(main)});
     }
 }
 

@@ -18,9 +18,9 @@ struct layout {
     double tower_height;  // feet
 };
 constexpr layout layouts[] = {
-    {250, 40, 200, 500, 2, 20}, {400, 50, 350, 1100, 4, 60}, {550, 75, 700, 2600, 6, 160}};
+    {200, 40, 120, 300, 2, 20}, {400, 50, 350, 1100, 4, 60}, {550, 75, 700, 2600, 6, 160}};
 
-// Feet along and right of the first runway from its first end to a place.
+// Feet along and beside the first runway from its first end to a place.
 struct runway_frame {
     const nav_globe& globe;
     nav_place origin;
@@ -31,37 +31,102 @@ struct runway_frame {
     }
 };
 
-void add_pavement(nav_airport& a, const runway_frame& f, const layout& plan, int lights) {
+// Where the apron lies, feet.
+struct apron_site {
+    bool found = false;
+    int side = 1;
+    double offset = 0;  // of the taxiway's centre
+    double middle = 0;  // along the runway
+};
+
+// Whether a place keeps off all runways but the first by a margin in feet; the first it stands beside anyway.
+bool off_runways(const nav_globe& globe, const nav_airport& a, nav_place at, double margin) {
+    constexpr double degtorad = 0.017453292519943295;
+    for (size_t n = 1; n < a.runways.size(); ++n) {
+        const nav_runway& r = a.runways[n];
+        if (r.num == "xxx") continue;
+        const double away = distance_between(globe, r.at, at) / foot;
+        const double turn = (bearing_between(globe, r.at, at) - r.psi) * degtorad;
+        if (std::fabs(away * cos(turn)) < r.len / 2 + margin &&
+            std::fabs(away * sin(turn)) < r.width / 2 + margin)
+            return false;
+    }
+    return true;
+}
+
+// The same for a rectangle along the first runway, on a raster.
+bool clear_strip(const nav_airport& a, const runway_frame& f, double along1, double along2, double beside1,
+                 double beside2) {
+    constexpr double step = 150, margin = 110;  // feet; the margin covers half the raster's diagonal
+    for (double along = along1; along <= along2; along += step)
+        for (double beside = beside1; beside <= beside2; beside += step)
+            if (!off_runways(f.globe, a, f.at(along, beside), margin)) return false;
+    return true;
+}
+
+// Beside the middle of the runway if it can be, else along it, on the other side, or further off.
+apron_site find_site(const nav_airport& a, const runway_frame& f, const layout& l,
+                     const nav_furniture& plan) {
+    constexpr double parts[] = {0.5, 0.35, 0.65, 0.2, 0.8};
+    constexpr double buildings = 250;  // feet behind the apron
+    const double len = a.runways[0].len, half = l.apron_long / 2;
+    for (const double offset : {l.offset, 1.6 * l.offset, 2.5 * l.offset, 5 * l.offset})
+        for (const int side : {plan.side, -plan.side}) {
+            const runway_frame here = {f.globe, f.origin, f.heading, side};
+            const double front = offset + l.taxi_width / 2;
+            for (const double part : parts)
+                if (clear_strip(a, here, part * len - half, part * len + half, front,
+                                front + l.apron_deep + buildings))
+                    return {true, side, offset, part * len};
+        }
+    return {};
+}
+
+void add_pavement(nav_airport& a, const runway_frame& f, const layout& l, const apron_site& site,
+                  int lights) {
     const nav_runway& main = a.runways[0];
-    const double len = main.len, width = plan.taxi_width;
+    const double len = main.len, width = l.taxi_width;
     const int surface = main.surface;
     std::vector<nav_runway> pieces;
     const auto piece = [&](double along1, double beside1, double along2, double beside2, double wide) {
         pieces.push_back(pavement_between(f.globe, f.at(along1, beside1), f.at(along2, beside2), wide,
                                           surface, wide > width ? no_lights : lights));
     };
-    piece(width / 2, plan.offset, len - width / 2, plan.offset, width);
+    piece(width / 2, site.offset, len - width / 2, site.offset, width);
     const int links = std::max(1, static_cast<int>(len / 3000));
     for (int n = 0; n <= links; ++n) {
         const double along = width / 2 + (len - width) * n / links;
-        piece(along, main.width / 2, along, plan.offset - width / 2, width);
+        piece(along, main.width / 2, along, site.offset - width / 2, width);
     }
-    const double deep = plan.offset + width / 2 + plan.apron_deep / 2, half = plan.apron_long / 2;
-    piece(len / 2 - half + plan.apron_deep / 2, deep, len / 2 + half - plan.apron_deep / 2, deep,
-          plan.apron_deep);
+    const double deep = site.offset + width / 2 + l.apron_deep / 2, half = (l.apron_long - l.apron_deep) / 2;
+    piece(site.middle - half, deep, site.middle + half, deep, l.apron_deep);
     a.runways.insert(a.runways.end(), pieces.begin(), pieces.end());
 }
 
-void add_ramps(nav_airport& a, const runway_frame& f, const layout& plan, bool hard) {
-    const double beside =
-        hard ? plan.offset + plan.taxi_width / 2 + 0.6 * plan.apron_deep : a.runways[0].width / 2 + 60;
-    for (int n = 0; n < plan.ramps; ++n) {
-        const double along = a.runways[0].len / 2 + plan.apron_long * ((n + 0.5) / plan.ramps - 0.5);
-        const char* kind = n == 0 ? "Terminal" : n == plan.ramps - 1 ? "Cargo" : "Parking";
-        const std::string name = plan.ramps > 2 ? std::string(kind) + " " + std::to_string(n + 1)
-                                                : std::string("Parking ") + std::to_string(n + 1);
-        a.ramps.push_back({f.at(along, beside), wrap_heading(f.heading - f.side * 90), name});
+void add_ramps(nav_airport& a, const runway_frame& f, const layout& l, const apron_site& site) {
+    const double beside = site.offset + l.taxi_width / 2 + 0.6 * l.apron_deep;
+    for (int n = 0; n < l.ramps; ++n) {
+        const double along = site.middle + l.apron_long * ((n + 0.5) / l.ramps - 0.5);
+        const char* kind = l.ramps == 2       ? "Parking"
+                           : n == 0           ? "Terminal"
+                           : n == l.ramps - 1 ? "Cargo"
+                                              : "Parking";
+        a.ramps.push_back({f.at(along, beside), wrap_heading(f.heading - f.side * 90),
+                           std::string(kind) + " " + std::to_string(n + 1)});
     }
+}
+
+// Near both ends of a long runway, near one of a short one; further in where another runway is in the way.
+void add_windsocks(nav_airport& a, const runway_frame& f, bool lit) {
+    const nav_runway main = a.runways[0];
+    const double beside = main.width / 2 + 120, from_end = std::min(1000.0, main.len / 4);
+    for (int end = 0; end < (main.len > 5000 ? 2 : 1); ++end)
+        for (double in = from_end; in <= main.len / 2; in += 250) {
+            const nav_place at = f.at(end ? main.len - in : in, beside);
+            if (!off_runways(f.globe, a, at, 50)) continue;
+            a.windsocks.push_back({at, lit});
+            break;
+        }
 }
 
 int channel(nav_random& draw, int from_mhz, int to_mhz, int step) {
@@ -116,30 +181,26 @@ void add_frequencies(nav_airport& a, int size) {
 
 void furnish_airport(const nav_globe& globe, nav_airport& a, const nav_furniture& plan) {
     const nav_runway main = a.runways[0];
-    const runway_frame f = {globe, runway_end(globe, main, 0), main.psi, plan.side};
     const layout& l = layouts[plan.size];
-    const bool paved =
-        plan.pavement && is_hard(main.surface) && main.num[0] != 'H' && main.len > 2 * l.apron_long;
+    const bool hard = is_hard(main.surface) && main.num[0] != 'H' && main.len > 2 * l.apron_long;
+    runway_frame f = {globe, runway_end(globe, main, 0), main.psi, plan.side};
+    apron_site site = find_site(a, f, l, plan);
+    if (!site.found) site = {false, plan.side, main.width / 2 + 60, main.len / 2};
+    f.side = site.side;
     const bool has_pavement =
         std::any_of(a.runways.begin(), a.runways.end(), [](const nav_runway& r) { return r.num == "xxx"; });
-    if (paved && !has_pavement) add_pavement(a, f, l, plan.lit ? taxi_lights : no_lights);
-    if (a.ramps.empty()) add_ramps(a, f, l, paved);
-    const double behind = paved         ? l.offset + l.taxi_width / 2 + l.apron_deep
-                          : l.ramps > 2 ? l.offset
-                                        : main.width / 2;
+    if (hard && site.found && !has_pavement) add_pavement(a, f, l, site, plan.lit ? taxi_lights : no_lights);
+    if (a.ramps.empty()) add_ramps(a, f, l, site);
+    const double behind = site.offset + l.taxi_width / 2 + l.apron_deep;
     if (!a.has_viewpoint) {
         a.has_viewpoint = true;
-        a.viewpoint = f.at(main.len / 2, behind + 100);
+        a.viewpoint = f.at(site.middle, behind + 100);
         a.viewpoint_height = a.tower ? l.tower_height : 15;
     }
     if (!a.beacon && plan.lit) {
         a.beacon = a.type == 16 ? beacon_water : a.type == 17 ? beacon_heliport : beacon_land;
-        a.beacon_at = f.at(main.len * 0.6, behind + 200);
+        a.beacon_at = f.at(site.middle + l.apron_long / 3, behind + 200);
     }
-    if (a.windsocks.empty()) {
-        const double beside = main.width / 2 + 120, in = std::min(1000.0, main.len / 4);
-        a.windsocks.push_back({f.at(in, beside), plan.lit});
-        if (main.len > 5000) a.windsocks.push_back({f.at(main.len - in, beside), plan.lit});
-    }
+    if (a.windsocks.empty()) add_windsocks(a, f, plan.lit);
     add_frequencies(a, plan.size);
 }

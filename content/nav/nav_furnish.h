@@ -6,7 +6,6 @@ struct nav_furniture {
     int side = -1;  // of the first runway on which the apron lies, seen from its first end: 1 right, -1 left
     int size = 0;   // 0 strip, 1 town, 2 city
     bool lit = true;
-    bool pavement = true;  // taxiways and apron, which cross what lies on their side
 };
 
 // Adds each of these that the airport lacks; the first runway must be there. Chance comes from the

@@ -117,7 +117,7 @@ nav_airport airport_of(const nav_globe& globe, const listed_airport& l) {
     a.runways.push_back(r);
     const int side = draw.chance(0.5) ? 1 : -1;
     if (draw.chance(l.size == 2 ? 0.8 : 0.25)) add_second(globe, l, a, side, draw);
-    furnish_airport(globe, a, {side, l.size == 2 ? 2 : is_hard(r.surface) ? 1 : 0, true, true});
+    furnish_airport(globe, a, {side, l.size == 2 ? 2 : is_hard(r.surface) ? 1 : 0, true});
     return a;
 }
 }  // namespace

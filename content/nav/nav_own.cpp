@@ -286,7 +286,7 @@ void read_furnish(const reader& in, const toml::table& t, nav_airport& a) {
     const nav_runway& main = a.runways[0];
     const bool lit = main.lights[0] != 111;
     const int size = main.len >= 8500 && a.tower ? 2 : main.len >= 3500 && is_hard(main.surface) ? 1 : 0;
-    furnish_airport(in.world.globe, a, {side, size, lit, true});
+    furnish_airport(in.world.globe, a, {side, size, lit});
 }
 
 void read_airport(const reader& in, const toml::table& t) {

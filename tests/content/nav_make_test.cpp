@@ -120,6 +120,18 @@ TEST_F(nav_world_tables, the_starter_region_has_every_kind_of_field) {
         EXPECT_EQ(surfaces.count(surface), 1u) << surface;
 }
 
+TEST_F(nav_world_tables, nobody_parks_on_a_runway) {
+    load(0);
+    for (const vec_apt_struct& a : vec_apt)
+        for (const vec_sta_struct& s : a.sta)
+            for (const vec_rwy_struct& r : a.rwy) {
+                if (r.num_str[0] == 'x' || r.num_str[0] == 'H') continue;
+                const auto o = test::along_right(test::offset_from(r.lat, r.lon, s.lat, s.lon), r.psi_true);
+                EXPECT_FALSE(std::fabs(o.north) < r.len / 2 && std::fabs(o.east) < r.width / 2 + 15)
+                    << a.apt_id << " " << r.num_str << " " << s.sta_name;
+            }
+}
+
 TEST_F(nav_world_tables, mars_loads_and_hangs_together) {
     load(1);
     EXPECT_GE(vec_apt.size(), 6u);
