@@ -227,7 +227,7 @@ int command_run::nested_polygon() {
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_polygon);
     if (!pool) return bad_index;
     tell_.BeginPolygon_f(definition_, parameter, ref_);
-    for (int i = 0; i < windings && !cmds_.Done(); ++i)
+    for (int i = 0; i < windings && has(1); ++i)
         if (const int error = winding_list(*pool)) return error;
     tell_.EndPolygon_f(ref_);
     return dsf_ErrOK;
@@ -241,8 +241,7 @@ int command_run::nested_polygon_range() {
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_polygon);
     if (!pool) return bad_index;
     tell_.BeginPolygon_f(definition_, parameter, ref_);
-    for (int i = 0; i < windings; ++i) {
-        if (!has(2)) break;
+    for (int i = 0; i < windings && has(2); ++i) {
         tell_.BeginPolygonWinding_f(ref_);
         const size_t last = cmds_.ReadUInt16();
         if (const int error = winding_range(*pool, first, last)) return error;
