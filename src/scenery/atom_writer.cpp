@@ -11,27 +11,22 @@ bool put(FILE* file, const T& value) {
     return fwrite(&value, sizeof(T), 1, file) == 1;
 }
 
-// Where value i of a plane stands.
-struct plane_layout {
-    size_t first, apart;
-};
-
 template <class T>
-void put_flat(FILE* file, const T* data, const plane_layout& at, int count, bool is_differenced) {
+void put_flat(FILE* file, const T* data, const plane_slots& at, int count, bool is_differenced) {
     T last = 0;
     for (int i = 0; i < count; ++i) {
-        const T value = data[at.first + static_cast<size_t>(i) * at.apart];
+        const T value = data[at.first + i * at.apart];
         put(file, is_differenced ? planar_difference(value, last) : value);
         last = value;
     }
 }
 
 template <class T>
-void put_rle(FILE* file, const T* data, const plane_layout& at, int count, bool is_differenced) {
+void put_rle(FILE* file, const T* data, const plane_slots& at, int count, bool is_differenced) {
     RLEEncoder<T> encoder(file);
     T last = 0;
     for (int i = 0; i < count; ++i) {
-        const T value = data[at.first + static_cast<size_t>(i) * at.apart];
+        const T value = data[at.first + i * at.apart];
         encoder.Accum(is_differenced ? planar_difference(value, last) : value);
         last = value;
     }
@@ -46,9 +41,8 @@ bool WritePlanarNumericAtom(FILE* file, int planes, int size, int mode, int is_i
     WriteUInt8(file, static_cast<uint8_t>(planes));
     const bool is_differenced = mode == plane_differenced || mode == plane_rle_differenced;
     for (int plane = 0; plane < planes; ++plane) {
-        const size_t p = static_cast<size_t>(plane);
-        const plane_layout at = is_interleaved ? plane_layout{p, static_cast<size_t>(planes)}
-                                               : plane_layout{p * static_cast<size_t>(size), 1};
+        const plane_slots at = is_interleaved ? plane_slots{plane, planes}
+                                              : plane_slots{static_cast<ptrdiff_t>(plane) * size, 1};
         WriteUInt8(file, static_cast<uint8_t>(mode));
         if (mode == plane_flat || mode == plane_differenced)
             put_flat(file, data, at, size, is_differenced);

@@ -88,31 +88,36 @@ private:
     }
 };
 
-// One plane's values to slots that stand that far apart. Gives the first byte behind them, or null where the
+// Where the values of a plane stand in the buffer: value i at first + i * apart.
+struct plane_slots {
+    ptrdiff_t first, apart;
+};
+
+// One plane's values. Gives the first byte behind them, or null where the
 // bytes end first.
 template <bool is_differenced, class T, class decoder>
-const char* decode_values(decoder from, int count, T* to, ptrdiff_t apart) {
+const char* decode_values(decoder from, int count, T* to, const plane_slots& at) {
     T last = 0, value;
     for (int i = 0; i < count; ++i) {
         if (!from.Fetch(&value)) return nullptr;
         if constexpr (is_differenced) value = last = planar_sum(last, value);
-        to[i * apart] = value;
+        to[at.first + i * at.apart] = value;
     }
     return from.EndPos();
 }
 
 // A mode of another number is a plane without data, whose slots stay as they are.
 template <class T>
-const char* decode_plane(int mode, const char* p, const char* end, int count, T* to, ptrdiff_t apart) {
+const char* decode_plane(int mode, const char* p, const char* end, int count, T* to, const plane_slots& at) {
     switch (mode) {
         case plane_flat:
-            return decode_values<false>(FlatDecoder<T>{p, end}, count, to, apart);
+            return decode_values<false>(FlatDecoder<T>{p, end}, count, to, at);
         case plane_differenced:
-            return decode_values<true>(FlatDecoder<T>{p, end}, count, to, apart);
+            return decode_values<true>(FlatDecoder<T>{p, end}, count, to, at);
         case plane_rle:
-            return decode_values<false>(RLEDecoder<T>{p, end}, count, to, apart);
+            return decode_values<false>(RLEDecoder<T>{p, end}, count, to, at);
         case plane_rle_differenced:
-            return decode_values<true>(RLEDecoder<T>{p, end}, count, to, apart);
+            return decode_values<true>(RLEDecoder<T>{p, end}, count, to, at);
     }
     return p;
 }
@@ -125,8 +130,9 @@ int DecodeNumericPlane(int inPlaneCount, int inPlaneSize, int inInterleaved, con
     for (int plane = 0; plane < inPlaneCount; ++plane) {
         if (p >= end) return plane;
         const int mode = static_cast<unsigned char>(*p++);
-        const ptrdiff_t first = inInterleaved ? plane : static_cast<ptrdiff_t>(plane) * inPlaneSize;
-        p = decode_plane(mode, p, end, inPlaneSize, outBuffer + first, inInterleaved ? inPlaneCount : 1);
+        const plane_slots at = inInterleaved ? plane_slots{plane, inPlaneCount}
+                                             : plane_slots{static_cast<ptrdiff_t>(plane) * inPlaneSize, 1};
+        p = decode_plane(mode, p, end, inPlaneSize, outBuffer, at);
         if (!p) return plane;
     }
     return inPlaneCount > 0 ? inPlaneCount : 0;

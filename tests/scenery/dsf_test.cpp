@@ -128,6 +128,8 @@ TEST(dsf, faults_of_pools_and_scales) {
     EXPECT_EQ(verdict_of_geodata(point + atom("SCAL", pairs)).error, 0);
     EXPECT_EQ(verdict_of_geodata(atom("SCAL", pairs + pairs) + atom("SCAL", "") + point).error, 0)
         << "more than the planes need";
+    EXPECT_EQ(verdict_of_geodata(counting_pool(0, 3, 16) + counting_pool(0, 7, 32)).error, 0)
+        << "pools without points need no memory";
     const struct {
         std::string geodata, said;
     } bad_scales[] = {
