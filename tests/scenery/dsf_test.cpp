@@ -330,34 +330,15 @@ TEST(dsf, faults_of_commands) {
     EXPECT_EQ(fault(u8(255)).error, dsf_ErrBadCommand);
 
     // a pool, point or plane that is not there
-    const std::string bad[] = {u8(16),
-                               u8(7) + u16(0),
-                               u8(17) + u8(1),
-                               none + u8(16),
-                               none + u8(25) + u16(0) + u16(0),
-                               u8(1) + u16(3) + u8(7) + u16(0),
-                               select + u8(7) + u16(4),
-                               shallow + u8(7) + u16(0),
-                               select + u8(8) + u16(3) + u16(5),
-                               u8(13) + u16(0) + u16(0) + u16(1),
-                               select + u8(12) + u16(0) + u8(1) + u16(4),
-                               select + u8(13) + u16(0) + u16(3) + u16(5),
-                               select + u8(14) + u16(0) + u8(1) + u8(1) + u16(65535),
-                               select + u8(15) + u16(0) + u8(1) + u16(0) + u16(5),
-                               none + u8(14) + u16(0) + u8(0),
-                               none + u8(15) + u16(0) + u8(0) + u16(0),
-                               shallow + u8(11) + u8(1) + u32(0),
-                               select + u8(11) + u8(1) + u32(4),
-                               select + u8(2) + u32(0xFFFFFFFF) + u8(9) + u8(1) + u16(1),
-                               select + u8(2) + u32(4) + u8(10) + u16(0) + u16(1),
-                               u8(23) + u8(1) + u16(0),
-                               select + u8(23) + u8(1) + u16(4),
-                               select + u8(24) + u8(1) + u16(9) + u16(0),
-                               select + u8(24) + u8(1) + u16(1) + u16(0),
-                               select + u8(24) + u8(1) + u16(0) + u16(4),
-                               u8(24) + u8(1) + u16(0) + u16(0),
-                               select + u8(25) + u16(3) + u16(5),
-                               select + u8(16) + shallow + u8(25) + u16(0) + u16(1)};
+    const std::vector<std::string> bad = test::hex_list(
+        "10; 07 0000; 11 01; 01 0200 10; 01 0200 19 0000 0000; 01 0300 07 0000; 01 0000 07 0400; "
+        "01 0100 07 0000; 01 0000 08 0300 0500; 0D 0000 0000 0100; 01 0000 0C 0000 01 0400; "
+        "01 0000 0D 0000 0300 0500; 01 0000 0E 0000 01 01 FFFF; 01 0000 0F 0000 01 0000 0500; "
+        "01 0200 0E 0000 00; 01 0200 0F 0000 00 0000; 01 0100 0B 01 00000000; "
+        "01 0000 0B 01 04000000; 01 0000 02 FFFFFFFF 09 01 0100; 01 0000 02 04000000 0A 0000 0100; "
+        "17 01 0000; 01 0000 17 01 0400; 01 0000 18 01 0900 0000; 01 0000 18 01 0100 0000; "
+        "01 0000 18 01 0000 0400; 18 01 0000 0000; 01 0000 19 0300 0500; "
+        "01 0000 10 01 0100 19 0000 0100");
     for (const std::string& commands : bad) {
         const verdict v = fault(commands);
         EXPECT_EQ(v.error, dsf_ErrMisformattedCommandAtom) << v.said;
@@ -366,41 +347,16 @@ TEST(dsf, faults_of_commands) {
     lines heard;
     EXPECT_EQ(fault(select + u8(16) + u8(23) + u8(2) + u16(0) + u16(9), &heard).said,
               "DSF ERROR: We have a command 0x17 at byte 12 of the command atom that uses a pool or point "
-              "that is not "
-              "there.\n");
+              "that is not there.\n");
     EXPECT_EQ(heard, (lines{"patch -1 -1 -1 255 st 0 0 mask 0 0 depth 5", "primitive 0",
                             "vertex 0 100 200 300 400"}));
 
     // a stream that ends inside a command: the open patch is ended, nothing is told of what is not there
-    const std::string cut[] = {u8(1) + "x",
-                               u8(2) + "xyz",
-                               u8(3),
-                               u8(4) + "x",
-                               u8(5) + "xyz",
-                               u8(6),
-                               u8(7) + "x",
-                               u8(8) + "xyz",
-                               u8(9),
-                               u8(9) + u8(1) + "x",
-                               u8(10) + "xyz",
-                               u8(11),
-                               u8(11) + u8(1) + "xyz",
-                               u8(12) + "xy",
-                               u8(13) + "vwxyz",
-                               u8(14) + "xy",
-                               u8(15) + "wxyz",
-                               u8(19) + std::string(23, 'x'),
-                               u8(20) + std::string(23, 'x'),
-                               u8(23),
-                               u8(26) + u8(2) + "xyz",
-                               u8(24),
-                               u8(30) + u8(1) + "xyz",
-                               u8(31) + "xyz",
-                               u8(32),
-                               u8(32) + u8(1),
-                               u8(33) + u16(9) + "x",
-                               u8(34) + u32(0xFFFFFFFF) + "x",
-                               u8(34) + u32(0x80000000) + "x"};
+    const std::vector<std::string> cut = test::hex_list(
+        "01 00; 02 000000; 03; 04 00; 05 000000; 06; 07 00; 08 000000; 09; 09 01 00; 0A 000000; "
+        "0B; 0B 01 000000; 0C 0000; 0D 0000000000; 0E 0000; 0F 00000000; "
+        "13 0000803F0000803F0000803F0000803F0000803F000080; 14 00; 17; 1A 02 000000; 18; "
+        "1E 01 000000; 1F 000000; 20; 20 01; 21 0900 00; 22 FFFFFFFF 00; 22 00000080 00");
     for (const std::string& commands : cut) {
         const verdict v = fault(select + u8(16) + commands, &heard);
         EXPECT_EQ(v.error, dsf_ErrMisformattedCommandAtom);
@@ -485,21 +441,12 @@ TEST(dsf, any_bytes_changed_or_cut_leave_every_callback_in_its_place) {
         const tile_record record = tile_record::of(bytes);
         faults += record.error != 0;
         ASSERT_LT(record.error, dsf_error_DIM);
-        int open_patches = 0, open_primitives = 0;
-        for (const std::string& line : record.lines) {
-            if (line.rfind("patch ", 0) == 0) ++open_patches;
-            if (line == "end patch") --open_patches;
-            if (line.rfind("primitive ", 0) == 0) ++open_primitives;
-            if (line == "end primitive") --open_primitives;
-            if (line.rfind("vertex", 0) == 0) {
-                ASSERT_EQ(open_primitives, 1);
-            }
-            ASSERT_TRUE(open_patches >= 0 && open_patches <= 1 && open_primitives >= 0 &&
-                        open_primitives <= 1);
-        }
-        if (record.error == dsf_ErrOK) {
-            ASSERT_EQ(open_patches + open_primitives, 0);
-        }
+        const auto told = [&](const std::string& what) {
+            return std::count_if(record.lines.begin(), record.lines.end(),
+                                 [&](const std::string& line) { return line.rfind(what, 0) == 0; });
+        };
+        const auto open = told("patch") - told("end patch") + told("primitive") - told("end primitive");
+        ASSERT_TRUE(record.error == dsf_ErrOK ? open == 0 : open >= 0 && open <= 2);
     }
     testing::internal::GetCapturedStdout();
     EXPECT_GT(faults, 1000);

@@ -1,5 +1,7 @@
 // Tiles spelled out byte by byte, and a record of what a decoder tells of them.
 #pragma once
+#include <ctype.h>
+
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -24,6 +26,17 @@ inline std::string floats(const std::vector<double>& values) {
     std::string bytes;
     for (const double value : values) bytes += f32(value);
     return bytes;
+}
+
+// Byte strings in hexadecimal, parted by semicolons; spaces are for the eye.
+inline std::vector<std::string> hex_list(const std::string& text) {
+    std::vector<std::string> list(1);
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == ';') list.emplace_back();
+        if (isxdigit(static_cast<unsigned char>(text[i])))
+            list.back() += static_cast<char>(std::stoi(text.substr(i++, 2), nullptr, 16));
+    }
+    return list;
 }
 
 // The name's letters stand backwards in the file.
