@@ -14,6 +14,7 @@
 #include "core/records.h"
 #include "core/seams.h"
 #include "core/upward.h"
+#include "draw/point_lights.h"
 #include "draw/widgets.h"
 #include "flight/ai_pilot.h"
 #include "flight/autopilot.h"
@@ -26,7 +27,6 @@
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/objects.h"
 #include "scenery/packages.h"
 #include "scenery/region.h"
 #include "scenery/terrain_query.h"
@@ -42,13 +42,14 @@
 #include "weather/real_weather.h"
 #include "weather/sky.h"
 
-// -- weather: no report, no stars, no sky colours, no cloud volume, no precipitation, no smoke
+// -- weather: no report, no stars, no sky colours, no lamps, no cloud volume, no precipitation, no smoke
 clou_class clou;
 puff_class puff;
 star_class star;
 skyc_class skyc;
 void star_class::star_build() {}
 void skyc_class::conditions_init() {}
+int skyc_class::any_lites_on(int) { return 0; }
 void real_weather_step() {}
 void clou_class::cloud_update() {}
 void clou_class::blow_region_x(float) {}
@@ -60,7 +61,6 @@ void puff_class::spawn_puff(float, float, float, float, float, float, float, int
 // -- scenery: one region, a bare sphere at elevation 0, dry
 void check_for_shift(double, double) {}
 void load_region(int) {}
-int build_obs(std::string, int) { return -1; }
 
 float y_with_xhz(float x, float ele, float z) {
     const double rad = static_cast<double>(con.planet_rad) + ele;
@@ -80,6 +80,12 @@ float return_terrain_y(float x, float z, int) {
 }
 int terrain_is_wet(float, float, int) { return 0; }
 int wheels_are_wet() { return 0; }
+
+// -- drawing: no point lights
+void util_point_lite_init(int) {}
+void util_point_lite_setref(float, float, float, float, float, float) {}
+void util_point_lite_draw(const float*, float, float, float, float, float, int, int, int) {}
+void util_point_lite_close() {}
 
 // -- flight: no wheels, systems; controls are the pilot's yoke, tabs, trims and links
 void steer_nosewheel() {}

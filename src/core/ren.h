@@ -21,5 +21,6 @@ struct ren_struct {
     float apt_lite_rat, hud_brt, pan_brt, ins_brt;
     int num_fas_finds, num_slo_finds;   // terrain queries of this frame
     int num_tex_units, max_iso;
+    float deg_per_mtr_x, deg_per_mtr_z;  // degrees of longitude and latitude per metre at the region's centre
 };
 extern ren_struct ren;
