@@ -14,6 +14,7 @@
 #include "core/records.h"
 #include "core/seams.h"
 #include "core/upward.h"
+#include "draw/point_lights.h"
 #include "draw/widgets.h"
 #include "flight/ai_pilot.h"
 #include "flight/autopilot.h"
@@ -26,9 +27,12 @@
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scenery/objects.h"
-#include "scenery/packages.h"
+#include "scenery/facades.h"
+#include "scenery/library.h"
+#include "scenery/old_env.h"
 #include "scenery/region.h"
+#include "scenery/road_data.h"
+#include "scenery/surfaces.h"
 #include "scenery/terrain_query.h"
 #include "scene/world.h"
 #include "sound/chatter.h"
@@ -42,13 +46,14 @@
 #include "weather/real_weather.h"
 #include "weather/sky.h"
 
-// -- weather: no report, no stars, no sky colours, no cloud volume, no precipitation, no smoke
+// -- weather: no report, no stars, no sky colours, no lamps, no cloud volume, no precipitation, no smoke
 clou_class clou;
 puff_class puff;
 star_class star;
 skyc_class skyc;
 void star_class::star_build() {}
 void skyc_class::conditions_init() {}
+int skyc_class::any_lites_on(int) { return 0; }
 void real_weather_step() {}
 void clou_class::cloud_update() {}
 void clou_class::blow_region_x(float) {}
@@ -60,26 +65,31 @@ void puff_class::spawn_puff(float, float, float, float, float, float, float, int
 // -- scenery: one region, a bare sphere at elevation 0, dry
 void check_for_shift(double, double) {}
 void load_region(int) {}
-int build_obs(std::string, int) { return -1; }
 
-float y_with_xhz(float x, float ele, float z) {
-    const double rad = static_cast<double>(con.planet_rad) + ele;
-    return static_cast<float>(sqrt(rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z) -
-                              con.planet_rad);
+// Bare mesh: no decks, roofs, runways or bumps.
+bool surface_over_terrain(float, float, int, float*) { return false; }
+float surface_detail(float, float) { return 0.0f; }
+int read_old_env(int, int, int, int) { return 0; }
+bool RoadDef_t::ReadFromDef(const char*) { return true; }
+void RoadDef_t::Clear() {}
+RoadChain_t* RoadData::AddSimpleSegment(int, unsigned int, unsigned int, const float*, const float*, bool) {
+    return nullptr;
 }
-float return_terrain_y(float x, float z, int) {
-    const float y = y_with_xhz(x, 0.0f, z);
-    env.terrain_ctr[0] = x;
-    env.terrain_ctr[1] = y;
-    env.terrain_ctr[2] = z;
-    env.terrain_nrm[0] = x / con.planet_rad;
-    env.terrain_nrm[1] = (y + con.planet_rad) / con.planet_rad;
-    env.terrain_nrm[2] = z / con.planet_rad;
-    for (float& v : env.terrain_vel) v = 0.0f;
-    return y;
-}
-int terrain_is_wet(float, float, int) { return 0; }
-int wheels_are_wet() { return 0; }
+void RoadData::AddShapePoint(RoadChain_t*, int, const float*) {}
+void RoadData::ProcessChains(bool, float, float, float, float) {}
+void RoadData::ExtrudeArea(int, const RoadDef_t&, int, int, ExtrudeFunc_f, ReceiveObj_f, void*, void*, void*) {}
+void RoadData::Clear() {}
+bool ReadFacadeObjFile(const char*, FacadeObj_t&) { return true; }
+int FindFloorsForHeight(const FacadeObj_t&, float) { return 0; }
+void BuildFacadeObj(const FacadeObj_t&, const Polygon3&, int, const Vector3&, ExtrudeFunc_f, void*) {}
+bool io_read_forest(const std::string&, forest_info_struct&) { return true; }
+void extrude_forest(const forest_info_struct&, const std::vector<Polygon3>&, ExtrudeFunc_f, void*) {}
+
+// -- drawing: no point lights
+void util_point_lite_init(int) {}
+void util_point_lite_setref(float, float, float, float, float, float) {}
+void util_point_lite_draw(const float*, float, float, float, float, float, int, int, int) {}
+void util_point_lite_close() {}
 
 // -- flight: no wheels, systems; controls are the pilot's yoke, tabs, trims and links
 void steer_nosewheel() {}
@@ -211,7 +221,7 @@ void init_hardware_out() {}
 void close_hardware_out(int) {}
 
 // -- scene: the plain view stands for the world renderer
-void init_world_rendering() { find_scenery_packages(); }
+void init_world_rendering() { DSF_ScanSceneryFolder(); }
 void build_DLs() {}
 void scene_state_step() {}
 void WORLD_scene_all_cases() {

@@ -1,6 +1,7 @@
 // Small geometry in double: points, vectors, lines, planes.
 #pragma once
 #include <cmath>
+#include <vector>
 
 struct Vector3 {
     double dx = 0.0, dy = 0.0, dz = 0.0;
@@ -23,6 +24,17 @@ struct Point3 {
     Point3 operator+(const Vector3& v) const { return {x + v.dx, y + v.dy, z + v.dz}; }
     Vector3 operator-(const Point3& p) const { return {x - p.x, y - p.y, z - p.z}; }
 };
+
+struct Point2 {
+    double x = 0.0, y = 0.0;
+};
+
+struct Sphere3 {
+    Point3 c;
+    double radius = 0.0;
+};
+
+using Polygon3 = std::vector<Point3>;
 
 struct Line3 {
     Point3 p;

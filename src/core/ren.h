@@ -4,6 +4,13 @@
 // Views by their command codes.
 enum view_code : int { view_fwd_panel = 1500 };
 
+struct ytest_patch_struct;
+struct ytest_pol_struct;
+struct d3_struct;
+
+// Places that each asker of the terrain remembers.
+constexpr int checkDIM = 176;
+
 struct ren_struct {
     float view_xyz[3];          // eye, world frame, m
     float view_ele_msl, view_ele_agl;
@@ -19,7 +26,14 @@ struct ren_struct {
     int wpn_to_track, elum_renders, draw_shadows, stars_are_vis;
     float glare_rat;
     float apt_lite_rat, hud_brt, pan_brt, ins_brt;
+    float deg_per_mtr_x, deg_per_mtr_z;  // at the region's centre
     int num_fas_finds, num_slo_finds;   // terrain queries of this frame
+    // what each asker of the terrain found last: tile, patch, list and triangle; a runway's piece
+    int is_set[checkDIM], is_wet[checkDIM], i_lat[checkDIM], i_lon[checkDIM];
+    ytest_patch_struct* i_patch[checkDIM];
+    ytest_pol_struct* i_pol[checkDIM];
+    d3_struct *i_geo0[checkDIM], *i_geo1[checkDIM], *i_geo2[checkDIM];
+    int apt_wrl[checkDIM], rwy_wrl[checkDIM], rwy_geo[checkDIM], rwy_pol[checkDIM];
     int num_tex_units, max_iso;
 };
 extern ren_struct ren;

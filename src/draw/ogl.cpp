@@ -35,14 +35,19 @@ static void set_texture_units(int wanted) {
     glActiveTexture(GL_TEXTURE0);
 }
 
+static constexpr int max_units = 6;
+
+static bool arguments_hold(int fog, int tex, int lit, int al, int deR, int deW) {
+    if (intrange(fog, fog_on, fog_off) && intrange(tex, 0, max_units) && intrange(lit, lit_on, lit_off) &&
+        intrange(al, al_none, al_both) && intrange(deR, depth_read, depth_no_read) &&
+        intrange(deW, depth_write, depth_no_write))
+        return true;
+    MACIBM_alert(mnw.top_win, "Bad OGLsetstate argument!", "", "", "", alert_fatal);
+    return false;
+}
+
 void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW) {
-    constexpr int max_units = 6;
-    if (!intrange(fog, fog_on, fog_off) || !intrange(tex, 0, max_units) || !intrange(lit, lit_on, lit_off) ||
-        !intrange(al, al_none, al_both) || !intrange(deR, depth_read, depth_no_read) ||
-        !intrange(deW, depth_write, depth_no_write)) {
-        MACIBM_alert(mnw.top_win, "Bad OGLsetstate argument!", "", "", "", alert_fatal);
-        return;
-    }
+    if (!arguments_hold(fog, tex, lit, al, deR, deW)) return;
     set_switch(GL_FOG, fog == fog_on);
     set_texture_units(intmin2(tex, ren.num_tex_units));
     set_switch(GL_LIGHTING, lit == lit_on);
@@ -53,6 +58,38 @@ void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW) {
     glDepthMask(deW == depth_write);
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
 }
+
+static void put_switch(GLenum which, bool on) {
+    if (on)
+        glEnable(which);
+    else
+        glDisable(which);
+}
+
+// The present state cannot be asked here: it is not the one in which the list will run.
+void OGL_setstate_in_list(int fog, int tex, int lit, int al, int deR, int deW) {
+    if (!arguments_hold(fog, tex, lit, al, deR, deW)) return;
+    put_switch(GL_FOG, fog == fog_on);
+    for (int unit = intmin2(max_units, ren.num_tex_units) - 1; unit >= 0; --unit) {
+        glActiveTexture(GL_TEXTURE0 + unit);
+        put_switch(GL_TEXTURE_2D, unit < tex);
+    }
+    put_switch(GL_LIGHTING, lit == lit_on);
+    put_switch(GL_LIGHT0, lit == lit_on);
+    put_switch(GL_BLEND, al == al_blend || al == al_both);
+    put_switch(GL_ALPHA_TEST, al == al_test || al == al_both);
+    OGL_depth(deR, deW);
+    glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
+}
+
+void OGL_depth(int deR, int deW) {
+    put_switch(GL_DEPTH_TEST, deR == depth_read);
+    OGL_depth_write(deW);
+}
+
+void OGL_depth_write(int deW) { glDepthMask(deW == depth_write); }
+
+void OGL_cull(int on) { put_switch(GL_CULL_FACE, on); }
 
 static void whole_window() {
     glViewport(0, 0, mnw.x_res_now, mnw.y_res_now);

@@ -10,9 +10,9 @@
 #include "core/records.h"
 #include "core/upward.h"
 #include "scenery/draw/planet_pictures.h"
+#include "scenery/library.h"
 #include "scenery/nav_data.h"
 #include "scenery/nav_files.h"
-#include "scenery/packages.h"
 #include "scenery/region.h"
 #include "weather/sky.h"
 

@@ -1,12 +1,19 @@
 // What lies under a point of the world.
+// Role: asked many times a half step. Each regular asker has a place of its own (checker, 0 to 175), from
+// which its next search starts. The one writer of env.terrain_ctr, terrain_nrm and terrain_vel.
 #pragma once
 
 // World y of the surface at (x, z); sets env.terrain_ctr, terrain_nrm, terrain_vel. checker tells who
-// asks: 0 and 69 to 79 see decks, roofs and runways, others bare terrain.
+// asks: 0 and 69 to 79 see decks, roofs and runways, others bare terrain. Outside the region, less 2500 m, it
+// is 0 and sets nothing.
 float return_terrain_y(float x, float z, int checker);
+// Finds the triangle under a point and remembers it for the asker; 0 where no mesh lies.
+int find_terrain_poly(float x, float z, int checker);
 // 1 over water, and where no mesh lies.
 int terrain_is_wet(float x, float z, int checker);
 // Whether the user's wheels would meet water.
 int wheels_are_wet();
 // World y at which a point of given x and z has elevation ele, m.
 float y_with_xhz(float x, float ele, float z);
+// All askers start anew: the scenery that they remember goes away.
+void forget_found_terrain();

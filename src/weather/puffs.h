@@ -2,7 +2,7 @@
 #pragma once
 
 // Colours by what makes the smoke.
-enum puff_color : int { puff_spray = 18, puff_exhaust = 19, puff_dark = 20, puff_contrail = 21, puff_spray_reverse = 23 };
+enum puff_color : int { puff_white = 16, puff_black = 17, puff_spray = 18, puff_exhaust = 19, puff_dark = 20, puff_contrail = 21, puff_spray_reverse = 23 };
 constexpr int puff_reverse_shift = 5;  // exhaust colours in reverse
 
 class puff_class {

@@ -10,5 +10,6 @@ extern star_class star;
 class skyc_class {
 public:
     void conditions_init();  // loads the colours of the present planet
+    int any_lites_on(int code);  // whether the lamp with this number burns: each has its own moment at dusk
 };
 extern skyc_class skyc;

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/paths.h"
-#include "scenery/packages.h"
+#include "scenery/library.h"
 #include "support.h"
 
 namespace test {

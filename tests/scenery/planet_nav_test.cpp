@@ -39,7 +39,7 @@ TEST_F(planet_nav_test, custom_airports_take_the_place_of_default_ones) {
                                        test::airport("AAAA", "of 2", 12, 12) +
                                        test::airport("EEEE", "of 2", 50, 50));
     std::filesystem::create_directories(folder.path() + "Custom Scenery/3 without airports");
-    find_scenery_packages();
+    DSF_ScanSceneryFolder();
     ASSERT_EQ(scenery_packages.size(), 3u);
     read_planet_nav();
     EXPECT_EQ(names(), "AAAA=of 2 BBBB=of 1 CCCC=c EEEE=of 2 DDDD=of 1 ");

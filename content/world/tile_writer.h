@@ -1,0 +1,97 @@
+// Writer of scenery tiles.
+// Role: gathers what a tile holds, encodes it so that edges decode exactly, and lets no file out that the
+// simulator's own decoder does not read back as it was meant. Places in degrees, elevations in metres.
+#pragma once
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+struct tile_point {
+    double lon = 0, lat = 0, ele = 0;
+    double nx = 0, nz = 0;  // of the unit normal: east, south
+    double s = 0, t = 0;    // texture, or border mask of a projected layer
+};
+
+struct road_point {
+    double lon = 0, lat = 0, ele = 0;
+    uint32_t node = 0;  // of a junction, 0 for a shape point
+};
+
+enum tile_patch_flags : unsigned char {
+    tile_base = 1,     // drawn, and stood on
+    tile_overlay = 2,  // drawn over the ground of others
+};
+
+class tile_writer {
+public:
+    // South-west corner in whole degrees; no elevation may lie outside the range.
+    tile_writer(int lat, int lon, double ele_min = -512.0, double ele_max = 7680.0);
+
+    // Index of a definition, which is made when it is new. Terrain 0 is the water of every tile.
+    unsigned terrain(const std::string& name);
+    unsigned object(const std::string& name);
+    unsigned polygon(const std::string& name);
+    unsigned network(const std::string& name);
+
+    // What follows belongs to this patch. with_st: its points have texture coordinates.
+    void begin_patch(unsigned terrain, unsigned char flags, double lod_near = -1.0, double lod_far = -1.0,
+                     bool with_st = false);
+    void triangles(const std::vector<tile_point>& points);
+    void strip(const std::vector<tile_point>& points);
+    void fan(const std::vector<tile_point>& points);
+
+    void place(unsigned object, double lon, double lat, double heading);
+    using winding = std::vector<tile_point>;
+    void add_polygon(unsigned polygon, uint16_t parameter, const std::vector<winding>& windings);
+    // From junction to junction; at most 255 points.
+    void add_road(unsigned network, uint8_t subtype, const std::vector<road_point>& chain);
+
+    // False, with the reason, when the disk fails or the tile does not hold what it must; then there is no
+    // file.
+    bool write(const std::string& path, std::string* error) const;
+
+    int lat() const { return lat_; }
+    int lon() const { return lon_; }
+
+private:
+    struct scale_pair {
+        float scale, offset;
+    };
+    // Points of one kind, as they are stored: raw values, point by point.
+    struct pool_16 {
+        std::vector<scale_pair> planes;
+        std::vector<uint16_t> raw;
+        size_t count() const { return raw.size() / planes.size(); }
+    };
+    struct placed {
+        unsigned object;
+        size_t pool, point;
+    };
+
+    size_t pool_with_room(int depth, size_t points);
+    size_t new_pool(std::vector<scale_pair> planes);
+    void select_pool(size_t pool);
+    void select_definition(unsigned index);
+    void primitive(int range_command, const std::vector<tile_point>& points);
+    uint16_t store(size_t pool, const std::vector<double>& values);
+    size_t object_pool(double lon, double lat);
+    std::vector<uint8_t> all_commands() const;
+    void write_file(struct _IO_FILE* file, bool* failed) const;
+
+    int lat_, lon_;
+    scale_pair elevations_;
+    std::vector<std::string> terrain_, objects_, polygons_, networks_;
+    std::vector<pool_16> pools_;
+    std::map<std::pair<int, int>, size_t> object_pools_;  // by eighths of a degree
+    std::map<int, size_t> open_pools_;                    // by depth: the one that still has room
+    std::vector<uint32_t> roads_;                         // raw points of the 32-bit pool
+    std::vector<placed> placed_;
+    std::vector<uint8_t> commands_;  // terrain and polygons
+    std::vector<uint8_t> road_commands_;
+    long selected_pool_ = -1, selected_definition_ = -1;
+    int patch_depth_ = 5;
+    size_t triangles_ = 0;  // to be found again
+    std::string fault_;     // of what was asked for
+    friend class tile_check;
+};

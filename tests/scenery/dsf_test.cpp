@@ -1,0 +1,454 @@
+// Tiles by hand: every command, every fault with its words, and what a stranger's tile may not do.
+#include "scenery/dsf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <random>
+
+#include "scenery/dsf_format.h"
+#include "support.h"
+#include "tile_bytes.h"
+
+namespace {
+using test::atom;
+using test::f32;
+using test::floats;
+using test::pool;
+using test::strings;
+using test::tile_parts;
+using test::tile_record;
+using test::u16;
+using test::u32;
+using test::u8;
+using lines = std::vector<std::string>;
+
+// What the decoder says of a tile, with its code.
+struct verdict {
+    int error;
+    std::string said;
+};
+verdict verdict_of(const std::string& bytes) {
+    testing::internal::CaptureStdout();
+    const int error = tile_record::of(bytes).error;
+    return {error, testing::internal::GetCapturedStdout()};
+}
+
+// Point i is (i, 100 + i, 200 + i ...): a scale of 0 passes raw values through.
+std::string counting_pool(unsigned points, unsigned planes, int bits) {
+    std::vector<std::vector<unsigned>> list(points, std::vector<unsigned>(planes));
+    for (unsigned i = 0; i < points; ++i)
+        for (unsigned plane = 0; plane < planes; ++plane) list[i][plane] = 100 * plane + i;
+    return pool(list, planes, bits) +
+           atom(bits == 16 ? "SCAL" : "SC32", floats(std::vector<double>(planes * 2, 0.0)));
+}
+
+lines told(const std::string& geodata, const std::string& commands) {
+    const tile_record record = tile_record::of_commands(geodata, commands);
+    EXPECT_EQ(record.error, dsf_ErrOK);
+    return record.lines;
+}
+
+TEST(dsf, definitions_come_in_a_fixed_order_before_the_commands) {
+    tile_parts tile;
+    tile.properties = strings({"sim/west", "-118", "sim/note", ""});
+    tile.terrain = strings({"terrain_Water", "lib/grass.ter"});
+    tile.objects = strings({"tree.obj"});
+    tile.polygons = strings({"wood.for"});
+    tile.networks = strings({"roads.net"});
+    tile.geodata = counting_pool(1, 3, 16);
+    tile.commands = u8(1) + u16(0) + u8(3) + u8(0) + u8(7) + u16(0);
+    const lines expected = {"property sim/west=-118", "property sim/note=", "terrain terrain_Water",
+                            "terrain lib/grass.ter",  "object tree.obj",    "polygon wood.for",
+                            "network roads.net",      "object 0 0 100 200"};
+    EXPECT_EQ(tile_record::of(tile.bytes()).lines, expected);
+    // in another order, with atoms that nobody knows
+    const tile_record shuffled = tile_record::of(tile_parts::file(
+        atom("XTRA", "?") + atom("CMDS", tile.commands) + atom("GEOD", atom("XXXX", "") + tile.geodata) +
+        tile.definitions() + atom("HEAD", atom("MORE", "x") + atom("PROP", tile.properties))));
+    EXPECT_EQ(shuffled.error, 0);
+    EXPECT_EQ(shuffled.lines, expected);
+    EXPECT_STREQ(dsfErrorMessages[dsf_ErrBadCommand], "dsf_ErrBadCommand");
+    EXPECT_STREQ(dsfErrorMessages[0], "dsf_ErrOK");
+}
+
+TEST(dsf, faults_of_a_file_are_told_in_their_order) {
+    const std::string good = tile_parts().bytes();
+    EXPECT_EQ(verdict_of(good).error, dsf_ErrOK);
+    EXPECT_EQ(verdict_of(good).said, "");
+    for (const size_t size : {0u, 1u, 27u}) {
+        const verdict v = verdict_of(good.substr(0, size));
+        EXPECT_EQ(v.error, dsf_ErrNoAtoms);
+        EXPECT_EQ(v.said, "DSF ERROR: this file appears to not be atomic.\n");
+    }
+    EXPECT_EQ(verdict_of(std::string(28, 'x')).said,
+              "DSF ERROR: this file appears to not to have any atoms.\n");
+    EXPECT_EQ(verdict_of(std::string(28, 'x')).error, dsf_ErrNoAtoms);
+
+    const verdict cookie = verdict_of("TARVEDSX" + u32(2) + good.substr(12));
+    EXPECT_EQ(cookie.error, dsf_ErrBadCookie);
+    EXPECT_EQ(cookie.said, "DSF ERROR: We hit a bad cookie.  Expected: 'TARVEDSF', got: 'TARVEDSX'\n");
+    const verdict version = verdict_of("TARVEDSF" + u32(2) + good.substr(12));
+    EXPECT_EQ(version.error, dsf_ErrBadVersion);
+    EXPECT_EQ(version.said, "DSF ERROR: We hit a bad version.  Expected: 1, got: 2\n");
+
+    // each taken away from the last on, so that the first one missing is the one told
+    const std::pair<const char*, const char*> required[] = {
+        {"NETW", "networks"},      {"POLY", "polygon defs"}, {"OBJT", "object defs"},
+        {"TERT", "terrain types"}, {"PROP", "properties"},   {"CMDS", "commands"},
+        {"GEOD", "geodata"},       {"DEFN", "definitions"},  {"HEAD", "metadata"}};
+    std::string bytes = good;
+    for (const auto& [name, what] : required) {
+        const std::string letters = name;
+        bytes.replace(bytes.find(std::string(letters.rbegin(), letters.rend())), 4, "gone");
+        const verdict v = verdict_of(bytes);
+        EXPECT_EQ(v.error, dsf_ErrMissingAtom);
+        EXPECT_EQ(v.said, std::string("DSF ERROR: We are missing the ") + what + " atom.\n");
+    }
+
+    tile_parts odd;
+    odd.properties = strings({"a", "1", "b"});
+    testing::internal::CaptureStdout();
+    const tile_record record = tile_record::of(odd.bytes());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "DSF ERROR: We have an odd number of property strings.  The overhanging property is: b\n");
+    EXPECT_EQ(record.error, dsf_ErrBadProperties);
+    EXPECT_EQ(record.lines, lines{"property a=1"});
+}
+
+TEST(dsf, faults_of_pools_and_scales) {
+    const auto verdict_of_geodata = [](const std::string& geodata) {
+        tile_parts tile;
+        tile.geodata = geodata;
+        return verdict_of(tile.bytes());
+    };
+    const std::string point = pool({{1, 2}}, 2, 16), point_32 = pool({{1, 2}}, 2, 32);
+    const std::string pairs = floats({1, 0, 1, 0});
+    EXPECT_EQ(verdict_of_geodata(point + atom("SCAL", pairs)).error, 0);
+    EXPECT_EQ(verdict_of_geodata(atom("SCAL", pairs + pairs) + atom("SCAL", "") + point).error, 0)
+        << "more than the planes need";
+    EXPECT_EQ(verdict_of_geodata(counting_pool(0, 3, 16) + counting_pool(0, 7, 32)).error, 0)
+        << "pools without points need no memory";
+    const struct {
+        std::string geodata, said;
+    } bad_scales[] = {
+        {point + atom("SCAL", floats({1, 0, 1})), "We overran our 16-bit scaling atom."},
+        {point_32 + atom("SC32", floats({1, 0, 1, 0, 1})), "We overran our 32-bit scaling atom."},
+        {atom("SCAL", "x"), "We overran our 16-bit scaling atom."},
+        {point + atom("SCAL", floats({1, 0})), "We have 1 scales for the 2 planes of 16-bit pool 0."},
+        {point + point + atom("SCAL", pairs), "We have 0 scales for the 2 planes of 16-bit pool 1."},
+        {point_32 + atom("SCAL", pairs), "We have 0 scales for the 2 planes of 32-bit pool 0."},
+        {point + atom("SCAL", floats({1, std::numeric_limits<double>::infinity(), 1, 0})),
+         "We have a scale of 16-bit pool 0 that is not a number."},
+    };
+    for (const auto& bad : bad_scales) {
+        const verdict v = verdict_of_geodata(bad.geodata);
+        EXPECT_EQ(v.error, dsf_ErrMisformattedScalingAtom);
+        EXPECT_EQ(v.said, "DSF ERROR: " + bad.said + "\n");
+    }
+    // what its bytes cannot yield, and what they yield less than
+    for (const std::string& contents :
+         {u32(0x7FFFFFFF) + u8(255), u32(0x80000000) + u8(1) + u8(0), std::string("abc"),
+          u32(2) + u8(2) + u8(0) + u32(0) + u8(0) + u16(0),
+          u32(300) + u8(1) + u8(2) + u8(0xFF) + u16(1) + u8(0x80) + u16(1) + "123"}) {
+        const verdict v = verdict_of_geodata(atom("POOL", contents) + atom("SCAL", pairs));
+        EXPECT_EQ(v.error, dsf_ErrCouldNotReadFile);
+        EXPECT_EQ(v.said, "DSF ERROR: We have a 16-bit pool that is cut short.\n");
+    }
+    EXPECT_EQ(verdict_of_geodata(atom("PO32", u32(0x7FFFFFFF) + u8(255))).said,
+              "DSF ERROR: We have a 32-bit pool that is cut short.\n");
+    // a hundred times more than the file, in runs
+    std::string runs = u32(127 * 40000) + u8(1) + u8(2);
+    for (int i = 0; i < 40000; ++i) runs += u8(0xFF) + u16(1);
+    std::string pools;
+    for (int i = 0; i < 53; ++i) pools += atom("POOL", runs);
+    EXPECT_EQ(verdict_of_geodata(pools).error, dsf_ErrOutOfMemory);
+}
+
+TEST(dsf, coordinates_are_exact) {
+    const std::string geodata = pool({{65535, 0, 21845}, {1, 2, 3}}, 3, 16) + pool({{65535, 4, 5}}, 3, 16) +
+                                atom("SCAL", floats({1, 45, 1, 45, 360, 0})) +
+                                atom("SCAL", floats({0, 45, 0.5, -7, 0, 9})) +
+                                pool({{0xFFFFFFFFu, 0, 1, 5}, {0, 0x80000000u, 2, 0x80000001u}}, 4, 32) +
+                                atom("SC32", floats({2, -118, 1, 34, 0, 0, 0, 0}));
+    const std::string commands = u8(1) + u16(0) + u8(8) + u16(0) + u16(1) + u8(1) + u16(1) + u8(7) + u16(0) +
+                                 u8(1) + u16(0) + u8(11) + u8(2) + u32(0) + u32(1);
+    const lines got = told(geodata, commands);
+    ASSERT_EQ(got.size(), 5u);
+    EXPECT_EQ(got[0], "object -1 46 45 120");
+    EXPECT_EQ(got[1], "object -1 65535 -6.99996948 5") << "a scale of 0 takes the raw value, without offset";
+    EXPECT_EQ(got[2], "segment -1 -1");
+    EXPECT_EQ(got[3], "from 5 -116 34 1");
+    EXPECT_EQ(got[4], "to 2147483649 -118 34.5 2");
+
+    // edges of tiles side by side: raw 65535 and raw 0 give one number, to the last bit
+    for (int offset = -180; offset < 180; ++offset) {
+        for (double scale : {2.0, 1.0, 0.5, 0.25, 0.125, 0.0625, 0.03125}) {
+            const std::string tile =
+                pool({{65535, 0, 0}}, 3, 16) +
+                atom("SCAL", floats({scale, offset * scale, 1, (offset + 1) * scale, 0, 0}));
+            tile_parts parts;
+            parts.geodata = tile;
+            parts.commands = u8(1) + u16(0) + u8(7) + u16(0);
+            DSFCallbacks_t tell = tile_record::callbacks();
+            tell.AcceptProperty_f = [](const char*, const char*, void*) {};
+            tell.AddObject_f = [](unsigned, double* c, double, void* ref) {
+                *static_cast<bool*>(ref) = c[0] == c[1];
+            };
+            bool is_one = false;
+            const std::string bytes = parts.bytes();
+            DSFReadMem(bytes.data(), bytes.data() + bytes.size(), &tell, &is_one);
+            EXPECT_TRUE(is_one) << offset << " times " << scale;
+        }
+    }
+}
+
+TEST(dsf, objects_polygons_and_their_definitions) {
+    const std::string geodata = counting_pool(6, 3, 16);
+    const std::string select = u8(1) + u16(0);
+    EXPECT_EQ(told(geodata, select + u8(3) + u8(200) + u8(7) + u16(2) + u8(4) + u16(60000) + u8(8) + u16(4) +
+                                u16(6) + u8(5) + u32(70000) + u8(8) + u16(3) + u16(3) + u8(8) + u16(3) +
+                                u16(1) + u8(7) + u16(0) + u8(21) + u8(22)),
+              (lines{"object 200 2 102 202", "object 60000 4 104 204", "object 60000 5 105 205",
+                     "object 70000 0 100 200"}));
+    const lines square = {"polygon 1 500", "winding",     "corner 3 103", "corner 4 104",
+                          "corner 5 105",  "end winding", "end polygon"};
+    const std::string second = select + u8(3) + u8(1);
+    EXPECT_EQ(told(geodata, second + u8(12) + u16(500) + u8(3) + u16(3) + u16(4) + u16(5)), square);
+    EXPECT_EQ(told(geodata, second + u8(13) + u16(500) + u16(3) + u16(6)), square);
+    const lines two = {"polygon 1 7", "winding", "corner 0 100", "corner 1 101", "end winding", "winding",
+                       "end winding", "winding", "corner 2 102", "end winding",  "end polygon"};
+    EXPECT_EQ(
+        told(geodata, second + u8(14) + u16(7) + u8(3) + u8(2) + u16(0) + u16(1) + u8(0) + u8(1) + u16(2)),
+        two);
+    EXPECT_EQ(told(geodata, second + u8(15) + u16(7) + u8(3) + u16(0) + u16(2) + u16(2) + u16(3)), two);
+    EXPECT_EQ(told(geodata, second + u8(14) + u16(7) + u8(0)), (lines{"polygon 1 7", "end polygon"}));
+}
+
+TEST(dsf, a_chain_ends_and_begins_a_segment_at_each_inner_node) {
+    // node identifiers 5 0 7 0 9, behind 1000 other points
+    std::vector<std::vector<unsigned>> points(1000, {0, 0, 0, 1, 0, 0, 0});
+    for (const unsigned node : {5u, 0u, 7u, 0u, 9u}) {
+        const unsigned i = static_cast<unsigned>(points.size());
+        points.push_back({i, i + 1, i + 2, node, i + 4, i + 5, i + 6});
+    }
+    const auto pool_of = [&](size_t planes) {
+        return pool(points, planes, 32) + atom("SC32", floats(std::vector<double>(planes * 2, 0.0)));
+    };
+    const std::string pools = pool_of(4) + pool_of(7) + pool_of(6);
+    const std::string start = u8(3) + u8(2) + u8(6) + u8(30) + u8(1) + u16(0);
+    const lines straight = {"segment 2 30",        "from 5 1000 1001 1002", "by 1001 1002 1003",
+                            "to 7 1002 1003 1004", "segment 2 30",          "from 7 1002 1003 1004",
+                            "by 1003 1004 1005",   "to 9 1004 1005 1006"};
+    const std::string offset = u8(2) + u32(1000);
+    EXPECT_EQ(told(pools, start + offset + u8(10) + u16(0) + u16(5)), straight);
+    EXPECT_EQ(told(pools, start + offset + u8(9) + u8(5) + u16(0) + u16(1) + u16(2) + u16(3) + u16(4)),
+              straight);
+    EXPECT_EQ(told(pools, start + offset + u8(11) + u8(5) + u32(1000) + u32(1001) + u32(1002) + u32(1003) +
+                              u32(1004)),
+              straight)
+        << "no offset is added to 32-bit points";
+    EXPECT_EQ(told(pools, start + offset + u8(10) + u16(0) + u16(3)),
+              lines(straight.begin(), straight.begin() + 4));
+    EXPECT_EQ(told(pools, u8(1) + u16(0) + u8(11) + u8(1) + u32(1000)), lines{}) << "first and last at once";
+    EXPECT_EQ(told(pools, u8(1) + u16(0) + u8(11) + u8(1) + u32(1001)), (lines{"by 1001 1002 1003"}));
+    EXPECT_EQ(told(pools, u8(1) + u16(1) + u8(11) + u8(3) + u32(1002) + u32(1003) + u32(1004)),
+              (lines{"segment -1 -1", "from 7 1002 1003 1004 1006 1007 1008",
+                     "by 1003 1004 1005 1007 1008 1009", "to 9 1004 1005 1006 1008 1009 1010"}));
+    EXPECT_EQ(told(pools, u8(1) + u16(2) + u8(11) + u8(1) + u32(1001)), (lines{"by 1001 1002 1003"}))
+        << "six planes are no curve";
+    EXPECT_EQ(tile_record::of_commands(pools, start + u8(9) + u8(1) + u16(1)).error,
+              dsf_ErrMisformattedCommandAtom)
+        << "the offset was never set";
+
+    // identifiers are cut toward zero and stay in their type
+    const std::string wide = pool({{0, 0, 0, 0xFFFFFFFF}, {0, 0, 0, 0}}, 4, 32);
+    for (const auto& [scale, low, node] : {std::tuple{4.0e10, 0.0, "to 4294967295 0 0 0"},
+                                           {3.75, 0.0, "to 3 0 0 0"},
+                                           {-5.0, 0.0, "by 0 0 0"},
+                                           {0.75, 0.0, "by 0 0 0"}})
+        EXPECT_EQ(told(wide + atom("SC32", floats({0, 0, 0, 0, 0, 0, scale, low})),
+                       u8(1) + u16(0) + u8(11) + u8(2) + u32(1) + u32(0)),
+                  (lines{"by 0 0 0", node}));
+}
+
+TEST(dsf, patches_and_primitives) {
+    const std::string pools = counting_pool(4, 3, 16) + counting_pool(2, 5, 16);
+    const std::string select = u8(1) + u16(0);
+    EXPECT_EQ(told(pools, select + u8(3) + u8(1) + u8(16) + u8(18) + u8(1) + f32(0) + f32(40000) + u8(19) +
+                              floats({1, 2, 3, 4, 5, 6}) + u8(20) + floats({7, 8, 9, 10, 11, 12}) + u8(17) +
+                              u8(2) + u8(1) + u16(1) + u8(16)),
+              (lines{"patch 1 -1 -1 255 st 0 0 mask 0 0 depth 3", "end patch",
+                     "patch 1 0 40000 1 st 0 0 mask 0 0 depth 3", "end patch",
+                     "patch 1 0 40000 2 st 1 6 mask 7 12 depth 3", "end patch",
+                     "patch 1 0 40000 2 st 1 6 mask 7 12 depth 5", "end patch"}));
+
+    for (unsigned type = 0; type < 3; ++type) {
+        const unsigned first = 23 + 3 * type;
+        const std::string begin = "primitive " + std::to_string(type);
+        const lines line = {"patch -1 -1 -1 255 st 0 0 mask 0 0 depth 3",
+                            begin,
+                            "vertex 1 101 201",
+                            "vertex 2 102 202",
+                            "end primitive",
+                            "end patch"};
+        EXPECT_EQ(told(pools, select + u8(16) + u8(first) + u8(2) + u16(1) + u16(2)), line);
+        EXPECT_EQ(told(pools, select + u8(16) + u8(first + 2) + u16(1) + u16(3)), line);
+        lines cross = line;
+        cross[2] = "vertex 1 101 201", cross[3] = "vertex 3 103 203";
+        EXPECT_EQ(told(pools, select + u8(16) + u8(first + 1) + u8(2) + u16(1) + u16(1) + u16(0) + u16(3)),
+                  cross)
+            << "as wide as the current pool";
+        EXPECT_EQ(told(pools, select + u8(first) + u8(0)), (lines{begin, "end primitive"}));
+    }
+    std::string full = select + u8(16) + u8(23) + u8(255);
+    for (int i = 0; i < 255; ++i) full += u16(3);
+    EXPECT_EQ(told(pools, full).size(), 255u + 4u);
+}
+
+TEST(dsf, comments_are_passed_over) {
+    EXPECT_EQ(told("", u8(32) + u8(3) + "abc" + u8(33) + u16(300) + std::string(300, '\0') + u8(34) + u32(2) +
+                           "xy" + u8(32) + u8(0)),
+              lines{});
+}
+
+TEST(dsf, faults_of_commands) {
+    const std::string pools = counting_pool(4, 5, 16) + counting_pool(4, 2, 16) + counting_pool(4, 5, 32) +
+                              counting_pool(4, 3, 32) + counting_pool(0, 0, 16);
+    const std::string select = u8(1) + u16(0), shallow = u8(1) + u16(1), none = u8(1) + u16(2);
+    const auto fault = [&](const std::string& commands, lines* heard = nullptr) {
+        testing::internal::CaptureStdout();
+        const tile_record record = tile_record::of_commands(pools, commands);
+        if (heard) *heard = record.lines;
+        return verdict{record.error, testing::internal::GetCapturedStdout()};
+    };
+    EXPECT_EQ(fault(u8(0)).said, "DSF ERROR: We hit the reserved command.\n");
+    EXPECT_EQ(fault(u8(0)).error, dsf_ErrBadCommand);
+    EXPECT_EQ(fault(u8(35)).said, "DSF ERROR: We have an unknown command 0x23\n");
+    EXPECT_EQ(fault(u8(255)).said, "DSF ERROR: We have an unknown command 0xFF\n");
+    EXPECT_EQ(fault(u8(255)).error, dsf_ErrBadCommand);
+
+    // a pool, point or plane that is not there
+    const std::vector<std::string> bad = test::hex_list(
+        "10; 07 0000; 11 01; 01 0200 10; 01 0200 19 0000 0000; 01 0300 07 0000; 01 0000 07 0400; "
+        "01 0100 07 0000; 01 0000 08 0300 0500; 0D 0000 0000 0100; 01 0000 0C 0000 01 0400; "
+        "01 0000 0D 0000 0300 0500; 01 0000 0E 0000 01 01 FFFF; 01 0000 0F 0000 01 0000 0500; "
+        "01 0200 0E 0000 00; 01 0200 0F 0000 00 0000; 01 0100 0B 01 00000000; "
+        "01 0000 0B 01 04000000; 01 0000 02 FFFFFFFF 09 01 0100; 01 0000 02 04000000 0A 0000 0100; "
+        "17 01 0000; 01 0000 17 01 0400; 01 0000 18 01 0900 0000; 01 0000 18 01 0100 0000; "
+        "01 0000 18 01 0000 0400; 18 01 0000 0000; 01 0000 19 0300 0500; "
+        "01 0000 10 01 0100 19 0000 0100");
+    for (const std::string& commands : bad) {
+        const verdict v = fault(commands);
+        EXPECT_EQ(v.error, dsf_ErrMisformattedCommandAtom) << v.said;
+        EXPECT_NE(v.said.find("that uses a pool or point that is not there."), std::string::npos) << v.said;
+    }
+    lines heard;
+    EXPECT_EQ(fault(select + u8(16) + u8(23) + u8(2) + u16(0) + u16(9), &heard).said,
+              "DSF ERROR: We have a command 0x17 at byte 12 of the command atom that uses a pool or point "
+              "that is not there.\n");
+    EXPECT_EQ(heard, (lines{"patch -1 -1 -1 255 st 0 0 mask 0 0 depth 5", "primitive 0",
+                            "vertex 0 100 200 300 400"}));
+
+    // a stream that ends inside a command: the open patch is ended, nothing is told of what is not there
+    const std::vector<std::string> cut = test::hex_list(
+        "01 00; 02 000000; 03; 04 00; 05 000000; 06; 07 00; 08 000000; 09; 09 01 00; 0A 000000; "
+        "0B; 0B 01 000000; 0C 0000; 0D 0000000000; 0E 0000; 0F 00000000; "
+        "13 0000803F0000803F0000803F0000803F0000803F000080; 14 00; 17; 1A 02 000000; 18; "
+        "1E 01 000000; 1F 000000; 20; 20 01; 21 0900 00; 22 FFFFFFFF 00; 22 00000080 00");
+    for (const std::string& commands : cut) {
+        const verdict v = fault(select + u8(16) + commands, &heard);
+        EXPECT_EQ(v.error, dsf_ErrMisformattedCommandAtom);
+        EXPECT_EQ(v.said, "DSF ERROR: We overran the command atom.\n");
+        EXPECT_EQ(heard, (lines{"patch -1 -1 -1 255 st 0 0 mask 0 0 depth 5", "end patch"}));
+    }
+    for (const std::string& patch : {u8(17), u8(18) + std::string(8, 'x')}) {
+        EXPECT_EQ(fault(select + u8(16) + patch, &heard).error, dsf_ErrMisformattedCommandAtom);
+        EXPECT_EQ(heard.size(), 2u) << "the patch before it is ended once";
+    }
+    // polygons that had begun are ended
+    for (const auto& [commands, windings] : {std::pair{u8(12) + u16(1) + u8(2) + u16(0) + "x", 1u},
+                                             {u8(14) + u16(1) + u8(2) + u8(1) + u16(0), 1u},
+                                             {u8(14) + u16(1) + u8(2) + u8(0) + u8(3) + u16(0), 2u},
+                                             {u8(15) + u16(1) + u8(9) + u16(0) + u16(1) + "x", 1u}}) {
+        EXPECT_EQ(fault(select + commands, &heard).said, "DSF ERROR: We overran the command atom.\n");
+        EXPECT_EQ(std::count(heard.begin(), heard.end(), "winding"), windings);
+        EXPECT_EQ(std::count(heard.begin(), heard.end(), "end winding"), windings);
+        EXPECT_EQ(heard.back(), "end polygon");
+    }
+}
+
+TEST(dsf, a_stream_that_asks_for_the_same_points_without_end_is_refused) {
+    std::string wide = u32(65535) + u8(255), scales;
+    for (int plane = 0; plane < 255; ++plane) {
+        wide += u8(2);
+        for (int i = 0; i < 516; ++i) wide += u8(0xFF) + u16(1);
+        wide += u8(0x80 | (65535 - 516 * 127)) + u16(1);
+        scales += floats({0, 0});
+    }
+    tile_parts tile;
+    tile.geodata = atom("POOL", wide) + atom("SCAL", scales);
+    tile.commands = u8(1) + u16(0);
+    for (int i = 0; i < 40; ++i) tile.commands += u8(25) + u16(0) + u16(65535);
+    DSFCallbacks_t tell = tile_record::callbacks();
+    tell.AcceptProperty_f = [](const char*, const char*, void*) {};
+    tell.BeginPrimitive_f = [](int, void* ref) { ++*static_cast<int*>(ref); };
+    tell.EndPrimitive_f = [](void*) {};
+    tell.AddPatchVertex_f = [](double*, void*) {};
+    const std::string bytes = tile.bytes();
+    int primitives = 0;
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(DSFReadMem(bytes.data(), bytes.data() + bytes.size(), &tell, &primitives),
+              dsf_ErrMisformattedCommandAtom);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "DSF ERROR: We have more points in the command atom than any tile has.\n");
+    EXPECT_EQ(primitives, 32) << "of 65535 points with 255 planes, below 2^29";
+}
+
+TEST(dsf, a_file_is_good_or_not) {
+    const test::temp_folder folder;
+    tile_parts tile;
+    tile_record record;
+    DSFCallbacks_t tell = tile_record::callbacks();
+    const std::string good = folder.write("good.dsf", tile.bytes());
+    EXPECT_EQ(DSFReadFile(good.c_str(), &tell, &record), 0);
+    EXPECT_EQ(record.lines, lines{"property sim/west=-118"});
+    testing::internal::CaptureStdout();
+    for (const std::string& path : {folder.write("bad.dsf", "TARVEDSF"), folder.write("empty.dsf", ""),
+                                    folder.path(), folder.path() + "none.dsf"})
+        EXPECT_EQ(DSFReadFile(path.c_str(), &tell, &record), 1);
+    testing::internal::GetCapturedStdout();
+}
+
+TEST(dsf, any_bytes_changed_or_cut_leave_every_callback_in_its_place) {
+    tile_parts tile;
+    tile.terrain = strings({"terrain_Water"});
+    tile.geodata = counting_pool(20, 5, 16) + counting_pool(20, 7, 32);
+    tile.commands = u8(1) + u16(0) + u8(3) + u8(0) + u8(16) + u8(25) + u16(0) + u16(20) + u8(24) + u8(1) +
+                    u16(0) + u16(3) + u8(2) + u32(0) + u8(10) + u16(0) + u16(9) + u8(15) + u16(1) + u8(2) +
+                    u16(0) + u16(4) + u16(8) + u8(16) + u8(7) + u16(0);
+    const std::string good = tile.bytes();
+    ASSERT_EQ(tile_record::of(good).error, 0);
+    std::mt19937 random(1);
+    testing::internal::CaptureStdout();
+    int faults = 0;
+    for (int step = 0; step < 4000; ++step) {
+        std::string bytes = good;
+        for (unsigned n = random() % 4; n < 4; ++n)
+            bytes[random() % bytes.size()] = static_cast<char>(random() % 3 ? random() % 40 : random());
+        if (step % 5 == 0) bytes.resize(random() % bytes.size());
+        const tile_record record = tile_record::of(bytes);
+        faults += record.error != 0;
+        ASSERT_LT(record.error, dsf_error_DIM);
+        const auto told = [&](const std::string& what) {
+            return std::count_if(record.lines.begin(), record.lines.end(),
+                                 [&](const std::string& line) { return line.rfind(what, 0) == 0; });
+        };
+        const auto open = told("patch") - told("end patch") + told("primitive") - told("end primitive");
+        ASSERT_TRUE(record.error == dsf_ErrOK ? open == 0 : open >= 0 && open <= 2);
+    }
+    testing::internal::GetCapturedStdout();
+    EXPECT_GT(faults, 1000);
+}
+}  // namespace

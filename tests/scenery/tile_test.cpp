@@ -1,0 +1,276 @@
+// Tiles from their files to what is stood on and drawn.
+#include <array>
+#include <cmath>
+#include <fstream>
+#include <set>
+
+#include "core/globe.h"
+#include "core/random.h"
+#include "scenery/objects.h"
+#include "scenery/terrain_query.h"
+#include "scenery/tile_state.h"
+#include "tile_folder.h"
+
+namespace {
+class tile_test : public test::system_test {
+protected:
+    test::tile_folder folder;
+
+    void SetUp() override {
+        test::system_test::SetUp();
+        init_paths(folder.path());
+        test::set_region(33.0f, -119.0f);
+        stg.draw_objs_05 = 6;
+    }
+    static int land(double, double) { return 1; }
+    static double flat(double, double) { return 100.0; }
+
+    // World y of a place at an elevation.
+    static float y_of(double lat, double lon, double ele) {
+        double x, y, z;
+        xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, ele);
+        return static_cast<float>(y);
+    }
+    static float ground_at(double lat, double lon, int checker = 26) {
+        double x, y, z;
+        xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
+        return return_terrain_y(static_cast<float>(x), static_cast<float>(z), checker);
+    }
+    static bool wet_at(double lat, double lon) {
+        double x, y, z;
+        xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
+        return terrain_is_wet(static_cast<float>(x), static_cast<float>(z), 26) != 0;
+    }
+    static std::vector<d3_struct> vertices_of(const xdeg_struct& tile) {
+        std::vector<d3_struct> all;
+        for (unsigned level = 0; level < tile.ytest_buckets.GetLayerCount(); ++level)
+            tile.ytest_buckets.IterateBucketLayer(
+                level, [&](XBucketID, const std::vector<ytest_patch_struct*>& patches) {
+                    for (const ytest_patch_struct* patch : patches)
+                        for (const ytest_pol_struct& pol : patch->ytest_pol)
+                            all.insert(all.end(), pol.geo.begin(), pol.geo.end());
+                });
+        return all;
+    }
+    static std::string first_line(size_t alert) { return test::alerts.at(alert).text.line[0]; }
+};
+
+TEST_F(tile_test, the_ground_has_the_height_of_its_source_and_water_where_it_lies) {
+    const auto slope = [](double lat, double lon) {
+        return 200.0 + 800.0 * (lat - 34.0) + 400.0 * (lon + 118.0);
+    };
+    const auto lake = [](double lat, double lon) { return lat > 34.5 && lon > -117.5 ? 0 : 1; };
+    folder.write_tile(test::land_tile(34, -118, slope, lake, 51));
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    const test::fp_traps traps;
+    for (double lat = 34.01; lat < 34.97; lat += 0.0371)
+        for (double lon = -117.99; lon < -117.01; lon += 0.0433) {
+            // 0.125 m of quantised height and the bulge of 2.8 km of globe
+            EXPECT_NEAR(ground_at(lat, lon), y_of(lat, lon, slope(lat, lon)), 0.25) << lat << ' ' << lon;
+            const bool in_lake = lat > 34.52 && lon > -117.48, on_land = lat < 34.48 || lon < -117.52;
+            if (!in_lake && !on_land) continue;
+            EXPECT_EQ(wet_at(lat, lon), in_lake) << lat << ' ' << lon;
+        }
+    // east and south slopes, in metres per metre
+    ground_at(34.3, -117.3);
+    EXPECT_NEAR(env.terrain_nrm[0], -400.0 / (111195.0 * cos(34.3 * dob_degtorad)), 4e-3)
+        << "the globe leans by 0.4 degrees";
+    EXPECT_GT(env.terrain_nrm[1], 0.99f);
+    EXPECT_TRUE(wet_at(33.5, -117.5)) << "no tile lies there";
+    EXPECT_NEAR(ground_at(33.5, -117.5), y_of(33.5, -117.5, 0.0), 0.01);
+    EXPECT_EQ(ground_at(35.0, -117.5), 0.0f) << "the rim of the region";
+    EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(tile_test, an_asker_finds_again_from_where_it_was) {
+    folder.write_tile(test::land_tile(34, -118, flat, land));
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    ren.num_fas_finds = ren.num_slo_finds = 0;
+    ground_at(34.5, -117.5, 30);
+    EXPECT_EQ(ren.num_slo_finds, 1);
+    for (int i = 0; i < 20; ++i) ground_at(34.5 + i * 1e-4, -117.5, 30);
+    EXPECT_EQ(ren.num_slo_finds, 1);
+    EXPECT_EQ(ren.num_fas_finds, 20);
+    clear_degree(&xdeg[1][1]);
+    EXPECT_NEAR(ground_at(34.5, -117.5, 30), y_of(34.5, -117.5, 0.0), 0.01) << "what was found is forgotten";
+    for (const int bad : {-1, 176})
+        EXPECT_EQ(test::expect_fatal([bad] { find_terrain_poly(0, 0, bad); }).line[0], "Bad checker type!");
+}
+
+TEST_F(tile_test, neighbours_share_their_edge_exactly) {
+    const auto hills = [](double lat, double lon) { return 500.0 + 300.0 * sin(9.0 * lat) * cos(7.0 * lon); };
+    for (const int lat : {33, 34})
+        for (const int lon : {-119, -118}) {
+            // heights of one row are quantised otherwise, so that only the seam can make them equal
+            tile_writer tile(lat, lon, lat == 33 ? -512.0 : -333.0, lat == 33 ? 7680.0 : 4000.0);
+            mesh_source source;
+            source.cells = 51;
+            source.height = hills;
+            source.land_class = land;
+            source.terrain = {"terrain_Water", "land.ter"};
+            write_mesh(&tile, source);
+            folder.write_tile(tile);
+        }
+    for (int row = 0; row < 2; ++row)
+        for (int column = 0; column < 2; ++column)
+            ASSERT_EQ(read_new_env(33 + row, row, -119 + column, column), 1);
+    const auto places = [](const xdeg_struct& tile) {
+        std::set<std::array<float, 3>> all;
+        for (const d3_struct& v : vertices_of(tile)) all.insert({v.v[0], v.v[1], v.v[2]});
+        return all;
+    };
+    const auto common = [&](const xdeg_struct& a, const xdeg_struct& b) {
+        const auto in_a = places(a);
+        size_t count = 0;
+        for (const auto& p : places(b)) count += in_a.count(p);
+        return count;
+    };
+    EXPECT_EQ(common(xdeg[0][0], xdeg[1][0]), 52u);
+    EXPECT_EQ(common(xdeg[0][1], xdeg[1][1]), 52u);
+    EXPECT_EQ(common(xdeg[0][0], xdeg[0][1]), 52u);
+    EXPECT_EQ(common(xdeg[1][0], xdeg[1][1]), 52u);
+    EXPECT_EQ(common(xdeg[0][0], xdeg[1][1]), 1u);
+}
+
+TEST_F(tile_test, the_first_good_file_of_all_candidates_wins_and_leaves_nothing_of_the_bad) {
+    const auto height_is = [](double h) { return [h](double, double) { return h; }; };
+    folder.write_tile(test::land_tile(34, -118, height_is(10), land));
+    folder.write_tile(test::land_tile(34, -118, height_is(20), land), "Custom Scenery/b/Earth nav data/");
+    scenery_packages = {folder.path() + "Custom Scenery/a/", folder.path() + "Custom Scenery/b/"};
+    // a file whose terrain is of a definition that it does not have, after some that it has
+    std::string bytes = test::read_file(folder.path_of(34, -118));
+    const size_t name = bytes.find("land.ter");
+    std::string broken = bytes;
+    broken[name - 1] = '_';  // one definition less
+    const std::string a = folder.path_of(34, -118, "Custom Scenery/a/Earth nav data/");
+    for (const std::string& bad :
+         {broken, bytes.substr(0, bytes.size() / 2), std::string("not a tile"), std::string()}) {
+        std::ofstream(a, std::ios::binary) << bad;
+        clear_degree(&xdeg[1][1]);
+        ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+        EXPECT_NEAR(ground_at(34.5, -117.5), y_of(34.5, -117.5, 20.0), 2.0);
+        ASSERT_EQ(xdeg[1][1].tex_layers.size(), 1u) << "the layers of what no patch uses are dropped";
+        EXPECT_EQ(xdeg[1][1].tex_layers[0].cus_proj.x_tex_size_m, 500.0f);
+        EXPECT_EQ(xdeg[1][1].tex_layers[0].cus_proj.y_tex_size_m, 400.0f);
+    }
+    scenery_packages.clear();
+    clear_degree(&xdeg[1][1]);
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    EXPECT_NEAR(ground_at(34.5, -117.5), y_of(34.5, -117.5, 10.0), 2.0) << "the default folder comes last";
+    clear_degree(&xdeg[1][1]);
+    EXPECT_EQ(read_new_env(33, 0, -118, 1), 0);
+    EXPECT_TRUE(xdeg[1][0].tex_layers.empty());
+}
+
+TEST_F(tile_test, where_no_file_is_there_is_water) {
+    const test::temp_folder logs;
+    read_env(33, 0, -118, 1);
+    ASSERT_EQ(xdeg[1][0].tex_layers.size(), 1u);
+    EXPECT_EQ(xdeg[1][0].tex_layers[0].plane_tex_ref, 128);
+    EXPECT_EQ(xdeg[1][0].tex_layers[0].scene_buckets.Total(), 80);
+    EXPECT_EQ(vertices_of(xdeg[1][0]).size(), 32u * 40u * 6u);
+    ren.num_slo_finds = 0;
+    for (double lat = 33.03; lat < 33.99; lat += 0.0831)
+        for (double lon = -117.99; lon < -117.0; lon += 0.0917) {
+            EXPECT_NEAR(ground_at(lat, lon), y_of(lat, lon, 0.0), 0.3);
+            EXPECT_TRUE(wet_at(lat, lon));
+        }
+    EXPECT_GT(ren.num_slo_finds, 10) << "it was the mesh that answered";
+    EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(tile_test, layers_follow_their_definitions_and_patches_their_flags) {
+    tile_writer tile(34, -118);
+    const auto patch = [&](const std::string& name, unsigned char flags, double west, double near_LOD,
+                           double far_LOD) {
+        tile.begin_patch(name.empty() ? 0 : tile.terrain(name), flags, near_LOD, far_LOD);
+        const auto at = [&](double lon, double lat) {
+            return tile_point{-118 + lon, 34 + west + lat, 50, 0, 0};
+        };
+        tile.strip({at(west, 0.1), at(west, 0.2), at(west + 0.1, 0.1), at(west + 0.1, 0.2)});
+    };
+    patch("", tile_base, 0.1, -1, -1);
+    patch("land.ter", tile_base, 0.2, -1, -1);
+    patch("land.ter", tile_overlay, 0.2, 1000, 5000);
+    patch("terrain_VirtualOrtho01", tile_base, 0.3, -1, -1);
+    patch("ground.png", tile_base, 0.4, -1, -1);
+    patch("missing.ter", tile_base, 0.5, -1, -1);
+    folder.write_tile(tile);
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    const std::vector<xlay_struct>& layers = xdeg[1][1].tex_layers;
+    ASSERT_EQ(layers.size(), 5u) << "water, land, land over others, hidden, image; what failed is dropped";
+    EXPECT_EQ(layers[0].plane_tex_ref, 128);
+    EXPECT_TRUE(layers[0].project_texes && layers[0].on_sectional && layers[0].before_airports);
+    EXPECT_TRUE(layers[1].on_sectional && layers[1].zap_base_alpha && !layers[1].composite_texes);
+    EXPECT_EQ(layers[1].poly_offset, 0);
+    EXPECT_EQ(layers[2].poly_offset, 1);
+    EXPECT_EQ(layers[2].on_sectional, 0);
+    EXPECT_TRUE(layers[3].is_hidden);
+    EXPECT_EQ(layers[3].poly_offset, -1);
+    EXPECT_EQ(layers[4].project_texes, 0);
+    layers[2].scene_buckets.IterateBucketLayer(
+        3, [](XBucketID, const std::vector<scene_patch_struct*>& patches) {
+            EXPECT_EQ(patches[0]->dis_near_sqr, 1e6f);
+            EXPECT_EQ(patches[0]->dis_far_sqr, 25e6f);
+        });
+    EXPECT_TRUE(wet_at(34.25, -117.85));
+    EXPECT_FALSE(wet_at(34.35, -117.75));
+    EXPECT_FALSE(wet_at(34.45, -117.65)) << "hidden, but ground";
+    ASSERT_EQ(test::alerts.size(), 1u);
+    EXPECT_EQ(first_line(0), "Unable to locate terrain definition");
+    EXPECT_EQ(test::alerts[0].text.line[1], "missing.ter");
+}
+
+TEST_F(tile_test, triangles_without_area_on_the_map_are_drawn_but_not_stood_on) {
+    ytest_pol_struct strip;
+    strip.geo = {{{0, 0, 0}}, {{0, 0, -10}}, {{10, 0, 0}}, {{10, 0, -10}}};
+    const std::vector<d3_struct> v = strip.geo;
+    decompose_polygon_to_triangles(strip, pol_strip);
+    ASSERT_EQ(strip.geo.size(), 6u);
+    const int expected[] = {0, 1, 2, 1, 3, 2};
+    for (size_t i = 0; i < 6; ++i)
+        EXPECT_EQ(0, memcmp(strip.geo[i].v, v[static_cast<size_t>(expected[i])].v, sizeof strip.geo[i].v))
+            << i;
+    ytest_pol_struct cliff;
+    cliff.geo = {{{0, 0, 0}}, {{0, 0, -100}}, {{90, 0, -100}}, {{90, 100, -99.5f}}};
+    decompose_polygon_to_triangles(cliff, pol_fan);
+    EXPECT_EQ(cliff.geo.size(), 3u) << "half a metre wide, a hundred high";
+    ytest_pol_struct other;
+    decompose_polygon_to_triangles(other, pol_polygon);
+    EXPECT_EQ(first_line(0), "Trying to decompose a polygon whose type is not supported yet.");
+}
+
+TEST_F(tile_test, places_that_no_globe_has_make_a_file_bad) {
+    const double nan = std::nan(""), huge = 1e30;
+    xdeg_struct& degree = xdeg[1][1];
+    for (const double bad : {nan, huge, -huge, 1e7}) {
+        for (int field = 0; field < 5; ++field) {
+            DSF_LoadState state(&degree);
+            g_lat_file = 34;
+            g_lon_file = -118;
+            DSF_AcceptTerrainDef("terrain_Water", &state);
+            float none[6] = {};
+            DSF_BeginPatch(0, -1, huge, tile_base, none, none, 5, &state);
+            DSF_BeginPrimitive(0, &state);
+            double c[5] = {-117.5, 34.5, 10, 0, 0};
+            c[field] = bad;
+            DSF_AddPatchVertex(c, &state);
+            EXPECT_TRUE(state.has_bad_geometry) << bad << " in " << field;
+            clear_degree(&degree);
+        }
+    }
+    DSF_LoadState state(&degree);
+    DSF_AcceptTerrainDef("terrain_Water", &state);
+    float none[6] = {};
+    double c[5] = {-117.5, 34.5, 10, 0.9, 0.9};  // longer than a unit vector by noise
+    DSF_AddPatchVertex(c, &state);               // no patch is open
+    DSF_BeginPatch(0, -1, -1, tile_base, none, none, 5, &state);
+    DSF_BeginPrimitive(0, &state);
+    DSF_AddPatchVertex(c, &state);
+    EXPECT_FALSE(state.has_bad_geometry);
+    EXPECT_EQ(state.scene_cur_poly->nrm[0].v[1], 0.0f);
+    DSF_BeginPatch(1, -1, -1, tile_base, none, none, 5, &state);
+    EXPECT_TRUE(state.has_bad_geometry) << "no such definition";
+    clear_degree(&degree);
+}
+}  // namespace
