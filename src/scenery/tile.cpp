@@ -87,9 +87,11 @@ void find_region_extents() {
     ren.deg_per_mtr_z = 1.0f / con.planet_deg_mtrs;
 }
 
+bool has_region() { return env.reg_x2_mtr != 0.0f; }
+
 int ret_xz_inreg_tight(float x, float z) {
     constexpr float margin = 2500.0f;
-    if (env.reg_x2_mtr == 0.0f) return 1;  // no region has been loaded: the bare globe has no rim
+    if (!has_region()) return 1;
     return x > env.reg_x1_mtr + margin && x < env.reg_x2_mtr - margin && z > env.reg_z1_mtr + margin &&
            z < env.reg_z2_mtr - margin;
 }

@@ -144,5 +144,7 @@ void clear_degree(xdeg_struct* deg);
 
 // Extent of the region and of a degree at its centre, from env.lat_sou and lon_wes.
 void find_region_extents();
+// Before the first region there is a bare, dry globe without a rim.
+bool has_region();
 // Inside the region by a margin of 2500 metres on each side.
 int ret_xz_inreg_tight(float x, float z);
