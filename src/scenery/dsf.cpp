@@ -1,6 +1,8 @@
 // A tile from its header to its definitions.
 #include "scenery/dsf.h"
 
+#include <sys/stat.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -111,11 +113,10 @@ struct close_file {
     void operator()(FILE* file) const { fclose(file); }
 };
 
-// Negative when the file cannot tell.
+// Negative for a folder or device, which have no size to read.
 long file_size(FILE* file) {
-    if (fseek(file, 0, SEEK_END) != 0) return -1;
-    const long size = ftell(file);
-    return fseek(file, 0, SEEK_SET) == 0 ? size : -1;
+    struct stat known;
+    return fstat(fileno(file), &known) == 0 && S_ISREG(known.st_mode) ? static_cast<long>(known.st_size) : -1;
 }
 }  // namespace
 

@@ -258,9 +258,11 @@ TEST(dsf, a_chain_ends_and_begins_a_segment_at_each_inner_node) {
                      "by 1003 1004 1005 1007 1008 1009", "to 9 1004 1005 1006 1008 1009 1010"}));
     EXPECT_EQ(told(pools, u8(1) + u16(2) + u8(11) + u8(1) + u32(1001)), (lines{"by 1001 1002 1003"}))
         << "six planes are no curve";
+    testing::internal::CaptureStdout();
     EXPECT_EQ(tile_record::of_commands(pools, start + u8(9) + u8(1) + u16(1)).error,
               dsf_ErrMisformattedCommandAtom)
         << "the offset was never set";
+    testing::internal::GetCapturedStdout();
 
     // identifiers are cut toward zero and stay in their type
     const std::string wide = pool({{0, 0, 0, 0xFFFFFFFF}, {0, 0, 0, 0}}, 4, 32);
