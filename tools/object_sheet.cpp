@@ -100,7 +100,7 @@ void look_at(const vec_mod_struct& mod, const field& at) {
     constexpr float view_deg = 30.0f, heading = -32.0f, pitch = 13.0f;
     const float half = tan_deg(0.5f * view_deg),
                 aspect = static_cast<float>(at.dx) / static_cast<float>(at.dy);
-    const float away = 0.5f * mod.cull_radius / half / fltmin2(aspect, 1.0f);
+    const float away = 0.54f * mod.cull_radius / half / fltmin2(aspect, 1.0f);
     const float near_clip = 0.1f * away, far_clip = 4.0f * away;
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();

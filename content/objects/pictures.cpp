@@ -199,14 +199,19 @@ void storeys(cairo_t* cr, bool night) {
         }
 }
 
-void planks_with_mark(cairo_t* cr) {
-    rectangle(cr, 0, 0, field, field, hex(0x566066));
-    for (int x = 0; x < field; x += 16) stroke(cr, x, 0, x, field, 1, hex(0x3d464b));
-    weather(cr, 0.1, 0.3, 13);
-    cairo_rectangle(cr, 4, 4, 120, 120);
-    cairo_set_line_width(cr, 4);
+void landing_mark(cairo_t* cr) {
+    rectangle(cr, 0, 0, field, field, hex(0x4d6a58));
+    cairo_rectangle(cr, 3, 3, 122, 122);
+    cairo_set_line_width(cr, 3);
+    set_colour(cr, hex(0xe8e6de));
+    cairo_stroke(cr);
+    cairo_arc(cr, 64, 64, 48, 0, 2 * M_PI);
+    cairo_set_line_width(cr, 6);
     set_colour(cr, hex(0xe6c23a));
     cairo_stroke(cr);
+    for (const double x : {47.0, 81.0}) stroke(cr, x, 40, x, 88, 8, hex(0xe8e6de));
+    stroke(cr, 47, 64, 81, 64, 8, hex(0xe8e6de));
+    weather(cr, 0.08, 0.25, 13);
 }
 
 // By night: a lamp and the light that it throws on the wall around it.
@@ -262,7 +267,7 @@ void draw_pictures(const std::string& folder) {
     canvas town(2 * field, 2 * field), town_night(2 * field, 2 * field);
     put(town, "brick", brick, courses);
     put(town, "windows", windows, [](cairo_t* cr) { storeys(cr, false); });
-    put(town, "deck", deck, planks_with_mark);
+    put(town, "deck", deck, landing_mark);
     put(town, "enamel", enamel, [](cairo_t* cr) { plain(cr, hex(0x39434b), 0.04, 0.12, 16); });
     town.save(folder + "samples.png", false);
     black(town_night, [&] { put(town_night, "windows", windows, [](cairo_t* cr) { storeys(cr, true); }); });

@@ -9,13 +9,18 @@ void chimney(const std::string& folder) {
     constexpr double top = 46.0;
     object_text o("samples");
     o.lod(0, 800);
-    o.box({9, 0, 0}, 14, 7, 12, brick, windows, deck);
+    o.box({9, 0, 0}, 14, 7, 12, brick, windows, enamel);
     o.say("ATTR_shade_smooth");
-    o.tube({0, 0, 0}, 2.6, top, 1.7, 24, brick);
+    constexpr int lengths = 6;  // each takes the whole field of bricks
+    const auto radius = [](double y) { return 2.6 - 0.9 * y / top; };
+    for (int i = 0; i < lengths; ++i) {
+        const double y1 = top * i / lengths, y2 = top * (i + 1) / lengths;
+        o.tube({0, y1, 0}, radius(y1), y2 - y1, radius(y2), 20, brick);
+    }
     o.say("ATTR_no_cull");  // its inside
     o.tube({0, top, 0}, 1.9, 0.9, 1.9, 24, enamel);
     o.say("ATTR_cull");
-    for (const double y : {15.0, 30.0}) o.tube({0, y, 0}, 2.5 - y * 0.014, 0.5, 2.5 - y * 0.014, 24, enamel);
+    for (const double y : {15.0, 30.0}) o.tube({0, y, 0}, radius(y) + 0.1, 0.5, radius(y) + 0.1, 20, enamel);
     for (int i = 0; i < 3; ++i) {
         const double a = 2 * M_PI * i / 3;
         o.light({2.2 * sin(a), top - 1, 2.2 * cos(a)}, 98, 0, 0);
@@ -24,7 +29,7 @@ void chimney(const std::string& folder) {
     o.say("smoke_white 13 7.5 -3 1.2");
 
     o.lod(800, 4000);
-    o.box({9, 0, 0}, 14, 7, 12, brick, windows, deck);
+    o.box({9, 0, 0}, 14, 7, 12, brick, windows, enamel);
     o.say("ATTR_shade_smooth");
     o.tube({0, 0, 0}, 2.6, top + 0.9, 1.7, 10, brick);
     o.light({0, top + 1, 0}, 98, 0, 0);
@@ -44,7 +49,7 @@ void picture_house(const std::string& folder) {
     o.face({-7.7, 2.8, -0.05}, {7.7, 2.8, -0.05}, {7.7, 10.2, -0.05}, {-7.7, 10.2, -0.05}, enamel,
            "quad_movie");
     o.say("tri\n-8 10.5 -0.35 0.55 0.05\n0 12 -0.35 0.75 0.45\n8 10.5 -0.35 0.95 0.05");
-    o.box({0, 0, 12}, 5, 2.6, 3.5, brick, windows, deck);
+    o.box({-4, 0, 14}, 8, 7, 6, brick, windows, enamel);
     o.bar({11, 0, 14}, {11, 3.2, 14}, 0.15, enamel);
     o.box({11, 3.2, 14}, 0.4, 0.9, 0.4, enamel);
     o.light({11, 3.8, 14.25}, 97, 0, 0);
@@ -69,7 +74,8 @@ void panel_desk(const std::string& folder) {
     for (int i = 0; i < 6; ++i) {
         const double a = -2 * M_PI * i / 6;  // clockwise from the front
         const auto put = [](double v) { return std::to_string(v); };
-        o.say(put(0.95 + 0.08 * cos(a)) + " " + put(2.25 + 0.08 * sin(a)) + " -0.3  0.75 0.25");
+        o.say(put(0.95 + 0.08 * cos(a)) + " " + put(2.25 + 0.08 * sin(a)) +
+              " -0.3  0.512 0.984");  // a light spot
     }
     o.say("ATTR_emission_rgb 0 0 0");
     o.say("ATTR_some_day_more 1 2 3");  // what a reader does not know it passes over
@@ -81,7 +87,7 @@ void landing_deck(const std::string& folder) {
     constexpr double half = 14.0, y = 12.0;
     object_text o("samples");
     o.lod(0, 6000);
-    o.floor(0, y, 0, 2 * half, 2 * half, deck, "quad_hard");
+    o.floor(0, y, 0, 2 * half, 2 * half, enamel, "quad_hard");
     o.say("ATTR_no_cull");
     o.say("shade_flat");
     for (const double x : {-half, half})
@@ -95,9 +101,11 @@ void landing_deck(const std::string& folder) {
         o.face({x, y - 1.2, -half}, {x, y - 1.2, half}, {x, y, half}, {x, y, -half}, enamel);
     o.say("ATTR_cull\nshade_smooth");
     o.say("ATTR_poly_os 2");  // painted on: it lies in the deck's plane
-    o.floor(0, y, 0, 8, 8, windows);
+    o.floor(0, y, 0, 21, 21, deck);
     o.say("ATTR_poly_os 0");
-    o.say("ATTR_no_depth");  // the shadow that the sea throws back from below is never hidden
+    o.say("ATTR_no_depth");  // a board on the deck's rim that nothing hides
+    o.face({-3, y - 1.1, half + 0.05}, {3, y - 1.1, half + 0.05}, {3, y - 0.1, half + 0.05},
+           {-3, y - 0.1, half + 0.05}, brick);
     o.say("ATTR_depth");
     for (int i = 0; i < 8; ++i) o.line({-half + 4.0 * i, y, half}, {-half + 4.0 * i, y - 3, half + 2}, 4);
     o.light({0, y + 0.2, half * 0.97}, 3, 10, 3);
