@@ -56,6 +56,11 @@ for target in build-fuzz/fuzz/fuzz_*; do
             table="build-fuzz/Orvelle/Resources/Earth nav data/${name#fuzz_}.dat"
             (printf '\0'; head -c 20000 "$table") >"$corpus/whole"
             (printf '\1'; tail -c 20000 "$table") >"$corpus/rows" ;;
+        fuzz_obj)  # an even first byte: a whole file; an odd one: commands
+            find build-fuzz/Orvelle/Resources -name '*.obj' -size -20k | while read -r object; do
+                (printf '\0'; cat "$object") >"$corpus/$(basename "$object")"
+                (printf '\1'; tail -n +7 "$object") >"$corpus/$(basename "$object").commands"
+            done ;;
     esac
     extra="-max_len=40000 -len_control=0"
     [[ $name == fuzz_acf ]] && extra="-max_len=400 -len_control=0"

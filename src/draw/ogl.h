@@ -20,8 +20,8 @@ enum ogl_switch : int {
 // tex: number of texture units in use, 0 to 6, held to what the driver has. Any other value than those
 // above is fatal. Ends with a white colour of full alpha: set a colour after this call, never before.
 void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW);
-// The same while a display list is compiled: every switch goes into the list, whatever the present state, which
-// stays as it is.
+// The same while a display list is compiled: every switch goes into the list, whatever the present state,
+// which stays as it is.
 void OGL_setstate_in_list(int fog, int tex, int lit, int al, int deR, int deW);
 // Single switches, for parts of a display list.
 void OGL_depth(int deR, int deW);

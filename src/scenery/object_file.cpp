@@ -82,7 +82,7 @@ private:
 enum operand_kind : int { no_operand, numbers_on_line, fixed_vertices, counted_vertices };
 
 struct keyword_row {
-    const char* word;
+    std::string_view word;
     int code;
     operand_kind kind;
     int count;  // of numbers or vertices
@@ -122,8 +122,8 @@ constexpr keyword_row keywords[] = {
 };
 constexpr keyword_row other_attribute = {"ATTR", obj_other_attr, no_operand, 0};
 
-bool same_word(std::string_view a, const char* b) {
-    return strncasecmp(a.data(), b, a.size()) == 0 && b[a.size()] == 0;
+bool same_word(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
 }
 
 const keyword_row* find_keyword(std::string_view word) {

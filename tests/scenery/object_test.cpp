@@ -249,6 +249,12 @@ TEST_F(object_test, unknown_words_are_told_once_and_passed_over) {
     EXPECT_EQ(codes(mod.vec_lod[0]), "3 12 15 15 15 19 ");
 }
 
+TEST_F(object_test, a_keyword_with_a_zero_byte_behind_it_is_another_word) {
+    const std::string word("quad\0and a long tail without a blank", 20);
+    EXPECT_EQ(codes(word + "\n" + tri + "end"), "3 12 15 15 15 19 ");
+    EXPECT_EQ(test::alerts.size(), 1u);
+}
+
 TEST_F(object_test, a_broken_file_is_told_and_nothing_ends) {
     for (const char* body :
          {"", "tri\n0 0 0 0 0\n", "tri\n0 0 0 0 0\n0 nan 0 0 0\n0 0 0 0 0\nend", "quad\n1 2 3 end",

@@ -1,0 +1,102 @@
+// The default objects: each loads without a word, stands on its ground, and together they use the whole
+// format.
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+#include "core/paths.h"
+#include "core/ren.h"
+#include "draw/tex_refs.h"
+#include "scenery/library.h"
+#include "scenery/object_file.h"
+#include "support.h"
+
+namespace {
+class default_objects : public test::system_test {
+protected:
+    void SetUp() override {
+        system_test::SetUp();
+        init_paths(INSTALL_FOLDER);
+        ren.FOV = 45.0f;
+        clear_objects();
+        DSF_ScanSceneryFolder();
+    }
+};
+
+TEST_F(default_objects, load_with_both_their_textures) {
+    for (const char* name : {"NDB_1", "NDB_2", "NDB_3", "VOR", "ILS", "glideslope", "Marker1", "Marker2"})
+        EXPECT_EQ(dsf_library.count(std::string("lib/airport/NAVAIDS/") + name + ".obj"), 1u) << name;
+    int objects = 0;
+    for (const auto& [name, files] : dsf_library) {
+        if (files[0].find("Tarvane objects") == std::string::npos) continue;
+        const int M = build_obs_lib(name);
+        ASSERT_GE(M, 0) << name;
+        const vec_mod_struct& mod = vec_mod[M];
+        EXPECT_GE(mod.tex_ref_1, tex_free) << name;
+        EXPECT_GE(mod.tex_ref_2, tex_free) << name;
+        EXPECT_TRUE(mod.cull_radius > 1.0f && mod.cull_radius < 100.0f) << name;
+        for (size_t L = 1; L < mod.vec_lod.size(); ++L)
+            EXPECT_EQ(mod.vec_lod[L].dis_near_sqr, mod.vec_lod[L - 1].dis_far_sqr) << name << ": a gap";
+        ++objects;
+    }
+    EXPECT_EQ(objects, 12);
+    EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(default_objects, use_every_word_of_the_format) {
+    std::set<std::string> missing = {"light",
+                                     "line",
+                                     "tri",
+                                     "quad",
+                                     "quad_movie",
+                                     "quad_cockpit",
+                                     "quad_hard",
+                                     "polygon",
+                                     "quad_strip",
+                                     "tri_strip",
+                                     "tri_fan",
+                                     "smoke_black",
+                                     "smoke_white",
+                                     "shade_flat",
+                                     "ATTR_shade_flat",
+                                     "shade_smooth",
+                                     "ATTR_shade_smooth",
+                                     "ATTR_ambient_rgb",
+                                     "ATTR_difuse_rgb",
+                                     "ATTR_specular_rgb",
+                                     "ATTR_emission_rgb",
+                                     "ATTR_shiny_rat",
+                                     "ATTR_no_depth",
+                                     "ATTR_depth",
+                                     "ATTR_no_cull",
+                                     "ATTR_cull",
+                                     "ATTR_poly_os",
+                                     "ATTR_LOD",
+                                     "ATTR_reset"};
+    EXPECT_EQ(missing.size(), 29u);
+    for (const auto& [name, files] : dsf_library) {
+        std::istringstream text(test::read_file(files[0]));
+        for (std::string word; text >> word;) missing.erase(word);
+    }
+    EXPECT_TRUE(missing.empty()) << *missing.begin();
+}
+
+TEST_F(default_objects, have_no_face_without_an_area) {
+    for (const auto& [name, files] : dsf_library) {
+        vec_mod_struct mod;
+        std::string texture;
+        if (read_object_file(files[0], &mod, &texture) != object_good) continue;
+        for (const vec_lod_struct& lod : mod.vec_lod) {
+            const std::vector<vec_act_struct>& acts = lod.vec_act;
+            for (size_t C = 0; C + 4 < acts.size(); ++C) {
+                if (acts[C].act != obj_normal || acts[C + 2].act != obj_vert_tex ||
+                    acts[C + 3].act != obj_vert_tex)
+                    continue;
+                for (const size_t i : {C + 1, C + 2})
+                    EXPECT_FALSE(std::equal(acts[i].dat, acts[i].dat + 3, acts[i + 1].dat))
+                        << name << ' ' << C;
+            }
+        }
+    }
+}
+}  // namespace
