@@ -1,0 +1,55 @@
+// Libraries of two packages: the first byte tells whole files from lines behind good headers; the rest is parted
+// at the first zero byte. Then every name that they export is looked up.
+#include "scenery/library.h"
+
+#include "scenery_folder.h"
+
+namespace {
+using fuzzing::must;
+
+size_t occurrences(const std::string& text, const std::string& word) {
+    size_t count = 0;
+    for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) ++count;
+    return count;
+}
+
+void look_up(const std::string& name, const std::vector<std::string>& files) {
+    must(!files.empty());
+    std::string found = name;
+    must(DSF_LookupLibraryResource(found) && found == files.front());
+    for (int type = resource_image; type <= resource_forest; ++type) {
+        std::string path;
+        DSF_LocateResourcePrimary(type, name, scenery_packages[0], false, path);
+        must(path == set_dir_chars(files.front()));
+    }
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const fuzzing::scenery_folder folder;
+    if (size < 1 || size > 4000) return 0;
+    const std::string all(reinterpret_cast<const char*>(data + 1), size - 1);
+    const size_t middle = all.find('\0');
+    const std::string head = data[0] & 1 ? "A\n800\nLIBRARY\n" : "";
+    const std::string custom = head + all.substr(0, middle),
+                      shared = head + (middle == std::string::npos ? "" : all.substr(middle + 1));
+    folder.write("Custom Scenery/a/library.txt", custom);
+    folder.write("Resources/default scenery/b/library.txt", shared);
+    DSF_ScanSceneryFolder();
+    must(scenery_packages.size() == 2);
+    size_t exported = 0;
+    for (const auto& [name, files] : dsf_library) {
+        exported += files.size();
+        for (const std::string& file : files)
+            must(file.rfind(set_dir_chars(scenery_packages[0]), 0) == 0 ||
+                 file.rfind(set_dir_chars(scenery_packages[1]), 0) == 0);
+        look_up(name, files);
+    }
+    must(exported <= occurrences(custom, "EXPORT ") + occurrences(shared, "EXPORT "));
+    std::string path = all.substr(0, 400);
+    DSF_LocateResourcePrimary(resource_object, path, scenery_packages[1], false, path);
+    DSF_LocateResourceSecondary(resource_image, resource_terrain, scenery_packages[0] + "deep:",
+                                all.substr(0, 400), false, path);
+    must(extract_package(scenery_packages[0] + all) == scenery_packages[0]);
+    return 0;
+}
