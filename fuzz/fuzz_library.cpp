@@ -1,7 +1,6 @@
-// Libraries of two packages: the first byte tells whole files from lines behind good headers; the rest is parted
-// at the first zero byte. Then every name that they export is looked up.
+// Libraries of two packages: the first byte tells whole files from lines behind good headers; the rest is
+// parted at the first zero byte. Then every name that they export is looked up.
 #include "scenery/library.h"
-
 #include "scenery_folder.h"
 
 namespace {
@@ -48,8 +47,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     must(exported <= occurrences(custom, "EXPORT ") + occurrences(shared, "EXPORT "));
     std::string path = all.substr(0, 400);
     DSF_LocateResourcePrimary(resource_object, path, scenery_packages[1], false, path);
-    DSF_LocateResourceSecondary(resource_image, resource_terrain, scenery_packages[0] + "deep:",
-                                all.substr(0, 400), false, path);
+    DSF_LocateResourceSecondary(resource_image, resource_terrain,
+                                scenery_packages[0] + "deep:", all.substr(0, 400), false, path);
     must(extract_package(scenery_packages[0] + all) == scenery_packages[0]);
     return 0;
 }

@@ -111,7 +111,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         DSF_LoadState state(degree);
         std::vector<triangle> all;
         const double room = 100.0, side = 500.0;
-        degree->ytest_buckets.Reset(bucket_levels, {-room, -room}, {side + room, side + room}, buckets_strict);
+        degree->ytest_buckets.Reset(bucket_levels, {-room, -room}, {side + room, side + room},
+                                    buckets_strict);
         for (size_t patches = 1 + from.byte() % 6; patches > 0; --patches) {
             state.ytest_cur_patch = new ytest_patch_struct;
             state.ytest_patches.push_back({state.ytest_cur_patch});

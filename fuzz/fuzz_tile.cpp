@@ -1,4 +1,4 @@
-// Assembly of tiles without a window: the callbacks in any order with any values, then what the loader makes of
+// Assembly of tiles without a window: the decoder's callbacks with any values, then what the loader makes of
 // them, queries of the ground, and the tile's end.
 #include <cmath>
 #include <limits>
@@ -45,6 +45,13 @@ void vertex(value_source& from, void* state) {
     DSF_AddPatchVertex(c, state);
 }
 
+// The decoder ends what it has begun, or refuses the file.
+void primitive(value_source& from, void* state) {
+    DSF_BeginPrimitive(static_cast<int>(from.byte() % 3), state);
+    for (unsigned count = from.byte() % 16; count > 0; --count) vertex(from, state);
+    DSF_EndPrimitive(state);
+}
+
 void call(value_source& from, void* state) {
     static const char* const names[] = {"terrain_Water", "ground.ter", "image.png", "terrain_VirtualOrtho10",
                                         "missing.ter",   "object.obj", "x",         "",
@@ -58,11 +65,16 @@ void call(value_source& from, void* state) {
         place[2] = value(from, 1000.0);
     };
     switch (from.byte() % 24) {
-        case 0: return DSF_AcceptTerrainDef(name(), state);
-        case 1: return DSF_AcceptObjectDef(name(), state);
-        case 2: return DSF_AcceptPolygonDef(name(), state);
-        case 3: return DSF_AcceptNetworkDef(name(), state);
-        case 4: return DSF_AcceptProperty("sim/west", name(), state);
+        case 0:
+            return DSF_AcceptTerrainDef(name(), state);
+        case 1:
+            return DSF_AcceptObjectDef(name(), state);
+        case 2:
+            return DSF_AcceptPolygonDef(name(), state);
+        case 3:
+            return DSF_AcceptNetworkDef(name(), state);
+        case 4:
+            return DSF_AcceptProperty("sim/west", name(), state);
         case 5:
         case 6: {
             const unsigned terrain = from.byte() == 255 ? 0xffffffffu - from.byte() : from.byte() % 6;
@@ -71,19 +83,25 @@ void call(value_source& from, void* state) {
             return DSF_BeginPatch(terrain, coordinate(from, 0), -1.0, static_cast<unsigned char>(flags),
                                   projection, projection, depth < 12 ? depth : 12, state);
         }
-        case 7: return DSF_BeginPrimitive(static_cast<int>(from.byte() % 3), state);
-        case 8: return DSF_EndPrimitive(state);
-        case 9: return DSF_EndPatch(state);
+        case 7:
+        case 8:
+            return primitive(from, state);
+        case 9:
+            return DSF_EndPatch(state);
         case 10:
             fill_place();
             return DSF_AddObject(from.byte() % 4, place, coordinate(from, 0), state);
-        case 11: return DSF_BeginPolygon(from.byte() % 5, static_cast<unsigned short>(from.word()), state);
-        case 12: return DSF_BeginPolygonWinding(state);
+        case 11:
+            return DSF_BeginPolygon(from.byte() % 5, static_cast<unsigned short>(from.word()), state);
+        case 12:
+            return DSF_BeginPolygonWinding(state);
         case 13:
             fill_place();
             return DSF_AddPolygonPoint(place, state);
-        case 14: return DSF_EndPolygonWinding(state);
-        case 15: return DSF_EndPolygon(state);
+        case 14:
+            return DSF_EndPolygonWinding(state);
+        case 15:
+            return DSF_EndPolygon(state);
         case 16:
             fill_place();
             return DSF_BeginSegment(from.byte(), from.byte(), from.word(), place, from.byte() & 1, state);
@@ -93,7 +111,8 @@ void call(value_source& from, void* state) {
         case 18:
             fill_place();
             return DSF_EndSegment(from.word(), place, from.byte() & 1, state);
-        default: return vertex(from, state);
+        default:
+            return primitive(from, state);
     }
 }
 
@@ -116,7 +135,8 @@ void bucket_terrain(DSF_LoadState& state) {
 
 void ask_the_ground(value_source& from) {
     for (int i = 0; i < 16; ++i) {
-        const float x = static_cast<float>(value(from, 150000.0)), z = static_cast<float>(value(from, 120000.0));
+        const float x = static_cast<float>(value(from, 150000.0)),
+                    z = static_cast<float>(value(from, 120000.0));
         must(std::isfinite(return_terrain_y(x, z, 26 + i % 2)));
         terrain_is_wet(x, z, 26);
     }

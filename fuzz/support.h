@@ -12,6 +12,7 @@
 #include "core/random.h"
 #include "core/records.h"
 #include "core/seams.h"
+#include "weather/atmosphere.h"
 
 namespace fuzzing {
 
@@ -39,6 +40,7 @@ inline void start() {
     THREAD_Init();
     clear_records();
     init_con();
+    set_planet_specs(0);
     seams_headless();
     rand_seed(1);
     init_rand_rat();
