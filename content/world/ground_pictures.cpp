@@ -55,11 +55,11 @@ double spread(double v, double by) { return std::clamp(0.5 + by * (v - 0.5), 0.0
 
 void grass(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 4, 6, 101), 1.5);
-        const double dry = noise::smooth(0.5, 0.75, noise::wrapped_fractal(s, t, 6, 4, 102));
+        const double broad = spread(noise::wrapped_fractal(s, t, 9, 6, 101), 1.2);
+        const double dry = noise::smooth(0.4, 0.8, noise::wrapped_fractal(s, t, 13, 5, 102));
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 103) - 0.5;
         const rgba green = ramp(hex(0x3f5128), hex(0x566a34), hex(0x6f7d42), broad + 0.35 * fine);
-        return mix(green, hex(0x8b8450), 0.5 * dry);
+        return mix(green, hex(0x8b8450), 0.45 * dry);
     });
     scatter(c, 5200, 104, [](cairo_t* cr, double x, double y, int n) {
         const double turn = 2.0 * M_PI * noise::hash(n, 2, 104), length = 2.0 + 3.0 * noise::hash(n, 3, 104);
@@ -88,7 +88,7 @@ void bush(cairo_t* cr, double x, double y, int n, unsigned seed) {
 
 void scrub(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 5, 6, 111), 1.7);
+        const double broad = spread(noise::wrapped_fractal(s, t, 9, 6, 111), 1.4);
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 112) - 0.5;
         return ramp(hex(0x474427), hex(0x655c38), hex(0x857650), broad + 0.3 * fine);
     });
@@ -123,7 +123,7 @@ void rock(canvas& c) {
 
 void sand(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 4, 6, 131), 1.4);
+        const double broad = spread(noise::wrapped_fractal(s, t, 8, 6, 131), 1.1);
         const double wave =
             0.5 + 0.5 * sin(2.0 * M_PI * (24.0 * t + 2.5 * noise::wrapped_fractal(s, t, 4, 4, 132)));
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 133) - 0.5;
@@ -134,7 +134,7 @@ void sand(canvas& c) {
 
 void mars(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 4, 6, 141), 1.7);
+        const double broad = spread(noise::wrapped_fractal(s, t, 8, 6, 141), 1.4);
         const double dust = noise::smooth(0.45, 0.7, noise::wrapped_fractal(s, t, 5, 4, 142));
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 143) - 0.5;
         const rgba soil = ramp(hex(0x6b3a24), hex(0x935436), hex(0xb4714a), broad + 0.3 * fine);

@@ -57,7 +57,14 @@ void world_package::add_ground(ground kind, int repeat_metres, bool with_border)
                                                   "PROJECTED " + repeat + " " + repeat + "\nNO_ALPHA\n");
 }
 
-void world_package::add_land_objects() { write_land_objects(made(objects_), made(object_textures_)); }
+// Other packages may use them too.
+void world_package::add_land_objects() {
+    write_land_objects(made(objects_), made(object_textures_));
+    std::string exports = "I\n800\nLIBRARY\n\n";
+    for (const std::string& name : land_object_names())
+        exports += "EXPORT lib/countryside/" + name + ".obj custom objects/" + name + ".obj\n";
+    write_text(folder_ + "library.txt", exports);
+}
 
 void world_package::add_woods() {
     write_text(

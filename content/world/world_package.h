@@ -12,7 +12,7 @@ public:
     // NAME.ter with its picture, which repeats every so many metres. with_border: as an overlay it has a
     // soft edge.
     void add_ground(ground kind, int repeat_metres, bool with_border = false);
-    // The objects of land_objects.h, to be placed as NAME.obj.
+    // The objects of land_objects.h, to be placed as NAME.obj; exported as lib/countryside/NAME.obj.
     void add_land_objects();
     // woods.for of oaks, and country_road.net, whose road has the subtype of country_road.
     void add_woods();

@@ -53,12 +53,12 @@ double hump(const place& p, const place& top, double height, double width) {
 }
 
 double wild_height(const place& p) {
-    double h = 350.0 + 300.0 * (noise::fractal(p.x / 5200.0, p.y / 5200.0, 5, 402) - 0.45) +
-               40.0 * (noise::fractal(p.x / 850.0, p.y / 850.0, 3, 403) - 0.5);
-    h += hump(p, {0, -400}, 120.0, 650.0);
+    double h = 395.0 + 480.0 * (noise::fractal(p.x / 4400.0, p.y / 4400.0, 5, 402) - 0.45) +
+               70.0 * (noise::fractal(p.x / 950.0, p.y / 950.0, 3, 403) - 0.5);
+    h += hump(p, {0, -400}, 190.0, 560.0);
     h += hump(p, {3700, 300}, 260.0, 620.0) * (0.6 + 0.8 * noise::ridged(p.x / 1100.0, p.y / 1100.0, 4, 404));
     const double wander = 8000.0 * (noise::fractal(p.x / 9000.0, p.y / 9000.0, 3, 405) - 0.5);
-    const double mountains = noise::smooth(4500.0, 26000.0, p.y + wander);
+    const double mountains = noise::smooth(3000.0, 20000.0, p.y + wander);
     return h + mountains * (250.0 + 2000.0 * noise::ridged(p.x / 14000.0, p.y / 14000.0, 6, 406));
 }
 
@@ -103,7 +103,7 @@ double shore(double from, double cell, double beach) {
 }
 double sand_weight(double lat, double lon) {
     const place p = place_of(lat, lon);
-    return std::max(shore(from_lake(p), 140.0, 420.0), shore(from_sea(p), 1100.0, 3800.0));
+    return std::max(shore(from_lake(p), 140.0, 300.0), shore(from_sea(p), 1100.0, 3800.0));
 }
 
 double dryness(const place& p) {
