@@ -55,11 +55,11 @@ double spread(double v, double by) { return std::clamp(0.5 + by * (v - 0.5), 0.0
 
 void grass(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 9, 6, 101), 1.2);
+        const double broad = spread(noise::wrapped_fractal(s, t, 12, 6, 101), 0.8);
         const double dry = noise::smooth(0.4, 0.8, noise::wrapped_fractal(s, t, 13, 5, 102));
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 103) - 0.5;
         const rgba green = ramp(hex(0x3f5128), hex(0x566a34), hex(0x6f7d42), broad + 0.35 * fine);
-        return mix(green, hex(0x8b8450), 0.45 * dry);
+        return mix(green, hex(0x8b8450), 0.3 * dry);
     });
     scatter(c, 5200, 104, [](cairo_t* cr, double x, double y, int n) {
         const double turn = 2.0 * M_PI * noise::hash(n, 2, 104), length = 2.0 + 3.0 * noise::hash(n, 3, 104);

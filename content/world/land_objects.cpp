@@ -15,7 +15,7 @@ constexpr const char* texture_name = "countryside";
 constexpr int field = 128, fields = 4;  // pixels a side, fields each way
 
 // Fields of the picture. A tree takes its whole field.
-constexpr cell leaves{0, 3}, needles{1, 3}, crown_above{2, 3}, tiles{3, 3};
+constexpr cell leaves{0, 3}, needles{1, 3}, tiles{3, 3};
 constexpr cell plaster{0, 2}, plaster_front{1, 2}, boards{2, 2}, barn_gate{3, 2};
 constexpr cell tin{0, 1}, tank{1, 1}, timber{2, 1}, chimney_stone{3, 1};
 
@@ -65,16 +65,6 @@ void draw_needles(cairo_t* cr) {
     foliage(
         cr, [](double f) { return 40.0 * (1.0 - f) * (0.72 + 0.28 * fabs(sin(16.0 * f))) + 1.5; }, 16, 122,
         hex(0x1a2c1c), hex(0x4f6b42), 3.4, 202);
-}
-
-void draw_crown(cairo_t* cr) {
-    for (int n = 0; n < 700; ++n) {
-        const double out = sqrt(noise::hash(n, 0, 203)), a = 2.0 * M_PI * noise::hash(n, 1, 203);
-        const double x = 64 + 54 * out * cos(a), y = 64 + 54 * out * sin(a);
-        circle(cr, x, y, 3.0 + 4.0 * noise::hash(n, 2, 203));
-        set_colour(cr, mix(hex(0x2f401e), hex(0x7d8f4a), (1.0 - out) * 0.5 + 0.5 * noise::hash(n, 3, 203)));
-        cairo_fill(cr);
-    }
 }
 
 void draw_tiles(cairo_t* cr) {
@@ -155,7 +145,6 @@ void draw_pictures(const std::string& textures) {
     canvas day(fields * field, fields * field), night(fields * field, fields * field);
     put(day, "leaves", leaves, draw_leaves);
     put(day, "needles", needles, draw_needles);
-    put(day, "crown", crown_above, draw_crown);
     put(day, "tiles", tiles, draw_tiles);
     put(day, "plaster", plaster, draw_plaster);
     put(day, "front", plaster_front, draw_front);
@@ -182,12 +171,11 @@ void crossed(object_text& o, double height, double width, int planes, const cell
     }
 }
 
-void tree(const std::string& path, double height, double width, const cell& c, bool flat_crown) {
+void tree(const std::string& path, double height, double width, const cell& c) {
     object_text o(texture_name);
     o.say("ATTR_no_cull");
     o.lod(0, 600);
     crossed(o, height, width, 3, c);
-    if (flat_crown) o.floor(0, 0.62 * height, 0, 0.85 * width, 0.85 * width, crown_above);
     o.lod(600, 6000);
     crossed(o, height, width, 2, c);
     o.save(path);
@@ -288,8 +276,8 @@ const std::vector<std::string>& land_object_names() {
 
 void write_land_objects(const std::string& objects, const std::string& textures) {
     draw_pictures(textures);
-    tree(objects + "oak.obj", 11.0, 11.0, leaves, true);
-    tree(objects + "pine.obj", 17.0, 9.0, needles, false);
+    tree(objects + "oak.obj", 11.0, 11.0, leaves);
+    tree(objects + "pine.obj", 17.0, 9.0, needles);
     house(objects + "house.obj");
     barn(objects + "barn.obj");
     water_tower(objects + "water_tower.obj");

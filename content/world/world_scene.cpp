@@ -222,9 +222,11 @@ private:
         constexpr double reach = 900.0;
         for (size_t n = 0; n + 1 < road_.size(); ++n) {
             if (distance(road_[n], village) > reach) continue;
-            for (const double away : {-24.0, 24.0, -62.0, 62.0, -105.0})
-                if (noise::hash(static_cast<int>(n), static_cast<int>(away), 421) < 0.75)
-                    beside_road(n, away + 6.0 * noise::hash(static_cast<int>(n), 1, 422), "house.obj", 9.5);
+            for (const double away : {-26.0, 26.0, -75.0, 70.0})
+                if (noise::hash(static_cast<int>(n), static_cast<int>(away), 421) < 0.42)
+                    beside_road(n,
+                                away + 14.0 * noise::hash(static_cast<int>(n), static_cast<int>(away), 422),
+                                "house.obj", 9.5);
         }
     }
     void build_farms() {
@@ -248,7 +250,7 @@ private:
     // Oaks on the grass and the shore, pines where the scrub is; more of them where more grows.
     void plant() {
         constexpr int candidates = 2600, most = 750;
-        constexpr double reach = 3600.0;
+        constexpr double reach = 2600.0;
         int planted = 0;
         for (int n = 0; n < candidates && planted < most; ++n) {
             const place p = {reach * (2.0 * noise::hash(n, 0, 424) - 1.0),

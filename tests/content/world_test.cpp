@@ -413,6 +413,7 @@ TEST_F(scene_test, lies_in_layers_without_a_hole) {
             EXPECT_EQ(under->second->at[n].ele, t.at[n].ele);
             EXPECT_EQ(under->second->at[n].nx, t.at[n].nx);
             EXPECT_TRUE(under->second->terrain != 0 || t.terrain == 2) << "sand alone reaches into water";
+            EXPECT_TRUE(t.at[n].s > 0.05 && t.at[n].s < 0.95) << "where the mask repeats its ends meet";
             soft += t.at[n].s > 0.2 && t.at[n].s < 0.8;
         }
     }
