@@ -3,22 +3,19 @@
 
 #include <math.h>
 
-namespace {
-constexpr double degree_metres = 111195.0, radians = 0.017453292519943295;
-
-// The unit normal's east and south parts, by central differences.
-void set_normal(const mesh_source& source, tile_point* p) {
-    constexpr double step = 0.0005;  // degrees, some 55 m
+void set_normal(const std::function<double(double lat, double lon)>& height, double degree_metres,
+                tile_point* p) {
+    constexpr double step = 0.0005, radians = 0.017453292519943295;  // degrees
     const double across = 2.0 * step * degree_metres;
-    const double east = (source.height(p->lat, p->lon + step) - source.height(p->lat, p->lon - step)) /
-                        (across * cos(p->lat * radians));
-    const double north =
-        (source.height(p->lat + step, p->lon) - source.height(p->lat - step, p->lon)) / across;
+    const double east =
+        (height(p->lat, p->lon + step) - height(p->lat, p->lon - step)) / (across * cos(p->lat * radians));
+    const double north = (height(p->lat + step, p->lon) - height(p->lat - step, p->lon)) / across;
     const double length = sqrt(1.0 + east * east + north * north);
     p->nx = -east / length;
     p->nz = north / length;
 }
 
+namespace {
 class mesh {
 public:
     mesh(tile_writer* writer, const mesh_source& source) : writer_(*writer), source_(source) {
@@ -30,7 +27,7 @@ public:
                 p.lon = writer_.lon() + static_cast<double>(i) / source.cells;
                 p.lat = writer_.lat() + static_cast<double>(j) / source.cells;
                 p.ele = source.height(p.lat, p.lon);
-                set_normal(source, &p);
+                set_normal(source.height, source.degree_metres, &p);
             }
     }
 

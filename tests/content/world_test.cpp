@@ -1,0 +1,510 @@
+// The small worlds, loaded as the simulator loads scenery, against closed forms and against their own files.
+#include <png.h>
+
+#include <array>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <set>
+
+#include "../scenery/tile_folder.h"
+#include "core/globe.h"
+#include "core/logs.h"
+#include "core/mapfile.h"
+#include "draw/tex_refs.h"
+#include "scenery/dsf.h"
+#include "scenery/objects.h"
+#include "scenery/terrain_query.h"
+#include "weather/atmosphere.h"
+#include "world_make.h"
+
+namespace {
+constexpr double metres = 111195.0;  // a degree of latitude
+
+struct decoded_point {
+    double lon, lat, ele, nx, nz, s;
+};
+using corners = std::array<decoded_point, 3>;
+struct decoded_triangle {
+    unsigned terrain;
+    bool overlay;
+    corners at;
+};
+
+// What the decoder tells of a file.
+struct decoded_tile {
+    std::vector<decoded_triangle> triangles;
+    std::vector<std::string> terrain;
+    std::map<unsigned, int> objects;
+    int polygons = 0, windings = 0, roads = 0;
+
+    explicit decoded_tile(const std::string& path) {
+        const unsigned char* first = nullptr;
+        const XMappedFile file(path.c_str(), &first);
+        DSFCallbacks_t table = callbacks();
+        EXPECT_EQ(DSFReadMem(reinterpret_cast<const char*>(file.begin()),
+                             reinterpret_cast<const char*>(file.end()), &table, this),
+                  0);
+    }
+
+private:
+    static decoded_tile& of(void* ref) { return *static_cast<decoded_tile*>(ref); }
+    static DSFCallbacks_t callbacks() {
+        DSFCallbacks_t t;
+        t.AcceptTerrainDef_f = [](const char* name, void* ref) { of(ref).terrain.push_back(name); };
+        t.AcceptObjectDef_f = t.AcceptPolygonDef_f = t.AcceptNetworkDef_f = [](const char*, void*) {};
+        t.AcceptProperty_f = [](const char*, const char*, void*) {};
+        t.BeginPatch_f = [](unsigned terrain, double, double, unsigned char flags, float*, float*, int depth,
+                            void* ref) {
+            of(ref).patch_ = {terrain, (flags & tile_overlay) != 0, {}};
+            of(ref).depth_ = depth;
+        };
+        t.BeginPrimitive_f = [](int type, void* ref) {
+            EXPECT_EQ(type, 1) << "all are strips";
+            of(ref).strip_.clear();
+        };
+        t.AddPatchVertex_f = [](double* c, void* ref) {
+            of(ref).strip_.push_back({c[0], c[1], c[2], c[3], c[4], of(ref).depth_ == 7 ? c[5] : 0.0});
+        };
+        t.EndPrimitive_f = [](void* ref) { of(ref).take_strip(); };
+        t.EndPatch_f = t.BeginPolygonWinding_f = t.EndPolygonWinding_f = t.EndPolygon_f = [](void*) {};
+        t.AddObject_f = [](unsigned type, double*, double, void* ref) { ++of(ref).objects[type]; };
+        t.BeginSegment_f = [](unsigned, unsigned, unsigned, double*, bool, void* ref) { ++of(ref).roads; };
+        t.AddSegmentShapePoint_f = [](double*, bool, void*) {};
+        t.EndSegment_f = [](unsigned, double*, bool, void*) {};
+        t.BeginPolygon_f = [](unsigned, unsigned short, void* ref) { ++of(ref).polygons; };
+        t.BeginPolygonWinding_f = [](void* ref) { ++of(ref).windings; };
+        t.AddPolygonPoint_f = [](double*, void*) {};
+        return t;
+    }
+    void take_strip() {
+        for (size_t n = 2; n < strip_.size(); ++n) {
+            patch_.at = {strip_[n - 2], strip_[n - 1], strip_[n]};
+            triangles.push_back(patch_);
+        }
+    }
+    decoded_triangle patch_{};
+    int depth_ = 0;
+    std::vector<decoded_point> strip_;
+};
+
+class world_test : public test::system_test {
+protected:
+    test::tile_folder folder;
+    const std::string package = folder.path() + "Custom Scenery/world/";
+
+    void SetUp() override {
+        test::system_test::SetUp();
+        init_paths(folder.path());
+        clear_objects();
+        test::set_region(33.0f, -119.0f);
+        stg.draw_objs_05 = 6;
+        stg.draw_vecs_03 = 3;
+    }
+    void TearDown() override {
+        EXPECT_TRUE(test::alerts.empty())
+            << test::alerts[0].text.line[0] << ' ' << test::alerts[0].text.line[1];
+        scenery_packages.clear();
+        dsf_library.clear();
+        clear_objects();
+        test::fresh();  // planet and settings
+    }
+    void make(const std::string& name) {
+        make_world(name, package);
+        DSF_ScanSceneryFolder();
+    }
+    xdeg_struct& load(int lat, int lon) {
+        const int row = lat - static_cast<int>(env.lat_sou), column = lon - static_cast<int>(env.lon_wes);
+        EXPECT_EQ(read_new_env(lat, row, lon, column), 1);
+        return xdeg[column][row];
+    }
+    std::string file_of(int lat, int lon) const {
+        return package + (env.planet ? "Mars" : "Earth") + " nav data/" +
+               return_latlon_str_ENV(lat, lon, ".dsf");
+    }
+    static std::array<float, 2> xz(double lat, double lon) {
+        double x, y, z;
+        xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
+        return {static_cast<float>(x), static_cast<float>(z)};
+    }
+    // Elevation of the ground that is stood on; x and z of a place widen with its elevation.
+    static double ground(double lat, double lon) {
+        double ele = 0.0;
+        for (int pass = 0; pass < 4; ++pass) {
+            double x, y, z, lat_there, lon_there;
+            xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, ele);
+            y = return_terrain_y(static_cast<float>(x), static_cast<float>(z), 26);
+            xdob_latlonel_with_xyz(&lat_there, &lon_there, &ele, x, y, z);
+        }
+        return ele;
+    }
+    static bool wet(double lat, double lon) {
+        const auto [x, z] = xz(lat, lon);
+        return find_terrain_poly(x, z, 26) && terrain_is_wet(x, z, 26);
+    }
+    static double from_middle(double lat, double lon) {
+        return hypot((lat - 34.5) * metres, (lon + 117.5) * metres * cos(34.5 * dob_degtorad));
+    }
+    static std::vector<d3_struct> stood_on(const xdeg_struct& tile) {
+        std::vector<d3_struct> all;
+        for (unsigned level = 0; level < tile.ytest_buckets.GetLayerCount(); ++level)
+            tile.ytest_buckets.IterateBucketLayer(
+                level, [&](XBucketID, const std::vector<ytest_patch_struct*>& patches) {
+                    for (const ytest_patch_struct* patch : patches)
+                        for (const ytest_pol_struct& pol : patch->ytest_pol)
+                            all.insert(all.end(), pol.geo.begin(), pol.geo.end());
+                });
+        return all;
+    }
+};
+
+// A cell's diagonal, m: the source is straight across it, the globe is not.
+constexpr double cell = 1720.0;
+constexpr double bulge = cell * cell / 8.0 / 6378145.0, narrow = 0.02;
+
+TEST_F(world_test, the_cone_has_its_closed_form) {
+    make("cone");
+    load(34, -118);
+    const test::fp_traps traps;
+    constexpr double radius = 30000.0, steepness = 1600.0 / radius;
+    int on_the_cone = 0;
+    for (double lat = 34.013; lat < 34.98; lat += 0.0137)
+        for (double lon = -117.987; lon < -117.02; lon += 0.0159) {
+            const double away = from_middle(lat, lon);
+            const double meant = 200.0 + 1600.0 * std::max(0.0, 1.0 - away / radius);
+            const bool at_an_edge = away < 1.5 * cell || fabs(away - radius) < cell;
+            // a cone is hollow nowhere: facets lie below it. It bends along its circles, by its
+            // steepness over the distance
+            const double sag = at_an_edge             ? steepness * cell
+                               : away < radius - cell ? steepness / (away - cell) * cell * cell / 8.0
+                                                      : 0.0;
+            const double quantised = 0.5 * 2048.0 / 65535.0;
+            const double slack = quantised + bulge + narrow;
+            EXPECT_LE(ground(lat, lon), meant + (at_an_edge ? sag : 0.0) + slack) << lat << ' ' << lon;
+            EXPECT_GE(ground(lat, lon), meant - sag - slack) << lat << ' ' << lon;
+            EXPECT_FALSE(wet(lat, lon));
+            on_the_cone += away < radius;
+        }
+    EXPECT_GT(on_the_cone, 800);
+    EXPECT_NEAR(ground(34.5, -117.5), 1800.0, steepness * cell);
+}
+
+TEST_F(world_test, the_lake_is_level_and_wet_within_its_shore) {
+    make("lake");
+    load(34, -118);
+    int inside = 0, outside = 0;
+    for (double lat = 34.02; lat < 34.97; lat += 0.0131)
+        for (double lon = -117.98; lon < -117.03; lon += 0.0147) {
+            const double away = from_middle(lat, lon) - 12000.0;
+            if (fabs(away) < cell) continue;
+            EXPECT_EQ(wet(lat, lon), away < 0.0) << lat << ' ' << lon;
+            if (away < 0.0) {
+                EXPECT_NEAR(ground(lat, lon), 372.0, bulge + narrow);
+            }
+            EXPECT_GE(ground(lat, lon), 372.0 - bulge - narrow) << "nothing lies lower";
+            (away < 0.0 ? inside : outside)++;
+        }
+    EXPECT_GT(inside, 150);
+    EXPECT_GT(outside, 2000);
+    const decoded_tile file(file_of(34, -118));
+    for (const decoded_triangle& t : file.triangles)
+        for (const decoded_point& p : t.at) ASSERT_TRUE(t.terrain != 0 || p.ele == 372.0);
+    EXPECT_GT(ground(34.05, -117.95), 500.0);
+}
+
+TEST_F(world_test, the_coast_falls_to_the_sea_over_a_beach) {
+    make("coast");
+    load(34, -118);
+    for (double lon = -117.97; lon < -117.02; lon += 0.0217) {
+        EXPECT_TRUE(wet(34.1, lon));
+        EXPECT_NEAR(ground(34.1, lon), 0.0, bulge + narrow);
+        EXPECT_FALSE(wet(34.9, lon));
+        EXPECT_GT(ground(34.9, lon), 300.0);
+        double before = -1.0;
+        int changes = 0;
+        bool was_wet = true;
+        for (double lat = 34.05; lat < 34.95; lat += 0.01) {
+            EXPECT_GE(ground(lat, lon), before - 2.0 * bulge - narrow) << "it rises inland";
+            before = ground(lat, lon);
+            changes += wet(lat, lon) != was_wet;
+            was_wet = wet(lat, lon);
+        }
+        EXPECT_LE(changes, 3) << "one shore, with the steps of its cells";
+    }
+    const decoded_tile file(file_of(34, -118));
+    ASSERT_EQ(file.terrain.size(), 3u);
+    std::map<unsigned, double> highest;
+    for (const decoded_triangle& t : file.triangles)
+        for (const decoded_point& p : t.at) highest[t.terrain] = std::max(highest[t.terrain], p.ele);
+    EXPECT_EQ(highest.size(), 3u);
+    EXPECT_EQ(highest[0], 0.0);
+    EXPECT_NEAR(highest[2], 12.0 + 0.5 * 0.01 * cell, 0.5 * 0.01 * cell)
+        << "the beach ends where it begins to climb";
+}
+
+TEST_F(world_test, the_pair_meets_without_a_hole) {
+    make("pair");
+    std::map<double, std::array<double, 3>> edge[2];
+    for (const int side : {0, 1}) {
+        const decoded_tile file(file_of(34, -118 + side));
+        for (const decoded_triangle& t : file.triangles)
+            for (const decoded_point& p : t.at)
+                if (p.lon == -117.0) edge[side][p.lat] = {p.ele, p.nx, p.nz};
+    }
+    EXPECT_EQ(edge[0].size(), 86u);
+    EXPECT_EQ(edge[0], edge[1]) << "places, heights, normals";
+    std::set<double> heights;
+    for (const auto& [lat, values] : edge[0]) heights.insert(values[0]);
+    EXPECT_GT(heights.size(), 70u) << "hills";
+
+    std::set<std::array<float, 3>> points[2];
+    for (const int side : {0, 1})
+        for (const d3_struct& v : stood_on(load(34, -118 + side)))
+            points[side].insert({v.v[0], v.v[1], v.v[2]});
+    size_t common = 0;
+    for (const auto& p : points[0]) common += points[1].count(p);
+    EXPECT_EQ(common, 86u);
+    for (double lat = 34.001; lat < 34.98; lat += 0.00037) {
+        const auto [x, z] = xz(lat, -117.0);
+        float last = return_terrain_y(x - 1.0f, z, 26);
+        for (float beside = -1.0f; beside <= 1.0f; beside += 0.0625f) {
+            ASSERT_TRUE(find_terrain_poly(x + beside, z, 26)) << lat << ' ' << beside;
+            const float y = return_terrain_y(x + beside, z, 26);
+            EXPECT_NEAR(y, last, 0.06) << "no step";
+            last = y;
+        }
+    }
+}
+
+TEST_F(world_test, the_large_tile_is_large) {
+    make("large");
+    EXPECT_EQ(stood_on(load(34, -118)).size() / 3, 2u * 255 * 255);
+    EXPECT_EQ(decoded_tile(file_of(34, -118)).triangles.size(), 130050u);
+}
+
+TEST_F(world_test, mars_has_craters_and_slopes_of_its_own_size) {
+    make("mars");
+    EXPECT_EQ(read_new_env(-11, 0, -73, 0), 0) << "not on Earth";
+    env.planet = 1;
+    set_planet_specs(1);
+    test::set_region(-15.0f, -79.0f);
+    load(-11, -73);
+    std::map<std::pair<long, long>, decoded_point> grid;
+    const decoded_tile file(file_of(-11, -73));
+    for (const decoded_triangle& t : file.triangles)
+        for (const decoded_point& p : t.at)
+            grid[{lround((p.lon + 73.0) * 85.0), lround((p.lat + 11.0) * 85.0)}] = p;
+    ASSERT_EQ(grid.size(), 86u * 86u);
+    const double east_step = 2.0 / 85.0 * 3396200.0 * dob_degtorad * cos(-10.5 * dob_degtorad);
+    double product = 0.0, square = 0.0, lowest = 0.0, highest = -9999.0;
+    for (const auto& [at, p] : grid) {
+        lowest = std::min(lowest, p.ele);
+        highest = std::max(highest, p.ele);
+        const auto west = grid.find({at.first - 1, at.second}), east = grid.find({at.first + 1, at.second});
+        if (west == grid.end() || east == grid.end()) continue;
+        const double slope = (east->second.ele - west->second.ele) / east_step;
+        product += slope * -p.nx / sqrt(1.0 - p.nx * p.nx - p.nz * p.nz);
+        square += slope * slope;
+    }
+    EXPECT_NEAR(product / square, 1.0, 0.2) << "normals lean as the ground does";
+    EXPECT_LT(lowest, -4200.0);
+    EXPECT_GT(highest, -3600.0);
+    for (size_t n = 0; n < file.triangles.size(); n += 97) {
+        const auto& [a, b, c] = file.triangles[n].at;
+        const double lat = (a.lat + b.lat + c.lat) / 3.0, lon = (a.lon + b.lon + c.lon) / 3.0;
+        EXPECT_NEAR(ground(lat, lon), (a.ele + b.ele + c.ele) / 3.0, 0.1);
+        EXPECT_FALSE(wet(lat, lon));
+    }
+}
+
+// -- the scene
+
+class scene_test : public world_test {
+protected:
+    void SetUp() override {
+        world_test::SetUp();
+        std::filesystem::create_directories(folder.path() + "Resources/default scenery");
+        std::filesystem::copy(INSTALL_FOLDER "Resources/default scenery/Tarvane objects",
+                              folder.path() + "Resources/default scenery/Tarvane objects",
+                              std::filesystem::copy_options::recursive);
+        make("scene");
+    }
+};
+
+TEST_F(scene_test, loads_without_a_word_and_all_objects_stand_on_the_ground) {
+    xer.open(folder.path() + "Error.out");
+    const xdeg_struct& tile = load(34, -118);
+    xer.close();
+    EXPECT_EQ(test::read_file(folder.path() + "Error.out"), "");
+    int soft = 0;
+    std::set<int> pictures, models;
+    std::vector<const scene_objct_struct*> objects;
+    for (const xlay_struct& layer : tile.tex_layers) {
+        pictures.insert(layer.plane_tex_ref);
+        soft += layer.has_border_mask && layer.plane_bor_ref != 0 && layer.poly_offset == 1;
+        for (unsigned level = 0; level < layer.objct_buckets.GetLayerCount(); ++level)
+            layer.objct_buckets.IterateBucketLayer(
+                level, [&](XBucketID, const std::vector<scene_objct_struct*>& some) {
+                    objects.insert(objects.end(), some.begin(), some.end());
+                });
+    }
+    EXPECT_EQ(soft, 3) << "sand, scrub, rock";
+    EXPECT_GE(pictures.size(), 1u + 4u + 3u) << "water, grounds, the objects' textures";
+    EXPECT_GT(objects.size(), 400u);
+    const std::vector<d3_struct> ground = stood_on(tile);
+    for (const scene_objct_struct* object : objects) {
+        models.insert(object->M_SIM);
+        const double x = object->xyz[0], z = object->xyz[2];
+        EXPECT_FALSE(terrain_is_wet(object->xyz[0], object->xyz[2], 26));
+        double y = NAN;  // of the triangle around it, by areas
+        for (size_t n = 0; n + 2 < ground.size() && std::isnan(y); n += 3) {
+            const float *a = ground[n].v, *b = ground[n + 1].v, *c = ground[n + 2].v;
+            if (fabs(a[0] - x) > 2500.0 || fabs(a[2] - z) > 2500.0) continue;
+            const auto area = [](double x1, double z1, double x2, double z2) { return x1 * z2 - x2 * z1; };
+            const double all = area(b[0] - a[0], b[2] - a[2], c[0] - a[0], c[2] - a[2]);
+            const double u = area(x - a[0], z - a[2], c[0] - a[0], c[2] - a[2]) / all;
+            const double v = area(b[0] - a[0], b[2] - a[2], x - a[0], z - a[2]) / all;
+            if (u >= -1e-6 && v >= -1e-6 && u + v <= 1.0 + 1e-6)
+                y = a[1] + u * (b[1] - a[1]) + v * (c[1] - a[1]);
+        }
+        EXPECT_NEAR(object->xyz[1], y, 0.05) << vec_mod[static_cast<size_t>(object->M_SIM)].path;
+    }
+    EXPECT_GE(models.size(), 9u);
+    for (const int M : models) {
+        const vec_mod_struct& model = vec_mod[static_cast<size_t>(M)];
+        EXPECT_GE(model.tex_ref_1, tex_free) << model.path;
+        EXPECT_GE(model.tex_ref_2, tex_free) << model.path;
+    }
+}
+
+// The middle of a triangle, so that it can be found again.
+std::pair<double, double> place_of(const decoded_triangle& t) {
+    return {t.at[0].lon + t.at[1].lon + t.at[2].lon, t.at[0].lat + t.at[1].lat + t.at[2].lat};
+}
+
+TEST_F(scene_test, lies_in_layers_without_a_hole) {
+    const decoded_tile tile(file_of(34, -118));
+    std::map<std::pair<double, double>, const decoded_triangle*> base;
+    std::map<unsigned, int> bases, overlays;
+    double area = 0.0, soft = 0.0;
+    std::set<double> lake, sea;
+    for (const decoded_triangle& t : tile.triangles) {
+        if (t.overlay) continue;
+        ++bases[t.terrain];
+        base[place_of(t)] = &t;
+        const auto& [a, b, c] = t.at;
+        area += 0.5 * fabs((b.lon - a.lon) * (c.lat - a.lat) - (c.lon - a.lon) * (b.lat - a.lat));
+        if (t.terrain == 0)
+            for (const decoded_point& p : t.at) (p.lon > -117.4 ? lake : sea).insert(p.ele);
+    }
+    EXPECT_NEAR(area, 1.0, 1e-9) << "once everywhere";
+    EXPECT_EQ(base.size(), tile.triangles.size() - std::count_if(tile.triangles.begin(), tile.triangles.end(),
+                                                                 [](const auto& t) { return t.overlay; }));
+    ASSERT_EQ(lake.size(), 1u) << "level";
+    EXPECT_NEAR(*lake.begin(), 340.0, 0.04);
+    EXPECT_EQ(sea, std::set<double>({0.0}));
+    for (const decoded_triangle& t : tile.triangles) {
+        if (!t.overlay) continue;
+        ++overlays[t.terrain];
+        const auto under = base.find(place_of(t));
+        ASSERT_NE(under, base.end()) << "of its own form";
+        EXPECT_LT(under->second->terrain, t.terrain);
+        for (size_t n = 0; n < 3; ++n) {
+            EXPECT_EQ(under->second->at[n].ele, t.at[n].ele);
+            EXPECT_EQ(under->second->at[n].nx, t.at[n].nx);
+            EXPECT_TRUE(under->second->terrain != 0 || t.terrain == 2) << "sand alone reaches into water";
+            EXPECT_TRUE(t.at[n].s > 0.05 && t.at[n].s < 0.95) << "where the mask repeats its ends meet";
+            soft += t.at[n].s > 0.2 && t.at[n].s < 0.8;
+        }
+    }
+    EXPECT_EQ(tile.terrain,
+              (std::vector<std::string>{"terrain_Water", "grass.ter", "sand.ter", "scrub.ter", "rock.ter"}));
+    EXPECT_EQ(bases.size(), 5u);
+    EXPECT_EQ(overlays.size(), 3u);
+    EXPECT_GT(soft, 1000.0);
+    EXPECT_EQ(tile.polygons, 3);
+    EXPECT_EQ(tile.windings, 4);
+    EXPECT_GE(tile.roads, 2);
+}
+
+// -- files
+
+struct picture {
+    unsigned dx = 0, dy = 0;
+    std::vector<unsigned char> rgb;
+    explicit picture(const std::string& path) {
+        png_image image{};
+        image.version = PNG_IMAGE_VERSION;
+        EXPECT_TRUE(png_image_begin_read_from_file(&image, path.c_str())) << path;
+        image.format = PNG_FORMAT_RGB;
+        dx = image.width;
+        dy = image.height;
+        rgb.resize(PNG_IMAGE_SIZE(image));
+        EXPECT_TRUE(png_image_finish_read(&image, nullptr, rgb.data(), 0, nullptr));
+    }
+    int green(unsigned x, unsigned y) const { return rgb[3 * (y * dx + x) + 1]; }
+    // Mean difference between columns, or rows.
+    double across(unsigned x1, unsigned x2) const {
+        double sum = 0.0;
+        for (unsigned y = 0; y < dy; ++y) sum += abs(green(x1, y) - green(x2, y));
+        return sum / dy;
+    }
+    double up(unsigned y1, unsigned y2) const {
+        double sum = 0.0;
+        for (unsigned x = 0; x < dx; ++x) sum += abs(green(x, y1) - green(x, y2));
+        return sum / dx;
+    }
+};
+
+TEST_F(world_test, pictures_of_the_ground_repeat_without_a_seam) {
+    for (const char* name : {"scene", "mars"}) make(name);
+    for (const char* name : {"grass", "sand", "scrub", "rock", "mars_soil"}) {
+        const picture p(package + "custom terrain textures/" + name + ".png");
+        ASSERT_TRUE(p.dx <= 1024 && p.dy <= 1024);
+        double usual = 0.0;
+        constexpr unsigned some = 60;
+        for (unsigned n = 0; n < some; ++n)
+            usual += (p.across(8 * n, 8 * n + 1) + p.up(8 * n, 8 * n + 1)) / (2 * some);
+        EXPECT_LT(p.across(0, p.dx - 1), 1.5 * usual) << name;
+        EXPECT_LT(p.up(0, p.dy - 1), 1.5 * usual) << name;
+    }
+    const picture mask(package + "custom terrain textures/soft_border.png");
+    for (unsigned y = 0; y < mask.dy; ++y) {
+        EXPECT_EQ(mask.green(0, y), 0);
+        EXPECT_EQ(mask.green(mask.dx - 1, y), 255);
+    }
+}
+
+TEST_F(world_test, no_definition_holds_what_cannot_be_drawn) {
+    int definitions = 0;
+    for (const world_entry& world : all_worlds()) {
+        make_world(world.name, package + world.name);
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(package + world.name)) {
+            if (entry.path().extension() != ".ter") continue;
+            const std::string text = test::read_file(entry.path().string());
+            const auto has = [&](const char* word) { return text.find(word) != std::string::npos; };
+            EXPECT_TRUE(has("NO_ALPHA") || has("COMPOSITE_TEX")) << entry.path();
+            EXPECT_FALSE(has("LIT_TEX") && has("BORDER_TEX")) << entry.path();
+            ++definitions;
+        }
+    }
+    EXPECT_GE(definitions, 12);
+}
+
+TEST_F(world_test, the_program_tells_what_it_makes_and_what_went_wrong) {
+    const std::string program = TOOL_FOLDER "../content/world/world_make";
+    const test::run_result list = test::run(program);
+    EXPECT_EQ(list.status, 0);
+    for (const world_entry& world : all_worlds())
+        EXPECT_NE(list.output.find("\n  " + std::string(world.name)), std::string::npos) << world.name;
+    const test::run_result unknown = test::run(program + " moon '" + package + "'");
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_EQ(unknown.output, "world_make: there is no world moon\n");
+    folder.write("", "file", "in the way");
+    const test::run_result blocked = test::run(program + " cone '" + folder.path() + "file/world'");
+    EXPECT_EQ(blocked.status, 1);
+    EXPECT_NE(blocked.output.find("file/world"), std::string::npos) << blocked.output;
+    EXPECT_EQ(test::run(program + " cone '" + package + "'").status, 0);
+    EXPECT_TRUE(std::filesystem::exists(file_of(34, -118)));
+}
+}  // namespace
