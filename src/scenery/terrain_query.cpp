@@ -14,10 +14,11 @@ namespace {
 
 float edge_length(const d3_struct& a, const d3_struct& b) { return pythag(b.v[0] - a.v[0], b.v[2] - a.v[2]); }
 
-// On the inner side of the edge from a to b of a shape that runs clockwise from above.
-bool inside_cw_reg(const d3_struct& a, const d3_struct& b, float x, float z) {
-    const float dx = b.v[0] - a.v[0], dz = b.v[2] - a.v[2];
-    return (x - a.v[0]) * dz - (z - a.v[2]) * dx <= 0.0f;
+// On the inner side of the edge from a to b of a shape that runs clockwise from above. In double, so that a
+// point on the edge of two triangles is never outside of both by rounding.
+bool inside_cw_reg(const d3_struct& a, const d3_struct& b, double x, double z) {
+    const double dx = static_cast<double>(b.v[0]) - a.v[0], dz = static_cast<double>(b.v[2]) - a.v[2];
+    return (x - a.v[0]) * dz - (z - a.v[2]) * dx <= 0.0;
 }
 
 // Tiles are cleaned of such triangles while they load; their inside has no meaning.
