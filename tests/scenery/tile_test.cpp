@@ -97,6 +97,28 @@ TEST_F(tile_test, an_asker_finds_again_from_where_it_was) {
         EXPECT_EQ(test::expect_fatal([bad] { find_terrain_poly(0, 0, bad); }).line[0], "Bad checker type!");
 }
 
+TEST_F(tile_test, the_edges_of_triangles_leave_no_gap) {
+    folder.write_tile(test::land_tile(34, -118, flat, land, 85));
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    const std::vector<d3_struct> corners = vertices_of(xdeg[1][1]);
+    using edge = std::array<float, 4>;
+    const auto edge_at = [&](size_t i) {
+        const d3_struct &a = corners[i], &b = corners[i % 3 == 2 ? i - 2 : i + 1];
+        return edge{a.v[0], a.v[2], b.v[0], b.v[2]};
+    };
+    std::set<edge> all;
+    for (size_t i = 0; i < corners.size(); ++i) all.insert(edge_at(i));
+    size_t shared = 0, gaps = 0;
+    for (const edge& e : all) {
+        if (!all.count({e[2], e[3], e[0], e[1]})) continue;  // the tile's rim
+        ++shared;
+        for (const float part : {0.0f, 0.25f, 0.3f, 0.5f, 0.9f})
+            gaps += !find_terrain_poly(e[0] + part * (e[2] - e[0]), e[1] + part * (e[3] - e[1]), 26);
+    }
+    EXPECT_GT(shared, size_t{40000});
+    EXPECT_EQ(gaps, size_t{0});
+}
+
 TEST_F(tile_test, neighbours_share_their_edge_exactly) {
     const auto hills = [](double lat, double lon) { return 500.0 + 300.0 * sin(9.0 * lat) * cos(7.0 * lon); };
     for (const int lat : {33, 34})
