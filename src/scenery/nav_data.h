@@ -7,6 +7,8 @@
 // Reads the tables of the present planet and all that hangs on them: custom airports over the default ones,
 // the region of the selected airport, the sky. Without one usable airport it is fatal.
 void read_planet_nav();
+// Its first part: the tables alone.
+void read_nav_tables();
 
 // Each clears its tables and reads the default file (IO_type 0). 1, or 0 when the file is missing or of
 // another version.

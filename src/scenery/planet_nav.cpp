@@ -111,11 +111,15 @@ void limit_gps_indexes() {
 }
 }  // namespace
 
-void read_planet_nav() {
+void read_nav_tables() {
     read_fixes_and_airways();
     read_airports_and_navaids();
     read_custom_airports();
     remove_replaced();
+}
+
+void read_planet_nav() {
+    read_nav_tables();
     load_selected_region();
     load_sky();
     limit_gps_indexes();

@@ -116,6 +116,14 @@ TEST_F(nav_info, tells_of_an_airport) {
     EXPECT_EQ(text.find("KTWO"), std::string::npos);
 }
 
+TEST_F(nav_info, knows_the_airports_of_packages) {
+    folder.write("Custom Scenery/mine/Earth nav data/apt.dat",
+                 "I\n715 test\n\n1 77 1 0 KTST My Own Field\n"
+                 "10 0.0 30.0 09x 90.0 5000 0.0 0.0 200 334223 2 0 0 0.25 0\n99\n");
+    expect_words("KTST --type apt", {"KTST  My Own Field", "elevation 77 ft"});
+    expect_words("KTWO --type apt", {"KTWO  Second"});
+}
+
 // The equator at 30 degrees east has an easterly variation of nearly 2 degrees: a compass shows less.
 TEST_F(nav_info, turns_true_headings_to_magnetic_ones) {
     expect_words("KTST --type apt", {"09  090 true, 088 magnetic", "27  270 true, 268 magnetic"});

@@ -9,6 +9,7 @@
 #include "core/jobs.h"
 #include "core/paths.h"
 #include "core/records.h"
+#include "scenery/library.h"
 #include "scenery/nav_data.h"
 #include "weather/atmosphere.h"
 #include "words.h"
@@ -78,10 +79,8 @@ void load_tables(const std::string& install_folder, int planet) {
     set_planet_specs(planet);
     env.planet = planet;
     init_paths(install_folder);
-    IO_fix(0);
-    IO_awy(0);
-    IO_nav(0);
-    IO_apt(0, "");
+    DSF_ScanSceneryFolder();
+    read_nav_tables();
 }
 
 place airport_place(const vec_apt_struct& apt) {
