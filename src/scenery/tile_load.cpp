@@ -53,6 +53,13 @@ const DSFCallbacks_t callbacks = {
     DSF_AddPolygonPoint,      DSF_EndPolygonWinding, DSF_EndPolygon,
 };
 
+// Null when the file is good.
+const char* fault_of(int error, const DSF_LoadState& state) {
+    if (error != dsf_ErrOK) return dsfErrorMessages[error];
+    if (state.has_bad_geometry) return "it has points outside of its degree, or patches of no terrain";
+    return state.scene_patches.empty() ? "it has no terrain" : nullptr;
+}
+
 // True when the file is there and good. What a bad one has left behind is cleared.
 bool read_candidate(const std::string& path, DSF_LoadState* state) {
     XMappedFile file;
@@ -60,8 +67,9 @@ bool read_candidate(const std::string& path, DSF_LoadState* state) {
     DSFCallbacks_t table = callbacks;
     const int error = DSFReadMem(reinterpret_cast<const char*>(file.begin()),
                                  reinterpret_cast<const char*>(file.end()), &table, state);
-    if (error == dsf_ErrOK && !state->has_bad_geometry && !state->scene_patches.empty()) return true;
-    xer << "Scenery file " << path << " cannot be used: " << dsfErrorMessages[error] << '\n';
+    const char* const fault = fault_of(error, *state);
+    if (!fault) return true;
+    xer << "Scenery file " << path << " cannot be used: " << fault << '\n';
     clear_degree(state->degree);
     forget_edges_of(g_lon_os, g_lat_os);
     return false;
