@@ -18,18 +18,21 @@
 #include "scenery/tile.h"
 
 namespace {
-constexpr float view_deg = 60.0f;                                                                // horizontal
-constexpr float near_clip = 1.5f, haze_from = 4000.0f, haze_to = 75000.0f, far_clip = 90000.0f;  // m
+constexpr float view_deg = 60.0f;                                              // horizontal
+constexpr float haze_from = 4000.0f, haze_to = 75000.0f, far_clip = 90000.0f;  // m
 constexpr float haze[3] = {0.73f, 0.80f, 0.86f}, zenith[3] = {0.30f, 0.50f, 0.80f};
 
 // -- the eye
 
+// Above the ground along the place's own vertical, which leans in the frame of the region.
 void place_eye(const eye_place& eye) {
     constexpr int checker = 27;
-    xyz_with_latlonel(&ren.view_xyz[0], &ren.view_xyz[1], &ren.view_xyz[2], static_cast<float>(eye.lat),
-                      static_cast<float>(eye.lon), 0.0f);
-    ren.view_xyz[1] =
-        return_terrain_y(ren.view_xyz[0], ren.view_xyz[2], checker) + static_cast<float>(eye.height);
+    double at[3], lat, lon, ground;
+    xdob_xyz_with_latlonel(&at[0], &at[1], &at[2], eye.lat, eye.lon, 0.0);
+    const double y = return_terrain_y(static_cast<float>(at[0]), static_cast<float>(at[2]), checker);
+    xdob_latlonel_with_xyz(&lat, &lon, &ground, at[0], y, at[2]);
+    xdob_xyz_with_latlonel(&at[0], &at[1], &at[2], eye.lat, eye.lon, ground + eye.height);
+    for (int i = 0; i < 3; ++i) ren.view_xyz[i] = static_cast<float>(at[i]);
 }
 
 // An afternoon sun in the south-west, so that slopes show; directions of the world.
@@ -45,6 +48,9 @@ void light_the_land() {
 
 // Upright on the curved planet in the flat frame of the region.
 void look_from(const eye_place& eye) {
+    // as far off as may be: the depth of distant ground has few bits
+    constexpr float closest = 1.5f, per_height = 0.02f;
+    const float near_clip = fltmax2(closest, per_height * static_cast<float>(eye.height));
     OGL_view_3d(view_deg, near_clip, far_clip);
     glRotatef(static_cast<float>(-eye.pitch), 1.0f, 0.0f, 0.0f);
     glRotatef(static_cast<float>(eye.heading), 0.0f, 1.0f, 0.0f);
