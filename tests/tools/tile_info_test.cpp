@@ -133,6 +133,7 @@ TEST_F(tile_info_test, counts_what_the_tile_holds) {
     EXPECT_EQ(std::vector<double>({near, far, depth, patches, triangles, lists, strips, fans}),
               std::vector<double>({100, 2000, 7, 1, 5, 1, 0, 1}));
     EXPECT_NEAR(largest, 10301.0, 5.0);
+    EXPECT_NE(run("--mars " + path).output.find("3 shape points, 11.9 km"), std::string::npos);
 }
 
 TEST_F(tile_info_test, draws_the_lake_where_it_lies) {

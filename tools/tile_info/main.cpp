@@ -37,12 +37,15 @@ area area_from(const std::string& text) {
 
 int run(int argc, char** argv) {
     constexpr size_t most_files = 2;
-    const options from(usage, {{"area", "S,N,W,E", "draws only these degrees"}}, argc, argv, most_files);
+    const options from(usage,
+                       {{"area", "S,N,W,E", "draws only these degrees"},
+                        {"mars", nullptr, "the tile is of Mars: its metres are shorter"}},
+                       argc, argv, most_files);
     if (from.wants_help()) return from.print_help(), exit_good;
     if (from.files().empty()) throw wrong_use("which tile?");
     const area given = from.has("area") ? area_from(from.text("area", "")) : area{};
     const tile_file file(from.files()[0]);
-    const tile_survey survey = survey_tile(file);
+    const tile_survey survey = survey_tile(file, from.has("mars") ? mars_degree : earth_degree);
     print_report(file, survey);
     if (from.files().size() < most_files) return exit_good;
     if (!from.has("area") && !survey.has_extent()) throw std::runtime_error("no extent, nothing to draw");

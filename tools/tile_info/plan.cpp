@@ -66,7 +66,8 @@ struct map {
 
     point at(double lon, double lat) const {
         constexpr double far_away = 1e6;  // cairo counts in 24 bits
-        const point p = on.at({(lon - middle_lon) * metres_per_lon, (lat - middle_lat) * metres_per_degree});
+        const point p =
+            on.at({(lon - middle_lon) * metres_per_lon, (lat - middle_lat) * survey.metres_per_degree});
         return {std::clamp(p.x, -far_away, far_away), std::clamp(p.y, -far_away, far_away)};
     }
     void begin_patch(unsigned terrain, double lod_near, unsigned char flags, int depth) {
@@ -323,6 +324,7 @@ void draw_legend_column(map& m, double x, double width, const char* title,
                         const std::vector<legend_row>& rows) {
     constexpr double size = 13.0, line_height = 20.0;
     constexpr size_t most = 14;
+    if (rows.empty()) return;
     double y = table_frame.y + 10.0;
     m.on.text({x, y}, 0.0, title, size, faint_ink);
     const size_t shown = rows.size() > most ? most - 1 : rows.size();
@@ -351,9 +353,9 @@ void draw_legend(map& m) {
 void draw_plan(const tile_file& file, const tile_survey& survey, const area& extent,
                const std::string& png_path) {
     const double lon = 0.5 * (extent.lon.min + extent.lon.max), lat = 0.5 * (extent.lat.min + extent.lat.max);
-    const double metres_per_lon = metres_per_degree * std::max(cos(lat * rad), 0.01);
+    const double metres_per_lon = survey.metres_per_degree * std::max(cos(lat * rad), 0.01);
     const flat_point north_east = {0.5 * extent.lon.size() * metres_per_lon,
-                                   0.5 * extent.lat.size() * metres_per_degree};
+                                   0.5 * extent.lat.size() * survey.metres_per_degree};
     sheet on({-north_east.east, -north_east.north}, north_east);
     map m{on, survey, extent, lon, lat, metres_per_lon};
     draw_map(m, file);

@@ -79,8 +79,8 @@ void print_definitions(const tile_survey& survey) {
     }
 }
 
-// Degrees of a plane's whole scale in metres, for what a step of the pool is worth.
-std::string plane_text(const pool_facts& pool, size_t plane) {
+// From, to and by what step; degrees step in metres.
+std::string plane_text(const pool_facts& pool, size_t plane, double metres_per_degree) {
     static const char* const terrain[] = {"lon", "lat", "ele", "nx", "nz"};
     static const char* const network[] = {"lon", "lat", "ele", "node", "lon2", "lat2", "ele2"};
     static const char* const object[] = {"lon", "lat", "heading"};
@@ -108,15 +108,16 @@ void print_pools(const tile_survey& survey) {
                pool.planes, pool.points, pool.bytes);
         std::string planes;
         for (size_t plane = 0; plane < pool.scaling.size(); ++plane)
-            planes += (plane ? "; " : "") + plane_text(pool, plane);
+            planes += (plane ? "; " : "") + plane_text(pool, plane, survey.metres_per_degree);
         printf("       %s\n", planes.c_str());
     }
 }
 
 // Half the tile's shorter side, m; what the loader accepts.
-double widest_patch(const area& extent) {
+double widest_patch(const tile_survey& survey) {
+    const area& extent = survey.extent;
     const double middle = 0.5 * (extent.lat.min + extent.lat.max);
-    return 0.5 * metres_per_degree *
+    return 0.5 * survey.metres_per_degree *
            std::min(extent.lat.size(), extent.lon.size() * fabs(cos(middle * M_PI / 180.0)));
 }
 
@@ -134,9 +135,9 @@ void print_patches(const tile_survey& survey) {
                sum.patches, sum.triangles, sum.primitives[dsf_triangles], sum.primitives[dsf_strip],
                sum.primitives[dsf_fan], sum.largest);
     }
-    if (survey.has_extent() && all.largest > widest_patch(survey.extent))
+    if (survey.has_extent() && all.largest > widest_patch(survey))
         printf("  Patches wider than half the tile, %.0f m: the simulator complains of them\n",
-               widest_patch(survey.extent));
+               widest_patch(survey));
 }
 
 void print_things(const tile_survey& survey) {

@@ -10,11 +10,6 @@
 #include "scenery/dsf_format.h"
 
 namespace {
-double metres_between(const double* a, const double* b) {
-    const double east = (b[0] - a[0]) * cos(0.5 * (a[1] + b[1]) * M_PI / 180.0);
-    return metres_per_degree * hypot(east, b[1] - a[1]);
-}
-
 struct counter {
     tile_survey& to;
     patch_sum* patch = nullptr;
@@ -26,6 +21,10 @@ struct counter {
     unsigned subtype = 0;
     double last_road[2] = {};
 
+    double metres_between(const double* a, const double* b) const {
+        const double east = (b[0] - a[0]) * cos(0.5 * (a[1] + b[1]) * M_PI / 180.0);
+        return to.metres_per_degree * hypot(east, b[1] - a[1]);
+    }
     // The definition, or null and a note.
     definition* use(definition_kind kind, unsigned index) {
         if (index >= to.definitions[kind].size()) {
@@ -198,8 +197,9 @@ patch_sum tile_survey::all_patches() const {
     return all;
 }
 
-tile_survey survey_tile(const tile_file& file) {
+tile_survey survey_tile(const tile_file& file, double metres_per_degree) {
     tile_survey survey;
+    survey.metres_per_degree = metres_per_degree;
     counter count{survey};
     file.tell(counting(), &count);
     survey.pools = pools_of(file);

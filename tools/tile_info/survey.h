@@ -53,6 +53,7 @@ struct pool_facts {
 };
 
 struct tile_survey {
+    double metres_per_degree = earth_degree;  // along a meridian
     std::vector<std::pair<std::string, std::string>> properties;
     std::vector<definition> definitions[def_DIM];
     long undefined[def_DIM] = {};  // uses of definitions that are not there
@@ -69,4 +70,4 @@ struct tile_survey {
 };
 
 // Throws std::runtime_error for a bad tile.
-tile_survey survey_tile(const tile_file& file);
+tile_survey survey_tile(const tile_file& file, double metres_per_degree);

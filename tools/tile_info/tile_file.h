@@ -7,7 +7,7 @@
 #include "scenery/dsf.h"
 #include "scenery/dsf_format.h"
 
-constexpr double metres_per_degree = 111319.0;  // of Earth along a meridian
+constexpr double earth_degree = 111319.0, mars_degree = 59275.0;  // metres along a meridian
 
 enum patch_flag : unsigned char { patch_stood_on = 1, patch_overlay = 2 };
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "core/con.h"
 #include "core/globe.h"
 #include "core/mnw.h"
 #include "core/num.h"
@@ -54,8 +55,9 @@ void look_from(const eye_place& eye) {
     OGL_view_3d(view_deg, near_clip, far_clip);
     glRotatef(static_cast<float>(-eye.pitch), 1.0f, 0.0f, 0.0f);
     glRotatef(static_cast<float>(eye.heading), 0.0f, 1.0f, 0.0f);
-    glRotatef(-ren.deg_per_mtr_z * ren.view_xyz[2], 1.0f, 0.0f, 0.0f);
-    glRotatef(ren.deg_per_mtr_x * ren.view_xyz[0], 0.0f, 0.0f, 1.0f);
+    const float lean = static_cast<float>(dob_radtodeg) / con.planet_rad;  // degrees for each metre
+    glRotatef(-lean * ren.view_xyz[2], 1.0f, 0.0f, 0.0f);
+    glRotatef(lean * ren.view_xyz[0], 0.0f, 0.0f, 1.0f);
     light_the_land();
     glTranslatef(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
 }
