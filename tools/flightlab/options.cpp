@@ -15,7 +15,8 @@ bool read_number(const std::string& text, double* number) {
 
 int sweep::count() const { return static_cast<int>(floor((last - first) / step + 1e-6)) + 1; }
 
-options::options(const char* usage, const std::vector<option_row>& rows, int argc, char** argv)
+options::options(const char* usage, const std::vector<option_row>& rows, int argc, char** argv,
+                 size_t most_files)
     : usage_(usage), rows_(rows) {
     rows_.push_back({"help", nullptr, "show this text"});
     std::vector<option> known;
@@ -33,7 +34,9 @@ options::options(const char* usage, const std::vector<option_row>& rows, int arg
         given_[known[static_cast<size_t>(row)].name] = optarg ? optarg : "";
     }
     files_.assign(argv + optind, argv + argc);
-    if (files_.size() > 1) throw wrong_use("more than one file: " + files_[1]);
+    if (files_.size() > most_files)
+        throw wrong_use(most_files == 1 ? "more than one file: " + files_[1]
+                                        : "too many files: " + files_[most_files]);
 }
 
 void options::print_help() const {

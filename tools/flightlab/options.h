@@ -28,8 +28,10 @@ struct sweep {
 
 class options {
 public:
-    // usage: the lines above the list of options. Throws wrong_use for what is not in the list.
-    options(const char* usage, const std::vector<option_row>& rows, int argc, char** argv);
+    // usage: the lines above the list of options. Throws wrong_use for what is not in the list, and for more
+    // files than that.
+    options(const char* usage, const std::vector<option_row>& rows, int argc, char** argv,
+            size_t most_files = 1);
 
     bool wants_help() const { return has("help"); }
     void print_help() const;
@@ -45,6 +47,7 @@ public:
     // The one file on the command line, or an empty text.
     std::string file() const { return files_.empty() ? "" : files_.front(); }
     std::string needed_file() const;
+    const std::vector<std::string>& files() const { return files_; }
 
 private:
     const char* usage_;

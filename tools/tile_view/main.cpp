@@ -1,0 +1,140 @@
+// tile_view: loads one tile of a scenery package as the simulator does and saves pictures of it.
+#include <math.h>
+#include <stdio.h>
+#include <string.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <vector>
+
+#include "../flightlab/options.h"
+#include "app/frame.h"
+#include "core/alert.h"
+#include "core/mnw.h"
+#include "core/paths.h"
+#include "core/seams.h"
+#include "core/stg.h"
+#include "draw/screenshot.h"
+#include "scenery/draw/object_draw.h"
+#include "tile_picture.h"
+
+namespace {
+enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
+
+const char* const usage =
+    "tile_view PACKAGE LAT LON FILE.png [EYE]...    pictures of a tile of a scenery package\n"
+    "\n"
+    "LAT and LON are the tile's south-west corner in whole degrees. An EYE is five numbers: latitude, "
+    "longitude,\n"
+    "height above the ground in metres, true heading, pitch (up is positive). Without one it looks north "
+    "over the\n"
+    "tile's middle. Pictures of several eyes are FILE_1.png and on. Needs a display; it may be a virtual "
+    "one.\n"
+    "Exit status: 0 good, 1 the tile is not there or not sound, or a picture cannot be written, 2 wrong "
+    "use.\n";
+
+struct order {
+    std::string package, file;
+    int lat = 0, lon = 0;
+    std::vector<eye_place> eyes;
+};
+
+double number_in(const char* text, double lowest, double highest) {
+    double value = 0.0;
+    if (!read_number(text, &value) || value < lowest || value > highest) {
+        char words[160];
+        snprintf(words, sizeof words, "\"%.40s\" is no number from %g to %g", text, lowest, highest);
+        throw wrong_use(words);
+    }
+    return value;
+}
+
+order read_order(int argc, char** argv) {
+    constexpr int numbers_of_eye = 5;
+    if (argc < 5 || (argc - 5) % numbers_of_eye != 0)
+        throw wrong_use("expected PACKAGE LAT LON FILE.png and five numbers for each eye");
+    order o;
+    o.package = argv[1];
+    o.lat = static_cast<int>(floor(number_in(argv[2], -90.0, 89.0)));
+    o.lon = static_cast<int>(floor(number_in(argv[3], -180.0, 179.0)));
+    o.file = argv[4];
+    for (int i = 5; i < argc; i += numbers_of_eye)
+        o.eyes.push_back({number_in(argv[i], -90.0, 90.0), number_in(argv[i + 1], -180.0, 180.0),
+                          number_in(argv[i + 2], 0.0, 30000.0), number_in(argv[i + 3], -360.0, 360.0),
+                          number_in(argv[i + 4], -90.0, 90.0)});
+    if (o.eyes.empty()) o.eyes.push_back({o.lat + 0.3, o.lon + 0.5, 1500.0, 0.0, -12.0});
+    return o;
+}
+
+void show_on_stderr(int, const alert_lines& text, int) {
+    fputs("tile_view:", stderr);
+    for (const std::string& words : text.line)
+        if (!words.empty()) fprintf(stderr, " %s", words.c_str());
+    fputc('\n', stderr);
+}
+void end_with_fault(const alert_lines&) { _exit(exit_fault); }
+
+void start_simulator() {
+    alert_seam.end = end_with_fault;
+    seams_headless();
+    seam.has_display = 1;
+    init_sim(std::filesystem::canonical(executable_folder() + "../Orvelle").string() + "/");
+    alert_seam.show = show_on_stderr;
+    constexpr int all_objects = 6, finest_textures = 5;
+    stg.draw_objs_05 = all_objects;
+    mnw.tex_res = finest_textures;
+    mnw.puff05 = 0;
+    mnw.totl_time = 0.0f;
+    object_calls.lites_on = [](int) { return 0; };
+}
+
+std::string picture_name(const order& o, size_t eye) {
+    if (o.eyes.size() == 1) return o.file;
+    const size_t dot = o.file.rfind('.'), slash = o.file.rfind('/');
+    const bool has_ending = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+    const size_t end = has_ending ? dot : o.file.size();
+    return o.file.substr(0, end) + "_" + std::to_string(eye + 1) + o.file.substr(end);
+}
+
+void save_pictures(const order& o, int planet) {
+    const package_seat seat(o.package);
+    xdeg_struct* const tile = load_tile(planet, o.lat, o.lon, o.eyes.front());
+    if (!tile) throw std::runtime_error("the tile is not sound: Error.out tells why");
+    for (size_t eye = 0; eye < o.eyes.size(); ++eye) {
+        draw_tile(*tile, o.eyes[eye]);
+        const std::string name = picture_name(o, eye);
+        if (!save_screenshot(name)) throw std::runtime_error(name + ": cannot be written");
+    }
+}
+
+int run(int argc, char** argv) {
+    if (argc == 2 && strcmp(argv[1], "--help") == 0) return fputs(usage, stdout), exit_good;
+    const order o = read_order(argc, argv);
+    const int planet = planet_of_tile(o.package, o.lat, o.lon);
+    if (planet < 0)
+        throw std::runtime_error(o.package + ": has no tile " + std::to_string(o.lat) + ", " +
+                                 std::to_string(o.lon));
+    start_simulator();
+    try {
+        save_pictures(o, planet);
+    } catch (...) {
+        MACIBM_finishup(0);
+        throw;
+    }
+    MACIBM_finishup(0);
+    return exit_good;
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const wrong_use& mistake) {
+        fprintf(stderr, "tile_view: %s\nTry: tile_view --help\n", mistake.what());
+        return exit_wrong_use;
+    } catch (const std::exception& fault) {
+        fprintf(stderr, "tile_view: %s\n", fault.what());
+        return exit_fault;
+    }
+}
