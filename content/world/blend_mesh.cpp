@@ -67,7 +67,7 @@ private:
                 p.lat = writer_.lat() + row / static_cast<double>(whole_degree);
                 p.lon = writer_.lon() + column / static_cast<double>(whole_degree);
                 p.ele = source_.height(p.lat, p.lon);
-                set_normal(source_.height, degree_metres_earth, &p);
+                set_normal(source_.height, writer_.degree_metres(), &p);
                 points_.push_back(p);
             }
     }

@@ -68,14 +68,15 @@ private:
         double lon, lat, ele;
     };
     static constexpr double nearly_ = 1.0e-6;  // degrees: what rounding would leave
-    static constexpr double degree_metres_ = 111195.0;
     static double lat_radians(const tile_writer& meant) { return (meant.lat() + 0.5) * 0.017453292519943295; }
 
     void fail(const std::string& text) {
         if (fault_.empty()) fault_ = text;
     }
-    double east(const place& a, const place& b) const { return (b.lon - a.lon) * degree_metres_ * coslat_; }
-    double north(const place& a, const place& b) const { return (b.lat - a.lat) * degree_metres_; }
+    double east(const place& a, const place& b) const {
+        return (b.lon - a.lon) * meant_.degree_metres() * coslat_;
+    }
+    double north(const place& a, const place& b) const { return (b.lat - a.lat) * meant_.degree_metres(); }
 
     // Sides of a metre and more on the map, clockwise from above.
     void check_triangle(const place& a, const place& b, const place& c, bool turned) {
@@ -99,7 +100,7 @@ private:
         const auto [low, high] = std::minmax_element(
             points_.begin(), points_.end(), [](const place& a, const place& b) { return a.ele < b.ele; });
         const double diameter = sqrt(dx * dx + dz * dz + (high->ele - low->ele) * (high->ele - low->ele));
-        if (diameter > 0.5 * degree_metres_ * std::min(coslat_, 1.0))
+        if (diameter > 0.5 * meant_.degree_metres() * std::min(coslat_, 1.0))
             fail("a patch is wider than half the tile");
         points_.clear();
     }

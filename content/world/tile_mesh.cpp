@@ -27,7 +27,7 @@ public:
                 p.lon = writer_.lon() + static_cast<double>(i) / source.cells;
                 p.lat = writer_.lat() + static_cast<double>(j) / source.cells;
                 p.ele = source.height(p.lat, p.lon);
-                set_normal(source.height, source.degree_metres, &p);
+                set_normal(source.height, writer_.degree_metres(), &p);
             }
     }
 

@@ -6,15 +6,12 @@
 
 #include "tile_writer.h"
 
-constexpr double degree_metres_earth = 111195.0, degree_metres_mars = 59275.0;  // along a meridian
-
 struct mesh_source {
     int cells = 85;   // each way; 51, 85 and 255 have points that the file holds exactly
     int patches = 8;  // each way
     std::function<double(double lat, double lon)> height;   // metres
     std::function<int(double lat, double lon)> land_class;  // index into terrain, by a cell's middle
     std::vector<std::string> terrain = {"terrain_Water"};   // class 0 is the water
-    double degree_metres = degree_metres_earth;             // slopes need the planet's size
 };
 
 // The unit normal's east and south parts, by central differences over some 110 metres of the Earth.

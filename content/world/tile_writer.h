@@ -18,6 +18,8 @@ struct road_point {
     uint32_t node = 0;  // of a junction, 0 for a shape point
 };
 
+constexpr double degree_metres_earth = 111319.6, degree_metres_mars = 59274.9;  // along a meridian
+
 enum tile_patch_flags : unsigned char {
     tile_base = 1,     // drawn, and stood on
     tile_overlay = 2,  // drawn over the ground of others
@@ -51,6 +53,9 @@ public:
     // file.
     bool write(const std::string& path, std::string* error) const;
 
+    // Slopes and the lengths of sides need the planet's size; the Earth's until it is told.
+    void set_degree_metres(double metres) { degree_metres_ = metres; }
+    double degree_metres() const { return degree_metres_; }
     int lat() const { return lat_; }
     int lon() const { return lon_; }
 
@@ -80,6 +85,7 @@ private:
     void write_file(struct _IO_FILE* file, bool* failed) const;
 
     int lat_, lon_;
+    double degree_metres_ = degree_metres_earth;
     scale_pair elevations_;
     std::vector<std::string> terrain_, objects_, polygons_, networks_;
     std::vector<pool_16> pools_;

@@ -25,6 +25,7 @@ double metres_from_middle(double lat, double lon) {
 void write_tile(world_package* package, int lat, int lon, double ele_min, double ele_max,
                 const mesh_source& source, bool is_mars = false) {
     tile_writer tile(lat, lon, ele_min, ele_max);
+    if (is_mars) tile.set_degree_metres(degree_metres_mars);
     write_mesh(&tile, source);
     package->add_tile(tile, is_mars);
 }
@@ -137,7 +138,6 @@ void make_mars(world_package* package) {
     };
     source.land_class = always_land;
     source.terrain = {"terrain_Water", world_package::ground_name(ground::mars)};
-    source.degree_metres = degree_metres_mars;
     constexpr int lat = -11, lon = -73;
     write_tile(package, lat, lon, -8192.0, 0.0, source, true);
 }

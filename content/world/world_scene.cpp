@@ -71,7 +71,7 @@ double settled_height(const place& p) {
 
 // Level as far as the water's cells reach, in the lake's fine and the sea's coarse mesh.
 double height_at(double lat, double lon) {
-    constexpr double lake_flat = 160.0, sea_flat = 1100.0;  // metres from the shore
+    constexpr double lake_flat = 160.0, sea_flat = 1700.0;  // metres from the shore
     const place p = place_of(lat, lon);
     const double land = std::max(settled_height(p), lake_level + 5.0);
     const double above = noise::smooth(lake_flat, 1500.0, from_lake(p));

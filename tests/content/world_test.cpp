@@ -19,7 +19,7 @@
 #include "world_make.h"
 
 namespace {
-constexpr double metres = 111195.0;  // a degree of latitude
+constexpr double metres = 111319.6;  // a degree of latitude
 
 struct decoded_point {
     double lon, lat, ele, nx, nz, s;

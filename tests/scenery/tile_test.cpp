@@ -73,7 +73,7 @@ TEST_F(tile_test, the_ground_has_the_height_of_its_source_and_water_where_it_lie
         }
     // east and south slopes, in metres per metre
     ground_at(34.3, -117.3);
-    EXPECT_NEAR(env.terrain_nrm[0], -400.0 / (111195.0 * cos(34.3 * dob_degtorad)), 4e-3)
+    EXPECT_NEAR(env.terrain_nrm[0], -400.0 / (111319.6 * cos(34.3 * dob_degtorad)), 4e-3)
         << "the globe leans by 0.4 degrees";
     EXPECT_GT(env.terrain_nrm[1], 0.99f);
     EXPECT_TRUE(wet_at(33.5, -117.5)) << "no tile lies there";
