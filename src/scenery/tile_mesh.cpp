@@ -159,6 +159,7 @@ void decompose_polygon_to_triangles(ytest_pol_struct& poly, int pol_type) {
     const std::vector<d3_struct> in = std::move(poly.geo);
     std::vector<d3_struct>& out = poly.geo;
     out.clear();
+    if (in.size() > 2) out.reserve(3 * (in.size() - 2));  // a strip's or fan's; these stay in memory
     switch (pol_type) {
         case pol_fan:
             for (size_t v = 2; v < in.size(); ++v) add_triangle(out, in[0], in[v - 1], in[v]);
