@@ -15,6 +15,7 @@
 #include "scenery/dsf.h"
 #include "scenery/objects.h"
 #include "scenery/terrain_query.h"
+#include "stood_on.h"
 #include "weather/atmosphere.h"
 #include "world_make.h"
 
@@ -145,17 +146,6 @@ protected:
     static double from_middle(double lat, double lon) {
         return hypot((lat - 34.5) * metres, (lon + 117.5) * metres * cos(34.5 * dob_degtorad));
     }
-    static std::vector<d3_struct> stood_on(const xdeg_struct& tile) {
-        std::vector<d3_struct> all;
-        for (unsigned level = 0; level < tile.ytest_buckets.GetLayerCount(); ++level)
-            tile.ytest_buckets.IterateBucketLayer(
-                level, [&](XBucketID, const std::vector<ytest_patch_struct*>& patches) {
-                    for (const ytest_patch_struct* patch : patches)
-                        for (const ytest_pol_struct& pol : patch->ytest_pol)
-                            all.insert(all.end(), pol.geo.begin(), pol.geo.end());
-                });
-        return all;
-    }
 };
 
 // A cell's diagonal, m: the source is straight across it, the globe is not.
@@ -259,7 +249,7 @@ TEST_F(world_test, the_pair_meets_without_a_hole) {
 
     std::set<std::array<float, 3>> points[2];
     for (const int side : {0, 1})
-        for (const d3_struct& v : stood_on(load(34, -118 + side)))
+        for (const d3_struct& v : test::stood_on(load(34, -118 + side)))
             points[side].insert({v.v[0], v.v[1], v.v[2]});
     size_t common = 0;
     for (const auto& p : points[0]) common += points[1].count(p);
@@ -278,7 +268,7 @@ TEST_F(world_test, the_pair_meets_without_a_hole) {
 
 TEST_F(world_test, the_large_tile_is_large) {
     make("large");
-    EXPECT_EQ(stood_on(load(34, -118)).size() / 3, 2u * 255 * 255);
+    EXPECT_EQ(test::stood_on(load(34, -118)).size() / 3, 2u * 255 * 255);
     EXPECT_EQ(decoded_tile(file_of(34, -118)).triangles.size(), 130050u);
 }
 
@@ -351,7 +341,7 @@ TEST_F(scene_test, loads_without_a_word_and_all_objects_stand_on_the_ground) {
     EXPECT_EQ(soft, 3) << "sand, scrub, rock";
     EXPECT_GE(pictures.size(), 1u + 4u + 3u) << "water, grounds, the objects' textures";
     EXPECT_GT(objects.size(), 400u);
-    const std::vector<d3_struct> ground = stood_on(tile);
+    const std::vector<d3_struct> ground = test::stood_on(tile);
     for (const scene_objct_struct* object : objects) {
         models.insert(object->M_SIM);
         const double x = object->xyz[0], z = object->xyz[2];

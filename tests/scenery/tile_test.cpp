@@ -9,6 +9,7 @@
 #include "scenery/objects.h"
 #include "scenery/terrain_query.h"
 #include "scenery/tile_state.h"
+#include "stood_on.h"
 #include "tile_folder.h"
 
 namespace {
@@ -40,17 +41,6 @@ protected:
         double x, y, z;
         xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
         return terrain_is_wet(static_cast<float>(x), static_cast<float>(z), 26) != 0;
-    }
-    static std::vector<d3_struct> vertices_of(const xdeg_struct& tile) {
-        std::vector<d3_struct> all;
-        for (unsigned level = 0; level < tile.ytest_buckets.GetLayerCount(); ++level)
-            tile.ytest_buckets.IterateBucketLayer(
-                level, [&](XBucketID, const std::vector<ytest_patch_struct*>& patches) {
-                    for (const ytest_patch_struct* patch : patches)
-                        for (const ytest_pol_struct& pol : patch->ytest_pol)
-                            all.insert(all.end(), pol.geo.begin(), pol.geo.end());
-                });
-        return all;
     }
     static std::string first_line(size_t alert) { return test::alerts.at(alert).text.line[0]; }
 };
@@ -100,7 +90,7 @@ TEST_F(tile_test, an_asker_finds_again_from_where_it_was) {
 TEST_F(tile_test, the_edges_of_triangles_leave_no_gap) {
     folder.write_tile(test::land_tile(34, -118, flat, land, 85));
     ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
-    const std::vector<d3_struct> corners = vertices_of(xdeg[1][1]);
+    const std::vector<d3_struct> corners = test::stood_on(xdeg[1][1]);
     using edge = std::array<float, 4>;
     const auto edge_at = [&](size_t i) {
         const d3_struct &a = corners[i], &b = corners[i % 3 == 2 ? i - 2 : i + 1];
@@ -138,7 +128,7 @@ TEST_F(tile_test, neighbours_share_their_edge_exactly) {
             ASSERT_EQ(read_new_env(33 + row, row, -119 + column, column), 1);
     const auto places = [](const xdeg_struct& tile) {
         std::set<std::array<float, 3>> all;
-        for (const d3_struct& v : vertices_of(tile)) all.insert({v.v[0], v.v[1], v.v[2]});
+        for (const d3_struct& v : test::stood_on(tile)) all.insert({v.v[0], v.v[1], v.v[2]});
         return all;
     };
     const auto common = [&](const xdeg_struct& a, const xdeg_struct& b) {
@@ -190,7 +180,7 @@ TEST_F(tile_test, where_no_file_is_there_is_water) {
     ASSERT_EQ(xdeg[1][0].tex_layers.size(), 1u);
     EXPECT_EQ(xdeg[1][0].tex_layers[0].plane_tex_ref, 128);
     EXPECT_EQ(xdeg[1][0].tex_layers[0].scene_buckets.Total(), 80);
-    EXPECT_EQ(vertices_of(xdeg[1][0]).size(), 32u * 40u * 6u);
+    EXPECT_EQ(test::stood_on(xdeg[1][0]).size(), 32u * 40u * 6u);
     ren.num_slo_finds = 0;
     for (double lat = 33.03; lat < 33.99; lat += 0.0831)
         for (double lon = -117.99; lon < -117.0; lon += 0.0917) {

@@ -1,9 +1,8 @@
 // nav_info as its users meet it: a small world of tables written by hand, its text, and the plan's pixels.
-#include <png.h>
-
 #include <algorithm>
 #include <cmath>
 
+#include "read_png.h"
 #include "support.h"
 
 namespace {
@@ -44,38 +43,21 @@ constexpr const char* airways =
     "I\n640 test\nBIRDY 0.5 30.5 CACTI 1.0 30.5 1 5 V8\nTST 0.0 30.5 BIRDY 0.5 30.5 1 5 V8-V21\n"
     "TST 0.0 30.5 CACTI 1.0 30.5 2 180 J5\n99\n";
 
-struct picture {
-    int dx = 0, dy = 0;
-    std::vector<unsigned char> rgb;
-    // Of all pixels with exactly this colour inside the map: how many, and their box.
-    struct patch {
-        int count = 0, x1 = 9999, y1 = 9999, x2 = -1, y2 = -1;
-        double middle_y() const { return 0.5 * (y1 + y2); }
-    };
-    patch find(unsigned colour) const {
-        constexpr int map_top = 160, map_bottom = 1300;
-        patch p;
-        for (int y = map_top; y < map_bottom; ++y)
-            for (int x = 0; x < dx; ++x) {
-                const unsigned char* c = &rgb[3 * (static_cast<size_t>(y) * dx + x)];
-                if ((static_cast<unsigned>(c[0]) << 16 | c[1] << 8 | c[2]) != colour) continue;
-                ++p.count;
-                p.x1 = std::min(p.x1, x), p.x2 = std::max(p.x2, x);
-                p.y1 = std::min(p.y1, y), p.y2 = std::max(p.y2, y);
-            }
-        return p;
-    }
+// Of all pixels with exactly this colour inside the map: how many, and their box.
+struct patch {
+    int count = 0, x1 = 9999, y1 = 9999, x2 = -1, y2 = -1;
+    double middle_y() const { return 0.5 * (y1 + y2); }
 };
-
-picture read_picture(const std::string& path) {
-    picture p;
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    if (!png_image_begin_read_from_file(&image, path.c_str())) return p;
-    image.format = PNG_FORMAT_RGB;
-    p.dx = static_cast<int>(image.width), p.dy = static_cast<int>(image.height);
-    p.rgb.resize(PNG_IMAGE_SIZE(image));
-    png_image_finish_read(&image, nullptr, p.rgb.data(), 0, nullptr);
+patch find(const test::picture& plan, unsigned colour) {
+    constexpr int map_top = 160, map_bottom = 1300;
+    patch p;
+    for (int y = map_top; y < map_bottom; ++y)
+        for (int x = 0; x < plan.dx; ++x) {
+            if (plan.at(x, y) != colour) continue;
+            ++p.count;
+            p.x1 = std::min(p.x1, x), p.x2 = std::max(p.x2, x);
+            p.y1 = std::min(p.y1, y), p.y2 = std::max(p.y2, y);
+        }
     return p;
 }
 
@@ -154,9 +136,9 @@ TEST_F(nav_info, follows_an_airway_from_end_to_end) {
 TEST_F(nav_info, draws_the_plan_to_scale) {
     const std::string file = folder.path() + "plan.png";
     ASSERT_EQ(ask("KTST --picture " + file).status, 0);
-    const picture plan = read_picture(file);
+    const test::picture plan = test::read_png(file);
     ASSERT_GT(plan.dx, 1000);
-    const auto concrete = plan.find(0x7d8187), grass = plan.find(0x86a86c), water = plan.find(0x86b4d6);
+    const auto concrete = find(plan, 0x7d8187), grass = find(plan, 0x86a86c), water = find(plan, 0x86b4d6);
     // 09/27 lies across, 18/36 upright and to the south-west of it, water further south
     const double length = concrete.x2 - concrete.x1, per_metre = length / 3048.0;
     EXPECT_GT(length, 0.7 * plan.dx);
@@ -167,12 +149,12 @@ TEST_F(nav_info, draws_the_plan_to_scale) {
     EXPECT_NEAR(water.x2 - water.x1, 1219.2 * per_metre, 5.0);
     EXPECT_NEAR(water.count, 1219.2 * 91.4 * per_metre * per_metre, 0.15 * water.count);
     // the blast pad of 200 feet lies outside the eastern end
-    const auto pad = plan.find(0xc2b06a);
+    const auto pad = find(plan, 0xc2b06a);
     EXPECT_GE(pad.x1, concrete.x2);
     EXPECT_NEAR(pad.x2 - pad.x1, 61.0 * per_metre, 3.0);
-    EXPECT_GT(plan.find(0x1f4e9c).count, 40) << "ramp";
-    EXPECT_GT(plan.find(0x9c2f2a).count, 100) << "tower, beacon, windsock";
-    EXPECT_GT(plan.find(0x2f8f5b).count, 20) << "localizer";
+    EXPECT_GT(find(plan, 0x1f4e9c).count, 40) << "ramp";
+    EXPECT_GT(find(plan, 0x9c2f2a).count, 100) << "tower, beacon, windsock";
+    EXPECT_GT(find(plan, 0x2f8f5b).count, 20) << "localizer";
 }
 
 TEST_F(nav_info, says_what_is_wrong) {

@@ -6,8 +6,6 @@
 #include "options.h"
 
 namespace {
-enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
-
 const char* const usage =
     "flightlab report FILE    dimensions, balance and glide of an aircraft\n"
     "flightlab tunnel FILE    coefficients over angles of attack and sideslip\n"
@@ -25,12 +23,8 @@ struct command_row {
     int (*run)(int argc, char** argv);
 };
 constexpr command_row commands[] = {
-    {"report", report_command},
-    {"tunnel", tunnel_command},
-    {"bench", bench_command},
-    {"trim", trim_command},
-    {"fly", fly_command},
-    {"hash", hash_command},
+    {"report", report_command}, {"tunnel", tunnel_command}, {"bench", bench_command},
+    {"trim", trim_command},     {"fly", fly_command},       {"hash", hash_command},
 };
 }  // namespace
 

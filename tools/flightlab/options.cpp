@@ -97,3 +97,16 @@ std::string options::needed_file() const {
     if (files_.empty()) throw wrong_use("an aircraft file is missing");
     return files_.front();
 }
+
+int run_program(const char* name, int (*run)(int argc, char** argv), int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const wrong_use& mistake) {
+        fprintf(stderr, "%s: %s\nTry: %s --help\n", name, mistake.what(), name);
+        return exit_wrong_use;
+    } catch (const std::exception& fault) {
+        fflush(stdout);
+        fprintf(stderr, "%s: %s\n", name, fault.what());
+        return exit_fault;
+    }
+}

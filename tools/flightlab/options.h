@@ -14,6 +14,8 @@ struct flight_fault : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
+
 struct option_row {
     const char* name;   // without the dashes
     const char* value;  // what follows it, as the help names it; null for a switch
@@ -55,6 +57,9 @@ private:
     std::map<std::string, std::string> given_;
     std::vector<std::string> files_;
 };
+
+// Runs a program that says what went wrong by throwing, and gives its exit status.
+int run_program(const char* name, int (*run)(int argc, char** argv), int argc, char** argv);
 
 // The whole of a text as a finite number.
 bool read_number(const std::string& text, double* number);

@@ -14,8 +14,6 @@
 #include "tables.h"
 
 namespace {
-enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
-
 const char* const usage =
     "nav_info IDENT    what is known of an airport, navaid, fix or airway\n"
     "\n"
@@ -147,15 +145,4 @@ int run(int argc, char** argv) {
 }
 }  // namespace
 
-int main(int argc, char** argv) {
-    try {
-        return run(argc, argv);
-    } catch (const wrong_use& mistake) {
-        fprintf(stderr, "nav_info: %s\nTry: nav_info --help\n", mistake.what());
-        return exit_wrong_use;
-    } catch (const std::exception& fault) {
-        fflush(stdout);
-        fprintf(stderr, "nav_info: %s\n", fault.what());
-        return exit_fault;
-    }
-}
+int main(int argc, char** argv) { return run_program("nav_info", run, argc, argv); }

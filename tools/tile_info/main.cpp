@@ -10,8 +10,6 @@
 #include "report.h"
 
 namespace {
-enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
-
 const char* const usage =
     "tile_info FILE.dsf [PLAN.png]    what a tile holds; its map as a picture\n"
     "\n"
@@ -54,15 +52,4 @@ int run(int argc, char** argv) {
 }
 }  // namespace
 
-int main(int argc, char** argv) {
-    try {
-        return run(argc, argv);
-    } catch (const wrong_use& mistake) {
-        fprintf(stderr, "tile_info: %s\nTry: tile_info --help\n", mistake.what());
-        return exit_wrong_use;
-    } catch (const std::exception& fault) {
-        fflush(stdout);
-        fprintf(stderr, "tile_info: %s\n", fault.what());
-        return exit_fault;
-    }
-}
+int main(int argc, char** argv) { return run_program("tile_info", run, argc, argv); }

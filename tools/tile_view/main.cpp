@@ -20,8 +20,6 @@
 #include "tile_picture.h"
 
 namespace {
-enum exit_code : int { exit_good = 0, exit_fault = 1, exit_wrong_use = 2 };
-
 const char* const usage =
     "tile_view PACKAGE LAT LON FILE.png [EYE]...    pictures of a tile of a scenery package\n"
     "\n"
@@ -127,14 +125,4 @@ int run(int argc, char** argv) {
 }
 }  // namespace
 
-int main(int argc, char** argv) {
-    try {
-        return run(argc, argv);
-    } catch (const wrong_use& mistake) {
-        fprintf(stderr, "tile_view: %s\nTry: tile_view --help\n", mistake.what());
-        return exit_wrong_use;
-    } catch (const std::exception& fault) {
-        fprintf(stderr, "tile_view: %s\n", fault.what());
-        return exit_fault;
-    }
-}
+int main(int argc, char** argv) { return run_program("tile_view", run, argc, argv); }
