@@ -257,13 +257,6 @@ foil_load_scope::~foil_load_scope() {
     keep_parsed = false;
 }
 
-// Folder part of a path, with its closing separator.
-static std::string folder_of(const std::string& path) {
-    size_t n = path.size();
-    while (n > 0 && !is_a_dir_char(path[n - 1])) --n;
-    return path.substr(0, n);
-}
-
 int load_foil_for_part(const std::string& foil_name, int p, int en, int RT, int Re) {
     if (p < 0 || p >= vehDIM || en < 0 || en >= wingDIM) {
         MACIBM_alert(mnw.top_win, "Trying to load a foil we do not dim for!", "", "", "", alert_fatal);

@@ -5,6 +5,8 @@
 #include <strings.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 std::string app_path, wrk_path;
 std::string gen_path, res_path, afl_path, wpn_path, acf_path, sit_path, mov_path, log_path, fms_path;
 std::string gam_path, tra_path, car_path, spa_path, reg_path, wav_path, bmp_path, pla_path, cus_path;
@@ -85,4 +87,17 @@ std::string set_dir_chars(const std::string& path) {
         if (is_a_dir_char(out[i])) out[i] = '/';
     match_case(out);
     return out;
+}
+
+std::string folder_of(const std::string& path) {
+    size_t size = path.size();
+    while (size > 0 && !is_a_dir_char(path[size - 1])) --size;
+    return path.substr(0, size);
+}
+
+std::string below_install_folder(const std::string& path) {
+    const auto same = [](char a, char b) { return a == b || (is_a_dir_char(a) && is_a_dir_char(b)); };
+    const bool below =
+        path.size() >= app_path.size() && std::equal(app_path.begin(), app_path.end(), path.begin(), same);
+    return below ? path.substr(app_path.size()) : path;
 }

@@ -25,3 +25,8 @@ bool is_a_dir_char(char c);  // "\", ":" or "/"
 // A path the file system can open: separators become "/" from the third character on, and the last
 // component takes the letter case of the disk. Unchanged when nothing matches or beyond 500 bytes.
 std::string set_dir_chars(const std::string& path);
+
+// The path's folder with its closing separator; empty for a bare name.
+std::string folder_of(const std::string& path);
+// The part behind the install folder; the whole of a path that does not lie there.
+std::string below_install_folder(const std::string& path);

@@ -9,12 +9,6 @@
 #include "scenery/library.h"
 
 namespace {
-std::string folder_of(const std::string& path) {
-    size_t end = path.size();
-    while (end > 0 && !is_a_dir_char(path[end - 1])) --end;
-    return path.substr(0, end);
-}
-
 int load_image(const std::string& name, const std::string& folder, int filter) {
     std::string path;
     DSF_LocateResourceSecondary(resource_image, resource_terrain, folder, name, true, path);

@@ -26,17 +26,6 @@ bool ends_with(const std::string& name, const char* ending) {
     return name.size() >= length && strcasecmp(name.c_str() + name.size() - length, ending) == 0;
 }
 
-// The part behind the install folder.
-std::string below_install_folder(const std::string& path) {
-    return path.rfind(app_path, 0) == 0 ? path.substr(app_path.size()) : path;
-}
-
-std::string folder_of(const std::string& path) {
-    size_t end = path.size();
-    while (end > 0 && !is_a_dir_char(path[end - 1])) --end;
-    return path.substr(0, end);
-}
-
 int load_image(const std::string& path) {
     return tman.load_texture(0, load_ogl, tex_free, filter_auto_mip, path);
 }
@@ -149,7 +138,7 @@ void DSF_AcceptObjectDef(const char* name, void* ref) {
     int model = -1;
     if (path.empty())
         tell_missing("Unable to locate object definition", name);
-    else if ((model = build_obs(below_install_folder(path), 1)) < 0)
+    else if ((model = build_obs(path, 1)) < 0)
         tell_missing("Unable to load object", name);
     state.DSF_to_SIM.push_back(model);
     if (model < 0) return;

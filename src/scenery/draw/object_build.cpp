@@ -18,23 +18,7 @@ void clear_objects() {
     vec_mod_index.clear();
 }
 
-// -- paths
-
 namespace {
-bool same_char(char a, char b) { return a == b || (is_a_dir_char(a) && is_a_dir_char(b)); }
-
-std::string below_install_folder(const std::string& path) {
-    const bool below = path.size() >= app_path.size() &&
-                       std::equal(app_path.begin(), app_path.end(), path.begin(), same_char);
-    return below ? path.substr(app_path.size()) : path;
-}
-
-std::string folder_of(const std::string& path) {
-    size_t size = path.size();
-    while (size > 0 && !is_a_dir_char(path[size - 1])) --size;
-    return path.substr(0, size);
-}
-
 // -- textures
 
 // 0 when there is none.

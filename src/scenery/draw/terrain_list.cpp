@@ -49,7 +49,7 @@ void send_vertex(const scene_pol_struct& pol, size_t n, int format) {
         for (unsigned int unit = 0; unit < 4; ++unit)
             if (row.unit[unit] != none)
                 glMultiTexCoord2fv(GL_TEXTURE0 + unit,
-                                      coordinates(row.unit[unit] == first ? pol.color : pol.alpha, n));
+                                   coordinates(row.unit[unit] == first ? pol.color : pol.alpha, n));
         if (row.level) glColor4f(1.0f, 1.0f, 1.0f, n < pol.level.size() ? pol.level[n] : 0.0f);
         if (n < pol.nrm.size()) glNormal3fv(pol.nrm[n].v);
     }
