@@ -13,6 +13,7 @@
 #include "core/mapfile.h"
 #include "draw/tex_refs.h"
 #include "scenery/dsf.h"
+#include "scenery/nav_tables.h"
 #include "scenery/objects.h"
 #include "scenery/terrain_query.h"
 #include "stood_on.h"
@@ -98,6 +99,7 @@ protected:
         test::system_test::SetUp();
         init_paths(folder.path());
         clear_objects();
+        vec_nav.clear();
         test::set_region(33.0f, -119.0f);
         stg.draw_objs_05 = 6;
         stg.draw_vecs_03 = 3;

@@ -220,7 +220,7 @@ TEST_F(language_test, korean_becomes_pairs_of_bytes_that_mean_nothing_else) {
     EXPECT_EQ(char_string_to_int_string("-가[F1"), "-\x01\x69[F1");
     EXPECT_EQ(char_string_to_int_string("=").size(), 1u);
     const std::string unknown = char_string_to_int_string("?");
-    for (const char* bad : {"~\x80" + 1, "\xEA\xB0", "\xFF", "뷁", "日", "é"})
+    for (const char* bad : {"\x80", "\xEA\xB0", "\xFF", "뷁", "日", "é"})
         EXPECT_EQ(char_string_to_int_string(bad), unknown) << bad;
     std::set<std::string> pairs;
     for (int c = 0xAC00; c <= 0xD7A3; ++c) {  // every syllable there is
