@@ -3,7 +3,6 @@
 #include <cmath>
 #include <limits>
 
-#include "scenery/draw/terrain_list.h"
 #include "scenery/extrusion.h"
 #include "scenery/objects.h"
 #include "scenery/terrain_query.h"
@@ -116,23 +115,6 @@ void call(value_source& from, void* state) {
     }
 }
 
-// As the loader puts them there.
-void bucket_terrain(DSF_LoadState& state) {
-    const Point2 min = {state.minxyz[0], state.minxyz[2]}, max = {state.maxxyz[0], state.maxxyz[2]};
-    for (xlay_struct& layer : state.degree->tex_layers)
-        layer.scene_buckets.Reset(bucket_levels, min, max, buckets_loose);
-    state.degree->ytest_buckets.Reset(bucket_levels, min, max, buckets_strict);
-    for (const scene_DSF_PatchInfo& info : state.scene_patches) {
-        xlay_struct& layer = state.degree->tex_layers[info.layer];
-        UTIL_build_DL(&layer, info.patch);
-        layer.scene_buckets.Insert(info.patch);
-    }
-    state.scene_patches.clear();
-    for (const ytest_DSF_PatchInfo& info : state.ytest_patches)
-        state.degree->ytest_buckets.Insert(info.patch);
-    state.ytest_patches.clear();
-}
-
 void ask_the_ground(value_source& from) {
     for (int i = 0; i < 16; ++i) {
         const float x = static_cast<float>(value(from, 150000.0)),
@@ -143,9 +125,8 @@ void ask_the_ground(value_source& from) {
 }
 
 void finish(DSF_LoadState& state, value_source& from) {
-    if (state.has_bad_geometry || state.scene_patches.empty()) return;
-    // a patch without a vertex has an empty box, which has no place
-    bucket_terrain(state);
+    if (state.has_bad_geometry || state.minxyz[0] > state.maxxyz[0]) return;
+    bucket_terrain(&state);
     extrude_polygons(&state);
     bucket_roads_and_objects(&state);
     for (const xlay_struct& layer : state.degree->tex_layers)

@@ -57,7 +57,8 @@ const DSFCallbacks_t callbacks = {
 const char* fault_of(int error, const DSF_LoadState& state) {
     if (error != dsf_ErrOK) return dsfErrorMessages[error];
     if (state.has_bad_geometry) return "it has points outside of its degree, or patches of no terrain";
-    return state.scene_patches.empty() ? "it has no terrain" : nullptr;
+    const bool has_terrain = state.minxyz[0] <= state.maxxyz[0];
+    return has_terrain ? nullptr : "it has no terrain";
 }
 
 // True when the file is there and good. What a bad one has left behind is cleared.
@@ -91,23 +92,6 @@ std::unique_ptr<DSF_LoadState> read_first_good(xdeg_struct* degree, const std::s
     return nullptr;
 }
 
-void bucket_terrain(DSF_LoadState& state) {
-    const Point2 min = {state.minxyz[0], state.minxyz[2]}, max = {state.maxxyz[0], state.maxxyz[2]};
-    for (xlay_struct& layer : state.degree->tex_layers)
-        layer.scene_buckets.Reset(bucket_levels, min, max, buckets_loose);
-    state.degree->ytest_buckets.Reset(bucket_levels, min, max, buckets_strict);
-    for (const scene_DSF_PatchInfo& info : state.scene_patches) {
-        xlay_struct& layer = state.degree->tex_layers[info.layer];
-        UTIL_build_DL(&layer, info.patch);
-        if (layer.scene_buckets.Insert(info.patch) == 0)
-            MACIBM_data_fault("Terrain in bucket 0!", "", "", "");
-    }
-    state.scene_patches.clear();
-    for (const ytest_DSF_PatchInfo& info : state.ytest_patches)
-        state.degree->ytest_buckets.Insert(info.patch);
-    state.ytest_patches.clear();
-}
-
 void drop_unused_layers(xdeg_struct& degree) {
     std::erase_if(degree.tex_layers, [](xlay_struct& layer) {
         const bool unused =
@@ -121,6 +105,23 @@ void drop_unused_layers(xdeg_struct& degree) {
 }
 }  // namespace
 
+void bucket_terrain(DSF_LoadState* state) {
+    const Point2 min = {state->minxyz[0], state->minxyz[2]}, max = {state->maxxyz[0], state->maxxyz[2]};
+    for (xlay_struct& layer : state->degree->tex_layers)
+        layer.scene_buckets.Reset(bucket_levels, min, max, buckets_loose);
+    state->degree->ytest_buckets.Reset(bucket_levels, min, max, buckets_strict);
+    for (const scene_DSF_PatchInfo& info : state->scene_patches) {
+        xlay_struct& layer = state->degree->tex_layers[info.layer];
+        UTIL_build_DL(&layer, info.patch);
+        if (layer.scene_buckets.Insert(info.patch) == 0)
+            MACIBM_data_fault("Terrain in bucket 0!", "", "", "");
+    }
+    state->scene_patches.clear();
+    for (const ytest_DSF_PatchInfo& info : state->ytest_patches)
+        state->degree->ytest_buckets.Insert(info.patch);
+    state->ytest_patches.clear();
+}
+
 int read_new_env(int lat_file, int lat_os, int lon_file, int lon_os) {
     g_lat_os = lat_os;
     g_lon_os = lon_os;
@@ -130,7 +131,7 @@ int read_new_env(int lat_file, int lat_os, int lon_file, int lon_os) {
     const std::unique_ptr<DSF_LoadState> state =
         read_first_good(degree, return_latlon_str_ENV(lat_file, lon_file, ".dsf"));
     if (!state) return 0;
-    bucket_terrain(*state);
+    bucket_terrain(state.get());
     extrude_polygons(state.get());
     degree->road_data.ProcessChains(
         false, static_cast<float>(state->minxyz[0]), static_cast<float>(state->maxxyz[0]),

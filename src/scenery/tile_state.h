@@ -95,6 +95,8 @@ void DSF_EndPolygonWinding(void* ref);
 void DSF_EndPolygon(void* ref);
 
 // -- after the file
+// Patches into their layers' buckets, with their lists, and what is stood on into its own.
+void bucket_terrain(DSF_LoadState* state);
 // Facades and forests of the tile's polygons, into layers of their own.
 void extrude_polygons(DSF_LoadState* state);
 // Road layers, and objects in layers by their textures.
