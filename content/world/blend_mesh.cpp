@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "noise.h"
 #include "tile_mesh.h"
 
 namespace {
@@ -138,7 +139,7 @@ private:
                 tile_point p = points_[vertex(i, row)];
                 if (k > 0) {
                     p.s = mask_place(weight(k, i, row));
-                    p.t = 0.5 * (i % 2 + row % 2);  // there and back: no seam where the mask repeats
+                    p.t = noise::hash(i, row, 161);  // a stretch of its own along each edge
                 }
                 strip.push_back(p);
             }

@@ -88,7 +88,7 @@ void bush(cairo_t* cr, double x, double y, int n, unsigned seed) {
 
 void scrub(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 9, 6, 111), 1.4);
+        const double broad = spread(noise::wrapped_fractal(s, t, 16, 5, 111), 0.8);
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 112) - 0.5;
         return ramp(hex(0x474427), hex(0x655c38), hex(0x857650), broad + 0.3 * fine);
     });
@@ -134,11 +134,11 @@ void sand(canvas& c) {
 
 void mars(canvas& c) {
     paint(c, side, side, [](double s, double t) {
-        const double broad = spread(noise::wrapped_fractal(s, t, 8, 6, 141), 1.4);
-        const double dust = noise::smooth(0.45, 0.7, noise::wrapped_fractal(s, t, 5, 4, 142));
+        const double broad = spread(noise::wrapped_fractal(s, t, 17, 5, 141), 0.7);
+        const double dust = noise::smooth(0.4, 0.8, noise::wrapped_fractal(s, t, 14, 5, 142));
         const double fine = noise::wrapped_value(s * 256, t * 256, 256, 143) - 0.5;
         const rgba soil = ramp(hex(0x6b3a24), hex(0x935436), hex(0xb4714a), broad + 0.3 * fine);
-        return mix(soil, hex(0xc8936a), 0.4 * dust);
+        return mix(soil, hex(0xc8936a), 0.25 * dust);
     });
     stones(c, 1600, 5.0, hex(0x553022), hex(0xa36b4c), 144);
 }
@@ -172,7 +172,7 @@ void draw_border_mask(const std::string& path) {
     // nothing of either end reaches the other where the texture repeats, and on the smaller levels
     constexpr double outside = 0.2, inside = 0.8;
     paint(c, size, size, [](double s, double t) {
-        const double ragged = 0.9 * (noise::wrapped_fractal(s, t, 6, 5, 151) - 0.5);
+        const double ragged = 0.6 * (noise::wrapped_fractal(s, t, 6, 5, 151) - 0.5);
         const double held = noise::smooth(outside, 0.4, s) * (1.0 - noise::smooth(0.6, inside, s));
         const double v = noise::smooth(0.36, 0.64, s + ragged * held);
         const double a = s < outside ? 0.0 : s > inside ? 1.0 : v;
