@@ -61,10 +61,15 @@ bool find_in_pol(ytest_pol_struct* pol, float x, float z, int checker) {
     return false;
 }
 
+bool is_beside(const box_struct& box, float x, float z) {
+    return x < box.min_x || x > box.max_x || z < box.min_z || z > box.max_z;
+}
+
+// A patch of a fine tile has thousands of triangles in a few dozen strips.
 bool find_in_pat(ytest_patch_struct* patch, float x, float z, int checker) {
-    if (!patch || x < patch->min_x || x > patch->max_x || z < patch->min_z || z > patch->max_z) return false;
+    if (!patch || is_beside(*patch, x, z)) return false;
     for (ytest_pol_struct& pol : patch->ytest_pol) {
-        if (!find_in_pol(&pol, x, z, checker)) continue;
+        if (is_beside(pol, x, z) || !find_in_pol(&pol, x, z, checker)) continue;
         ren.i_patch[checker] = patch;
         ren.i_pol[checker] = &pol;
         ren.is_wet[checker] = patch->patch_is_wet;

@@ -75,8 +75,8 @@ struct io_objct_struct {
 
 // -- stood on
 
-// A list of triangles, clockwise from above.
-struct ytest_pol_struct {
+// A list of triangles, clockwise from above, and the box around them.
+struct ytest_pol_struct : box_struct {
     std::vector<d3_struct> geo;
 };
 struct ytest_patch_struct : box_struct {

@@ -80,6 +80,7 @@ void add_patch(const water_grid& grid, int i0, int j0, xdeg_struct& degree) {
         drawn.color.push_back({{static_cast<float>(i0 - i), static_cast<float>(j0 - j)}});
         patch->temp->grow(v.geo);
         triangles.geo.push_back(v.geo);
+        triangles.grow(v.geo);
         stood_on->grow(v.geo);
     };
     for (int i = i0; i < i0 + patch_cells; ++i)

@@ -210,6 +210,7 @@ void DSF_EndPrimitive(void* ref) {
     else
         decompose_polygon_to_triangles(*state.ytest_cur_poly, state.ytest_cur_pol_type);
     check_triangles(state.ytest_cur_poly->geo);
+    for (const d3_struct& at : state.ytest_cur_poly->geo) state.ytest_cur_poly->grow(at);
 }
 
 void DSF_EndPatch(void*) {}
