@@ -5,10 +5,10 @@
 #include "core/num.h"
 
 void derive_slats(int p) {
-    for (int en = part_wing_first; en <= part_wing_last; ++en) {
+    for (int en = 0; en < wingDIM; ++en) {
         veh_wing_struct& wing = veh[p].wing[en];
-        wing.slat_effect = 1.0f;
-        if (!has_this_wing(p, en)) continue;
+        wing.slat_effect = 1.0f;  // blades and pylons have no slats, whatever their elements say
+        if (en < part_wing_first || en > part_wing_last || !has_this_wing(p, en)) continue;
         for (int el = 0; el < wing.els; ++el) {
             const float alpha_max = fallout(wing.alpha_max, -0.01f, 0.01f);
             if (wing.slat[el]) wing.slat_effect = (veh[p].slat_inc + alpha_max) / alpha_max;
