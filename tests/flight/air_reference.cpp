@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <vector>
 
 #include "aircraft/exists.h"
 #include "core/records.h"
@@ -42,7 +43,8 @@ vec to_world(vec a) {
 }
 vec to_aircraft(vec w) {  // the transpose
     const vec a = to_world({1, 0, 0}), b = to_world({0, 1, 0}), c = to_world({0, 0, 1});
-    return {w.x * a.x + w.y * a.y + w.z * a.z, w.x * b.x + w.y * b.y + w.z * b.z, w.x * c.x + w.y * c.y + w.z * c.z};
+    return {w.x * a.x + w.y * a.y + w.z * a.z, w.x * b.x + w.y * b.y + w.z * b.z,
+            w.x * c.x + w.y * c.y + w.z * c.z};
 }
 
 // One wind and a field of nine sines of 60 m over their factor, whose phase runs with time.
@@ -109,8 +111,9 @@ coeffs from_table(int en, int el, int RT, int Re, double alpha, int* stalled) {
     const double reduced =
         (alpha - zero_lift) * w.al_D_al0 * flt[0].wing[en].Q_centroid_loc[0] / slat + zero_lift;
     const double at = held(20, reduced, 90, alpha, fabs(alpha));
-    const double index = at < -20 ? held(-180, 0, -20, 160, at)
-                         : at < 20 ? held(-20, 160, 20, 560, at) : held(20, 560, 179, 719, at);
+    const double index = at < -20  ? held(-180, 0, -20, 160, at)
+                         : at < 20 ? held(-20, 160, 20, 560, at)
+                                   : held(20, 560, 179, 719, at);
     const int lo = static_cast<int>(index);
     const auto read = [&](const float* table) { return line(lo, table[lo], lo + 1, table[lo + 1], index); };
     *stalled = w.alpha_max * slat < at;
@@ -170,7 +173,7 @@ coeffs supersonic(double alpha, double mach_el, double thickness, coeffs mod) {
 // -- controls
 // A control surface as the records describe it.
 struct control {
-    const int* carries;     // per element
+    const int* carries;  // per element
     double el_root, el_tip, share_root, share_tip, def;
     bool at_wing_end;
 };
@@ -206,8 +209,9 @@ void deflect(int en, int el, int kind, const control& c, double alpha, double* a
     const veh_wing_struct& w = v.wing[en];
     const afl_struct& foil = v.afl[en];
     const auto chord = [&](double at) { return line(0, w.Croot, w.els, w.Ctip, at); };
-    const double share = line(c.el_root, c.share_root * chord(c.el_root), c.el_tip, c.share_tip * chord(c.el_tip), el) /
-                         chord(el);
+    const double share =
+        line(c.el_root, c.share_root * chord(c.el_root), c.el_tip, c.share_tip * chord(c.el_tip), el) /
+        chord(el);
     const double smooth = v.con_smooth == 0 ? 0.7 : v.con_smooth == 1 ? 0.85 : v.con_smooth == 3 ? 1.5 : 1.0;
     const double span = c.at_wing_end ? static_cast<double>(w.al_D_al0) * w.al_D_al0 : w.al_D_al0;
     const double slope =
@@ -266,7 +270,8 @@ void wash_element(int en, vec place, double* axilv, double* normv) {
         const vec geo = place - vec{e.XYZ[0], e.XYZ[1], e.XYZ[2]};
         const double rad = veh[0].wing[disc].semilen_SEG;
         const double off = length(cross(geo, along)) / length(along);
-        const bool behind = fabs(geo.z) > fabs(geo.y) ? side_of(geo.z) == side_of(along.z) : side_of(geo.y) == side_of(along.y);
+        const bool behind = fabs(geo.z) > fabs(geo.y) ? side_of(geo.z) == side_of(along.z)
+                                                      : side_of(geo.y) == side_of(along.y);
         if (!behind || off >= rad) continue;
         const double down_axis = sqrt(std::max(0.0, length(geo) * length(geo) - off * off));
         const vec rel = geo - down_axis / length(along) * along;
@@ -286,9 +291,11 @@ void ground_effect(air_step& s) {
         const veh_wing_struct& w = veh[0].wing[en];
         const veh_part_struct& part = veh[0].part[en];
         const flt_engn_struct* disc = en <= part_thru_last ? &flt[0].engn[en] : nullptr;
-        if (disc ? disc->vert_disc_cyclic <= 45 || fabs(disc->side_disc_cyclic) >= 45 : fabs(w.dihednow) >= 45)
+        if (disc ? disc->vert_disc_cyclic <= 45 || fabs(disc->side_disc_cyclic) >= 45
+                 : fabs(w.dihednow) >= 45)
             continue;
-        const vec at = to_world(disc ? vec{part.part_x, part.part_y, part.part_z} : on_surface(en, w.els / 2.0));
+        const vec at =
+            to_world(disc ? vec{part.part_x, part.part_y, part.part_z} : on_surface(en, w.els / 2.0));
         const double height = at.y + flt[0].dob_y - flt[0].terrain_y_cg;
         if (height <= 0) continue;
         const double chord = std::max<double>(w.average_MAC, 0.1 * height);
@@ -345,6 +352,8 @@ void element(int en, int el, air_step& s, flow& out) {
     const double momt = c.cm * qS * w.mac[el];
     const double force[3] = {-lift * sind * side, lift * cosd, drag};
     std::copy(force, force + 3, s.force_XYZ[en][el]);
+    s.nrml_force_path[en] += lift;
+    s.axil_force_path[en] += drag;
     sums{s}.add(drag, force[0], force[1], place);
     s.moment[1] += cosd * momt;
     s.moment[2] -= sind * momt * side;
@@ -359,15 +368,17 @@ void next_flow(air_step& s, const flow& out) {
             for (int washer = part_wing_first; washer <= part_wing_last && flt[0].Mach < 1; ++washer)
                 if (veh[0].in_downwash[washee][washer][el])
                     s.downwash_deg[washee][el] -=
-                        out.wash_from[washer] *
-                        cos((static_cast<double>(veh[0].wing[washer].dihednow) - veh[0].wing[washee].dihednow) * deg);
+                        out.wash_from[washer] * cos((static_cast<double>(veh[0].wing[washer].dihednow) -
+                                                     veh[0].wing[washee].dihednow) *
+                                                    deg);
     for (int en = 0; en < wingDIM; ++en) {
         if (!has_this_wing(0, en)) continue;
         const veh_wing_struct& w = veh[0].wing[en];
         for (int blade = 0; blade < (en <= part_thru_last ? bladDIM : 1); ++blade) {
             double sum = 0, all = 0;
             for (int el = 0; el < w.els; ++el) {
-                const double v = (en <= part_thru_last ? flt[0].wing[en].v_el[el][blade] : out.v[en][el]) + 0.001;
+                const double v =
+                    (en <= part_thru_last ? flt[0].wing[en].v_el[el][blade] : out.v[en][el]) + 0.001;
                 sum += v * v * w.el_s[el] * (el + 0.5);
                 all += v * v * w.el_s[el];
             }
@@ -378,8 +389,8 @@ void next_flow(air_step& s, const flow& out) {
 
 // -- bodies and what stands out of them
 // A body at or above the speed of sound: panels that turn the flow from nose to tail.
-void panels(const veh_part_struct& part, double mach, double alph, double beta, double q, double* lift, double* side,
-            double* drag) {
+void panels(const veh_part_struct& part, double mach, double alph, double beta, double q, double* lift,
+            double* side, double* drag) {
     const double m = std::clamp(mach, 1.5, 3.0), rad_to_cp = 2 / sqrt(m * m - 1);
     for (int r = 0; r + 1 < part.r_dim; ++r) {
         double before = 0;
@@ -410,7 +421,8 @@ void body(int en, air_step& s) {
         const int type = veh[0].engn[disc].prop_type;
         if (!washes(disc) || type == prop_collective || type == prop_governed_rotor) continue;
         const veh_part_struct& hub = veh[0].part[disc];
-        const vec d = vec{part.aero_x_os, part.aero_y_os, part.aero_z_os} - vec{hub.part_x, hub.part_y, hub.part_z};
+        const vec d =
+            vec{part.aero_x_os, part.aero_y_os, part.aero_z_os} - vec{hub.part_x, hub.part_y, hub.part_z};
         if (d.z > 0 && sqrt(d.x * d.x + d.y * d.y) < veh[0].wing[disc].semilen_SEG) v = v + wash_of(disc);
     }
     const double speed = length(v), mach = speed / con.lcl_a, q = 0.5 * speed * speed * con.lcl_r_met;
@@ -492,12 +504,12 @@ double at_detents(const float* dn) {
     return held(lo, dn[lo], hi, dn[hi], detent) / std::max<double>(dn[last], 0.01);
 }
 
-double automatic_slats() {
+double automatic_slats(const double* dihednow) {
     const veh_struct& v = veh[0];
     if (flt[0].fail_stat[fail_slat] == fail_active) return flt[0].slat_rat;
     if (v.slat_EQ && v.slat_with_stall_EQ && flt[0].v_ind_kts > 0.25 * v.Vs_kts)
         for (int en = part_wing_first; en <= part_wing_last; ++en)
-            if (has_this_wing(0, en) && fabs(v.wing[en].dihednow) < 45 &&
+            if (has_this_wing(0, en) && fabs(dihednow[en]) < 45 &&
                 flt[0].wing[en].alpha_el[0][0] > v.wing[en].alpha_max - 5)
                 return 1;
     return at_detents(v.slat_dn);
@@ -542,7 +554,6 @@ deflections deflection_reference() {
     const auto d = std::make_unique<deflections>();
     const veh_struct& v = veh[0];
     const flt_struct& f = flt[0];
-    d->slat_rat = automatic_slats();
     const double fla_rat[2] = {at_detents(v.fla1_dn), at_detents(v.fla2_dn)};
     for (int en = part_wing_first; en < wingDIM; ++en) {
         if (!has_this_wing(0, en)) continue;
@@ -571,9 +582,11 @@ deflections deflection_reference() {
         for (int k = 0; k < 2; ++k) {
             const float* dn = k ? v.fla2_dn : v.fla1_dn;
             const double last = dn[v.flap_detents];
-            def[fla1 + k] = stuck ? 0 : std::clamp<double>(line(0, dn[0], 1, last, fla_rat[k]) + moved, dn[0], last);
+            def[fla1 + k] =
+                stuck ? 0 : std::clamp<double>(line(0, dn[0], 1, last, fla_rat[k]) + moved, dn[0], last);
         }
     }
+    d->slat_rat = automatic_slats(d->dihednow);
     return *d;
 }
 

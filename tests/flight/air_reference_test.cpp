@@ -1,5 +1,5 @@
-// The air forces of a half step and the deflections behind them, against the independent reference, over random
-// aircraft in random states: every kind of part, control and condition, alone or together.
+// The air forces of a half step and the deflections behind them, against the independent reference, over
+// random aircraft in random states: every kind of part, control and condition, alone or together.
 #include "air_reference.h"
 
 #include <math.h>
@@ -26,8 +26,9 @@ float any(double lo, double hi) { return static_cast<float>(lo + (hi - lo) * (di
 int whole(int lo, int hi) { return lo + static_cast<int>(dice() % static_cast<unsigned>(hi - lo + 1)); }
 bool chance(double p) { return any(0, 1) < p; }
 
-const char* const foils[] = {"NACA 0009 (symmetrical).afl", "NACA 0012 Re 1 million.afl", "NACA 0012 Re 6 million.afl",
-                             "NACA 2412 Re 2 million.afl", "NACA 2412 Re 6 million.afl", "NACA 63-618 Re 1 million.afl",
+const char* const foils[] = {"NACA 0009 (symmetrical).afl",        "NACA 0012 Re 1 million.afl",
+                             "NACA 0012 Re 6 million.afl",         "NACA 2412 Re 2 million.afl",
+                             "NACA 2412 Re 6 million.afl",         "NACA 63-618 Re 1 million.afl",
                              "Supercritical 12 Re 20 million.afl", "Fin flat plate 6 percent.afl"};
 
 // -- an aircraft, in the units of its file
@@ -35,8 +36,10 @@ const char* const foils[] = {"NACA 0009 (symmetrical).afl", "NACA 0012 Re 1 mill
 void draw_foils(veh_wing_struct& w) {
     char* const names[4] = {w.Rafl0, w.Rafl1, w.Tafl0, w.Tafl1};
     for (int i = 0; i < 4; ++i)  // often one foil serves twice
-        if (i && chance(0.4)) memcpy(names[i], names[whole(0, i - 1)], nameDIM);
-        else snprintf(names[i], nameDIM, "%s", foils[whole(0, 7)]);
+        if (i && chance(0.4))
+            memcpy(names[i], names[whole(0, i - 1)], nameDIM);
+        else
+            snprintf(names[i], nameDIM, "%s", foils[whole(0, 7)]);
 }
 
 void draw_surface(int en) {
@@ -46,7 +49,7 @@ void draw_surface(int en) {
     part.part_eq = 1;
     part.part_x = any(-1, 6);
     part.part_y = any(-4, 6);
-    part.part_z = veh[0].cgZ + any(-20, 20);
+    part.part_z = veh[0].cgZ + (chance(0.3) ? any(-4, 0) : any(-20, 20));  // on the verge of lying ahead
     w.is_left = chance(0.5);
     w.els = whole(1, 10);
     w.Croot = any(2, 9);
@@ -61,8 +64,9 @@ void draw_surface(int en) {
     w.sweep2 = w.sweep1 + any(-20, 20);
     w.dihed2 = w.dihed1 + any(-20, 20);
     w.inc2 = any(-8, 8);
-    int* const flags[] = {w.ail1, w.ail2, w.spo1, w.spo2, w.yawb, w.elev, w.rud1, w.rud2, w.fla1, w.fla2, w.slat, w.sbrk,
-                          w.inc_ail1, w.inc_ail2, w.inc_elev, w.inc_rud1, w.inc_rud2, w.inc_vect, w.inc_trim};
+    int* const flags[] = {w.ail1,     w.ail2,     w.spo1,     w.spo2,     w.yawb,    w.elev,     w.rud1,
+                          w.rud2,     w.fla1,     w.fla2,     w.slat,     w.sbrk,    w.inc_ail1, w.inc_ail2,
+                          w.inc_elev, w.inc_rud1, w.inc_rud2, w.inc_vect, w.inc_trim};
     for (int* flag : flags) {
         const bool used = chance(0.4);
         for (int el = 0; el < elDIM; ++el) flag[el] = used && el < w.els && chance(0.6);
@@ -107,17 +111,23 @@ void draw_disc(int en) {
 
 void draw_controls() {
     veh_struct& v = veh[0];
-    float* const shares[] = {&v.ail1_cratR, &v.ail2_cratR, &v.spo1_cratR, &v.spo2_cratR, &v.yawb_cratR, &v.elev_cratR,
-                             &v.rud1_cratR, &v.rud2_cratR, &v.fla1_cratR, &v.fla2_cratR, &v.sbrk_cratR};
+    float* const shares[] = {&v.ail1_cratR, &v.ail2_cratR, &v.spo1_cratR, &v.spo2_cratR,
+                             &v.yawb_cratR, &v.elev_cratR, &v.rud1_cratR, &v.rud2_cratR,
+                             &v.fla1_cratR, &v.fla2_cratR, &v.sbrk_cratR};
     for (float* root : shares) {
         *root = any(0.05, 0.5);
         float* const tip = root + 1;  // the share at the tip lies behind
         *tip = any(0.05, 0.5);
     }
-    float* const travels[] = {&v.ail1_up, &v.ail1_dn, &v.ail2_up, &v.ail2_dn, &v.spo1_up, &v.spo2_up, &v.yawb_ud, &v.elev_up,
-                              &v.elev_dn, &v.rud1_lr, &v.rud2_lr, &v.sbrk_up, &v.ail1_pitch, &v.ail2_pitch, &v.ail1_flaps,
-                              &v.ail2_flaps, &v.stab_roll, &v.stab_hdng, &v.hstb_trim_up, &v.hstb_trim_dn,
-                              &v.stab_delinc_to_Vne, &v.wing_tilt_ptch, &v.wing_tilt_roll, &v.flap_roll, &v.flap_ptch};
+    float* const travels[] = {&v.ail1_up,        &v.ail1_dn,        &v.ail2_up,
+                              &v.ail2_dn,        &v.spo1_up,        &v.spo2_up,
+                              &v.yawb_ud,        &v.elev_up,        &v.elev_dn,
+                              &v.rud1_lr,        &v.rud2_lr,        &v.sbrk_up,
+                              &v.ail1_pitch,     &v.ail2_pitch,     &v.ail1_flaps,
+                              &v.ail2_flaps,     &v.stab_roll,      &v.stab_hdng,
+                              &v.hstb_trim_up,   &v.hstb_trim_dn,   &v.stab_delinc_to_Vne,
+                              &v.wing_tilt_ptch, &v.wing_tilt_roll, &v.flap_roll,
+                              &v.flap_ptch};
     for (float* travel : travels) *travel = any(0, 20);
     for (float* most : {&v.ail1_vmax, &v.ail2_vmax, &v.spo1_vmax, &v.spo2_vmax}) *most = any(50, 900);
     v.roll_to_eng_spo1 = any(0, 0.7);
@@ -149,8 +159,11 @@ void draw_aircraft(const veh_struct& base) {
     clear_flt(0);
     draw_controls();
     for (int en = part_wing_first; en <= part_wing_last; ++en) v.wing[en].semilen_SEG = 0;
-    for (int en : {9, 11, 13, 15, 17, 18, 19, 20, 21, 22, 39})  // the left sides mirror the right ones
+    for (int en : {9, 11, 13, 15, 17, 18, 19, 20, 21, 22, 39}) {
         if (chance(0.5)) draw_surface(en);
+        if (en <= part_hstb_right)
+            v.wing[en - 1].semilen_SEG = v.wing[en].semilen_SEG;  // the left side mirrors it
+    }
     if (v.num_thrustpoints && chance(0.5)) v.num_thrustpoints = whole(v.num_engines, v.num_engines + 1);
     for (int en = 0; en < v.num_thrustpoints; ++en) {
         if (en >= v.num_engines) {
@@ -198,7 +211,7 @@ void draw_state() {
     lab_flight at;
     at.speed = chance(0.05) ? any(0, 5) : any(20, 300);
     const bool low = chance(0.5);
-    at.altitude = any(0, low ? 300 : 9000);
+    at.altitude = any(0, low ? 20 : 9000);
     at.alpha = chance(0.8) ? any(-12, 25) : any(-180, 180);
     at.beta = chance(0.7) ? any(-15, 15) : any(-90, 90);
     at.gamma = any(-30, 30);
@@ -219,15 +232,16 @@ void draw_state() {
     mnw.prd_FM = 0;
     mnw.totl_time = any(0, 100);
     for (float* c : {&f.FC_ptch, &f.FC_roll, &f.FC_hdng, &f.elev_trim}) *c = chance(0.8) ? any(-1, 1) : 0;
-    for (float* r : {&f.swdi_rat, &f.vect_rat, &f.handle_rat_act, &f.sbrk_rat}) *r = chance(0.7) ? any(0, 1) : 0;
+    for (float* r : {&f.swdi_rat, &f.vect_rat, &f.handle_rat_act, &f.sbrk_rat})
+        *r = chance(0.7) ? any(0, 1) : 0;
     f.swdi_rqst = f.swdi_rat;
     f.vect_rqst = f.vect_rat;
     f.v_ind_kts = at.speed * con.msctokts;
     stg.chute_on = chance(0.5);
     stg.chute_deploy_rat = any(0, 1);
     memset(f.fail_stat, 0, sizeof f.fail_stat);
-    for (int slot : {fail_L_flp + 0, fail_R_flp + 0, fail_L_flp_off + 0, fail_R_flp_off + 0, fail_slat + 0, fail_eng_sep + 0,
-                     fail_wing1_left + whole(0, 25)})
+    for (int slot : {fail_L_flp + 0, fail_R_flp + 0, fail_L_flp_off + 0, fail_R_flp_off + 0, fail_slat + 0,
+                     fail_eng_sep + 0, fail_wing1_left + whole(0, 25)})
         if (chance(0.1)) f.fail_stat[slot] = fail_active;
     for (int g = 0; g < gearDIM; ++g) veh[0].gear[g].dep_rat = chance(0.8) ? any(0, 1) : 0;
     stg.battery = 1;
@@ -264,7 +278,8 @@ constexpr double close_enough = 1e-4;  // of the magnitudes: single precision on
 
 void expect_forces(const test::air_step& want) {
     const flt_struct& f = flt[0];
-    const float force[3] = {f.fside_aero_acf, f.fnrml_aero_acf, f.faxil_aero_acf}, moment[3] = {f.L, f.M, f.N};
+    const float force[3] = {f.fside_aero_acf, f.fnrml_aero_acf, f.faxil_aero_acf},
+                moment[3] = {f.L, f.M, f.N};
     EXPECT_LT(off_by(want.force, force, want.largest), close_enough);
     EXPECT_LT(off_by(want.moment, moment, want.largest_moment), close_enough);
     for (int en = 0; en < wingDIM; ++en) {
@@ -276,13 +291,18 @@ void expect_forces(const test::air_step& want) {
         for (int b = 0; b < bladDIM && (b == 0 || en <= part_thru_last); ++b)
             EXPECT_NEAR(w.Q_centroid_loc[b], want.Q_centroid_loc[en][b], 1e-4) << "blade " << b;
         if (en <= part_thru_last) continue;
+        const double part[3] = {want.nrml_force_path[en], want.axil_force_path[en], 0};
+        const float path[3] = {w.nrml_force_path, w.axil_force_path, 0};
+        EXPECT_LT(off_by(part, path, want.largest), close_enough);
         EXPECT_EQ(w.stalled != 0, want.stalled[en] != 0);
         for (int el = 0; el < veh[0].wing[en].els; ++el) {
             const double* one = want.force_XYZ[en][el];
-            const double size = sqrt(one[0] * one[0] + one[1] * one[1] + one[2] * one[2]) + 0.002 * want.largest;
+            const double size =
+                sqrt(one[0] * one[0] + one[1] * one[1] + one[2] * one[2]) + 0.002 * want.largest;
             EXPECT_LT(off_by(one, w.force_XYZ[el], size), 10 * close_enough)
                 << "element " << el << ": " << one[0] << " " << one[1] << " " << one[2] << " N";
-            EXPECT_NEAR(w.downwash_deg[el], want.downwash_deg[en][el], 1e-3 + 1e-4 * fabs(want.downwash_deg[en][el]));
+            EXPECT_NEAR(w.downwash_deg[el], want.downwash_deg[en][el],
+                        1e-3 + 1e-4 * fabs(want.downwash_deg[en][el]));
         }
     }
 }
@@ -299,9 +319,11 @@ void expect_deflections(const test::deflections& want) {
         EXPECT_NEAR(w.cos_act_dihed, cos(then[1] * M_PI / 180), 1e-6);
         EXPECT_NEAR(w.sin_act_sweep, sin(then[0] * M_PI / 180), 1e-6);
         if (en > part_wing_last) continue;
-        const float def[10] = {w.ail1_def, w.ail2_def, w.spo1_def, w.spo2_def, w.yawb_def, w.elev_def, w.rud1_def, w.rud2_def, w.fla1_def, w.fla2_def};
+        const float def[10] = {w.ail1_def, w.ail2_def, w.spo1_def, w.spo2_def, w.yawb_def,
+                               w.elev_def, w.rud1_def, w.rud2_def, w.fla1_def, w.fla2_def};
         for (int k = 0; k < 10; ++k) EXPECT_NEAR(def[k], want.def[en][k], 1e-4) << "control " << k;
-        for (int el = 0; el < veh[0].wing[en].els; ++el) EXPECT_NEAR(w.elem_inc_inc[el], want.elem_inc_inc[en][el], 1e-4);
+        for (int el = 0; el < veh[0].wing[en].els; ++el)
+            EXPECT_NEAR(w.elem_inc_inc[el], want.elem_inc_inc[en][el], 1e-4);
     }
 }
 
