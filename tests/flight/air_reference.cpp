@@ -341,6 +341,7 @@ void element(int en, int el, air_step& s, flow& out) {
     alpha += al;
 
     const double mach = v / con.lcl_a;
+    s.on_edge |= fabs(mach - 1) < 1e-5;
     const double thickness = line(0, foil.t_rat[0], w.els, foil.t_rat[1], el + 0.5);
     const double drag_div = line(0, foil.mach_div[0], w.els, foil.mach_div[1], el + 0.5);
     const coeffs c = mach < 1 ? subsonic(en, el, v, alpha, mach, drag_div, mod, s.CL_grndeffect[en],

@@ -16,6 +16,7 @@ struct air_step {
     double Q_centroid_loc[wingDIM][bladDIM];
     double CL_grndeffect[wingDIM], CD_grndeffect[wingDIM];
     int stalled[wingDIM];
+    bool on_edge;    // a law switches within the rounding of single precision: nothing to compare
     double largest;  // magnitudes summed, N, N m: sizes of an error even where the forces cancel
     double largest_moment;
 };

