@@ -1,21 +1,22 @@
 // One pass of the main loop.
 #include "app/frame.h"
 
-#include "core/alert.h"
-#include "core/clocks.h"
-#include "core/input_gate.h"
-#include "core/logs.h"
-#include "core/num.h"
-#include "core/records.h"
-#include "core/seams.h"
+#include "app/app_update.h"
+
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/program/clocks.h"
+#include "core/program/input_gate.h"
+#include "core/program/logs.h"
+#include "core/program/seams.h"
+#include "core/records/records.h"
 #include "draw/colours.h"
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
 #include "sound/sound.h"
-#include "ui/clicks.h"
-#include "ui/start_screen.h"
-#include "ui/windows.h"
+#include "ui/screens/clicks.h"
+#include "ui/screens/start_screen.h"
 #include "weather/clouds.h"
 
 namespace {

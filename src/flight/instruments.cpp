@@ -1,10 +1,10 @@
 // Air data, turn, slip, compass and gyros.
 #include "flight/instruments.h"
 
-#include "core/electrics.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
+#include "aircraft/electrics.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/records/records.h"
 #include "flight/systems.h"
 
 // Last good readings before a blockage, as indicated.

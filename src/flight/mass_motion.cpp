@@ -1,11 +1,12 @@
 // Masses, loads and moments, and the integration of rates and velocity. Slot 0.
-#include "aircraft/exists.h"
-#include "core/axes.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "flight/half_step.h"
-#include "flight/trace.h"
-#include "flight/weapons.h"
+#include "flight/mass_motion.h"
+
+#include "aircraft/design/exists.h"
+#include "core/math/axes.h"
+#include "core/math/random.h"
+#include "core/records/records.h"
+#include "flight/force/trace.h"
+#include "flight/weapons/weapons.h"
 
 // Outlives a flight: smoothed yaw acceleration at rest, and the phases of the tow's turbulence.
 static float running_Rdot;

@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "aircraft/exists.h"
-#include "core/records.h"
+#include "aircraft/design/exists.h"
+#include "core/records/records.h"
 #include "weather/wind.h"
 
 namespace test {

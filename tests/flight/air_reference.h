@@ -3,7 +3,7 @@
 // none; shares no function with the model but which parts exist. What discs add to the air is taken from the
 // records.
 #pragma once
-#include "core/dims.h"
+#include "core/craft/dims.h"
 
 namespace test {
 

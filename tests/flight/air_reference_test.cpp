@@ -9,13 +9,13 @@
 #include <random>
 #include <sstream>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/autoset.h"
 #include "aircraft/deflect.h"
-#include "aircraft/derive.h"
-#include "aircraft/exists.h"
-#include "core/axes.h"
-#include "core/electrics.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/design/autoset.h"
+#include "aircraft/design/exists.h"
+#include "aircraft/electrics.h"
+#include "aircraft/file/acf_file.h"
+#include "core/math/axes.h"
 #include "flight/half_step.h"
 #include "flying.h"
 #include "weather/wind.h"

@@ -1,10 +1,10 @@
 // Whole flights of the aircraft of the content without power, against first principles.
 #include <math.h>
 
-#include "aircraft/derive.h"
-#include "app/headless.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "aircraft/derive/derive.h"
+#include "app/lab/headless.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
 #include "flight/half_step.h"
 #include "flying.h"
 

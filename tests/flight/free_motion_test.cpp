@@ -1,10 +1,10 @@
 // Motion without air: closed forms of mechanics.
 #include <math.h>
 
-#include "core/axes.h"
-#include "core/globe.h"
-#include "flight/half_step.h"
+#include "core/math/axes.h"
+#include "core/math/globe.h"
 #include "flight/instruments.h"
+#include "flight/mass_motion.h"
 #include "flying.h"
 
 namespace {
