@@ -344,7 +344,7 @@ void start_system() {
         lab_still_air();
         started = true;
     }
-    reset_motion_statics();
+    reset_motion();
     mnw.prd_FM = 1.0f / 64.0f;
     mnw.totl_time = 0.0f;
     mnw.YK_ptch = mnw.YK_roll = mnw.YK_hdng = 0.0f;

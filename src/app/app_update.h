@@ -9,3 +9,4 @@ void WORLD_math_all_cases();
 
 // Whether flight data is recorded and sent now.
 int collect_data();
+void reset_app_update();

@@ -10,5 +10,4 @@ void MACIBM_event_proc();
 // Section profile in "Error.out" while mnw.track_cpu is set; is_last adds the frame's total.
 void profile_chart(const char* loc, int is_last);
 
-// Puts the private clocks and counters of the frame back to start, so that headless runs repeat.
-void reset_frame_statics();
+void reset_frame();  // its timers, counters and marks

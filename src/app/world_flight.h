@@ -3,3 +3,4 @@
 
 // The world's frame, if flying and not in replay.
 void WORLD_math_in_flight();
+void reset_world_flight();

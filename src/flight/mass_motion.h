@@ -17,5 +17,4 @@ void damp_crash_and_chute();
 // factors make on it. comment: name in the trace.
 void inc_mass_mi(float x, float y, float z, float m, const char* comment);
 
-// Sets the private state that outlives a flight to its first value, so that headless runs repeat.
-void reset_motion_statics();
+void reset_motion();

@@ -33,7 +33,7 @@ struct wind_state_struct {
     // offsets of the turbulence field, m
     vec_struct wind_os;           // integrated wind
     vec_struct term_os, crnt_os;  // wander: target and present
-    clock_struct phase;           // in double: a float phase would stand still after some hours
+    double_float phase;           // in double: a float phase would stand still after some hours
     float slope_vy;               // smoothed ridge lift, m/s
 };
 static wind_state_struct state;

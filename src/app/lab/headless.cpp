@@ -3,26 +3,40 @@
 
 #include <string.h>
 
+#include "aircraft/file/acf_fault.h"
+#include "app/app_update.h"
 #include "app/frame.h"
 #include "app/init_sim.h"
+#include "app/slots/heartbeat.h"
 #include "app/slots/warnings.h"
 #include "app/start/load_plane.h"
+#include "app/world_flight.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
+#include "core/program/clocks.h"
+#include "core/program/input_gate.h"
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "flight/instruments.h"
 #include "flight/mass_motion.h"
+#include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
 #include "weather/wind.h"
+
+namespace {
+// Whatever keeps something between frames, beside the records.
+void (*const resets[])() = {
+    reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
+    reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
+    wind_reset,        forget_faulty_acf,
+};
+}  // namespace
 
 void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
     seams_headless();
     rand_seed(1);
-    reset_frame_statics();
-    reset_motion_statics();
-    reset_warnings();
-    wind_reset();
+    for (void (*reset)() : resets) reset();
     init_records(install_folder, logs);
     init_gen();
     have_done_first_update = 1;

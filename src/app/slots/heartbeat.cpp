@@ -10,6 +10,14 @@
 #include "plugins/host.h"
 
 namespace {
+struct heartbeat_state {
+    int frame_TYPE = 0;                // 0 to 10: which message is next
+    int p_index_for_tst = 0;           // address of the next test
+    int stat_slot = -1;                // address that got our state last
+    int p_index_for_vehn = 0, vehn_slot = -1;  // next aircraft, and the address that gets it
+};
+heartbeat_state state;
+
 bool drives_others() {
     for (int slot = ip_mp_first; slot <= ip_mon_last; ++slot)
         if (net.use_ip[slot]) return true;
@@ -33,9 +41,8 @@ int next_in_use(int slot) {
 }
 
 void send_test() {
-    static int p_index_for_tst;
-    NET_send("TEST", nullptr, 0, p_index_for_tst);
-    p_index_for_tst = intwrap(p_index_for_tst + 1, 0, ip_ios_served);
+    NET_send("TEST", nullptr, 0, state.p_index_for_tst);
+    state.p_index_for_tst = intwrap(state.p_index_for_tst + 1, 0, ip_ios_served);
 }
 
 // Probes the last byte of the address range for other machines, one each time.
@@ -54,30 +61,31 @@ void send_ping() {
 }
 
 void send_stat() {
-    static int slot = -1;
-    const int next = next_in_use(slot);
+    const int next = next_in_use(state.stat_slot);
     if (next < 0) return;
-    slot = next;
-    NET_send_stat(slot);
+    state.stat_slot = next;
+    NET_send_stat(next);
 }
 
 // Aircraft by aircraft; when they wrap the address moves on. Peers get only the user's aircraft.
 void send_vehn() {
-    static int p_index_for_vehn, slot = -1;
+    int& slot = state.vehn_slot;
     if (slot < 0 || !net.use_ip[slot]) slot = next_in_use(slot);
     if (slot < 0) return;
     const int planes = slot <= ip_mp_last ? 1 : TVPGetNumberPlanesToHandle(stg.num_acf, 0);
-    p_index_for_vehn = intlim(p_index_for_vehn, 0, planes - 1);
-    NET_send_vehn(p_index_for_vehn, slot);
-    if (++p_index_for_vehn >= planes) {
-        p_index_for_vehn = 0;
+    state.p_index_for_vehn = intlim(state.p_index_for_vehn, 0, planes - 1);
+    NET_send_vehn(state.p_index_for_vehn, slot);
+    if (++state.p_index_for_vehn >= planes) {
+        state.p_index_for_vehn = 0;
         slot = next_in_use(slot);
     }
 }
 }  // namespace
 
+void reset_heartbeat() { state = {}; }
+
 void network_heartbeat() {
-    static int frame_TYPE;
+    int& frame_TYPE = state.frame_TYPE;
     const bool want_PING = net.auto_set_mp;
     const bool want_STAT = drives_others(), want_VEHN = want_STAT;
     frame_TYPE = intwrap(frame_TYPE + 1, 0, 10);

@@ -3,3 +3,4 @@
 
 // One step of the network heartbeat.
 void network_heartbeat();
+void reset_heartbeat();

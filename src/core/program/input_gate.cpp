@@ -55,6 +55,12 @@ static void hold(int use_code, int key, bool is_down) {
 
 bool input_key_is_held(int key) { return key >= 0 && key < static_cast<int>(held.size()) && held[key]; }
 
+void reset_input_gate() {
+    held.reset();
+    return_hit = 0;
+    memset(C_s_input, 0, sizeof C_s_input);
+}
+
 // -- text entry
 
 // Keys that move or step something; they end text entry and never become text.

@@ -54,3 +54,6 @@ bool input_key_is_held(int key);
 // A character with shift on a US keyboard, and back; others stay.
 int shifted_key(int key);
 int unshifted_key(int key);
+
+// No key is held, no text is in the making.
+void reset_input_gate();

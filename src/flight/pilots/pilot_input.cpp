@@ -13,8 +13,14 @@
 #include "scenery/ground/terrain_query.h"
 #include "scenery/nav/nav_lookup.h"
 
-// When the AI changes heading and altitude next, totl_time.
-static float time_hdg_change, time_alt_change;
+namespace {
+struct pilot_state {
+    float time_hdg_change = 0.0f, time_alt_change = 0.0f;  // when the AI changes them next, totl_time
+};
+pilot_state state;
+}  // namespace
+
+void reset_pilot_input() { state = {}; }
 
 void auto_set_thro_prop(float in_rat, float* thro_rat, float* prop_rat) {
     const veh_struct& v = veh[0];
@@ -43,7 +49,7 @@ void ai_take_off() {
         fltwrap(runway_heading_true() + (msc.backwards ? 180.0f : 0.0f) + env.mag_var, 0.0f, 360.0f);
     nav.vvi_hold_fpm = f.Vh_fpm;
     nav.alt_hold_ft_use = (f.terrain_y_cg * con.mtrstoft) + 1000.0f;
-    time_hdg_change = time_alt_change = mnw.totl_time + 15.0f;
+    state.time_hdg_change = state.time_alt_change = mnw.totl_time + 15.0f;
     const float heading_error = fltwrap(nav.hdg_hold_mag - f.psi_mag_act, -180.0f, 180.0f);
     mnw.YK_hdng = (heading_error - 0.1f * f.R) * 0.5f;
     stg.parkbrake = 0.0f;
@@ -80,12 +86,12 @@ void ai_cruise() {
     nav.mode_alt_ = otto_alt_hold;
     nav.mode_hdng = otto_hdng_hold;
     const float terrain_ft = ai_terrain_ahead() * con.mtrstoft;
-    if (mnw.totl_time > time_hdg_change) {
-        time_hdg_change = mnw.totl_time + flt_rand(30.0f, 120.0f);
+    if (mnw.totl_time > state.time_hdg_change) {
+        state.time_hdg_change = mnw.totl_time + flt_rand(30.0f, 120.0f);
         nav.hdg_hold_mag = flt_rand(0.0f, 360.0f);
     }
-    if (mnw.totl_time > time_alt_change) {
-        time_alt_change = mnw.totl_time + flt_rand(30.0f, 120.0f);
+    if (mnw.totl_time > state.time_alt_change) {
+        state.time_alt_change = mnw.totl_time + flt_rand(30.0f, 120.0f);
         nav.alt_hold_ft_use = terrain_ft + flt_rand(floor_ft, ceiling_ft);
     }
     nav.alt_hold_ft_use = fltmax2(nav.alt_hold_ft_use, terrain_ft + floor_ft);
@@ -150,7 +156,7 @@ void take_both_signs(int use, float& to) {
 
 // The autothrottle holds the throttle while it works.
 bool autothrottle_on() {
-    return nav.mode_thro == otto_thro_speed && nav.mode_fdir == 2 && ac_working() &&
+    return nav.mode_thro == otto_thro_speed && nav.mode_fdir > 0 && ac_working() &&
            flt[0].fail_stat[fail_otto] != fail_active;
 }
 
