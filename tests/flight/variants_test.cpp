@@ -315,13 +315,13 @@ TEST_F(variant, jump_jet_stands_on_its_fan_and_nozzle) {
         a.vect_max_disc = 90.0f;
         a.vect_rate = 30.0f;
         a.wing[0].inc_vect[0] = a.wing[1].inc_vect[0] = 1;
-        place_at(a, 0, 0.0f, 0.0f, 12.2f);
+        place_at(a, 0, 0.0f, 0.0f, 12.45f);
         a.engn[1].prop_type = prop_lift_fan;
         a.engn[1].prop_gear_rat = 1.0f;
         a.engn[1].min_pitch = a.engn[1].max_pitch = 0.0f;
         blades(a, 1, "Fan NACA 4406 Re 1 million.afl", 2.5f, 0.44f, 12.0f);
         for (int el = 0; el < 6; ++el) a.wing[1].incidence[el] = 38.0f - 4.0f * el;
-        place_at(a, 1, 0.0f, 0.0f, 5.77f);
+        place_at(a, 1, 0.0f, 0.0f, 6.02f);
         for (float& moment : a.puff_LMN) moment = 3000.0f;
         a.blown_flap_add_speed = 30.0f;
         a.blown_flap_min_engag = 0.3f;
