@@ -206,14 +206,14 @@ TEST_F(variant, electric_needs_no_fuel_and_no_air) {
     for (float& fuel : f.m_fuel) fuel = 0.0f;
     lab_set_power(1.0f);
     for (const float altitude : {100.0f, 6000.0f}) {
-        place(45.0f, 0.0f, altitude);
+        place(50.0f, 0.0f, altitude);
         lab_hold(20.0f);
         EXPECT_NEAR(e.TRQ_nm, v.trq_max_eng, 0.03f * v.trq_max_eng);
         EXPECT_EQ(e.FF_kgs, 0.0f);
     }
-    lab_fly_steady(steady(45.0f));
+    lab_fly_steady(steady(50.0f));
     fly(10.0f, f.the);
-    EXPECT_NEAR(f.AV_msc, 45.0f, 3.0f);
+    EXPECT_NEAR(f.AV_msc, 50.0f, 3.0f);
 }
 
 TEST_F(variant, turboprop_goes_through_beta_to_reverse_and_back) {
