@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "aircraft/autoset.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "aircraft/design/autoset.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
 #include "design.h"
 
 namespace {
@@ -94,25 +94,6 @@ TEST_F(deflect, spoilers_and_yaw_brakes_open_on_one_side) {
     acf.spo1_vmax = 5.0f;
     controls(0, 1, 0);
     EXPECT_EQ(right.spo1_def, 0.0f);
-}
-
-TEST_F(deflect, tail_mixes_and_reverses_ahead) {
-    acf.elev_up = 20.0f;
-    acf.elev_dn = 10.0f;
-    acf.stab_roll = 4.0f;
-    acf.stab_hdng = 2.0f;
-    acf.rud1_lr = 25.0f;
-    acf.rud2_lr = 5.0f;
-    controls(1, 0.5f, 0.5f);
-    EXPECT_FLOAT_EQ(right_tail.elev_def, 20.0f + 2.0f - 1.0f);
-    EXPECT_FLOAT_EQ(left_tail.elev_def, 20.0f - 2.0f + 1.0f);
-    EXPECT_FLOAT_EQ(fin.rud1_def, -12.5f);
-    EXPECT_FLOAT_EQ(fin.rud2_def, -2.5f);
-    acf.wing[18].dihed1 = -90.0f;  // a ventral fin
-    acf.wing[17].rev_con = 1;      // a canard
-    controls(-1, 0.5f, 0.5f);
-    EXPECT_FLOAT_EQ(right_tail.elev_def, 10.0f + 2.0f - 1.0f);
-    EXPECT_FLOAT_EQ(fin.rud1_def, 12.5f);
 }
 
 TEST_F(deflect, flaps_run_between_uneven_detents) {
@@ -361,24 +342,6 @@ TEST_F(deflect, variable_geometry_turns_the_short_way) {
     EXPECT_NEAR(right.sin_act_dihed, std::sin(3.0 * M_PI / 180), 1e-6f);
     EXPECT_NEAR(fin.sin_act_dihed, 1.0f, 1e-6f);
     EXPECT_EQ(acf.wing[17].dihednow, 0.0f);  // only wings tilt
-}
-
-TEST_F(deflect, elements_turn_one_pass_behind_and_trim_turns_canards_the_other_way) {
-    acf.elev_up = 10.0f;
-    acf.hstb_trim_up = 3.0f;
-    acf.hstb_trim_dn = 5.0f;
-    acf.stab_delinc_to_Vne = 2.0f;
-    acf.wing[17].inc_elev[1] = acf.wing[17].inc_trim[1] = acf.wing[9].inc_trim[0] = 1;
-    acf.part[9].part_z = -2.0f;  // the wing as a canard
-    acf.min_trim_elev = 0.5f;
-    flt[0].v_ind_kts = 100.0f;
-    flt[0].elev_trim = -0.25f;
-    controls(1, 0, 0);
-    EXPECT_FLOAT_EQ(right_tail.elem_inc_inc[1], 2.5f + 1.0f);  // trim and speed, no elevator yet
-    EXPECT_FLOAT_EQ(right_tail.elem_inc_inc[0], 1.0f);
-    EXPECT_FLOAT_EQ(right.elem_inc_inc[0], -1.5f);
-    controls(1, 0, 0);
-    EXPECT_FLOAT_EQ(right_tail.elem_inc_inc[1], 3.5f - 10.0f);
 }
 
 TEST_F(deflect, slots_are_bounded) {

@@ -1,17 +1,16 @@
 // From the designer's record to the flight model.
-#include "aircraft/derive.h"
+#include "aircraft/derive/derive.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-#include "aircraft/acf_fault.h"
-#include "aircraft/autoset.h"
-#include "aircraft/bodies_mass.h"
-#include "aircraft/derive_steps.h"
-#include "aircraft/location.h"
-#include "aircraft/oswald.h"
-#include "core/num.h"
+#include "aircraft/derive/bodies_mass.h"
+#include "aircraft/derive/oswald.h"
+#include "aircraft/design/autoset.h"
+#include "aircraft/design/location.h"
+#include "aircraft/file/acf_fault.h"
+#include "core/math/num.h"
 #include "design.h"
 
 namespace {
@@ -81,6 +80,17 @@ TEST_F(derive, single_wing_has_its_textbook_numbers) {
     make(3);
     EXPECT_GT(veh[3].wing[9].AR, 50000.0f);
     EXPECT_NEAR(veh[3].wing[9].cl_D_cl0, 1.0f, 1e-4f);
+}
+
+TEST_F(derive, a_slat_on_a_pylon_stretches_nothing) {
+    veh[0].slat_inc = 5.0f;
+    design::surface(0, 9, {0, 0, 0, 4, 2, 15});
+    design::surface(0, 40, {0, 0, 0, 2, 2, 2});
+    veh[0].wing[9].slat[0] = veh[0].wing[40].slat[0] = 1;
+    make();
+    const float stall = 15.0f / veh[0].wing[9].al_D_al0;
+    EXPECT_NEAR(veh[0].wing[9].slat_effect, (5.0f + stall) / stall, 1e-5f);
+    EXPECT_EQ(veh[0].wing[40].slat_effect, 1.0f);
 }
 
 TEST_F(derive, delta_wing_and_its_sweeps) {

@@ -1,13 +1,11 @@
 // Coefficients of one element, against closed forms.
-#include "flight/coeffs.h"
+#include "flight/air/coeffs.h"
 
 #include <math.h>
 
-#include "core/num.h"
-#include "core/random.h"
-#include "flight/aero.h"
-#include "flight/controls.h"
-#include "flight/forces.h"
+#include "core/math/num.h"
+#include "flight/air/controls.h"
+#include "flight/force/forces.h"
 #include "support.h"
 
 namespace {
@@ -96,57 +94,6 @@ TEST_F(element, the_table_is_read_over_all_angles_without_a_step) {
               "ELEMENT INDEX out of range!");
 }
 
-TEST_F(element, foils_blend_by_reynolds_number_and_equal_names_share_one_table) {
-    veh_wing_struct& w = veh[0].wing[part];
-    afl_struct& a = veh[0].afl[part];
-    for (float& cl : a.cl[0][1]) cl += 1.0f;  // another high-Reynolds table, but under the same name
-    for (float& cl : a.cl[1][1]) cl += 1.0f;
-    const float same = cl_at(0.0f);
-    EXPECT_NEAR(same, 0.2f * pg(), 1e-5f);
-    snprintf(w.Rafl1, 40, "b.afl");
-    snprintf(w.Tafl1, 40, "b.afl");
-    a.re_num[0][0] = a.re_num[1][0] = 1.0f;
-    a.re_num[0][1] = a.re_num[1][1] = 3.0f;
-    const float Re = 1.225f * 50.0f * 1.0f / con.planet_mu_air * 1e-6f;  // 3.42 million: held at 3
-    ASSERT_GT(Re, 3.0f);
-    EXPECT_NEAR(cl_at(0.0f), 1.2f * pg(), 1e-4f);
-    w.mac[0] = 2.0f / Re;  // exactly two million
-    EXPECT_NEAR(cl_at(0.0f), 0.7f * pg(), 1e-4f);
-}
-
-TEST_F(element, ground_ice_slat_sideslip_and_mach) {
-    flt_wing_struct& f = flt[0].wing[part];
-    f.CL_grndeffect = 1.5f;
-    EXPECT_NEAR(cl_at(4.0f), 1.5f * 0.6f * pg(), 1e-4f);
-    EXPECT_NEAR(cl_at(-4.0f), -0.2f * pg(), 1e-4f) << "negative lift gets no ground effect";
-    f.CL_grndeffect = 1.0f;
-    cl_at(4.0f);
-    const float drag0 = drag;
-    flt[0].frame_ice = 1.0f;
-    EXPECT_NEAR(cl_at(4.0f), 0.6f * pg() / 1.5f, 1e-4f);
-    EXPECT_NEAR(drag, 5.0f * drag0, 1e-3f * drag0);
-    flt[0].frame_ice = 0.0f;
-    // full slats: the same slope, the angle of the maximum moved on
-    veh[0].wing[part].slat[0] = 1;
-    flt[0].slat_rat = 1.0f;
-    EXPECT_NEAR(cl_at(4.0f), 1.2f * (0.1f * (6.0f / 1.2f - 2.0f) + 0.2f) * pg(), 1e-4f);
-    veh[0].wing[part].slat[0] = 0;
-    // in a pure sideslip the aspect ratio is the inverse
-    flt[0].beta = 90.0f;
-    const float cl = cl_at(4.0f);
-    EXPECT_NEAR(drag / q_S(), 0.01f + cl * cl / (con.pi * 0.9f / 8.0f), 1e-2f);
-    flt[0].beta = 0.0f;
-    // frozen at 0.85 below the speed of sound, a double wedge above it
-    f.v_el[0][0] = 0.9f * 340.0f;
-    EXPECT_NEAR(cl_at(4.0f), 0.6f / sqrtf(1.0f - 0.7225f), 1e-3f);
-    f.v_el[0][0] = 2.0f * 340.0f;
-    veh[0].afl[part].t_rat[0] = veh[0].afl[part].t_rat[1] = 0.05f;
-    const float a = 4.0f * con.degtorad, beta = sqrtf(3.0f);
-    EXPECT_NEAR(cl_at(4.0f), 4.0f * a / beta, 0.01f * 4.0f * a / beta) << "Ackeret";
-    EXPECT_NEAR(drag / q_S(), 4.0f * (a * a + 0.05f * 0.05f) / beta + 0.0046f, 5e-4f)
-        << "wave and thickness drag";
-}
-
 TEST_F(element, negative_drag_is_told) {
     for (float& cd : veh[0].afl[part].cd[0][0]) cd = -0.01f;
     EXPECT_EQ(test::expect_fatal([&] { cl_at(0.0f); }).line[0], "neg cd in post con-def lookup!");
@@ -220,14 +167,4 @@ TEST_F(element, forces_make_the_moments_of_their_arms) {
     EXPECT_FLOAT_EQ(vy, 2.0f);
 }
 
-TEST_F(element, body_drag_and_crossflow) {
-    float lift_b, side_b, drag_b;
-    get_body_coeffs(1.0f, 8.0f, 6.0f, 0.1f, 34.0f, 0.0f, &lift_b, 0.0f, &side_b, 0.0f, &drag_b);
-    const float q = 0.5f * 1.225f * 34.0f * 34.0f;
-    EXPECT_NEAR(drag_b, 0.1f * q, 0.01f * q);
-    EXPECT_EQ(lift_b, 0.0f);
-    get_body_coeffs(1.0f, 8.0f, 6.0f, 0.1f, 34.0f, con.pid2, &lift_b, 0.0f, &side_b, con.pid2, &drag_b);
-    EXPECT_NEAR(lift_b, 0.27f * 6.0f * q, 0.01f * 6.0f * q);
-    EXPECT_NEAR(drag_b, 0.37f * 7.0f * q, 0.02f * 7.0f * q);
-}
 }  // namespace

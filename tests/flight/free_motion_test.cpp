@@ -1,8 +1,10 @@
 // Motion without air: closed forms of mechanics.
 #include <math.h>
 
-#include "core/axes.h"
-#include "core/globe.h"
+#include "core/math/axes.h"
+#include "core/math/globe.h"
+#include "flight/instruments.h"
+#include "flight/mass_motion.h"
 #include "flying.h"
 
 namespace {
@@ -24,6 +26,30 @@ TEST_F(free_motion, falls_by_the_inverse_square_law) {
     EXPECT_NEAR(y0 - flt[0].dob_y, 0.5 * g * seconds * seconds + lead, 0.5);
     EXPECT_NEAR(flt[0].g_total, 0.0f, 1e-3f);
     EXPECT_NEAR(flt[0].dob_ele, flt[0].dob_y, 1e-3);
+}
+
+TEST_F(free_motion, a_centre_of_gravity_moved_aft_turns_the_nose_up_under_lift) {
+    flt[0].m_total = 1000.0f;
+    flt[0].cgz_ref_to_default = 0.25f;  // m aft of where the forces are counted from
+    flt[0].g_nrml = 2.0f;
+    flt[0].g_side = 0.4f;
+    add_weight_shift();
+    EXPECT_NEAR(flt[0].M, 2.0f * 9.79828f * 1000.0f * 0.25f, 0.1f);  // the lift stands ahead of the mass
+    EXPECT_NEAR(flt[0].N, 0.4f * 9.79828f * 1000.0f * 0.25f, 0.1f);  // so does the side force
+    EXPECT_EQ(flt[0].L, 0.0f);
+}
+
+// The turning error of a needle that leans with the bank.
+TEST_F(free_motion, the_compass_shows_west_of_north_in_a_right_turn_from_north) {
+    flt[0].dob_lat = 40.0;
+    flt[0].psi_mag_act = 0.0f;
+    flt[0].sin_phi = 0.5f;  // 30 degrees to the right
+    flt[0].cos_phi = 0.8660254f;
+    flt[0].com_ind_mag = 0.0f;
+    mnw.prd_FM = 1.0f;  // s: the whole way to where it settles
+    instrument_step();
+    // the bank's sine by tan 25 degrees, half the colatitude, to the west
+    EXPECT_NEAR(fltwrap(flt[0].com_ind_mag, -180.0f, 180.0f), -atanf(0.5f * 0.4663077f) * 57.29578f, 0.01f);
 }
 
 TEST_F(free_motion, keeps_a_circular_orbit_through_frame_shifts) {

@@ -2,7 +2,8 @@
 #include <math.h>
 
 #include "aircraft/deflect.h"
-#include "core/num.h"
+#include "app/lab/lab_steady.h"
+#include "core/math/num.h"
 #include "flying.h"
 
 namespace {
@@ -47,8 +48,8 @@ void hold_spin(float side, spin_struct& s) {
     }
 }
 
-// Opposite rudder, half a second later the stick forward of neutral; when the rotation ends, the pedals to the
-// middle, the stick where it glides best, and the wings level: the dive ends by itself.
+// Opposite rudder, half a second later the stick forward of neutral; when the rotation ends, the pedals to
+// the middle, the stick where it glides best, and the wings level: the dive ends by itself.
 void leave_spin(float side, float gliding, spin_struct& s) {
     const double from = flt[0].dob_ele;
     s.seconds_to_stop = 99.0f;

@@ -6,11 +6,12 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "aircraft/afl_polar.h"
-#include "core/num.h"
+#include "aircraft/foil/afl_polar.h"
+#include "core/math/num.h"
 
 const char* const rows_help =
-    "Beyond the stall measured rows may stand in place of the generated curves, from the stall on in straight\n"
+    "Beyond the stall measured rows may stand in place of the generated curves, from the stall on in "
+    "straight\n"
     "lines: rows = [[alpha, lift, drag, moment], ...], by rising alpha from -180 to 180, and beyond_stall =\n"
     "\"NAME\" for the rows of beyond_stall/NAME.toml outside of those; there mirrored = true lets positive\n"
     "angles stand for negative ones too. Neighbours may differ by at most 0.5 in lift, 0.15 in drag\n"
@@ -129,7 +130,8 @@ std::vector<row_struct> read_rows(const toml::table& source, const std::string& 
     }
     const std::filesystem::path folder = std::filesystem::path(path).parent_path() / "beyond_stall";
     const std::string name = *shared->value<std::string>();
-    const float first = rows.empty() ? 0.0f : rows.front().alpha, last = rows.empty() ? 0.0f : rows.back().alpha;
+    const float first = rows.empty() ? 0.0f : rows.front().alpha,
+                last = rows.empty() ? 0.0f : rows.back().alpha;
     for (const row_struct& row : read_shared((folder / (name + ".toml")).string(), faults))
         if (row.alpha < fltmin2(first, 0.0f) || row.alpha > fltmax2(last, 0.0f)) rows.push_back(row);
     std::sort(rows.begin(), rows.end(),
@@ -161,7 +163,8 @@ void check_rows(const std::vector<row_struct>& rows, const afl_struct& foil,
 void apply_rows(const std::vector<row_struct>& rows, afl_struct& foil) {
     const int low = entry_of_almin(foil), high = entry_of_almax(foil);
     std::vector<row_struct> line = rows;
-    const auto middle = std::find_if(line.begin(), line.end(), [](const row_struct& r) { return r.alpha > 0.0f; });
+    const auto middle =
+        std::find_if(line.begin(), line.end(), [](const row_struct& r) { return r.alpha > 0.0f; });
     line.insert(line.insert(middle, entry(foil, high)), entry(foil, low));
     size_t next = 1;
     for (int i = 0; i < aflDIM; ++i) {

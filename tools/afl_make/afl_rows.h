@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/afl.h"
+#include "core/craft/afl.h"
 
 // Angles in degrees; coefficients of the section, moment about the quarter chord, nose up.
 struct row_struct {
