@@ -1,8 +1,8 @@
 """Single-line faults in C++ sources: where they can be planted and what they change.
 
 Reads text only, knows nothing of builds or tests. Comments, strings, preprocessor lines, static_assert, guards
-against numbers that are none, using and template heads hold no faults. The sources are formatted by .clang-format, so a binary operator stands between
-blanks and a template bracket does not.
+against numbers that are none, using and template heads hold no faults, nor do functions that are only declared.
+The sources are formatted by .clang-format: a binary operator stands between blanks, a template bracket does not.
 """
 import random
 import re
@@ -21,6 +21,11 @@ HIDDEN = re.compile(
                  ^[ \t]*template\s*<[^\n]*)
     """, re.VERBOSE | re.DOTALL | re.MULTILINE)
 
+# Names of parameters and their order mean nothing where a function is only declared.
+DECLARED_FUNCTION = re.compile(
+    r"^[ \t]*(?!return\b|throw\b|delete\b|else\b|goto\b|case\b|new\b)(?:[a-z]+ )*[A-Za-z_][\w:<>]*[ *&]+[\w:]+"
+    r"\((?:[^(){};=]|\([^()]*\))*\)(?: const)?;", re.MULTILINE)
+
 OPERATORS = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&&": "||", "||": "&&", "&": "|", "|": "&",
              "<<": ">>", ">>": "<<", "+=": "-=", "-=": "+=", "*=": "/=", "/=": "*=", "|=": "&=", "&=": "|=",
              "=": None, "<": ">=", ">": "<=", "<=": ">", ">=": "<", "==": "!=", "!=": "=="}
@@ -30,7 +35,8 @@ OPERATOR = re.compile(r"(?<=\s)(" + "|".join(re.escape(o) for o in sorted(OPERAT
 UNARY = re.compile(r"(?<![\w)\]\-])(-|!)(?=[\w(.])")
 NUMBER = re.compile(r"(?<![\w.'])" + LITERAL + r"(?![\w.'])")
 INDEX = re.compile(r"(?<=\w\[)(\d+)(?=\])")
-ARRAY_DECLARED = re.compile(r"^\s*(?:(?:static|const|constexpr|inline|extern|thread_local) )*[\w:<>]+ \w+\[")
+# The size of an array: a larger one changes nothing.
+ARRAY_SIZE = re.compile(r"(?:^|(?<=[\s(,{;]))(?!return |case |else |delete )[A-Za-z_][\w:<>]*[*&]? [*&]?\w+((?:\[[^\]]*\])+)")
 
 # Words that a slip of the hand puts in each other's place, as whole parts of a name.
 NEIGHBOURS = [("left", "right"), ("lft", "rgt"), ("x", "y"), ("y", "z"), ("dx", "dy"), ("dy", "dz"), ("lat", "lon"),
@@ -78,7 +84,9 @@ def blank(match):
 
 
 def code_of(text):
-    return HIDDEN.sub(blank, text)
+    """The text with all that holds no fault as blanks."""
+    code = HIDDEN.sub(blank, text)
+    return DECLARED_FUNCTION.sub(lambda match: re.sub(r"[^\n]", " ", match.group(0)), code)
 
 
 def guarded_part(code):
@@ -142,9 +150,11 @@ def faults_of_line(code, line, previous):
             replace("comparison" if match.group(1) in COMPARISONS else "operator", match.start(), match.end(), other)
     for match in UNARY.finditer(code):
         replace("sign", match.start(), match.end(), "")
-    declares_array = ARRAY_DECLARED.match(code)
-    indices = set() if declares_array else {match.start() for match in INDEX.finditer(code)}
+    sizes = [match.span(1) for match in ARRAY_SIZE.finditer(code)]
+    indices = {match.start() for match in INDEX.finditer(code)}
     for match in NUMBER.finditer(code):
+        if any(start < match.start() < end for start, end in sizes):
+            continue
         text = match.group(0)
         value = number_of(text)
         if match.start() in indices:

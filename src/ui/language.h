@@ -18,7 +18,7 @@ constexpr int languageDIM = 7;
 // the flight anew, so that names made of strings follow.
 void MACIBM_setupforlang(int hard_reset);
 // Menus from the language's folder, numbered in the order of the file.
-void MACIBM_read_menus(std::string name);
+void MACIBM_read_menus(const std::string& name);
 
 // UTF-8 to pairs of bytes, each naming a glyph of the Korean image; see ui/korean.cpp.
 std::string char_string_to_int_string(const std::string& text);
