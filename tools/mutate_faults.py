@@ -23,8 +23,8 @@ HIDDEN = re.compile(
 
 # Names of parameters and their order mean nothing where a function is only declared.
 DECLARED_FUNCTION = re.compile(
-    r"^[ \t]*(?!return\b|throw\b|delete\b|else\b|goto\b|case\b|new\b)(?:[a-z]+ )*[A-Za-z_][\w:<>]*[ *&]+[\w:]+"
-    r"\((?:[^(){};=]|\([^()]*\))*\)(?: const)?;", re.MULTILINE)
+    r"^[ \t]*(?!return\b|throw\b|delete\b|else\b|goto\b|case\b|new\b)(?:[a-z]+ )*[A-Za-z_][\w:<>]*[ *&]+"
+    r"(?:[\w:]+|\(\*\w+\))\((?:[^(){};=]|\([^()]*\))*\)(?: const)?;", re.MULTILINE)
 
 OPERATORS = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&&": "||", "||": "&&", "&": "|", "|": "&",
              "<<": ">>", ">>": "<<", "+=": "-=", "-=": "+=", "*=": "/=", "/=": "*=", "|=": "&=", "&=": "|=",
@@ -166,7 +166,7 @@ def faults_of_line(code, line, previous):
     for match in WORD.finditer(code):
         for other in OTHER_WORD[match.group(1)]:
             replace("neighbour", match.start(), match.end(), other)
-    for match in ARGUMENTS.finditer(code):
+    for match in ARGUMENTS.finditer(code) if not code.lstrip().startswith(":") else ():
         blank_before, one, other = match.groups()
         if one != other and not SYMMETRIC.search(code[:match.start()]):
             replace("neighbour", match.start(), match.end(), f"{blank_before}{other}, {one}")

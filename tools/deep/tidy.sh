@@ -6,7 +6,7 @@ status=0
 run-clang-tidy -p build -quiet -j "$(nproc)" "^$PWD/src/.*\.cpp$" >build-deep/clang-tidy.out 2>build-deep/clang-tidy.err ||
     status=$?
 read_count=$(grep -c '^clang-tidy' build-deep/clang-tidy.out || true)
-warnings=$(grep -hE '(warning|error): ' build-deep/clang-tidy.out | sort -u || true)
+warnings=$(sed 's/\x1b\[[0-9;]*m//g' build-deep/clang-tidy.out | grep -E '(warning|error): ' | sort -u || true)
 [ -z "$warnings" ] || echo "$warnings"
 found=$(printf '%s' "$warnings" | grep -c '' || true)
 echo "summary: $read_count sources read, $found warnings"

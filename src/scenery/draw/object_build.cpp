@@ -75,7 +75,7 @@ void compile_lists(int M) {
 }
 }  // namespace
 
-int build_obs(std::string hard_path, int) {
+int build_obs(const std::string& hard_path, int) {
     const std::string path = below_install_folder(hard_path);
     const auto known = vec_mod_index.find(path);
     if (known != vec_mod_index.end()) return known->second;
