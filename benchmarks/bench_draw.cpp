@@ -12,14 +12,14 @@
 
 #include "../tests/draw/pictures.h"
 #include "../tests/support/xvfb.h"
-#include "core/con.h"
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/ren.h"
-#include "core/seams.h"
-#include "draw/gl_facts.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "core/disk/paths.h"
+#include "core/program/seams.h"
+#include "core/records/con.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 #include "platform/window.h"
 
 namespace {

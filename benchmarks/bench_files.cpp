@@ -9,11 +9,12 @@
 #include <fstream>
 
 #include "../tests/support/sample_acf.h"
-#include "aircraft/acf_file.h"
-#include "aircraft/acf_toml.h"
-#include "core/con.h"
-#include "core/paths.h"
-#include "core/txtscan.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/file/acf_toml_read.h"
+#include "aircraft/io_acf.h"
+#include "core/disk/paths.h"
+#include "core/disk/txtscan.h"
+#include "core/records/con.h"
 
 namespace {
 class scratch_folder {

@@ -6,20 +6,20 @@
 #include <cmath>
 #include <cstdio>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/afl_file.h"
-#include "aircraft/autoset.h"
-#include "aircraft/derive.h"
-#include "aircraft/exists.h"
-#include "app/headless.h"
-#include "app/lab.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "flight/coeffs.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/design/autoset.h"
+#include "aircraft/design/exists.h"
+#include "aircraft/foil/afl_file.h"
+#include "aircraft/io_acf.h"
+#include "app/lab/headless.h"
+#include "app/lab/lab.h"
+#include "app/lab/lab_steady.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/records/records.h"
+#include "flight/air/coeffs.h"
 #include "flight/half_step.h"
-#include "flight/propel.h"
-#include "flight/stepper.h"
+#include "flight/power/shafts.h"
 #include "weather/wind.h"
 
 namespace {

@@ -4,20 +4,21 @@
 
 #include <string>
 
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/ren.h"
-#include "core/seams.h"
+#include "core/disk/paths.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
 #include "draw/colours.h"
-#include "draw/gl_facts.h"
-#include "draw/menus.h"
-#include "draw/ogl.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
-#include "draw/widgets.h"
+#include "draw/widgets/menus.h"
+#include "draw/widgets/widgets.h"
 #include "platform/screen.h"
 #include "platform/window.h"
-#include "ui/start_screen.h"
+#include "ui/screens/start_screen.h"
 
 namespace {
 // One window for all; false where there is no display.

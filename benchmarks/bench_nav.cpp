@@ -9,13 +9,15 @@
 #include <numeric>
 #include <vector>
 
-#include "core/con.h"
-#include "core/env.h"
-#include "core/jobs.h"
-#include "core/paths.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "scenery/nav_data.h"
+#include "core/disk/paths.h"
+#include "core/math/random.h"
+#include "core/program/jobs.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
+#include "core/records/records.h"
+#include "scenery/nav/apt_file.h"
+#include "scenery/nav/nav_files.h"
+#include "scenery/nav/nav_lookup.h"
 
 namespace {
 // A world of the given size in an install folder of its own.

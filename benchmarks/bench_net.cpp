@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "core/jobs.h"
+#include "core/program/jobs.h"
 #include "platform/http_client.h"
 
 namespace {

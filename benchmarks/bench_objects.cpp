@@ -11,17 +11,18 @@
 #include <string>
 
 #include "../tests/support/xvfb.h"
-#include "core/con.h"
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/ren.h"
-#include "core/seams.h"
-#include "draw/gl_facts.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "core/disk/paths.h"
+#include "core/program/seams.h"
+#include "core/records/con.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 #include "platform/window.h"
 #include "scenery/draw/object_draw.h"
-#include "scenery/object_file.h"
+#include "scenery/draw/scenery_gl.h"
+#include "scenery/objects/object_file.h"
 
 namespace {
 const std::string header = "I\n700\nOBJ\n\nnone\n\n";
@@ -48,6 +49,7 @@ struct stage_struct {
     stage_struct() {
         std::filesystem::create_directory(folder);
         init_con();
+        scenery_draw = scenery_draw_gl;
         seams_headless();
         init_paths(folder);
         mnw.x_res_now = 1024, mnw.y_res_now = 768, mnw.tex_res = 5;

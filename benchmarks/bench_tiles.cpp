@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "scenery/atom_writer.h"
-#include "scenery/atoms.h"
-#include "scenery/dsf.h"
-#include "scenery/dsf_format.h"
+#include "scenery/chunk/atom_writer.h"
+#include "scenery/chunk/atoms.h"
+#include "scenery/decode/dsf.h"
+#include "scenery/decode/dsf_format.h"
 
 namespace {
 size_t allocations = 0;

@@ -2,9 +2,9 @@
 // The reference is nine sines, which is what the turbulence field cannot go below.
 #include <benchmark/benchmark.h>
 
-#include "core/random.h"
-#include "core/records.h"
-#include "core/seams.h"
+#include "core/math/random.h"
+#include "core/program/seams.h"
+#include "core/records/records.h"
 #include "weather/atmosphere.h"
 #include "weather/weather_step.h"
 #include "weather/wind.h"

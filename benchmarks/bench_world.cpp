@@ -17,23 +17,27 @@
 #include <vector>
 
 #include "../tests/support/xvfb.h"
-#include "core/con.h"
-#include "core/globe.h"
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "core/seams.h"
-#include "draw/gl_facts.h"
-#include "draw/ogl.h"
+#include "core/disk/paths.h"
+#include "core/math/globe.h"
+#include "core/program/seams.h"
+#include "core/records/con.h"
+#include "core/records/mnw.h"
+#include "core/records/records.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
 #include "platform/window.h"
+#include "scenery/decode/dsf.h"
+#include "scenery/draw/scenery_gl.h"
 #include "scenery/draw/terrain_list.h"
-#include "scenery/dsf.h"
-#include "scenery/library.h"
-#include "scenery/terrain_query.h"
-#include "scenery/tile.h"
-#include "scenery/tile_edge.h"
-#include "scenery/tile_load.h"
-#include "scenery/tile_state.h"
+#include "scenery/ground/terrain_query.h"
+#include "scenery/ground/tile.h"
+#include "scenery/packages/library.h"
+#include "scenery/tile/tile_default.h"
+#include "scenery/tile/tile_defs.h"
+#include "scenery/tile/tile_edge.h"
+#include "scenery/tile/tile_load.h"
+#include "scenery/tile/tile_mesh.h"
+#include "scenery/tile/tile_state.h"
 #include "tile_mesh.h"
 #include "weather/atmosphere.h"
 
@@ -81,6 +85,7 @@ struct stage_struct {
         std::ofstream(pictures + "land.ter")
             << "A\n800 \nTERRAIN\nBASE_TEX ground.png\nPROJECTED 500 400\nNO_ALPHA\n";
         init_con();
+        scenery_draw = scenery_draw_gl;
         seams_headless();
         init_paths(folder);
         open_window();

@@ -10,17 +10,19 @@
 #include <memory>
 #include <vector>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/acf_toml.h"
 #include "aircraft/deflect.h"
-#include "aircraft/derive.h"
-#include "app/headless.h"
-#include "app/lab.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/upward.h"
-#include "flight/half_step.h"
-#include "flight/stepper.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/file/acf_toml_write.h"
+#include "aircraft/io_acf.h"
+#include "app/lab/headless.h"
+#include "app/lab/lab.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/program/upward.h"
+#include "flight/fullsim.h"
+#include "flight/mass_motion.h"
+#include "flight/pilots/pilot_input.h"
 #include "memory_file.h"
 #include "support.h"
 #include "weather/weather_step.h"
@@ -342,7 +344,7 @@ void start_system() {
         lab_still_air();
         started = true;
     }
-    reset_motion_statics();
+    reset_motion();
     mnw.prd_FM = 1.0f / 64.0f;
     mnw.totl_time = 0.0f;
     mnw.YK_ptch = mnw.YK_roll = mnw.YK_hdng = 0.0f;

@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "aircraft/afl_file.h"
-#include "core/num.h"
-#include "flight/coeffs.h"
+#include "aircraft/foil/afl_file.h"
+#include "core/math/num.h"
+#include "flight/air/coeffs.h"
 #include "support.h"
 
 using fuzzing::must;

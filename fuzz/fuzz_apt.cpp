@@ -5,7 +5,8 @@
 #include <cmath>
 
 #include "nav_tables_file.h"
-#include "scenery/nav_data.h"
+#include "scenery/nav/apt_file.h"
+#include "scenery/nav/nav_lookup.h"
 
 namespace {
 using fuzzing::must;

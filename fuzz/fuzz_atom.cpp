@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "scenery/atoms.h"
+#include "scenery/chunk/atoms.h"
 #include "support.h"
 
 namespace {

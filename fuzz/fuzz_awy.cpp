@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "nav_tables_file.h"
-#include "scenery/nav_data.h"
+#include "scenery/nav/nav_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using fuzzing::must;

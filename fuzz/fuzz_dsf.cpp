@@ -1,6 +1,6 @@
 // Tiles: the first byte tells a whole file from atoms behind a good header, and from the contents of each
 // atom of a tree that is whole.
-#include "scenery/dsf_format.h"
+#include "scenery/decode/dsf_format.h"
 #include "tile_calls.h"
 
 namespace {

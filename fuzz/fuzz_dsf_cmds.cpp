@@ -1,6 +1,6 @@
 // The command stream of tiles: any commands over good pools of several depths, the first of each kind larger
 // than a byte can count.
-#include "scenery/dsf_format.h"
+#include "scenery/decode/dsf_format.h"
 #include "tile_calls.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // The headers of data files, mapped and streamed, and what the stream readers make of the rest.
 #include <memory>
 
-#include "core/files.h"
-#include "core/txtscan.h"
+#include "core/disk/files.h"
+#include "core/disk/txtscan.h"
 #include "memory_file.h"
 #include "support.h"
 

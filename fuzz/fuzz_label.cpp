@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "draw/frames.h"
-#include "draw/menus.h"
 #include "draw/type.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/menus.h"
 #include "support.h"
 
 using fuzzing::must;

@@ -1,6 +1,6 @@
 // Libraries of two packages: the first byte tells whole files from lines behind good headers; the rest is
 // parted at the first zero byte. Then every name that they export is looked up.
-#include "scenery/library.h"
+#include "scenery/packages/library.h"
 #include "scenery_folder.h"
 
 namespace {

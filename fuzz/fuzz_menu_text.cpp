@@ -3,10 +3,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "core/paths.h"
-#include "draw/menus.h"
+#include "core/disk/paths.h"
+#include "draw/widgets/menus.h"
 #include "support.h"
-#include "ui/language.h"
+#include "ui/text/korean.h"
+#include "ui/text/language.h"
 
 namespace {
 using fuzzing::must;

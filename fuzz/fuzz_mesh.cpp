@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "scenery/terrain_query.h"
-#include "scenery/tile_state.h"
+#include "scenery/ground/terrain_query.h"
+#include "scenery/tile/tile_mesh.h"
+#include "scenery/tile/tile_state.h"
 #include "scenery_folder.h"
 
 namespace {

@@ -2,11 +2,11 @@
 // commands behind a good header. No textures, no OpenGL.
 #include <cmath>
 
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/ren.h"
+#include "core/math/num.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
 #include "memory_file.h"
-#include "scenery/object_file.h"
+#include "scenery/objects/object_file.h"
 #include "support.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "memory_file.h"
-#include "scenery/terrain_file.h"
+#include "scenery/tile/terrain_file.h"
 #include "scenery_folder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

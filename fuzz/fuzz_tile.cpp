@@ -3,12 +3,14 @@
 #include <cmath>
 #include <limits>
 
-#include "scenery/extrusion.h"
-#include "scenery/objects.h"
-#include "scenery/terrain_query.h"
-#include "scenery/tile_edge.h"
-#include "scenery/tile_load.h"
-#include "scenery/tile_state.h"
+#include "scenery/ground/terrain_query.h"
+#include "scenery/objects/object_build.h"
+#include "scenery/tile/extrusion.h"
+#include "scenery/tile/tile_defs.h"
+#include "scenery/tile/tile_edge.h"
+#include "scenery/tile/tile_mesh.h"
+#include "scenery/tile/tile_state.h"
+#include "scenery/tile/tile_things.h"
 #include "scenery_folder.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <memory>
 
-#include "core/txtscan.h"
+#include "core/disk/txtscan.h"
 #include "support.h"
 
 namespace {

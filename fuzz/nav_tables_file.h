@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "core/con.h"
-#include "core/env.h"
-#include "core/paths.h"
+#include "core/disk/paths.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
 #include "support.h"
 
 namespace fuzzing {

@@ -3,11 +3,11 @@
 #pragma once
 #include <cstring>
 
-#include "core/mnw.h"
-#include "core/veh.h"
-#include "draw/gl_facts.h"
-#include "draw/image_read.h"
-#include "draw/tex_refs.h"
+#include "core/craft/veh.h"
+#include "core/records/mnw.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/images/image_place.h"
+#include "draw/images/tex_refs.h"
 #include "memory_file.h"
 #include "support.h"
 

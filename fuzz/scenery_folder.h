@@ -6,8 +6,8 @@
 #include <fstream>
 #include <string>
 
-#include "core/logs.h"
-#include "core/paths.h"
+#include "core/disk/paths.h"
+#include "core/program/logs.h"
 #include "support.h"
 
 namespace fuzzing {

@@ -7,11 +7,12 @@
 #include <set>
 #include <string>
 
-#include "core/alert.h"
-#include "core/jobs.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "core/seams.h"
+#include "core/math/random.h"
+#include "core/program/alert.h"
+#include "core/program/jobs.h"
+#include "core/program/seams.h"
+#include "core/records/records.h"
+#include "scenery/draw/scenery_gl.h"
 #include "weather/atmosphere.h"
 
 namespace fuzzing {
@@ -40,6 +41,7 @@ inline void start() {
     THREAD_Init();
     clear_records();
     init_con();
+    scenery_draw = scenery_draw_gl;
     set_planet_specs(0);
     seams_headless();
     rand_seed(1);

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "scenery/dsf.h"
+#include "scenery/decode/dsf.h"
 #include "support.h"
 
 namespace fuzzing {

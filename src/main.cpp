@@ -2,12 +2,13 @@
 #include <unistd.h>
 
 #include "app/frame.h"
-#include "core/alert.h"
-#include "core/logs.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "core/seams.h"
-#include "ui/start_screen.h"
+#include "app/init_sim.h"
+#include "core/disk/paths.h"
+#include "core/program/alert.h"
+#include "core/program/logs.h"
+#include "core/program/seams.h"
+#include "core/records/records.h"
+#include "ui/screens/start_screen.h"
 
 int main() {
     try {

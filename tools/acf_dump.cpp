@@ -5,13 +5,13 @@
 #include <fstream>
 #include <string>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/acf_range.h"
-#include "aircraft/acf_toml.h"
-#include "core/alert.h"
-#include "core/con.h"
-#include "core/jobs.h"
-#include "core/paths.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/file/acf_range.h"
+#include "aircraft/file/acf_toml_write.h"
+#include "core/disk/paths.h"
+#include "core/program/alert.h"
+#include "core/program/jobs.h"
+#include "core/records/con.h"
 
 namespace {
 enum exit_code : int { exit_good = 0, exit_bad_aircraft = 1, exit_bad_usage = 2 };

@@ -6,17 +6,18 @@
 #include <filesystem>
 #include <string>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/acf_layout.h"
-#include "aircraft/acf_range.h"
-#include "aircraft/acf_toml.h"
-#include "aircraft/derive.h"
-#include "app/headless.h"
-#include "app/lab.h"
-#include "core/alert.h"
-#include "core/con.h"
-#include "core/jobs.h"
-#include "core/paths.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/file/acf_layout.h"
+#include "aircraft/file/acf_range.h"
+#include "aircraft/file/acf_toml_read.h"
+#include "aircraft/io_acf.h"
+#include "app/lab/headless.h"
+#include "app/lab/lab.h"
+#include "core/disk/paths.h"
+#include "core/program/alert.h"
+#include "core/program/jobs.h"
+#include "core/records/con.h"
 
 namespace fs = std::filesystem;
 

@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "aircraft/afl_file.h"
-#include "aircraft/afl_polar.h"
-#include "core/alert.h"
-#include "core/con.h"
-#include "core/jobs.h"
-#include "core/num.h"
-#include "core/paths.h"
-#include "core/veh.h"
+#include "aircraft/foil/afl_file.h"
+#include "aircraft/foil/afl_polar.h"
+#include "core/craft/veh.h"
+#include "core/disk/paths.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/program/jobs.h"
+#include "core/records/con.h"
 
 namespace {
 

@@ -9,16 +9,16 @@
 #include <string>
 #include <vector>
 
-#include "app/frame.h"
-#include "app/headless.h"
-#include "core/alert.h"
-#include "core/input_gate.h"
-#include "core/num.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "core/seams.h"
-#include "core/upward.h"
-#include "draw/screenshot.h"
+#include "app/init_sim.h"
+#include "app/lab/headless.h"
+#include "core/disk/paths.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "draw/images/screenshot.h"
 #include "platform/window.h"
 
 namespace {

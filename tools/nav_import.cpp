@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/paths.h"
+#include "core/disk/paths.h"
 #include "nav_check.h"
 #include "nav_own.h"
 #include "nav_write.h"

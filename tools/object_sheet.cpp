@@ -7,21 +7,22 @@
 #include <string>
 #include <vector>
 
-#include "app/frame.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "core/seams.h"
+#include "app/init_sim.h"
+#include "core/disk/paths.h"
+#include "core/math/num.h"
+#include "core/program/seams.h"
+#include "core/records/mnw.h"
+#include "core/records/records.h"
 #include "draw/colours.h"
-#include "draw/ogl.h"
-#include "draw/screenshot.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/screenshot.h"
 #include "draw/type.h"
 #include "platform/window.h"
 #include "scenery/draw/object_draw.h"
-#include "scenery/library.h"
-#include "scenery/objects.h"
-#include "ui/start_screen.h"
+#include "scenery/objects/object_build.h"
+#include "scenery/objects/objects.h"
+#include "scenery/packages/library.h"
+#include "ui/screens/start_screen.h"
 
 namespace {
 bool night = false;

@@ -13,9 +13,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/dims.h"
-#include "core/stl.h"
-#include "draw/menus.h"
+#include "core/craft/dims.h"
+#include "core/records/stl.h"
+#include "draw/widgets/menus.h"
 
 namespace fs = std::filesystem;
 

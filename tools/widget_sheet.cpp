@@ -3,22 +3,22 @@
 
 #include <string>
 
-#include "app/frame.h"
-#include "core/input_gate.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "core/seams.h"
+#include "app/init_sim.h"
+#include "core/disk/paths.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
 #include "draw/colours.h"
-#include "draw/frames.h"
-#include "draw/menus.h"
-#include "draw/ogl.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/screenshot.h"
 #include "draw/primitives.h"
-#include "draw/screenshot.h"
 #include "draw/type.h"
-#include "draw/widgets.h"
-#include "platform/screen.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/menus.h"
+#include "draw/widgets/widgets.h"
 #include "platform/window.h"
-#include "ui/start_screen.h"
+#include "ui/screens/start_screen.h"
 
 namespace {
 // Values that the widgets show and change.

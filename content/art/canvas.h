@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "draw/interface_layout.h"
+#include "draw/images/interface_layout.h"
 
 struct rgba {
     double r, g, b, a = 1.0;

@@ -7,7 +7,7 @@
 #include <exception>
 #include <stdexcept>
 
-#include "scenery/magnetic.h"
+#include "scenery/nav/magnetic.h"
 #include "wmm.h"
 
 namespace {
@@ -26,7 +26,7 @@ long variation_at(const wmm_struct& model, int row, int column) {
 
 void write_table(const wmm_struct& model, FILE* out) {
     fprintf(out,
-            "// Written by magvar_make.\n#include \"scenery/magnetic.h\"\n\n"
+            "// Written by magvar_make.\n#include \"scenery/nav/magnetic.h\"\n\n"
             "const float raw_mag_var[mag_lats][mag_lons] = {\n");
     for (int row = 0; row < mag_lats; ++row) {
         fputs("    {", out);

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "scenery/magnetic.h"
+#include "scenery/nav/magnetic.h"
 
 namespace {
 constexpr double degtorad = 0.017453292519943295;

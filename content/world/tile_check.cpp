@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/mapfile.h"
-#include "scenery/dsf.h"
-#include "scenery/dsf_format.h"
+#include "core/disk/mapfile.h"
+#include "scenery/decode/dsf.h"
+#include "scenery/decode/dsf_format.h"
 #include "tile_writer.h"
 
 // The decoder's callbacks gather here.

@@ -7,8 +7,8 @@
 
 #include <algorithm>
 
-#include "scenery/atom_writer.h"
-#include "scenery/dsf_format.h"
+#include "scenery/chunk/atom_writer.h"
+#include "scenery/decode/dsf_format.h"
 #include "tile_check.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "land_objects.h"
-#include "scenery/tile_load.h"
+#include "scenery/tile/tile_load.h"
 
 namespace {
 const char* stem(ground kind) {

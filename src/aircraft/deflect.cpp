@@ -2,14 +2,14 @@
 // Deflections in degrees; trailing edge up is positive for ailerons, elevators and spoilers.
 #include "aircraft/deflect.h"
 
-#include "aircraft/location.h"
-#include "core/alert.h"
-#include "core/axes.h"
-#include "core/electrics.h"
-#include "core/logs.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
+#include "aircraft/design/location.h"
+#include "aircraft/electrics.h"
+#include "core/math/axes.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/program/alert.h"
+#include "core/program/logs.h"
+#include "core/records/records.h"
 
 static constexpr float time_min = 0.01f;    // s; floor of travel times
 static constexpr float trim_min = 0.001f;   // floor of trim ranges

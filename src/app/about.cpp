@@ -1,17 +1,16 @@
 // The about window: version, credits, and what the network says of newer ones.
 #include "app/frame.h"
-#include "core/alert.h"
-#include "core/logs.h"
-#include "core/records.h"
-#include "core/seams.h"
-#include "core/text_numbers.h"
-#include "core/upward.h"
-#include "draw/frames.h"
-#include "draw/ogl.h"
+#include "core/disk/text_numbers.h"
+#include "core/program/alert.h"
+#include "core/program/logs.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "draw/gl/ogl.h"
 #include "draw/type.h"
-#include "draw/widgets.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/widgets.h"
 #include "net/version_query.h"
-#include "platform/screen.h"
 
 namespace {
 // What the query has brought so far, as a line of the window.

@@ -2,17 +2,17 @@
 #include "app/alert_show.h"
 
 #include "app/frame.h"
-#include "core/alert.h"
-#include "core/input_gate.h"
-#include "core/records.h"
-#include "core/seams.h"
-#include "core/text_numbers.h"
-#include "draw/frames.h"
-#include "draw/ogl.h"
+#include "core/disk/text_numbers.h"
+#include "core/program/alert.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "draw/gl/ogl.h"
 #include "draw/type.h"
-#include "draw/widgets.h"
-#include "platform/screen.h"
-#include "ui/start_screen.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/widgets.h"
+#include "ui/screens/start_screen.h"
 
 namespace {
 const char* const languages[] = {"|English", "|French", "|German",    "|Italian",

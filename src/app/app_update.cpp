@@ -1,34 +1,46 @@
 // What a frame simulates and draws, in every state of the program.
+#include "app/app_update.h"
+
 #include <time.h>
 
 #include "app/frame.h"
-#include "app/load_plane.h"
-#include "core/clocks.h"
-#include "core/globe.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "core/seams.h"
-#include "core/upward.h"
+#include "app/plane_flight.h"
+#include "app/slots/heartbeat.h"
+#include "app/start/flight_start.h"
+#include "app/start/load_plane.h"
+#include "app/world_flight.h"
+#include "core/math/globe.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/program/clocks.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
 #include "flight/recording.h"
-#include "flight/stepper.h"
+#include "flight/slots.h"
 #include "flight/systems.h"
 #include "net/data_table.h"
 #include "net/messages.h"
 #include "plugins/host.h"
 #include "scene/world.h"
-#include "scenery/region.h"
+#include "scenery/ground/region.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
-#include "ui/windows.h"
+#include "ui/screens/windows.h"
 #include "weather/weather_step.h"
 
 namespace {
+struct update_state {
+    float next_aircraft = 0.0f;     // when the AI changes the aircraft next, totl_time
+    float o_locl_time = -1.0f;      // local time of the last frame; below 0 before the first
+    double next_send_time = 0.0;    // of data, clocks.real
+};
+update_state state;
+
 // The system changes the user's aircraft by itself every five to ten minutes.
 void ai_changes_aircraft() {
-    static float next_time;
-    if (!msc.ai_opens || !(mnw.totl_time > next_time)) return;
-    next_time = mnw.totl_time + flt_rand(300.0f, 600.0f);
+    if (!msc.ai_opens || !(mnw.totl_time > state.next_aircraft)) return;
+    state.next_aircraft = mnw.totl_time + flt_rand(300.0f, 600.0f);
     get_random_plane(0);
     init_flt_0(start_airport, place_runway);
 }
@@ -108,6 +120,8 @@ void show_window() {
 }
 }  // namespace
 
+void reset_app_update() { state = {}; }
+
 void APP_update() {
     ai_changes_aircraft();
     failure_clocks();
@@ -151,7 +165,7 @@ void take_system_time() {
 // The date follows the local clock over midnight, both ways.
 void roll_day() {
     constexpr float evening = 86399.0f, morning = 1.0f;
-    static float o_locl_time = -1.0f;  // no time before the first
+    float& o_locl_time = state.o_locl_time;
     if (o_locl_time < 0.0f) o_locl_time = mnw.locl_time;
     if (o_locl_time > evening && mnw.locl_time < morning)
         mnw.locl_date_jan1 = intwrap(mnw.locl_date_jan1 + 1, 0, 359);
@@ -176,9 +190,8 @@ void record_flight() {
 }
 
 void output_data() {
-    static double next_send_time;
-    const bool puff_udp = clocks.real.now > next_send_time;
-    if (puff_udp) next_send_time = clocks.real.now + 1.0 / fltmax2(net.data_rate, 1.0f) - 0.5 * mnw.prd_FM;
+    const bool puff_udp = clocks.real.now > state.next_send_time;
+    if (puff_udp) state.next_send_time = clocks.real.now + 1.0 / fltmax2(net.data_rate, 1.0f) - 0.5 * mnw.prd_FM;
     if (collect_data()) {
         if (mnw.puff20) data_rows_to_graph();
         if (mnw.puff10) data_rows_to_file();

@@ -1,21 +1,21 @@
 // One pass of the main loop.
 #include "app/frame.h"
 
-#include "core/alert.h"
-#include "core/clocks.h"
-#include "core/input_gate.h"
-#include "core/logs.h"
-#include "core/num.h"
-#include "core/records.h"
-#include "core/seams.h"
+#include "app/app_update.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/program/clocks.h"
+#include "core/program/input_gate.h"
+#include "core/program/logs.h"
+#include "core/program/seams.h"
+#include "core/records/records.h"
 #include "draw/colours.h"
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
 #include "sound/sound.h"
-#include "ui/clicks.h"
-#include "ui/start_screen.h"
-#include "ui/windows.h"
+#include "ui/screens/clicks.h"
+#include "ui/screens/start_screen.h"
 #include "weather/clouds.h"
 
 namespace {
@@ -26,15 +26,27 @@ struct puff_timer {
     float period;       // s
     double last_fired;  // real_time
 };
-puff_timer puff_timers[] = {
-    {&mnw_struct::puff01, 10.0f, 0.0}, {&mnw_struct::puff02, 5.0f, 0.0},  {&mnw_struct::puff05, 2.0f, 0.0},
-    {&mnw_struct::puff1, 1.0f, 0.0},   {&mnw_struct::puff2, 0.5f, 0.0},   {&mnw_struct::puff5, 0.2f, 0.0},
-    {&mnw_struct::puff10, 0.1f, 0.0},  {&mnw_struct::puff20, 0.05f, 0.0}, {&mnw_struct::puff40, 0.025f, 0.0},
+
+struct frame_state {
+    puff_timer puff_timers[9] = {
+        {&mnw_struct::puff01, 10.0f, 0.0}, {&mnw_struct::puff02, 5.0f, 0.0},  {&mnw_struct::puff05, 2.0f, 0.0},
+        {&mnw_struct::puff1, 1.0f, 0.0},   {&mnw_struct::puff2, 0.5f, 0.0},   {&mnw_struct::puff5, 0.2f, 0.0},
+        {&mnw_struct::puff10, 0.1f, 0.0},  {&mnw_struct::puff20, 0.05f, 0.0}, {&mnw_struct::puff40, 0.025f, 0.0},
+    };
+    bool clock_started = false;
+    float last_time_sec = 0.0f;                        // time_sec of the last pass
+    int cntr_FM = 0, cntr_UI = 0;                      // passes in flight and in windows
+    double last_time_FM = 0.0, last_time_UI = 0.0;     // clocks.real at the last adaption
+    double proof_time = 0.0;                           // clocks.real at the fifth pass
+    float old_mx = 0.0f, old_my = 0.0f;                // mouse of the last pass
+    float last_click_time = -9999.0f;                  // real_time
+    double last_mark = 0.0, frame_start = 0.0;         // profile, s
 };
+frame_state state;
 
 // Each flag is set for one pass when more than its period has gone by, by the clock of the last pass.
 void set_periodic_flags() {
-    for (puff_timer& t : puff_timers) {
+    for (puff_timer& t : state.puff_timers) {
         const bool fires = t.last_fired + t.period < clocks.real.now;
         mnw.*t.flag = fires;
         if (fires) t.last_fired = clocks.real.now;
@@ -50,28 +62,21 @@ void clear_input_flags() {
 
 // -- wall clock
 
-bool clock_started;
-float last_time_sec;
-
 // time_sec starts over every 5000 s; the difference to the last reading carries over the jump.
 void advance_real_time() {
     constexpr double window = 5000.0;
     const float now = time_sec();
-    if (!clock_started) {
-        clock_started = true;
-        last_time_sec = now;
+    if (!state.clock_started) {
+        state.clock_started = true;
+        state.last_time_sec = now;
     }
-    double dt = static_cast<double>(now) - last_time_sec;
+    double dt = static_cast<double>(now) - state.last_time_sec;
     if (dt < 0.0) dt += window;
-    last_time_sec = now;
+    state.last_time_sec = now;
     clocks.real.step(mnw.real_time, dt, 0.0);
 }
 
 // -- time steps
-
-int cntr_FM, cntr_UI;
-double last_time_FM, last_time_UI;
-double proof_time;
 
 // Every tenth pass the period chases the measured one, a quarter of the way in the logarithm.
 void adapt_period(int* counter, double* last_time, float* ratio, float* period, float lo, float hi) {
@@ -84,18 +89,18 @@ void adapt_period(int* counter, double* last_time, float* ratio, float* period, 
 void adapt_time_steps() {
     constexpr float FM_min = 0.001f, FM_max = 0.08f, UI_min = 0.0001f, UI_max = 9999.9f;
     if (mnw.top_win == win_fly) {
-        adapt_period(&cntr_FM, &last_time_FM, &mnw.rt_rat_FM, &mnw.prd_FM, FM_min, FM_max);
-        last_time_UI = clocks.real.now;
+        adapt_period(&state.cntr_FM, &state.last_time_FM, &mnw.rt_rat_FM, &mnw.prd_FM, FM_min, FM_max);
+        state.last_time_UI = clocks.real.now;
         return;
     }
-    last_time_FM = clocks.real.now;  // a long stay in a window is not one long frame
+    state.last_time_FM = clocks.real.now;  // a long stay in a window is not one long frame
     if (!intrange(mnw.top_win, win_alrt, win_save))
-        adapt_period(&cntr_UI, &last_time_UI, &mnw.rt_rat_UI, &mnw.prd_UI, UI_min, UI_max);
+        adapt_period(&state.cntr_UI, &state.last_time_UI, &mnw.rt_rat_UI, &mnw.prd_UI, UI_min, UI_max);
 }
 
 void frame_rate_proof() {
-    if (cntr_FM == 5) proof_time = clocks.real.now;
-    if (cntr_FM == 6 && clocks.real.now - proof_time < 0.4) mnw.framerateOK = 1;
+    if (state.cntr_FM == 5) state.proof_time = clocks.real.now;
+    if (state.cntr_FM == 6 && clocks.real.now - state.proof_time < 0.4) mnw.framerateOK = 1;
 }
 
 // -- mouse
@@ -103,19 +108,18 @@ void frame_rate_proof() {
 void mouse_timing() {
     constexpr float hold = 0.25f;  // s; a drag, and the gap of a double click
     constexpr float moved = 0.5f;  // virtual units
-    static float old_mx, old_my, last_click_time = -9999.0f;
     mnw.delay_dragging = mnw.now_dragging && mnw.real_time - mnw.m_down_time > hold;
-    mnw.mouse_double_clicked = mnw.mouse_clicked && mnw.real_time - last_click_time < hold;
+    mnw.mouse_double_clicked = mnw.mouse_clicked && mnw.real_time - state.last_click_time < hold;
     if (mnw.mouse_clicked) {
-        last_click_time = mnw.real_time;
+        state.last_click_time = mnw.real_time;
         mnw.now_dragging = 1;
         mnw.m_move_time = mnw.m_down_time = mnw.real_time;
         mnw.entry_field = -1;
     }
     if (mnw.mouse_lifted) mnw.now_dragging = mnw.delay_dragging = 0;
-    if (fabsf(mnw.mx - old_mx) > moved || fabsf(mnw.my - old_my) > moved) mnw.m_move_time = mnw.real_time;
-    old_mx = mnw.mx;
-    old_my = mnw.my;
+    if (fabsf(mnw.mx - state.old_mx) > moved || fabsf(mnw.my - state.old_my) > moved) mnw.m_move_time = mnw.real_time;
+    state.old_mx = mnw.mx;
+    state.old_my = mnw.my;
 }
 
 void pulse_colours() {
@@ -132,13 +136,7 @@ void choose_cursor() {
 bool window_is_modal() { return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save); }
 }  // namespace
 
-void reset_frame_statics() {
-    for (puff_timer& t : puff_timers) t.last_fired = 0.0;
-    clocks = clocks_struct{};
-    clock_started = false;
-    cntr_FM = cntr_UI = 0;
-    last_time_FM = last_time_UI = proof_time = 0.0;
-}
+void reset_frame() { state = {}; }
 
 void MACIBM_event_proc() {
     constexpr int sound_click = 222;
@@ -177,14 +175,13 @@ void MACIBM_event_proc() {
 }
 
 void profile_chart(const char* loc, int is_last) {
-    static double last_mark, frame_start;
     if (!mnw.track_cpu || mnw.top_win != win_fly) return;
     const double now = 0.001 * static_cast<double>(seam.epoch_millisec());
-    if (frame_start == 0.0) frame_start = last_mark = now;
-    xer << loc << ": " << now - last_mark << '\n';
-    last_mark = now;
+    if (state.frame_start == 0.0) state.frame_start = state.last_mark = now;
+    xer << loc << ": " << now - state.last_mark << '\n';
+    state.last_mark = now;
     if (is_last) {
-        xer << "TOT: " << now - frame_start << " sec\n";
-        frame_start = last_mark = now;
+        xer << "TOT: " << now - state.frame_start << " sec\n";
+        state.frame_start = state.last_mark = now;
     }
 }

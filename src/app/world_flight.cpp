@@ -1,22 +1,35 @@
 // The world's frame: clocks, navigation, systems, limits and the crash test.
-#include "aircraft/exists.h"
-#include "app/frame.h"
+#include "app/world_flight.h"
+
+#include "aircraft/design/exists.h"
+#include "app/slots/crash.h"
 #include "cockpit/radios.h"
-#include "core/alert.h"
-#include "core/clocks.h"
-#include "core/globe.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "core/text_numbers.h"
-#include "core/seams.h"
-#include "core/upward.h"
+#include "core/disk/text_numbers.h"
+#include "core/math/globe.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/program/alert.h"
+#include "core/program/clocks.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
 #include "flight/systems.h"
-#include "scenery/magnetic.h"
-#include "scenery/terrain_query.h"
+#include "scenery/ground/terrain_query.h"
+#include "scenery/nav/magnetic.h"
 #include "sound/sound.h"
 
 namespace {
+struct world_state {
+    int old_onground = 0;
+    float last_touchdown = -9999.0f;  // totl_time
+    float flight_since_touchdown = 0.0f;  // hours
+    int old_airport = -1;             // of the last landing
+    float time_vew_change = 0.0f;     // when the AI changes the view next, totl_time
+    int slowcounter = 0;              // seconds below the frame rate wanted, one after the other
+    bool warned = false;              // of the frame rate
+};
+world_state state;
+
 void advance_clocks() {
     const double dt = mnw.prd_FM;
     clocks.miss.step(mnw.miss_time, dt, 0.0);
@@ -29,9 +42,6 @@ void advance_clocks() {
 
 // Hours of the present line, and touchdowns: one counts when the last was over a minute ago.
 void keep_logbook() {
-    static int old_onground;
-    static float last_touchdown = -9999.0f, flight_since_touchdown;
-    static int old_airport = -1;
     if (!intrange(msc.log_index, 0, static_cast<int>(msc.log_flit_time.size()) - 1)) return;
     const int i = msc.log_index;
     const float hours = mnw.prd_FM / 3600.0f;
@@ -40,17 +50,17 @@ void keep_logbook() {
     if (atm.vis_sky < three_nm) msc.log_inst_time[i] += hours;
     if (local_hour < 5.0f || local_hour > 19.0f) msc.log_nigt_time[i] += hours;
     msc.log_flit_time[i] += hours;
-    flight_since_touchdown += hours;
+    state.flight_since_touchdown += hours;
 
-    const bool touchdown = !old_onground && flt[0].onground_any;
-    old_onground = flt[0].onground_any;
-    if (!touchdown || mnw.totl_time - last_touchdown <= 60.0f) return;
-    last_touchdown = mnw.totl_time;
+    const bool touchdown = !state.old_onground && flt[0].onground_any;
+    state.old_onground = flt[0].onground_any;
+    if (!touchdown || mnw.totl_time - state.last_touchdown <= 60.0f) return;
+    state.last_touchdown = mnw.totl_time;
     ++msc.log_numb_land[i];
     msc.log_dest[i] = msc.apt_id_str;
-    if (msc.loc_apt_wrl != old_airport && old_airport >= 0) msc.log_xcnt_time[i] += flight_since_touchdown;
-    old_airport = msc.loc_apt_wrl;
-    flight_since_touchdown = 0.0f;
+    if (msc.loc_apt_wrl != state.old_airport && state.old_airport >= 0) msc.log_xcnt_time[i] += state.flight_since_touchdown;
+    state.old_airport = msc.loc_apt_wrl;
+    state.flight_since_touchdown = 0.0f;
 }
 
 void find_magnetic_variation() {
@@ -74,11 +84,10 @@ void run_systems() {
     system_annunciators();
 }
 
-// A random view every 10 to 30 seconds; views beyond the last outside view give the panel.
+// A random view every 10 to 30 seconds; one from inside gives the panel.
 void ai_views() {
-    static float time_vew_change;
-    if (!msc.ai_views || !(mnw.totl_time > time_vew_change)) return;
-    time_vew_change = mnw.totl_time + flt_rand(10.0f, 30.0f);
+    if (!msc.ai_views || !(mnw.totl_time > state.time_vew_change)) return;
+    state.time_vew_change = mnw.totl_time + flt_rand(10.0f, 30.0f);
     APP_handlemenu(int_rand(1500, 1525));
     if (ren.view_type_act <= 1515) APP_handlemenu(view_fwd_panel);
 }
@@ -147,34 +156,34 @@ bool is_slave(int last_role) {
 }
 
 void tell_about_frame_rate() {
-    static bool warned;
-    if (warned || !stg.warn_frame || is_slave(ip_master_ios)) return;
-    warned = true;
+    if (state.warned || !stg.warn_frame || is_slave(ip_master_ios)) return;
+    state.warned = true;
     MACIBM_alert(win_fly, stl.text[text_frame_rate], stl.text[text_frame_rate + 1],
                  stl.text[text_frame_rate + 2], stl.text[text_frame_rate + 3], alert_message);
 }
 
 // Trades visibility for frame rate, once a second.
 void govern_frame_rate() {
-    static int slowcounter;
     if (mnw.puff1 && mnw.menu_up < 0 && !inside_overcast()) {
         const float prd_vis_reduc = 0.85f * mnw.prd_max;
         const bool slave = is_slave(ip_master_any);
         if (mnw.prd_FM > prd_vis_reduc) {
-            ++slowcounter;
+            ++state.slowcounter;
             if (atm.vis_frmult > 0.1f && !slave) atm.vis_frmult *= 0.96f;
         } else {
-            slowcounter = 0;
+            state.slowcounter = 0;
         }
         if (mnw.prd_FM < 0.85f * prd_vis_reduc) {
-            slowcounter = 0;
+            state.slowcounter = 0;
             if (atm.vis_frmult < 0.99f && !slave) atm.vis_frmult *= 1.02f;
         }
         if (ren.is_viewer) atm.vis_frmult = 1.0f;
     }
-    if (slowcounter > 10) tell_about_frame_rate();
+    if (state.slowcounter > 10) tell_about_frame_rate();
 }
 }  // namespace
+
+void reset_world_flight() { state = {}; }
 
 void WORLD_math_in_flight() {
     TVPEventHook(0, mnw.real_time, 0.0f, 0, 0);

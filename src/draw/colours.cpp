@@ -3,10 +3,10 @@
 
 #include <GL/gl.h>
 
-#include "core/alert.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/ren.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
 
 float col_rgb[colour_rows][3];
 float r_manual_lighting = 1.0f, g_manual_lighting = 1.0f, b_manual_lighting = 1.0f;

@@ -3,13 +3,13 @@
 
 #include <GL/gl.h>
 
-#include "core/alert.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/seams.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/program/seams.h"
+#include "core/records/mnw.h"
 #include "draw/colours.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 
 namespace {
 constexpr float solid = 0.99f;  // from this alpha on nothing shines through

@@ -3,15 +3,15 @@
 
 #include <GL/gl.h>
 
-#include "core/alert.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/stl.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/records/mnw.h"
+#include "core/records/stl.h"
 #include "draw/colours.h"
 #include "draw/font_table.h"
-#include "draw/interface_layout.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/interface_layout.h"
+#include "draw/images/tman.h"
 
 namespace {
 struct font_face {

@@ -1,15 +1,16 @@
 // The two half steps of slot 0 and the state derived from each.
-#include "aircraft/exists.h"
-#include "core/alert.h"
-#include "core/axes.h"
-#include "core/globe.h"
-#include "core/records.h"
+#include "flight/fullsim.h"
+
+#include "aircraft/design/exists.h"
+#include "core/math/axes.h"
+#include "core/math/globe.h"
+#include "core/program/alert.h"
+#include "core/records/records.h"
 #include "flight/half_step.h"
 #include "flight/instruments.h"
-#include "flight/stepper.h"
 #include "flight/systems.h"
-#include "flight/weapons.h"
-#include "scenery/terrain_query.h"
+#include "flight/weapons/weapons.h"
+#include "scenery/ground/terrain_query.h"
 #include "weather/wind.h"
 
 float kias_with_mach(float mach) { return con.lcl_a * mach * con.msctokts * sqrtf(con.lcl_sig); }

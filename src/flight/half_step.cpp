@@ -1,18 +1,23 @@
 // The order of one half step. Reading it top to bottom is the flight model.
 #include "flight/half_step.h"
 
-#include "aircraft/exists.h"
-#include "core/engn_kinds.h"
-#include "core/num.h"
-#include "core/records.h"
-#include "flight/aero.h"
-#include "flight/contact.h"
-#include "flight/engines.h"
-#include "flight/forces.h"
-#include "flight/propel.h"
+#include "flight/air/display_coeffs.h"
+#include "flight/mass_motion.h"
+
+#include "aircraft/design/exists.h"
+#include "core/craft/engn_kinds.h"
+#include "core/math/num.h"
+#include "core/records/records.h"
+#include "flight/air/bodies.h"
+#include "flight/air/elements.h"
+#include "flight/force/forces.h"
+#include "flight/force/trace.h"
+#include "flight/ground/contact.h"
+#include "flight/power/engines.h"
+#include "flight/power/shafts.h"
+#include "flight/power/thrust.h"
 #include "flight/systems.h"
-#include "flight/trace.h"
-#include "flight/weapons.h"
+#include "flight/weapons/weapons.h"
 
 static void trace_header() {
     const flt_struct& f = flt[0];

@@ -1,14 +1,22 @@
 // Air data, turn, slip, compass and gyros.
 #include "flight/instruments.h"
 
-#include "core/electrics.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
+#include "aircraft/electrics.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/records/records.h"
 #include "flight/systems.h"
 
-// Last good readings before a blockage, as indicated.
-static float pitot_ref_spd, pitot_ref_alt_pitot, pitot_ref_alt_static, pitot_ref_vvi;
+namespace {
+struct instrument_state {
+    // last good readings before a blockage; altitudes in feet, without the barometer's setting
+    float pitot_ref_spd = 0.0f, pitot_ref_alt_pitot = 0.0f, pitot_ref_alt_static = 0.0f, pitot_ref_vvi = 0.0f;
+    float alt_read = 0.0f;  // what the altimeter read last, feet without the barometer's setting
+};
+instrument_state state;
+}  // namespace
+
+void reset_instruments() { state = {}; }
 
 static bool failed(int slot) { return flt[0].fail_stat[slot] == fail_active; }
 
@@ -47,30 +55,32 @@ static void vertical_speed() {
     if (!failed(fail_ss_vvi)) f.vvi_ind_fpm = closer_assymp(f.vvi_ind_fpm, f.Vh_fpm, 2.0f * mnw.prd_FM);
 }
 
-// A blocked pitot acts as an altimeter, a blocked static line freezes altitude and climb. True when the
-// altitude was rewritten.
-static bool blocked_lines() {
+// A blocked pitot acts as an altimeter, a blocked static line freezes altitude and climb. A failed altimeter's
+// needle stays where it is; altitude_read tells that it is whole.
+static void blocked_lines(bool altitude_read) {
     flt_struct& f = flt[0];
     const bool pitot_blocked = failed(fail_pitot), static_blocked = failed(fail_static);
+    if (altitude_read) state.alt_read = f.h_ind_ft;
     if (!pitot_blocked) {
-        pitot_ref_spd = f.v_ind_kts;
-        pitot_ref_alt_pitot = f.h_ind_ft;
+        state.pitot_ref_spd = f.v_ind_kts;
+        state.pitot_ref_alt_pitot = state.alt_read;
     }
     if (!static_blocked) {
-        pitot_ref_alt_static = f.h_ind_ft;
-        pitot_ref_vvi = f.vvi_ind_fpm;
+        state.pitot_ref_alt_static = state.alt_read;
+        state.pitot_ref_vvi = f.vvi_ind_fpm;
     } else {
-        f.vvi_ind_fpm = pitot_ref_vvi;
-        f.h_ind_ft = pitot_ref_alt_static;
+        f.vvi_ind_fpm = state.pitot_ref_vvi;
+        state.alt_read = state.pitot_ref_alt_static;
+        if (altitude_read) f.h_ind_ft = state.pitot_ref_alt_static;
     }
-    if (pitot_blocked) f.v_ind_kts = pitot_ref_spd + 0.05f * (f.h_ind_ft - pitot_ref_alt_pitot);
-    if (static_blocked) f.v_ind_kts = pitot_ref_spd - 0.05f * (f.h_ind_ft - pitot_ref_alt_static);
-    return static_blocked;
+    if (pitot_blocked) f.v_ind_kts = state.pitot_ref_spd + 0.05f * (state.alt_read - state.pitot_ref_alt_pitot);
+    if (static_blocked)
+        f.v_ind_kts = state.pitot_ref_spd - 0.05f * (state.alt_read - state.pitot_ref_alt_static);
 }
 
 // Only on an altitude written in this half step: added to a stuck needle it would wind away.
-static void barometer(bool altitude_written) {
-    if (altitude_written) flt[0].h_ind_ft += 1000.0f * (nav.baro_setting_HG - con.sl_P_pas * con.pasto_hg);
+static void barometer(bool altitude_read) {
+    if (altitude_read) flt[0].h_ind_ft += 1000.0f * (nav.baro_setting_HG - con.sl_P_pas * con.pasto_hg);
 }
 
 // Swings ahead in turns by the dip of the field, and with acceleration on east and west headings.
@@ -103,8 +113,8 @@ void instrument_step() {
     const bool altitude_read = altitude();
     turn_and_slip();
     vertical_speed();
-    const bool altitude_frozen = blocked_lines();
-    barometer(altitude_read || altitude_frozen);
+    blocked_lines(altitude_read);
+    barometer(altitude_read);
     magnetic_compass();
     gyros();
 }

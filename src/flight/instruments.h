@@ -3,3 +3,4 @@
 
 // All of them, once a half step. Stuck and blocked ones hold.
 void instrument_step();
+void reset_instruments();

@@ -1,20 +1,24 @@
 // Masses, loads and moments, and the integration of rates and velocity. Slot 0.
-#include "aircraft/exists.h"
-#include "core/axes.h"
-#include "core/random.h"
-#include "core/records.h"
-#include "flight/half_step.h"
-#include "flight/trace.h"
-#include "flight/weapons.h"
+#include "flight/mass_motion.h"
 
-// Outlives a flight: smoothed yaw acceleration at rest, and the phases of the tow's turbulence.
-static float running_Rdot;
-static float btime1, btime2, btime3;
+#include "aircraft/design/exists.h"
+#include "core/math/axes.h"
+#include "core/math/random.h"
+#include "core/records/double_float.h"
+#include "core/records/records.h"
+#include "flight/force/trace.h"
+#include "flight/weapons/weapons.h"
 
-void reset_motion_statics() {
-    running_Rdot = 0.0f;
-    btime1 = btime2 = btime3 = 0.0f;
-}
+namespace {
+struct motion_state {
+    double_float vx, vy, vz;                      // velocity, m/s; the record publishes it
+    float running_Rdot = 0.0f;                    // smoothed yaw acceleration at rest, deg/s2
+    float btime1 = 0.0f, btime2 = 0.0f, btime3 = 0.0f;  // phases of the tow's turbulence, rad
+};
+motion_state state;
+}  // namespace
+
+void reset_motion() { state = {}; }
 
 void inc_mass_mi(float x, float y, float z, float m, const char* comment) {
     flt_struct& f = flt[0];
@@ -153,18 +157,18 @@ void tow_turbulence() {
     const float off_the = env.tow_line_alph - f.the + flt[1].the;
     const float off_psi = env.tow_line_beta - f.psi + flt[1].psi;
     if (fabsf(off_the) > in_wake_deg || fabsf(off_psi) > in_wake_deg) return;
-    f.Pdot += buffet(&btime1);
-    f.Qdot += buffet(&btime2);
-    f.Rdot += buffet(&btime3);
+    f.Pdot += buffet(&state.btime1);
+    f.Qdot += buffet(&state.btime2);
+    f.Rdot += buffet(&state.btime3);
 }
 
 // Standing still on its gear the aircraft's yaw would jitter between the tyres' side forces.
 void arrest_yaw_at_rest() {
     flt_struct& f = flt[0];
     if (!(f.V_msc < 5.0f && f.fnrml_gear_acf > 0.5f * f.m_total * con.g)) return;
-    running_Rdot = closer_assymp(running_Rdot, f.Rdot, mnw.prd_FM);
+    state.running_Rdot = closer_assymp(state.running_Rdot, f.Rdot, mnw.prd_FM);
     const float lock =
-        interp(4.0f, 0.0f, 2.0f, 1.0f, fabsf(f.R)) * interp(2.0f, 0.0f, 1.0f, 1.0f, fabsf(running_Rdot));
+        interp(4.0f, 0.0f, 2.0f, 1.0f, fabsf(f.R)) * interp(2.0f, 0.0f, 1.0f, 1.0f, fabsf(state.running_Rdot));
     f.Rrad *= 1.0f - lock;
     f.R *= 1.0f - lock;
     f.Rdot *= 1.0f - lock;
@@ -176,9 +180,10 @@ void integrate_rates() {
     f.P += f.Pdot * dt;
     f.Q += f.Qdot * dt;
     f.R += f.Rdot * dt;
-    f.vx += f.ax * dt;
-    f.vy += f.ay * dt;
-    f.vz += f.az * dt;
+    const double step = dt;
+    state.vx.step(f.vx, f.ax * step);
+    state.vy.step(f.vy, f.ay * step);
+    state.vz.step(f.vz, f.az * step);
 }
 
 void damp_crash_and_chute() {

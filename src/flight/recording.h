@@ -1,6 +1,6 @@
 // Recording and replay of the flight.
 #pragma once
-#include "core/pat.h"
+#include "core/records/pat.h"
 
 void zero_path();
 void snap_save(snap_struct* snap, int p);

@@ -1,8 +1,9 @@
 // Aircraft that fly by other means than forces: from the network and from the recording.
-#include "core/axes.h"
-#include "core/records.h"
+#include "flight/slots.h"
+
+#include "core/math/axes.h"
+#include "core/records/records.h"
 #include "flight/recording.h"
-#include "flight/stepper.h"
 #include "sound/sound.h"
 
 static void check_motion(const flt_struct& f) {

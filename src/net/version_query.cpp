@@ -4,7 +4,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "core/paths.h"
+#include "core/disk/paths.h"
 #include "platform/servers.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "core/paths.h"
+#include "core/disk/paths.h"
 
 namespace {
 // Digits at the start of the text; 0 without any.

@@ -1,8 +1,8 @@
 // Virtual screen.
 #include "platform/screen.h"
 
-#include "core/mnw.h"
-#include "core/num.h"
+#include "core/math/num.h"
+#include "core/records/mnw.h"
 
 void compute_screen_scale() {
     const float x_res = static_cast<float>(mnw.x_res_now), y_res = static_cast<float>(mnw.y_res_now);

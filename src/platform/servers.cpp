@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <charconv>
 
-#include "core/files.h"
-#include "core/mapfile.h"
-#include "core/paths.h"
-#include "core/txtscan.h"
+#include "core/disk/files.h"
+#include "core/disk/mapfile.h"
+#include "core/disk/paths.h"
+#include "core/disk/txtscan.h"
 
 namespace {
 constexpr const char* servers_version = "800";

@@ -9,11 +9,11 @@
 #include <iostream>
 #include <string_view>
 
-#include "core/alert.h"
-#include "core/input_gate.h"
-#include "core/mnw.h"
-#include "core/seams.h"
-#include "core/upward.h"
+#include "core/program/alert.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/mnw.h"
 #include "platform/window_x11.h"
 
 Display* dpy = nullptr;

@@ -6,15 +6,15 @@
 
 #include <string>
 
-#include "core/atm.h"
-#include "core/con.h"
-#include "core/engn_kinds.h"
-#include "core/env.h"
-#include "core/flt.h"
-#include "core/mnw.h"
-#include "core/num.h"
+#include "core/craft/engn_kinds.h"
+#include "core/math/num.h"
+#include "core/records/atm.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
+#include "core/records/flt.h"
+#include "core/records/mnw.h"
 #include "draw/colours.h"
-#include "draw/ogl.h"
+#include "draw/gl/ogl.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
 

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-#include "core/con.h"
-#include "core/globe.h"
-#include "core/num.h"
+#include "core/math/globe.h"
+#include "core/math/num.h"
+#include "core/records/con.h"
 
 static long long floor_div(long long a, long long b) { return a >= 0 ? a / b : -((-a + b - 1) / b); }
 

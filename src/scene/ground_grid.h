@@ -6,7 +6,7 @@
 #pragma once
 #include <vector>
 
-#include "core/geo3.h"
+#include "core/math/geo3.h"
 
 constexpr int grid_block = 10;        // cells to a block, and rows of cells to a band
 constexpr double grid_cell = 1000.0;  // m

@@ -7,15 +7,15 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/atm.h"
-#include "core/axes.h"
-#include "core/con.h"
-#include "core/env.h"
-#include "core/flt.h"
-#include "core/globe.h"
-#include "core/mnw.h"
-#include "core/ren.h"
-#include "draw/ogl.h"
+#include "core/math/axes.h"
+#include "core/math/globe.h"
+#include "core/records/atm.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
+#include "core/records/flt.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
+#include "draw/gl/ogl.h"
 #include "scene/flight_strip.h"
 #include "scene/ground_grid.h"
 

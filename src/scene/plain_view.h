@@ -2,6 +2,6 @@
 // the flight path, and the strip of flight data.
 // Role: draws what flt[0] says; changes nothing that flies.
 #pragma once
-#include "draw/screenshot.h"
+#include "draw/images/screenshot.h"
 
 void plain_view_draw();

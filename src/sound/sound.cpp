@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "core/seams.h"
+#include "core/program/seams.h"
 
 soun_class soun;
 

@@ -5,12 +5,12 @@
 #include <initializer_list>
 #include <iterator>
 
-#include "core/atm.h"
-#include "core/con.h"
-#include "core/env.h"
-#include "core/nav.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/records/atm.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
+#include "core/records/nav.h"
 
 struct planet_struct {
     float mu;   // m3/s2

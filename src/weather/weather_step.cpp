@@ -4,13 +4,13 @@
 #include <cmath>
 #include <initializer_list>
 
-#include "core/atm.h"
-#include "core/con.h"
-#include "core/env.h"
-#include "core/flt.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/records/atm.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
+#include "core/records/flt.h"
+#include "core/records/mnw.h"
 #include "weather/atmosphere.h"
 #include "weather/clouds.h"
 #include "weather/real_weather.h"

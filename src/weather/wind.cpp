@@ -1,15 +1,15 @@
 // The frame step of the wind: layers, gust, microburst, thermals, ridge lift, turbulence strength.
 #include "weather/wind.h"
 
-#include "core/alert.h"
-#include "core/atm.h"
-#include "core/clocks.h"
-#include "core/env.h"
-#include "core/mnw.h"
-#include "core/random.h"
-#include "core/ren.h"
-#include "core/stg.h"
-#include "core/veh.h"
+#include "core/craft/veh.h"
+#include "core/math/random.h"
+#include "core/program/alert.h"
+#include "core/program/clocks.h"
+#include "core/records/atm.h"
+#include "core/records/env.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
+#include "core/records/stg.h"
 #include "sound/sound.h"
 #include "weather/clouds.h"
 
@@ -33,7 +33,7 @@ struct wind_state_struct {
     // offsets of the turbulence field, m
     vec_struct wind_os;           // integrated wind
     vec_struct term_os, crnt_os;  // wander: target and present
-    clock_struct phase;           // in double: a float phase would stand still after some hours
+    double_float phase;           // in double: a float phase would stand still after some hours
     float slope_vy;               // smoothed ridge lift, m/s
 };
 static wind_state_struct state;

@@ -5,9 +5,9 @@
 #pragma once
 #include <math.h>
 
-#include "core/axes.h"
-#include "core/flt.h"
-#include "core/num.h"
+#include "core/math/axes.h"
+#include "core/math/num.h"
+#include "core/records/flt.h"
 
 class wind_class {
 public:

@@ -1,14 +1,15 @@
 // Aircraft files: bytes on disk against the record, both byte orders, and what is refused.
-#include "aircraft/acf_file.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/io_acf.h"
 
 #include <cmath>
 #include <cstring>
 #include <limits>
 
-#include "aircraft/acf_fault.h"
-#include "aircraft/acf_range.h"
-#include "aircraft/acf_toml.h"
-#include "core/logs.h"
+#include "aircraft/file/acf_fault.h"
+#include "aircraft/file/acf_range.h"
+#include "aircraft/file/acf_toml_read.h"
+#include "core/program/logs.h"
 #include "sample_acf.h"
 #include "support.h"
 

@@ -1,6 +1,7 @@
 // The text form of an aircraft: nothing is lost either way, faults are told with their line, and the two
 // programs do what they say.
-#include "aircraft/acf_toml.h"
+#include "aircraft/file/acf_toml_read.h"
+#include "aircraft/file/acf_toml_write.h"
 
 #include <bit>
 #include <cmath>
@@ -8,9 +9,9 @@
 #include <fstream>
 #include <random>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/acf_layout.h"
-#include "core/files.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/file/acf_layout.h"
+#include "core/disk/files.h"
 #include "sample_acf.h"
 #include "support.h"
 

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <sstream>
 
-#include "aircraft/acf_fault.h"
-#include "core/paths.h"
-#include "core/stl.h"
+#include "aircraft/file/acf_fault.h"
+#include "core/disk/paths.h"
+#include "core/records/stl.h"
 #include "design.h"
 
 namespace {

@@ -2,10 +2,10 @@
 #include <cmath>
 #include <cstring>
 
-#include "aircraft/acf_toml.h"
-#include "aircraft/autoset.h"
-#include "aircraft/check.h"
-#include "core/nav.h"
+#include "aircraft/design/autoset.h"
+#include "aircraft/design/check.h"
+#include "aircraft/file/acf_toml_read.h"
+#include "core/records/nav.h"
 #include "sample_acf.h"
 #include "support.h"
 

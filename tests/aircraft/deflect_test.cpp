@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "aircraft/autoset.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "aircraft/design/autoset.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
 #include "design.h"
 
 namespace {

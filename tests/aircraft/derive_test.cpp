@@ -1,17 +1,16 @@
 // From the designer's record to the flight model.
-#include "aircraft/derive.h"
+#include "aircraft/derive/derive.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-#include "aircraft/acf_fault.h"
-#include "aircraft/autoset.h"
-#include "aircraft/bodies_mass.h"
-#include "aircraft/derive_steps.h"
-#include "aircraft/location.h"
-#include "aircraft/oswald.h"
-#include "core/num.h"
+#include "aircraft/derive/bodies_mass.h"
+#include "aircraft/derive/oswald.h"
+#include "aircraft/design/autoset.h"
+#include "aircraft/design/location.h"
+#include "aircraft/file/acf_fault.h"
+#include "core/math/num.h"
 #include "design.h"
 
 namespace {

@@ -2,9 +2,9 @@
 #pragma once
 #include <cstring>
 
-#include "aircraft/afl_file.h"
-#include "aircraft/afl_polar.h"
-#include "core/records.h"
+#include "aircraft/foil/afl_file.h"
+#include "aircraft/foil/afl_polar.h"
+#include "core/records/records.h"
 #include "support.h"
 
 namespace design {

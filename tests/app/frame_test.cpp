@@ -1,16 +1,19 @@
 // The frame and its schedule.
+#include "app/app_update.h"
 #include "app/frame.h"
 
 #include <math.h>
 
-#include "app/headless.h"
-#include "app/load_plane.h"
-#include "core/clocks.h"
-#include "core/logs.h"
-#include "core/num.h"
-#include "core/seams.h"
-#include "core/upward.h"
-#include "flight/stepper.h"
+#include "app/lab/headless.h"
+#include "app/start/flight_start.h"
+#include "app/start/load_plane.h"
+#include "core/math/num.h"
+#include "core/program/clocks.h"
+#include "core/program/logs.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "flight/fullsim.h"
+#include "flight/slots.h"
 #include "flying.h"
 #include "platform/window.h"
 

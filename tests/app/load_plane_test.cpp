@@ -1,13 +1,14 @@
 // Background aircraft from a folder in which strangers' files are at fault.
-#include "app/load_plane.h"
+#include "app/start/load_plane.h"
 
 #include <filesystem>
 #include <fstream>
 
-#include "aircraft/acf_fault.h"
-#include "aircraft/acf_file.h"
-#include "app/headless.h"
-#include "core/paths.h"
+#include "aircraft/file/acf_fault.h"
+#include "aircraft/file/acf_file.h"
+#include "aircraft/io_acf.h"
+#include "app/lab/headless.h"
+#include "core/disk/paths.h"
 #include "flying.h"
 
 namespace fs = std::filesystem;

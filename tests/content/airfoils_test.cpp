@@ -2,9 +2,9 @@
 #include <cmath>
 #include <filesystem>
 
-#include "aircraft/afl_file.h"
-#include "aircraft/afl_polar.h"
-#include "core/paths.h"
+#include "aircraft/foil/afl_file.h"
+#include "aircraft/foil/afl_polar.h"
+#include "core/disk/paths.h"
 #include "support.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "draw/font_table.h"
-#include "draw/interface_layout.h"
+#include "draw/images/interface_layout.h"
 #include "support.h"
 
 namespace {

@@ -4,11 +4,12 @@
 #include <regex>
 #include <set>
 
-#include "core/env.h"
-#include "core/paths.h"
+#include "core/disk/paths.h"
+#include "core/records/env.h"
 #include "nav_rows.h"
-#include "scenery/magnetic.h"
-#include "scenery/nav_data.h"
+#include "scenery/nav/apt_file.h"
+#include "scenery/nav/magnetic.h"
+#include "scenery/nav/nav_files.h"
 
 namespace {
 const std::string earth = INSTALL_FOLDER "Resources/Earth nav data/";

@@ -4,11 +4,12 @@
 #include <set>
 #include <sstream>
 
-#include "core/paths.h"
-#include "core/ren.h"
-#include "draw/tex_refs.h"
-#include "scenery/library.h"
-#include "scenery/object_file.h"
+#include "core/disk/paths.h"
+#include "core/records/ren.h"
+#include "draw/images/tex_refs.h"
+#include "scenery/objects/object_build.h"
+#include "scenery/objects/object_file.h"
+#include "scenery/packages/library.h"
 #include "support.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // Alerts and the exception that carries them off other threads.
 #include <thread>
 
-#include "core/clocks.h"
-#include "core/logs.h"
+#include "core/program/clocks.h"
+#include "core/program/logs.h"
 #include "support.h"
 
 namespace {

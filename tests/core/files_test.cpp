@@ -1,15 +1,15 @@
 // The file layer: paths, stream files, mapped files, scanners, headers, listings.
-#include "core/files.h"
+#include "core/disk/files.h"
 
 #include <sys/stat.h>
 
 #include <cmath>
 #include <cstring>
 
-#include "core/dirlist.h"
-#include "core/mapfile.h"
-#include "core/paths.h"
-#include "core/txtscan.h"
+#include "core/disk/dirlist.h"
+#include "core/disk/mapfile.h"
+#include "core/disk/paths.h"
+#include "core/disk/txtscan.h"
 #include "support.h"
 
 class files_test : public test::system_test {

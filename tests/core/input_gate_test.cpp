@@ -1,5 +1,6 @@
 // The input gate without a window: fields of mnw, text entry, held keys.
-#include "core/input_gate.h"
+#include "core/program/input_gate.h"
+#include "core/program/upward.h"
 
 #include <cstring>
 

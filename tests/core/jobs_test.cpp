@@ -1,5 +1,5 @@
 // Background jobs: order, results, exceptions across threads, misuse, and an end that does not hang.
-#include "core/jobs.h"
+#include "core/program/jobs.h"
 
 #include <unistd.h>
 
@@ -11,7 +11,7 @@
 #include <thread>
 #include <vector>
 
-#include "core/logs.h"
+#include "core/program/logs.h"
 #include "support.h"
 
 namespace {

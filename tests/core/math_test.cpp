@@ -2,14 +2,14 @@
 #include <limits.h>
 #include <math.h>
 
-#include "core/axes.h"
-#include "core/env.h"
-#include "core/flt.h"
-#include "core/geo3.h"
-#include "core/globe.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "core/math/axes.h"
+#include "core/records/env.h"
+#include "core/records/flt.h"
+#include "core/math/geo3.h"
+#include "core/math/globe.h"
+#include "core/records/mnw.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
 #include "support.h"
 
 namespace {

@@ -1,16 +1,16 @@
 // The numeric kit, random numbers, axes and the globe.
-#include "core/num.h"
+#include "core/math/num.h"
 
 #include <float.h>
 #include <math.h>
 
 #include <limits>
 
-#include "core/axes.h"
-#include "core/electrics.h"
-#include "core/geo3.h"
-#include "core/globe.h"
-#include "core/random.h"
+#include "aircraft/electrics.h"
+#include "core/math/axes.h"
+#include "core/math/geo3.h"
+#include "core/math/globe.h"
+#include "core/math/random.h"
 #include "support.h"
 
 namespace {

@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "core/mnw.h"
-#include "core/stl.h"
-#include "draw/frames.h"
-#include "draw/menus.h"
+#include "core/records/mnw.h"
+#include "core/records/stl.h"
 #include "draw/type.h"
-#include "draw/widgets.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/menus.h"
+#include "draw/widgets/widgets.h"
 #include "support.h"
 
 namespace {

@@ -1,6 +1,7 @@
 // The texture manager in a real context: what OpenGL holds after a load, and what a bind makes of a pixel.
 #define GL_GLEXT_PROTOTYPES
-#include "draw/tman.h"
+#include "draw/images/image_bmp.h"
+#include "draw/images/tman.h"
 
 #include <GL/gl.h>
 #include <GL/glext.h>
@@ -10,10 +11,10 @@
 #include <cstring>
 #include <random>
 
-#include "core/paths.h"
-#include "core/seams.h"
-#include "draw/gl_facts.h"
-#include "draw/ogl.h"
+#include "core/disk/paths.h"
+#include "core/program/seams.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
 #include "pictures.h"
 #include "platform/window.h"
 #include "support.h"

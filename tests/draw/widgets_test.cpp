@@ -1,27 +1,27 @@
 // Widgets under a mouse, in a real window: what they answer and what they show.
-#include "draw/widgets.h"
+#include "draw/widgets/widgets.h"
 
 #include <GL/gl.h>
 #include <string.h>
 
 #include <vector>
 
-#include "core/input_gate.h"
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/seams.h"
-#include "core/stl.h"
+#include "core/disk/paths.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/records/mnw.h"
+#include "core/records/stl.h"
 #include "draw/colours.h"
-#include "draw/frames.h"
-#include "draw/gl_facts.h"
-#include "draw/menus.h"
-#include "draw/ogl.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/menus.h"
 #include "platform/window.h"
 #include "support.h"
-#include "ui/clicks.h"
-#include "ui/start_screen.h"
+#include "ui/screens/clicks.h"
+#include "ui/screens/start_screen.h"
 #include "xvfb.h"
 
 namespace {

@@ -1,13 +1,13 @@
 // The aerodynamic sections on whole aircraft: slipstream, downwash, ground effect, failures, chute.
-#include "flight/aero.h"
+#include "flight/air/bodies.h"
+#include "flight/air/elements.h"
 
 #include <math.h>
 
-#include "aircraft/derive.h"
-#include "aircraft/exists.h"
-#include "aircraft/location.h"
-#include "core/num.h"
-#include "flight/half_step.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/design/exists.h"
+#include "aircraft/design/location.h"
+#include "core/math/num.h"
 #include "flying.h"
 
 namespace {

@@ -1,11 +1,12 @@
 // Whole flights of the aircraft of the content without power, against first principles.
 #include <math.h>
 
-#include "aircraft/derive.h"
-#include "app/headless.h"
-#include "core/num.h"
-#include "core/random.h"
+#include "aircraft/derive/derive.h"
+#include "app/lab/headless.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
 #include "flight/half_step.h"
+#include "flight/mass_motion.h"
 #include "flying.h"
 
 namespace {
@@ -203,16 +204,58 @@ TEST_P(every_glider, survives_ten_minutes_of_random_controls) {
     }
 }
 
-TEST(headless, repeats_bit_for_bit) {
-    unsigned long long hash[2];
-    for (auto& h : hash) {
-        test::fly_aircraft("");
-        atm.set_turb_inc[0] = atm.set_turb_inc[1] = atm.set_turb_inc[2] = 3.0f;
-        for (int i = 0; i < 1000; ++i) headless_frame();
-        h = flight_state_hash();
-    }
-    EXPECT_EQ(hash[0], hash[1]);
+// The AI at the controls draws its aims from its own clocks, and a failure stops the needles where they are.
+TEST(headless, a_second_start_repeats_the_first_whatever_flew_before) {
+    unsigned long long hash[2][2];
+    for (auto& h : hash)
+        for (int with_ai : {0, 1}) {
+            test::fly_aircraft("");
+            atm.set_turb_inc[0] = atm.set_turb_inc[1] = atm.set_turb_inc[2] = 3.0f;
+            msc.ai_flys = msc.ai_views = with_ai;
+            for (int i = 0; i < 1500; ++i) {
+                if (i == 700) flt[0].fail_stat[fail_pitot] = flt[0].fail_stat[fail_static] = fail_active;
+                headless_frame();
+            }
+            h[with_ai] = flight_state_hash();
+        }
+    EXPECT_EQ(hash[0][0], hash[1][0]);
+    EXPECT_EQ(hash[0][1], hash[1][1]);
+    EXPECT_NE(hash[0][0], hash[0][1]);
     headless_frame();
-    EXPECT_NE(flight_state_hash(), hash[0]);
+    EXPECT_NE(flight_state_hash(), hash[1][1]);
+}
+
+// Failure 3 leaves the needle where it stands, with the barometer's setting in it; a blocked static line then
+// changes nothing more. A whole altimeter before a blocked line shows the frozen height by any setting.
+TEST(instruments, a_failed_altimeter_stays_when_the_static_line_is_blocked_too) {
+    test::fly_aircraft("Lark 15");
+    nav.baro_setting_HG = 30.12f;
+    headless_frame();
+    const float shown = flt[0].h_ind_ft;
+    EXPECT_NEAR(shown, static_cast<float>(flt[0].dob_ele) * con.mtrstoft + 200.0f, 5.0f);
+    flt[0].fail_stat[fail_ss_alt] = fail_active;
+    headless_frame();
+    flt[0].fail_stat[fail_static] = fail_active;
+    for (int i = 0; i < 10; ++i) headless_frame();
+    EXPECT_EQ(flt[0].h_ind_ft, shown);
+    flt[0].fail_stat[fail_ss_alt] = 0;
+    nav.baro_setting_HG += 0.1f;
+    headless_frame();
+    EXPECT_NEAR(flt[0].h_ind_ft, shown + 100.0f, 5.0f);
+}
+
+// 0.001 s steps of 0.01 m/s2 at 250 m/s are below the last place of a float.
+TEST(velocity, grows_by_accelerations_below_the_last_place_of_a_float) {
+    test::fly_bare_mass();
+    flt_struct& f = flt[0];
+    f.vz = -250.0f;
+    f.ax = f.ay = f.Pdot = f.Qdot = f.Rdot = 0.0f;
+    f.az = 0.01f;
+    mnw.prd_FM = 0.001f;
+    for (int i = 0; i < 1000; ++i) integrate_rates();
+    EXPECT_NEAR(f.vz, -249.99f, 1e-4f);
+    f.vz = -100.0f;  // whoever writes it is followed
+    integrate_rates();
+    EXPECT_NEAR(f.vz, -100.0f, 1e-4f);
 }
 }  // namespace

@@ -1,13 +1,13 @@
 // Coefficients of one element, against closed forms.
-#include "flight/coeffs.h"
+#include "flight/air/coeffs.h"
 
 #include <math.h>
 
-#include "core/num.h"
-#include "core/random.h"
-#include "flight/aero.h"
-#include "flight/controls.h"
-#include "flight/forces.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "flight/air/bodies.h"
+#include "flight/air/controls.h"
+#include "flight/force/forces.h"
 #include "support.h"
 
 namespace {

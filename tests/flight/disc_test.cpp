@@ -5,13 +5,15 @@
 #include <utility>
 
 #include "aircraft/deflect.h"
-#include "aircraft/location.h"
-#include "core/axes.h"
-#include "core/engn_kinds.h"
-#include "core/num.h"
-#include "flight/aero.h"
-#include "flight/engines.h"
-#include "flight/propel.h"
+#include "aircraft/design/location.h"
+#include "app/lab/lab_steady.h"
+#include "core/craft/engn_kinds.h"
+#include "core/math/axes.h"
+#include "core/math/num.h"
+#include "flight/air/elements.h"
+#include "flight/power/disc.h"
+#include "flight/power/engine_control.h"
+#include "flight/power/shafts.h"
 #include "flying.h"
 
 namespace {

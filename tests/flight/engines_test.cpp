@@ -1,12 +1,15 @@
 // Engines on a dynamometer: the shaft is held at a speed and the engine step runs alone.
-#include "flight/engines.h"
+#include "flight/power/engine_control.h"
+#include "flight/power/engines.h"
+#include "flight/power/levers.h"
+#include "flight/power/thrust.h"
 
 #include <math.h>
 
-#include "app/lab.h"
-#include "core/num.h"
-#include "flight/autopilot.h"
-#include "flight/propel.h"
+#include "app/lab/lab.h"
+#include "app/lab/lab_steady.h"
+#include "core/math/num.h"
+#include "flight/autopilot/autopilot.h"
 #include "flying.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // Motion without air: closed forms of mechanics.
 #include <math.h>
 
-#include "core/axes.h"
-#include "core/globe.h"
+#include "core/math/axes.h"
+#include "core/math/globe.h"
 #include "flying.h"
 
 namespace {

@@ -3,15 +3,18 @@
 
 #include <algorithm>
 
-#include "aircraft/check.h"
-#include "aircraft/derive.h"
-#include "aircraft/exists.h"
-#include "app/headless.h"
-#include "app/lab_pilot.h"
-#include "core/engn_kinds.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "flight/engines.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/design/check.h"
+#include "aircraft/design/exists.h"
+#include "app/lab/headless.h"
+#include "app/lab/lab_pilot.h"
+#include "app/lab/lab_steady.h"
+#include "core/craft/engn_kinds.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "draw/images/interface_layout.h"
+#include "flight/power/engines.h"
+#include "flight/power/levers.h"
 #include "flying.h"
 
 namespace {

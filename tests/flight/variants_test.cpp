@@ -4,14 +4,17 @@
 
 #include <functional>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/autoset.h"
 #include "aircraft/deflect.h"
-#include "aircraft/derive.h"
-#include "core/num.h"
-#include "core/upward.h"
-#include "flight/engines.h"
+#include "aircraft/derive/derive.h"
+#include "aircraft/design/autoset.h"
+#include "aircraft/io_acf.h"
+#include "app/lab/lab_steady.h"
+#include "core/math/num.h"
+#include "core/program/upward.h"
+#include "draw/images/interface_layout.h"
+#include "flight/power/levers.h"
 #include "flying.h"
+#include "scenery/ground/tile.h"
 
 namespace {
 constexpr int right_wing = 9, right_stab = 17, fin = 18;

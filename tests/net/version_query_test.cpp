@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "core/paths.h"
+#include "core/disk/paths.h"
 #include "http_server.h"
 #include "platform/servers.h"
 #include "support.h"

@@ -1,5 +1,6 @@
 // The real window on a screen of its own: what it shows for a known state, and what it takes from a
 // keyboard and a mouse that a second program moves.
+#include "core/program/upward.h"
 #include "platform/window.h"
 
 #include <GL/gl.h>
@@ -9,10 +10,10 @@
 #include <cmath>
 #include <vector>
 
-#include "core/globe.h"
-#include "core/input_gate.h"
-#include "core/seams.h"
-#include "draw/ogl.h"
+#include "core/math/globe.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "draw/gl/ogl.h"
 #include "scene/plain_view.h"
 #include "support.h"
 #include "weather/atmosphere.h"

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "core/globe.h"
+#include "core/math/globe.h"
 #include "support.h"
 
 using grid_test = test::system_test;

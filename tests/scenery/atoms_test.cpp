@@ -1,5 +1,5 @@
 // Atoms, their payloads, and the writer, against bytes worked out by hand and each other.
-#include "scenery/atoms.h"
+#include "scenery/chunk/atoms.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-#include "scenery/atom_writer.h"
+#include "scenery/chunk/atom_writer.h"
 #include "support.h"
 #include "tile_bytes.h"
 

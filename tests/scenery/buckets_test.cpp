@@ -1,10 +1,10 @@
 // Buckets against brute force.
-#include "scenery/buckets.h"
+#include "scenery/ground/buckets.h"
 
 #include <cmath>
 #include <set>
 
-#include "core/random.h"
+#include "core/math/random.h"
 #include "support.h"
 
 namespace {

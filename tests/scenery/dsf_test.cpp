@@ -1,5 +1,5 @@
 // Tiles by hand: every command, every fault with its words, and what a stranger's tile may not do.
-#include "scenery/dsf.h"
+#include "scenery/decode/dsf.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-#include "scenery/dsf_format.h"
+#include "scenery/decode/dsf_format.h"
 #include "support.h"
 #include "tile_bytes.h"
 

@@ -1,10 +1,10 @@
 // Packages, the library, and where resources are sought.
-#include "scenery/library.h"
+#include "scenery/packages/library.h"
 
 #include <filesystem>
 
-#include "core/logs.h"
-#include "core/paths.h"
+#include "core/disk/paths.h"
+#include "core/program/logs.h"
 #include "support.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The magnetic model against the rows that its makers publish, the table against the model.
-#include "scenery/magnetic.h"
+#include "scenery/nav/magnetic.h"
 
 #include <cmath>
 #include <fstream>

@@ -1,10 +1,11 @@
 // The navigation files, row by row, and what a stranger's file may not do.
 #include <cmath>
 
-#include "core/con.h"
-#include "core/files.h"
+#include "core/disk/files.h"
+#include "core/records/con.h"
 #include "nav_folder.h"
-#include "scenery/nav_data.h"
+#include "scenery/nav/apt_file.h"
+#include "scenery/nav/nav_files.h"
 #include "weather/atmosphere.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "core/paths.h"
-#include "scenery/library.h"
+#include "core/disk/paths.h"
+#include "scenery/packages/library.h"
 #include "support.h"
 
 namespace test {

@@ -4,15 +4,17 @@
 #include <filesystem>
 #include <sstream>
 
-#include "core/env.h"
-#include "core/flt.h"
-#include "core/mnw.h"
-#include "core/net.h"
-#include "core/paths.h"
-#include "core/ren.h"
-#include "draw/tex_refs.h"
-#include "scenery/library.h"
-#include "scenery/object_file.h"
+#include "core/disk/paths.h"
+#include "core/records/env.h"
+#include "core/records/flt.h"
+#include "core/records/mnw.h"
+#include "core/records/net.h"
+#include "core/records/ren.h"
+#include "draw/images/tex_refs.h"
+#include "scenery/objects/object_build.h"
+#include "scenery/objects/object_file.h"
+#include "scenery/objects/object_hard.h"
+#include "scenery/packages/library.h"
 #include "support.h"
 
 namespace {

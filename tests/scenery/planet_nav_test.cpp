@@ -1,9 +1,10 @@
 // The load of a planet and the look-ups in its tables.
 #include <atomic>
 
-#include "core/records.h"
+#include "core/records/records.h"
 #include "nav_folder.h"
-#include "scenery/nav_data.h"
+#include "scenery/nav/nav_lookup.h"
+#include "scenery/nav/planet_nav.h"
 
 namespace {
 class planet_nav_test : public test::system_test {

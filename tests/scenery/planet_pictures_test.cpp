@@ -3,12 +3,12 @@
 
 #include <GL/gl.h>
 
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/seams.h"
-#include "draw/gl_facts.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "core/disk/paths.h"
+#include "core/program/seams.h"
+#include "core/records/mnw.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 #include "platform/window.h"
 #include "support.h"
 #include "xvfb.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "scenery/dsf.h"
+#include "scenery/decode/dsf.h"
 
 namespace test {
 

@@ -4,12 +4,12 @@
 #include <functional>
 #include <string>
 
-#include "core/paths.h"
-#include "core/records.h"
-#include "scenery/library.h"
-#include "scenery/tile.h"
-#include "scenery/tile_edge.h"
-#include "scenery/tile_load.h"
+#include "core/disk/paths.h"
+#include "core/records/records.h"
+#include "scenery/ground/tile.h"
+#include "scenery/packages/library.h"
+#include "scenery/tile/tile_edge.h"
+#include "scenery/tile/tile_load.h"
 #include "support.h"
 #include "tile_mesh.h"
 

@@ -4,11 +4,13 @@
 #include <fstream>
 #include <set>
 
-#include "core/globe.h"
-#include "core/random.h"
-#include "scenery/objects.h"
-#include "scenery/terrain_query.h"
-#include "scenery/tile_state.h"
+#include "core/math/globe.h"
+#include "core/math/random.h"
+#include "scenery/ground/terrain_query.h"
+#include "scenery/objects/objects.h"
+#include "scenery/tile/tile_defs.h"
+#include "scenery/tile/tile_mesh.h"
+#include "scenery/tile/tile_state.h"
 #include "stood_on.h"
 #include "tile_folder.h"
 

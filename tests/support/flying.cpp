@@ -5,11 +5,10 @@
 #include <filesystem>
 #include <map>
 
-#include "aircraft/derive.h"
-#include "app/frame.h"
-#include "app/headless.h"
-#include "core/axes.h"
-#include "core/seams.h"
+#include "aircraft/derive/derive.h"
+#include "app/lab/headless.h"
+#include "core/math/axes.h"
+#include "core/program/seams.h"
 #include "platform/window.h"
 #include "weather/atmosphere.h"
 

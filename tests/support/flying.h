@@ -1,8 +1,7 @@
 // Aircraft for tests of flight: the compiled ones, and bare masses that no air touches.
 #pragma once
+#include "app/lab/lab.h"
 #include "support.h"
-
-#include "app/lab.h"
 
 namespace test {
 

@@ -2,7 +2,7 @@
 #pragma once
 #include <vector>
 
-#include "scenery/tile.h"
+#include "scenery/ground/tile.h"
 
 namespace test {
 

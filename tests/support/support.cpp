@@ -1,3 +1,4 @@
+#include "scenery/draw/scenery_gl.h"
 #include "support.h"
 
 #include <fenv.h>
@@ -8,9 +9,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/jobs.h"
-#include "core/random.h"
-#include "core/seams.h"
+#include "core/math/random.h"
+#include "core/program/jobs.h"
+#include "core/program/seams.h"
 
 namespace test {
 
@@ -28,6 +29,7 @@ void fresh() {
     THREAD_Init();
     clear_records();
     init_con();
+    scenery_draw = scenery_draw_gl;
     seams_headless();
     rand_seed(1);
     init_rand_rat();

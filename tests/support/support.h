@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "core/alert.h"
-#include "core/records.h"
+#include "core/program/alert.h"
+#include "core/records/records.h"
 
 namespace test {
 

@@ -2,9 +2,10 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/paths.h"
+#include "core/disk/paths.h"
 #include "nav_rows.h"
-#include "scenery/nav_data.h"
+#include "scenery/nav/apt_file.h"
+#include "scenery/nav/nav_files.h"
 
 namespace {
 namespace fs = std::filesystem;

@@ -1,15 +1,16 @@
 // Language files: what is shipped is complete, and what a user broke is told.
-#include "ui/language.h"
+#include "ui/text/korean.h"
+#include "ui/text/language.h"
 
 #include <map>
 #include <set>
 
-#include "app/headless.h"
-#include "core/logs.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "core/text_numbers.h"
-#include "draw/menus.h"
+#include "app/lab/headless.h"
+#include "core/disk/paths.h"
+#include "core/disk/text_numbers.h"
+#include "core/program/logs.h"
+#include "core/records/records.h"
+#include "draw/widgets/menus.h"
 #include "support.h"
 
 namespace {

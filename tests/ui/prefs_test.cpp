@@ -1,7 +1,7 @@
 // The resolution file: written, read, broken.
-#include "ui/prefs.h"
+#include "ui/settings/prefs.h"
 
-#include "core/mnw.h"
+#include "core/records/mnw.h"
 #include "support.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <vector>
 
-#include "core/geo3.h"
-#include "core/random.h"
-#include "core/seams.h"
+#include "core/math/geo3.h"
+#include "core/math/random.h"
+#include "core/program/seams.h"
 #include "sound/sound.h"
 #include "support.h"
 #include "weather/atmosphere.h"

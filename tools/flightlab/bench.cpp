@@ -4,12 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "app/lab.h"
+#include "app/lab/lab.h"
+#include "app/lab/lab_steady.h"
 #include "commands.h"
-#include "core/num.h"
-#include "core/records.h"
+#include "core/craft/engn_kinds.h"
+#include "core/math/num.h"
+#include "core/records/records.h"
 #include "csv.h"
-#include "flight/engines.h"
+#include "flight/power/engine_control.h"
+#include "flight/power/levers.h"
 #include "plot.h"
 #include "start.h"
 

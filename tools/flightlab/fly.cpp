@@ -10,14 +10,15 @@
 #include <string>
 #include <vector>
 
-#include "aircraft/derive.h"
-#include "app/headless.h"
-#include "app/lab.h"
-#include "app/lab_pilot.h"
+#include "aircraft/derive/derive.h"
+#include "app/lab/headless.h"
+#include "app/lab/lab.h"
+#include "app/lab/lab_pilot.h"
+#include "app/lab/lab_steady.h"
 #include "commands.h"
-#include "core/num.h"
-#include "core/random.h"
-#include "core/records.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/records/records.h"
 #include "csv.h"
 #include "start.h"
 

@@ -1,7 +1,7 @@
 // One number for a whole flight, to compare compilers and changes that must not alter it.
 #include <cstdio>
 
-#include "app/headless.h"
+#include "app/lab/headless.h"
 #include "commands.h"
 #include "start.h"
 

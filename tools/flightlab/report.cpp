@@ -3,13 +3,14 @@
 #include <cstdio>
 #include <string>
 
-#include "aircraft/derive.h"
-#include "app/lab.h"
+#include "aircraft/derive/derive.h"
+#include "app/lab/lab.h"
+#include "app/lab/lab_steady.h"
 #include "commands.h"
-#include "core/atm.h"
-#include "core/con.h"
-#include "core/num.h"
-#include "core/records.h"
+#include "core/math/num.h"
+#include "core/records/atm.h"
+#include "core/records/con.h"
+#include "core/records/records.h"
 #include "start.h"
 
 namespace {

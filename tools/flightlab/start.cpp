@@ -12,17 +12,17 @@
 #include <iostream>
 #include <sstream>
 
-#include "aircraft/acf_file.h"
-#include "aircraft/acf_range.h"
-#include "aircraft/acf_toml.h"
 #include "aircraft/deflect.h"
-#include "app/headless.h"
-#include "app/lab.h"
-#include "core/alert.h"
-#include "core/jobs.h"
-#include "core/logs.h"
-#include "core/paths.h"
-#include "core/records.h"
+#include "aircraft/file/acf_range.h"
+#include "aircraft/file/acf_toml_read.h"
+#include "aircraft/io_acf.h"
+#include "app/lab/headless.h"
+#include "app/lab/lab.h"
+#include "core/disk/paths.h"
+#include "core/program/alert.h"
+#include "core/program/jobs.h"
+#include "core/program/logs.h"
+#include "core/records/records.h"
 
 namespace fs = std::filesystem;
 

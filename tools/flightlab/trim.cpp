@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "app/lab.h"
+#include "app/lab/lab_steady.h"
 #include "commands.h"
-#include "core/engn_kinds.h"
-#include "core/num.h"
-#include "core/records.h"
+#include "core/craft/engn_kinds.h"
+#include "core/math/num.h"
+#include "core/records/records.h"
 #include "csv.h"
 #include "plot.h"
 #include "start.h"

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "app/lab.h"
+#include "app/lab/lab.h"
 #include "commands.h"
-#include "core/con.h"
+#include "core/records/con.h"
 #include "csv.h"
 #include "plot.h"
 #include "start.h"

@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "scenery/nav_tables.h"
+#include "scenery/nav/nav_tables.h"
 
 void describe_airport(int apt_index);
 void describe_aid(const vec_nav_struct& aid);

@@ -7,8 +7,8 @@
 #include <filesystem>
 
 #include "../flightlab/options.h"
-#include "core/alert.h"
-#include "core/paths.h"
+#include "core/disk/paths.h"
+#include "core/program/alert.h"
 #include "describe.h"
 #include "plan.h"
 #include "tables.h"

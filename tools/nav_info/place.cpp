@@ -4,9 +4,9 @@
 #include <math.h>
 #include <stdio.h>
 
-#include "core/con.h"
-#include "core/env.h"
-#include "scenery/magnetic.h"
+#include "core/records/con.h"
+#include "core/records/env.h"
+#include "scenery/nav/magnetic.h"
 
 namespace {
 constexpr double rad = M_PI / 180.0;

@@ -7,7 +7,6 @@
 #include <stdexcept>
 
 #include "plan_parts.h"
-#include "scenery/nav_data.h"
 
 namespace {
 struct extent {

@@ -4,9 +4,8 @@
 #include <algorithm>
 #include <set>
 
-#include "core/env.h"
+#include "core/records/env.h"
 #include "plan_parts.h"
-#include "scenery/nav_data.h"
 #include "words.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "plan_parts.h"
-#include "scenery/nav_data.h"
 #include "words.h"
 
 namespace {

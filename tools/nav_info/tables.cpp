@@ -6,11 +6,12 @@
 
 #include <algorithm>
 
-#include "core/jobs.h"
-#include "core/paths.h"
-#include "core/records.h"
-#include "scenery/library.h"
-#include "scenery/nav_data.h"
+#include "core/disk/paths.h"
+#include "core/program/jobs.h"
+#include "core/records/records.h"
+#include "scenery/nav/nav_lookup.h"
+#include "scenery/nav/planet_nav.h"
+#include "scenery/packages/library.h"
 #include "weather/atmosphere.h"
 #include "words.h"
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "place.h"
-#include "scenery/nav_tables.h"
+#include "scenery/nav/nav_tables.h"
 
 // Reads the tables of a planet (0 Earth, 1 Mars). Missing airports end the program with what is wrong.
 void load_tables(const std::string& install_folder, int planet);

@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "scenery/nav_tables.h"
+#include "scenery/nav/nav_tables.h"
 
 std::string surface_words(int surf_tex);
 std::string lights_words(int i_code, int end);  // of one end of a runway: "PAPI, edge lights, ..."

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "scenery/atoms.h"
-#include "scenery/dsf_format.h"
+#include "scenery/chunk/atoms.h"
+#include "scenery/decode/dsf_format.h"
 
 namespace {
 struct counter {

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "core/mapfile.h"
-#include "scenery/dsf.h"
-#include "scenery/dsf_format.h"
+#include "core/disk/mapfile.h"
+#include "scenery/decode/dsf.h"
+#include "scenery/decode/dsf_format.h"
 
 constexpr double earth_degree = 111319.0, mars_degree = 59275.0;  // metres along a meridian
 

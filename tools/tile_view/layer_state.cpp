@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "draw/colours.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 
 namespace {
 struct stage {

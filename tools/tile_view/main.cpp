@@ -9,13 +9,13 @@
 #include <vector>
 
 #include "../flightlab/options.h"
-#include "app/frame.h"
-#include "core/alert.h"
-#include "core/mnw.h"
-#include "core/paths.h"
-#include "core/seams.h"
-#include "core/stg.h"
-#include "draw/screenshot.h"
+#include "app/init_sim.h"
+#include "core/disk/paths.h"
+#include "core/program/alert.h"
+#include "core/program/seams.h"
+#include "core/records/mnw.h"
+#include "core/records/stg.h"
+#include "draw/images/screenshot.h"
 #include "scenery/draw/object_draw.h"
 #include "tile_picture.h"
 

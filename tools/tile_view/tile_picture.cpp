@@ -6,17 +6,17 @@
 
 #include <algorithm>
 
-#include "core/con.h"
-#include "core/globe.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/ren.h"
-#include "draw/ogl.h"
+#include "core/math/globe.h"
+#include "core/math/num.h"
+#include "core/records/con.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
+#include "draw/gl/ogl.h"
 #include "layer_state.h"
 #include "scenery/draw/object_draw.h"
-#include "scenery/objects.h"
-#include "scenery/terrain_query.h"
-#include "scenery/tile.h"
+#include "scenery/ground/terrain_query.h"
+#include "scenery/ground/tile.h"
+#include "scenery/objects/objects.h"
 
 namespace {
 constexpr float view_deg = 60.0f;                                              // horizontal

@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "core/paths.h"
-#include "core/records.h"
-#include "scenery/library.h"
-#include "scenery/tile.h"
-#include "scenery/tile_edge.h"
-#include "scenery/tile_load.h"
+#include "core/disk/paths.h"
+#include "core/records/records.h"
+#include "scenery/ground/tile.h"
+#include "scenery/packages/library.h"
+#include "scenery/tile/tile_edge.h"
+#include "scenery/tile/tile_load.h"
 #include "weather/atmosphere.h"
 
 namespace fs = std::filesystem;

@@ -5,17 +5,18 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 
-#include "core/alert.h"
-#include "core/mnw.h"
-#include "core/num.h"
-#include "core/ren.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/records/mnw.h"
+#include "core/records/ren.h"
 #include "draw/colours.h"
-#include "draw/gl_facts.h"
-#include "draw/ogl.h"
+#include "draw/gl/gl_facts.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 #include "draw/point_lights.h"
-#include "draw/tman.h"
 #include "platform/window_x11.h"
-#include "scenery/objects.h"
+#include "scenery/objects/object_hard.h"
+#include "scenery/objects/objects.h"
 #include "weather/puffs.h"
 #include "weather/sky.h"
 

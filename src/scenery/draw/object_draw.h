@@ -16,3 +16,17 @@ extern object_calls_struct object_calls;
 
 // The state and the textures in which an object's lists run: for a batch of one model.
 void object_state(int M, int lit);
+
+// What a plot does: compiles a level's list, draws the level that the distance asks for, or emits the
+// display commands at once (while the level still has them).
+enum object_plot : int { plot_compile = 0, plot_list = 1, plot_emit = 2 };
+
+// Place in the world, heading, pitch, roll in degrees; lit: its night picture and lists.
+void plot_obj(int M, int L, float x, float y, float z, float psi, float the, float phi, int lit, int DL_type);
+
+// One of a batch: the caller has set the state, bound the textures and chosen the level. The only form that
+// tests solid surfaces.
+void plot_obj_inloop(int M, int L, float x, float y, float z, float psi, float the, float phi, int lit);
+
+// Texturing on the first units only.
+void OBJ_tex_units(int new_tex);

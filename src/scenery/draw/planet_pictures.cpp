@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "core/paths.h"
-#include "core/seams.h"
-#include "draw/ogl.h"
-#include "draw/tman.h"
+#include "core/disk/paths.h"
+#include "core/program/seams.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 
 void load_planet_pictures(int planet) {
     if (!seam.has_display) return;

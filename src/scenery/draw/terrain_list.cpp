@@ -5,9 +5,8 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 
-#include "core/alert.h"
-#include "core/num.h"
-#include "core/seams.h"
+#include "core/program/alert.h"
+#include "core/program/seams.h"
 
 namespace {
 // Source of a texture unit's coordinates.
@@ -75,13 +74,6 @@ void send_primitives(const std::vector<scene_pol_struct>& pols, int format) {
     if (open != closed) glEnd();
 }
 
-void find_sphere(scene_patch_struct* patch) {
-    const scene_patch_struct_temp& box = *patch->temp;
-    patch->center_x = 0.5f * (box.min_x + box.max_x);
-    patch->center_y = 0.5f * (box.min_y + box.max_y);
-    patch->center_z = 0.5f * (box.min_z + box.max_z);
-    patch->radius = 0.5f * pythag(box.max_x - box.min_x, box.max_y - box.min_y, box.max_z - box.min_z);
-}
 }  // namespace
 
 int vertex_format(const xlay_struct& layer, const scene_patch_struct_temp& geometry) {
@@ -90,16 +82,12 @@ int vertex_format(const xlay_struct& layer, const scene_patch_struct_temp& geome
            (layer.composite_texes ? 8 : 0);
 }
 
-void UTIL_build_DL(xlay_struct* our_layer, scene_patch_struct* patch) {
-    find_sphere(patch);
-    if (seam.has_display) {
-        patch->patch_DL = glGenLists(1);
-        glNewList(patch->patch_DL, GL_COMPILE);
-        send_primitives(patch->temp->scene_pol, vertex_format(*our_layer, *patch->temp));
-        glEndList();
-    }
-    delete patch->temp;
-    patch->temp = nullptr;
+void compile_patch_list(const xlay_struct* layer, scene_patch_struct* patch) {
+    if (!seam.has_display) return;
+    patch->patch_DL = glGenLists(1);
+    glNewList(patch->patch_DL, GL_COMPILE);
+    send_primitives(patch->temp->scene_pol, vertex_format(*layer, *patch->temp));
+    glEndList();
 }
 
 void destroy_patch_list(scene_patch_struct* patch) {

@@ -1,10 +1,9 @@
 // Display lists of terrain and of all that is extruded.
 #pragma once
-#include "scenery/tile.h"
+#include "scenery/ground/tile.h"
 
-// Finds the patch's sphere from its box, and turns its geometry into a display list. Without a window there
-// is no list, and the geometry goes all the same.
-void UTIL_build_DL(xlay_struct* our_layer, scene_patch_struct* patch);
+// Turns a patch's geometry into a display list. Without a window there is none.
+void compile_patch_list(const xlay_struct* layer, scene_patch_struct* patch);
 void destroy_patch_list(scene_patch_struct* patch);
 
 // What a vertex of a layer sends besides its place and normal: night 1, projected 2, border 4, composite 8;

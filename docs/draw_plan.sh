@@ -1,6 +1,0 @@
-#!/bin/bash
-# Draws the plan in docs/nav-info.md. Takes the build folder, build by default.
-set -e
-cd "$(dirname "$0")/.."
-"${1:-build}"/tools/nav_info KEDW --type apt --picture docs/nav-info.png >/dev/null
-convert docs/nav-info.png -strip -colors 96 -define png:compression-level=9 docs/nav-info.png

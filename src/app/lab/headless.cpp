@@ -1,0 +1,90 @@
+// Headless runs.
+#include "app/lab/headless.h"
+
+#include <string.h>
+
+#include "aircraft/file/acf_fault.h"
+#include "app/app_update.h"
+#include "app/frame.h"
+#include "app/init_sim.h"
+#include "app/slots/heartbeat.h"
+#include "app/slots/warnings.h"
+#include "app/start/load_plane.h"
+#include "app/world_flight.h"
+#include "core/math/num.h"
+#include "core/math/random.h"
+#include "core/program/clocks.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "flight/instruments.h"
+#include "flight/mass_motion.h"
+#include "flight/pilots/pilot_input.h"
+#include "platform/window.h"
+#include "weather/wind.h"
+
+namespace {
+// Whatever keeps something between frames, beside the records.
+void (*const resets[])() = {
+    reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
+    reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
+    wind_reset,        forget_faulty_acf,
+};
+}  // namespace
+
+void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
+    seams_headless();
+    rand_seed(1);
+    for (void (*reset)() : resets) reset();
+    init_records(install_folder, logs);
+    init_gen();
+    have_done_first_update = 1;
+    const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;
+    snprintf(veh[0].path, sizeof veh[0].path, "%s", path.c_str());
+    load_plane(0);
+    init_flt_0(start_airport, place_runway);
+    MACIBM_startwind(win_fly, "headless");
+}
+
+void headless_frame() {
+    step_virtual_clock(headless_pass);
+    MACIBM_event_proc();
+}
+
+namespace {
+// FNV-1a, 64 bits.
+struct hasher {
+    unsigned long long h = 14695981039346656037ull;
+    template <class T>
+    void add(const T& value) {
+        unsigned char bytes[sizeof(T)];
+        memcpy(bytes, &value, sizeof(T));
+        for (const unsigned char b : bytes) h = (h ^ b) * 1099511628211ull;
+    }
+};
+}  // namespace
+
+unsigned long long flight_state_hash() {
+    const flt_struct& f = flt[0];
+    hasher hash;
+    for (const double v : {f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele}) hash.add(v);
+    for (const float v : f.q) hash.add(v);
+    for (const float v : {f.vx,       f.vy,          f.vz,           f.P,      f.Q, f.R, f.psi, f.the,
+                          f.phi,      f.alpha,       f.beta,         f.AV_msc, f.L, f.M, f.N,   f.v_ind_kts,
+                          f.h_ind_ft, f.com_ind_mag, f.slip_ind_deg, f.m_total})
+        hash.add(v);
+    for (const flt_wing_struct& w : f.wing)
+        for (int el = 0; el < elDIM; ++el) {
+            hash.add(w.v_el[el][0]);
+            hash.add(w.alpha_el[el][0]);
+            hash.add(w.downwash_deg[el]);
+        }
+    for (const flt_engn_struct& e : f.engn)
+        for (const float v :
+             {e.tacrad_ENGN, e.tacrad_PROP, e.N1, e.N2, e.thrust, e.drag_TRQ, e.DVinc, e.FF_kgs, e.ITT, e.EGT,
+              e.CHT, e.OILT, e.pitch_deg_ref, e.cyclic_elev_disc_tilt})
+            hash.add(v);
+    for (const float v : {mnw.prd_FM, mnw.totl_time, mnw.real_time}) hash.add(v);
+    return hash.h;
+}

@@ -1,0 +1,18 @@
+// A run without window: the real frame with a virtual clock.
+#pragma once
+#include <string>
+
+#include "core/program/logs.h"
+
+constexpr double headless_pass = 1.0 / 64.0;  // s of virtual clock a pass
+
+// Starts the system on quiet seams with a fixed seed. acf_path: an aircraft file in the platform's
+// form, or empty for the default. install_folder: where airfoils and resources lie, with a closing "/".
+// Private clocks and statics start over, so that equal runs repeat bit for bit.
+void headless_start(const std::string& install_folder, const std::string& acf_file,
+                    log_target logs = log_to_files);
+// One pass of MACIBM_event_proc, the virtual clock a step further.
+void headless_frame();
+
+// A hash of the flight state of slot 0: position, attitude, velocity, rates, flow at every element.
+unsigned long long flight_state_hash();

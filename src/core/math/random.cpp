@@ -1,0 +1,60 @@
+// One xorshift sequence and the table of draws.
+#include "core/math/random.h"
+
+#include <string>
+
+#include "core/program/alert.h"
+
+float randrat[randratDIM];
+
+static unsigned state = 2463534242u;
+
+void rand_seed(unsigned seed) {
+    state = seed * 2654435761u + 2463534242u;  // spread small seeds over the state
+    if (state == 0) state = 2463534242u;       // the one state that xorshift cannot leave
+}
+
+// Marsaglia, "Xorshift RNGs", Journal of Statistical Software 8 (2003), triple (13, 17, 5).
+unsigned rand31() {
+    state ^= state << 13;
+    state ^= state >> 17;
+    state ^= state << 5;
+    return state >> 1;
+}
+
+float flt_rand(float min, float max) {
+    constexpr float two_to_minus_31 = 4.656612873077392578125e-10f;
+    return min + two_to_minus_31 * static_cast<float>(rand31()) * (max - min);
+}
+
+int int_rand(int min, int max) {
+    if (min == max) return min;
+    // in double the ratio stays below 1, so max itself is the highest answer
+    const double span = static_cast<double>(max) - min + 1.0;
+    const int val =
+        static_cast<int>(min + static_cast<long long>(rand31() * 4.656612873077392578125e-10 * span));
+    if (val < min || val > max)
+        MACIBM_alert(0, "int rand val out of range! Lo and hi and returned values are:", std::to_string(min),
+                     std::to_string(max), std::to_string(val), alert_fatal);
+    return val;
+}
+
+void init_rand_rat() {
+    for (float& r : randrat) r = flt_rand(0.0f, 0.9999f);
+}
+
+float flt_seedrand(float min, float max, int seed) {
+    if (seed < 0) {
+        MACIBM_alert(0, "Cannot pass in negative float rand seed!", "", "", "", alert_fatal);
+        return min;
+    }
+    return min + randrat[seed % randratDIM] * (max - min);
+}
+
+int int_seedrand(int min, int max, int seed) {
+    if (seed < 0) {
+        MACIBM_alert(0, "Cannot pass in negative int rand seed!", "", "", "", alert_fatal);
+        return min;
+    }
+    return min + static_cast<int>(randrat[seed % randratDIM] * (static_cast<float>(max) - min + 1.0f));
+}

@@ -1,0 +1,166 @@
+// The command gate: every command and key ends here.
+#include "ui/keys/commands.h"
+
+#include <stdio.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "aircraft/deflect.h"
+#include "core/disk/paths.h"
+#include "core/math/num.h"
+#include "core/program/alert.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "draw/images/screenshot.h"
+#include "flight/power/engine_control.h"
+#include "ui/keys/engine_keys.h"
+#include "ui/settings/logbook.h"
+
+namespace {
+void quit() { g_done = 1; }
+void forward_view() { ren.view_type_act = view_fwd_panel; }
+void night_vision() { ren.night_vision_on = !ren.night_vision_on; }
+void picture() { OGL_screenshot(); }
+void write_trace() { mnw.cyc_out = 1; }
+void kick_pitch() { msc.stab_ptch_test = 2; }
+void kick_heading() { msc.stab_hdng_test = 2; }
+
+struct command_row {
+    int code;
+    void (*run)();
+};
+constexpr command_row commands[] = {
+    {0, MACIBM_about},    {cmd_quit, quit},         {view_fwd_panel, forward_view},
+    {1534, night_vision}, {cmd_trace, write_trace}, {1805, picture},
+    {1819, kick_pitch},   {1820, kick_heading},
+};
+}  // namespace
+
+int command_exists(int item) {
+    for (const command_row& command : commands)
+        if (command.code == item) return 1;
+    return 0;
+}
+
+void APP_handlemenu(int item) {
+    for (const command_row& command : commands)
+        if (command.code == item) command.run();
+    TVPEventHook(1, mnw.real_time, 0.0f, 0, 0);
+}
+
+namespace {
+void step(float& value, float by, float lo, float hi) { value = fltlim(value + by, lo, hi); }
+
+void toggle(int& flag) { flag = !flag; }
+
+void trim_key(int key) {
+    constexpr float trim_step = 0.02f;
+    if (key == special_up) step(flt[0].elev_trim, -trim_step, -1.0f, 1.0f);
+    if (key == special_down) step(flt[0].elev_trim, trim_step, -1.0f, 1.0f);
+}
+
+// Every aircraft file below the aircraft folder, by path.
+std::vector<std::string> all_aircraft() {
+    namespace fs = std::filesystem;
+    std::vector<std::string> paths;
+    std::error_code unreadable;
+    for (const auto& entry : fs::recursive_directory_iterator(set_dir_chars(acf_path), unreadable))
+        if (entry.path().extension() == ".acf") paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+// The one behind the present one, the first behind the last.
+void next_aircraft() {
+    const std::vector<std::string> paths = all_aircraft();
+    if (paths.empty()) return;
+    const auto now = std::find(paths.begin(), paths.end(), set_dir_chars(veh[0].path));
+    const bool last = now == paths.end() || now + 1 == paths.end();
+    snprintf(veh[0].path, sizeof veh[0].path, "%s", last ? paths.front().c_str() : (now + 1)->c_str());
+    if (load_plane(0)) init_flt_0(start_airport, place_runway);
+}
+
+// 1,000 m up, gliding, with engines that have never run.
+void release_cold() {
+    constexpr float height = 1000.0f, over_reference = 1.2f;
+    stg.cus_lat = static_cast<float>(flt[0].dob_lat);
+    stg.cus_lon = static_cast<float>(flt[0].dob_lon);
+    stg.cus_alt = height;
+    stg.cus_v = over_reference * veh[0].V_ref_ms;
+    stg.cus_psi = 0.0f;
+    init_flt_0(start_custom, 0);
+    cold_engines();
+}
+
+// The mouse is the stick unless it was parked.
+int mouse_parked;
+
+// Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2, igniters on i;
+// r starts over, R with cold engines, n in the next aircraft.
+void flight_key(int key) {
+    constexpr float rudder_step = 0.1f, brake_step = 0.25f;
+    flt_struct& f = flt[0];
+    switch (key) {
+        case 'z':
+            return step(mnw.YK_hdng, -rudder_step, -1.0f, 1.0f);
+        case 'x':
+            return step(mnw.YK_hdng, rudder_step, -1.0f, 1.0f);
+        case 'c':
+            mnw.YK_hdng = 0.0f;
+            return;
+        case '1':
+            return update_flap_slat_rqst_with_hand(0, -1);
+        case '2':
+            return update_flap_slat_rqst_with_hand(0, 1);
+        case '3':
+            return step(f.sbrk_rqst, -brake_step, 0.0f, 1.0f);
+        case '4':
+            return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
+        case 'g':
+            return toggle(f.gear_handle);
+        case 'm':
+            return toggle(mouse_parked);
+        case 'i':
+            for (int& igniter : stg.igniter) toggle(igniter);
+            return;
+        case 't':
+            return APP_handlemenu(cmd_trace);
+        case 'r':
+            return init_flt_0(start_airport, place_runway);
+        case 'R':
+            return release_cold();
+        case 'n':
+            return next_aircraft();
+        default:
+            return;
+    }
+}
+}  // namespace
+
+void APP_handlekey(int use_code, int key) {
+    if (use_code == key_use_special) return trim_key(key);
+    if (use_code == key_use_ctrl) {
+        if (key == 'q') APP_handlemenu(cmd_quit);
+        return switch_key(key);
+    }
+    if (use_code == key_use_function) return lever_key(key);
+    if (use_code != key_use_char || mnw.top_win != win_fly) return;
+    if (key == 'q') return APP_handlemenu(cmd_quit);
+    if (key == 'p') return toggle(mnw.paused);
+    flight_key(key);
+}
+
+void mouse_flies() {
+    if (!seam.has_display || mouse_parked || mnw.has_joy || mnw.top_win != win_fly) return;
+    // on its way to a menu the stick stays where it was
+    constexpr float menu_bar = 18.0f;
+    if (mnw.menu_up >= 0 || mnw.my > YRES + mnw.y_off - menu_bar) return;
+    constexpr float travel = 0.4f;  // share of the screen from neutral to full
+    mnw.YK_roll = fltlim((mnw.mx - 0.5f * XRES) / (travel * XRES), -1.0f, 1.0f);
+    mnw.YK_ptch = fltlim((0.5f * YRES - mnw.my) / (travel * YRES), -1.0f, 1.0f);
+}

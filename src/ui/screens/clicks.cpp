@@ -1,0 +1,114 @@
+// Clicks, help box and cursor.
+#include "ui/screens/clicks.h"
+
+#include "core/math/num.h"
+#include "core/program/input_gate.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/mnw.h"
+#include "core/records/net.h"
+#include "core/records/stl.h"
+#include "draw/colours.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/interface_layout.h"
+#include "draw/images/tman.h"
+#include "draw/primitives.h"
+#include "draw/type.h"
+#include "draw/widgets/frames.h"
+#include "draw/widgets/menus.h"
+#include "draw/widgets/widgets.h"
+
+namespace {
+bool is_settings_window(int top_win) {
+    if (intrange(top_win, win_alrt, win_save)) return false;
+    return top_win > win_fly;
+}
+
+bool in_close_box() {
+    constexpr float dx = 25.0f, dy = 20.0f;
+    const bool high = fltrange(mnw.my, mnw.win_dy - dy, mnw.win_dy);
+    return high && (fltrange(mnw.mx, 0.0f, dx) || fltrange(mnw.mx, mnw.win_dx - dx, mnw.win_dx));
+}
+
+void close_window() {
+    if (seam.has_display) {
+        OGL_view_2d();
+        BTN_zap_boxes(1);
+        OGL_sbuf();
+    }
+    // an instructor's station falls back to its map
+    const bool ios = net.use_ip[ip_master_ios] && mnw.top_win != win_map_ios;
+    MACIBM_startwind(ios ? win_map_ios : win_fly, "closed");
+}
+}  // namespace
+
+void MACIBM_handleclick(int enter_close) {
+    if (!enter_close) mnw.mouse_clicked = 1;
+    const bool shuts = enter_close || (mnw.menu_up == -1 && in_close_box());
+    if (is_settings_window(mnw.top_win) && shuts) return close_window();
+    if (enter_close) return;
+    if (menus_click(1)) mnw.mouse_clicked = 0;
+}
+
+void menus_follow_mouse() {
+    if (mnw.menu_up >= 0) menus_click(0);
+}
+
+namespace {
+void draw_help() {
+    constexpr float rest = 1.0f;  // s
+    constexpr float dx = 400.0f, line = 10.0f, edge = 10.0f, in = 14.0f;
+    const std::string& text = stl.help_message;
+    if (text.empty() || mnw.real_time - mnw.m_move_time < rest) return;
+    const float dy = fltlim(20.0f + line * static_cast<float>(text.size() / 50), 60.0f, 200.0f);
+    // below and right of the mouse, inside the screen
+    const float left = mnw.x1_pix - mnw.win_x + edge, right = mnw.x2_pix - mnw.win_x - edge - dx;
+    const float low = mnw.y1_pix - mnw.win_y + edge, high = mnw.y2_pix - mnw.win_y - edge - dy;
+    const float x = fltlim(mnw.mx + 16.0f, left, right), y = fltlim(mnw.my - dy - 16.0f, low, high);
+    BTN_frame2(14, x, y, dx, dy, "");
+    OGL_string(col_help, x + in, y + dy - 20.0f, text, dx - 2.0f * in, charset_text);
+}
+
+piece cursor_of(int cursor_type) {
+    const int held = mnw.now_dragging ? 1 : 0;
+    switch (cursor_type) {
+        case 2:
+            return cursor_tile(0, 1);
+        case 3:
+            return cursor_tile(1, 1);
+        case 4:
+            return cursor_tile(0, 0);
+        case 5:
+            return cursor_tile(1, 0);
+        case 6:
+            return cursor_tile(2, 1);
+        case 7:
+            return cursor_tile(3, 1);
+        case 8:
+            return cursor_tile(2, 0);
+        case 9:
+            return cursor_tile(3, 0);
+        case 10:
+            return cursor_tile(4 + held, 1);
+        default:
+            return cursor_tile(4 + held, 0);
+    }
+}
+
+void draw_cursor() {
+    constexpr int first_own = 2, last_own = 11;
+    constexpr float half = 15.0f;
+    if (!intrange(mnw.cursor_type, first_own, last_own)) return;
+    const piece p = cursor_of(mnw.cursor_type);
+    OGL_piece(tex_interface, col_white, 1.0f, mnw.mx - half, mnw.my - half, mnw.mx + half, mnw.my + half, p.s,
+              p.t, p.s + p.dx, p.t + p.dy);
+}
+}  // namespace
+
+void overlay_draw() {
+    OGL_view_2d();
+    menus_draw();
+    draw_help();
+    seam.show_pointer(mnw.cursor_type == 0);
+    draw_cursor();
+}

@@ -1,0 +1,22 @@
+// Routines of this folder that do not exist yet: each call stands in its place in the frame and gets its neutral
+// answer here. The file shrinks as they are built.
+#include "weather/clouds.h"
+#include "weather/puffs.h"
+#include "weather/real_weather.h"
+#include "weather/sky.h"
+
+// No report, no stars, no sky colours, no lamps, no cloud volume, no precipitation, no smoke.
+clou_class clou;
+puff_class puff;
+star_class star;
+skyc_class skyc;
+void star_class::star_build() {}
+void skyc_class::conditions_init() {}
+int skyc_class::any_lites_on(int) { return 0; }
+void real_weather_step() {}
+void clou_class::cloud_update() {}
+void clou_class::blow_region_x(float) {}
+void clou_class::blow_region_z(float) {}
+float clou_class::ret_wxr_local(float, float, float) { return 0.0f; }
+float clou_class::ret_wxr_above(float, float, float) { return 0.0f; }
+void puff_class::spawn_puff(float, float, float, float, float, float, float, int, float) {}
