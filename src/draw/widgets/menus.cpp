@@ -94,7 +94,7 @@ void place_entry(int m, int i) {
 }
 }  // namespace
 
-void MACIBM_create_menu(int m, int i, std::string stl_string) {
+void MACIBM_create_menu(int m, int i, const std::string& stl_string) {
     constexpr size_t longest = 40;
     if (!intrange(m, 0, menuDIM - 1)) return MACIBM_fatal("Menu index out of range in create_menu!");
     menu_struct& own = menu[m];
@@ -124,7 +124,7 @@ void MACIBM_create_menu(int m, int i, std::string stl_string) {
     own.menuy2 = item.itemy2;
 }
 
-void MACIBM_append_menu(int m, int i, int code, std::string stl_string, int is_name) {
+void MACIBM_append_menu(int m, int i, int code, const std::string& stl_string, int is_name) {
     constexpr size_t too_long = 40;
     if (!intrange(m, 0, menuDIM - 1)) return MACIBM_fatal("Menu index out of range in append_menu!");
     if (!intrange(i, 0, menu_itemDIM - 1)) return MACIBM_fatal("Item index out of range in append_menu!");

@@ -361,11 +361,15 @@ int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float 
     if (fabsf(data2 - data1) < least_span) data2 = data1 + (data2 < data1 ? -least_span : least_span);
     const label_parts label = label0to12h(label0);
 
-    const float reach = grabbed == data ? zone_grabbed : zone;
+    bool held = grabbed && grabbed == data;
+    const float reach = held ? zone_grabbed : zone;
     const bool in = hovers(x - reach, y - reach, x + dx_max + reach, y + reach, label.help);
     int changed = 0;
-    if (allow_change && clicked(in)) grabbed = data;
-    if (allow_change && grabbed == data && (clicked(in) || mnw.now_dragging)) {
+    if (allow_change && clicked(in)) {
+        grabbed = data;
+        held = true;
+    }
+    if (allow_change && held && (clicked(in) || mnw.now_dragging)) {
         const float before = *data;
         *data = interp(x, data1, x + dx_max, data2, mnw.mx);
         changed = *data != before;
