@@ -10,6 +10,7 @@
 #include "core/program/seams.h"
 #include "core/records/records.h"
 #include "draw/colours.h"
+#include "draw/images/screenshot.h"
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
@@ -169,6 +170,7 @@ void MACIBM_event_proc() {
     choose_cursor();
     seam.draw_overlay();
     profile_chart("help", 0);
+    if (seam.has_display) take_asked_screenshot();
     seam.swap_buffers();
     if (mnw.top_win == win_wxr && !mnw.now_dragging) clou.cloud_update();
     profile_chart("end", 1);

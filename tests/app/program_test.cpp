@@ -171,6 +171,25 @@ TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
     EXPECT_EQ(ends(), 0) << "q ends the program";
 }
 
+TEST_F(program, a_screenshot_shows_what_stood_on_the_screen_and_is_not_black) {
+    const std::string file = std::string(INSTALL_FOLDER) + "screenshot_1.bmp";
+    std::filesystem::remove(file);
+    write_resolution(english);
+    start();
+    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
+    drive("key Return");
+    ASSERT_TRUE(comes([&] { return flies(); }));
+    drive("mousemove 512 384 key p");
+    usleep(500000);
+    const std::string seen = shoot("seen.png");
+    drive("key ctrl+period");
+    ASSERT_TRUE(comes([&] { return std::filesystem::exists(file); }));
+    usleep(300000);
+    EXPECT_GT(atoi(test::run("convert " + file + " -crop 1024x600+0+60 -format %k info:").output.c_str()), 2000);
+    EXPECT_EQ(difference(seen, file, "1024x600+0+100"), 0);
+    std::filesystem::remove(file);
+}
+
 TEST_F(program, about_tells_the_version_that_a_server_has_and_a_silent_one_holds_nothing_up) {
     const test::http_server server;
     write_resolution(english);

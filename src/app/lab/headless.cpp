@@ -18,6 +18,7 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "draw/images/screenshot.h"
 #include "flight/instruments.h"
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
@@ -29,7 +30,7 @@ namespace {
 void (*const resets[])() = {
     reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
     reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
-    wind_reset,        forget_faulty_acf,
+    wind_reset,        forget_faulty_acf, reset_screenshot,
 };
 }  // namespace
 

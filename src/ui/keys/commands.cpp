@@ -35,9 +35,14 @@ struct command_row {
     void (*run)();
 };
 constexpr command_row commands[] = {
-    {0, MACIBM_about},    {cmd_quit, quit},         {view_fwd_panel, forward_view},
-    {1534, night_vision}, {cmd_trace, write_trace}, {1805, picture},
-    {1819, kick_pitch},   {1820, kick_heading},
+    {cmd_about, MACIBM_about},
+    {cmd_quit, quit},
+    {view_fwd_panel, forward_view},
+    {view_night_vision, night_vision},
+    {cmd_trace, write_trace},
+    {cmd_screenshot, picture},
+    {cmd_kick_pitch, kick_pitch},
+    {cmd_kick_heading, kick_heading},
 };
 }  // namespace
 
@@ -140,14 +145,26 @@ void flight_key(int key) {
             return;
     }
 }
+
+// Control keys that are commands, as the menus show them; all others are switches.
+struct control_row {
+    int key, command;
+};
+constexpr control_row control_keys[] = {
+    {'/', cmd_trace},      {'n', cmd_kick_heading}, {'m', cmd_kick_pitch},
+    {'.', cmd_screenshot}, {'q', view_up_left},     {'e', view_up_right},
+};
+
+void control_key(int key) {
+    for (const control_row& row : control_keys)
+        if (row.key == key) return APP_handlemenu(row.command);
+    switch_key(key);
+}
 }  // namespace
 
 void APP_handlekey(int use_code, int key) {
     if (use_code == key_use_special) return trim_key(key);
-    if (use_code == key_use_ctrl) {
-        if (key == 'q') APP_handlemenu(cmd_quit);
-        return switch_key(key);
-    }
+    if (use_code == key_use_ctrl) return control_key(key);
     if (use_code == key_use_function) return lever_key(key);
     if (use_code != key_use_char || mnw.top_win != win_fly) return;
     if (key == 'q') return APP_handlemenu(cmd_quit);
