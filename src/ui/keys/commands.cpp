@@ -102,9 +102,6 @@ void release_cold() {
     cold_engines();
 }
 
-// The mouse is the stick unless it was parked.
-int mouse_parked;
-
 // Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2, igniters on i;
 // r starts over, R with cold engines, n in the next aircraft.
 void flight_key(int key) {
@@ -128,8 +125,6 @@ void flight_key(int key) {
             return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
         case 'g':
             return toggle(f.gear_handle);
-        case 'm':
-            return toggle(mouse_parked);
         case 'i':
             for (int& igniter : stg.igniter) toggle(igniter);
             return;
@@ -170,14 +165,4 @@ void APP_handlekey(int use_code, int key) {
     if (key == 'q') return APP_handlemenu(cmd_quit);
     if (key == 'p') return toggle(mnw.paused);
     flight_key(key);
-}
-
-void mouse_flies() {
-    if (!seam.has_display || mouse_parked || mnw.has_joy || mnw.top_win != win_fly) return;
-    // on its way to a menu the stick stays where it was
-    constexpr float menu_bar = 18.0f;
-    if (mnw.menu_up >= 0 || mnw.my > YRES + mnw.y_off - menu_bar) return;
-    constexpr float travel = 0.4f;  // share of the screen from neutral to full
-    mnw.YK_roll = fltlim((mnw.mx - 0.5f * XRES) / (travel * XRES), -1.0f, 1.0f);
-    mnw.YK_ptch = fltlim((0.5f * YRES - mnw.my) / (travel * YRES), -1.0f, 1.0f);
 }

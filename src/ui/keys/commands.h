@@ -16,6 +16,3 @@ enum command_code : int {
 
 // Does this command do anything?
 int command_exists(int item);
-
-// While the mouse is the stick: the middle of the screen is neutral, pulling it down lifts the nose.
-void mouse_flies();

@@ -1,6 +1,7 @@
 // Clicks, help box and cursor.
 #include "ui/screens/clicks.h"
 
+#include "core/disk/text_numbers.h"
 #include "core/math/num.h"
 #include "core/program/input_gate.h"
 #include "core/program/seams.h"
@@ -17,6 +18,7 @@
 #include "draw/widgets/frames.h"
 #include "draw/widgets/menus.h"
 #include "draw/widgets/widgets.h"
+#include "ui/mouse_yoke.h"
 
 namespace {
 bool is_settings_window(int top_win) {
@@ -69,6 +71,16 @@ void draw_help() {
     OGL_string(col_help, x + in, y + dy - 20.0f, text, dx - 2.0f * in, charset_text);
 }
 
+// How to take the yoke, along the foot of the picture.
+void draw_yoke_hint() {
+    constexpr float up = 40.0f, pad = 8.0f, dy = 16.0f, shade = 0.4f;
+    if (!mouse_yoke_is_free()) return;
+    const std::string& text = stl.text[text_take_yoke];
+    const float dx = str_dx(text), x = 0.5f * (XRES - dx);
+    OGL_grayrect(x - pad, up, x + dx + pad, up + dy, shade);
+    OGL_string(col_white, x, up + 6.0f, text, no_wrap, charset_text);
+}
+
 piece cursor_of(int cursor_type) {
     const int held = mnw.now_dragging ? 1 : 0;
     switch (cursor_type) {
@@ -107,6 +119,7 @@ void draw_cursor() {
 
 void overlay_draw() {
     OGL_view_2d();
+    draw_yoke_hint();
     menus_draw();
     draw_help();
     seam.show_pointer(mnw.cursor_type == 0);

@@ -108,6 +108,17 @@ void start_flight_for(const std::string& from_str, int old, int now) {
 }
 }  // namespace
 
+namespace {
+// The mouse stays where it is on the screen.
+void centre_window() {
+    const float old_x = mnw.win_x, old_y = mnw.win_y;
+    mnw.win_x = static_cast<float>(intmax2(intround(0.5f * (XRES - mnw.win_dx)), 0));
+    mnw.win_y = static_cast<float>(intmax2(intround(0.5f * (YRES - mnw.win_dy)), 0));
+    mnw.mx += old_x - mnw.win_x;
+    mnw.my += old_y - mnw.win_y;
+}
+}  // namespace
+
 void MACIBM_startwind(int new_top_win, std::string from_str) {
     const int old = mnw.top_win;
     start_lights_allowed(1);
@@ -121,8 +132,7 @@ void MACIBM_startwind(int new_top_win, std::string from_str) {
     mnw.entry_field = -1;
     mnw.menu_up = -1;
     mnw.top_win = new_top_win;
-    mnw.win_x = static_cast<float>(intmax2(intround(0.5f * (XRES - mnw.win_dx)), 0));
-    mnw.win_y = static_cast<float>(intmax2(intround(0.5f * (YRES - mnw.win_dy)), 0));
+    centre_window();
     mnw.now_dragging = mnw.mouse_clicked = mnw.mouse_wheel = mnw.mouse_is_joy = 0;
     menu[menu_popup].menux1 = menu[menu_popup].menuy1 = menu[menu_popup].menux2 = menu[menu_popup].menuy2 =
         no_menu_box;
