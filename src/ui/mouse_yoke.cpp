@@ -17,6 +17,7 @@ struct yoke_state {
     bool held = false;                       // in the last frame
     float ptch_from = 0.0f, roll_from = 0.0f;  // yoke as it was taken or given back, -1 to 1
     float changed_at = -9999.0f;             // real_time of that
+    bool blending = false;                   // the stick is still on its way
     bool has_centre = false;
     float centre_x = 0.0f, centre_y = 0.0f;  // of the picture in the last flying frame
 };
@@ -50,10 +51,12 @@ void note_change() {
     state.ptch_from = mnw.YK_ptch;
     state.roll_from = mnw.YK_roll;
     state.changed_at = mnw.real_time;
+    state.blending = true;
 }
 
 void assign(float ptch, float roll) {
     const float share = blended();
+    state.blending = share < 1.0f;
     mnw.assigned[axis_ptch] = mnw.assigned[axis_roll] = 1;
     mnw.axis[axis_ptch] = state.ptch_from + share * (ptch - state.ptch_from);
     mnw.axis[axis_roll] = state.roll_from + share * (roll - state.roll_from);
@@ -66,7 +69,6 @@ bool mouse_yoke_is_free() { return may_fly() && !mnw.mouse_is_joy; }
 
 void mouse_yoke_step() {
     if (!seam.has_display) return;
-    const bool was_blending = blended() < 1.0f;
     mnw.assigned[axis_ptch] = mnw.assigned[axis_roll] = 0;
     if (mnw.top_win == win_fly) follow_centre();
     const float x = mnw.mx - state.centre_x, y = mnw.my - state.centre_y;
@@ -78,6 +80,6 @@ void mouse_yoke_step() {
     note_change();
     if (mnw.mouse_is_joy)
         assign(fltlim(-y / reach, -1.0f, 1.0f), fltlim(x / reach, -1.0f, 1.0f));
-    else if (!others_fly() && (was_blending || blended() < 1.0f))
+    else if (state.blending && !others_fly())
         assign(0.0f, 0.0f);
 }
