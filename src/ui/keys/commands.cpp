@@ -80,6 +80,11 @@ std::vector<std::string> all_aircraft() {
     return paths;
 }
 
+void start_over() {
+    init_flt_0(start_airport, place_runway);
+    begin_user_flight_steady();
+}
+
 // The one behind the present one, the first behind the last.
 void next_aircraft() {
     const std::vector<std::string> paths = all_aircraft();
@@ -87,7 +92,7 @@ void next_aircraft() {
     const auto now = std::find(paths.begin(), paths.end(), set_dir_chars(veh[0].path));
     const bool last = now == paths.end() || now + 1 == paths.end();
     snprintf(veh[0].path, sizeof veh[0].path, "%s", last ? paths.front().c_str() : (now + 1)->c_str());
-    if (load_plane(0)) init_flt_0(start_airport, place_runway);
+    if (load_plane(0)) start_over();
 }
 
 // 1,000 m up, gliding, with engines that have never run.
@@ -131,7 +136,7 @@ void flight_key(int key) {
         case 't':
             return APP_handlemenu(cmd_trace);
         case 'r':
-            return init_flt_0(start_airport, place_runway);
+            return start_over();
         case 'R':
             return release_cold();
         case 'n':
