@@ -24,6 +24,7 @@
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
 #include "ui/mouse_yoke.h"
+#include "ui/screens/clicks.h"
 #include "weather/wind.h"
 
 namespace {
@@ -32,6 +33,7 @@ void (*const resets[])() = {
     reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
     reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
     wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke,
+    reset_clicks,
 };
 }  // namespace
 

@@ -9,6 +9,9 @@ void TVPEventHook(int event, float time, float data, long long_1, long long_2);
 // The about window, until it is closed.
 void MACIBM_about();
 
+// Asks whether the flight is to be ended, and ends the program if so.
+void MACIBM_ask_quit();
+
 // Every command and key ends here.
 void APP_handlemenu(int item);
 void APP_handlekey(int use_code, int key);

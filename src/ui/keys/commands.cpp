@@ -167,7 +167,7 @@ void APP_handlekey(int use_code, int key) {
     if (use_code == key_use_ctrl) return control_key(key);
     if (use_code == key_use_function) return lever_key(key);
     if (use_code != key_use_char || mnw.top_win != win_fly) return;
-    if (key == 'q') return APP_handlemenu(cmd_quit);
+    if (key == 'q') return MACIBM_ask_quit();
     if (key == 'p') return toggle(mnw.paused);
     flight_key(key);
 }

@@ -44,8 +44,23 @@ void close_window() {
 }
 }  // namespace
 
+namespace {
+struct click_state {
+    int click_sounds = 0;  // also of a click that a menu or a closing window has taken
+};
+click_state state;
+}  // namespace
+
+void reset_clicks() { state = {}; }
+
+int take_click_sound() {
+    const int sounds = state.click_sounds;
+    state.click_sounds = 0;
+    return sounds;
+}
+
 void MACIBM_handleclick(int enter_close) {
-    if (!enter_close) mnw.mouse_clicked = 1;
+    if (!enter_close) mnw.mouse_clicked = state.click_sounds = 1;
     const bool shuts = enter_close || (mnw.menu_up == -1 && in_close_box());
     if (is_settings_window(mnw.top_win) && shuts) return close_window();
     if (enter_close) return;
