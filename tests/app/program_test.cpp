@@ -102,7 +102,7 @@ protected:
         drive("mousemove 40 24 click 1");
         ASSERT_TRUE(comes([&] { return colours("500x300+262+234") > 60 && colours("200x200+0+300") < 5; }));
     }
-    bool flies() { return colours("1024x600+0+60") > 400; }
+    bool flies() { return colours("1024x600+0+60") > 700; }
     void quit() {
         drive("key q");
         usleep(700000);

@@ -34,13 +34,14 @@ void put_back(const flt_struct& before) {
 }  // namespace
 
 bool start_steady() {
-    constexpr float faster[] = {1.0f, 1.2f, 1.4f};  // the speed of the start may be too slow with the flaps up
+    // the speed of the start is slow with the flaps up: the nose stands high; a glider keeps to it
+    constexpr float faster[] = {1.3f, 1.15f, 1.0f, 1.5f}, glider[] = {1.0f, 1.1f, 1.2f, 1.3f};
     // the wind rises over some seconds of its own steps: it has done so when the flight begins
     constexpr int wind_steps = 1000;
     for (int i = 0; i < wind_steps; ++i) weather_step();
     const flt_struct before = flt[0];
     const lab_in_place in_place;
-    for (const float factor : faster) {
+    for (const float factor : veh[0].num_engines > 0 ? faster : glider) {
         const lab_steady steady = lab_find_steady(order_for(factor * before.V_msc));
         if (!steady.found) {
             flt[0] = before;

@@ -88,7 +88,7 @@ void draw_help() {
 
 // How to take the yoke, along the foot of the picture.
 void draw_yoke_hint() {
-    constexpr float up = 40.0f, pad = 8.0f, dy = 16.0f, shade = 0.4f;
+    constexpr float up = 60.0f, pad = 8.0f, dy = 16.0f, shade = 0.4f;
     if (!mouse_yoke_is_free()) return;
     const std::string& text = stl.text[text_take_yoke];
     const float dx = str_dx(text), x = 0.5f * (XRES - dx);

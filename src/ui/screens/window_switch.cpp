@@ -4,7 +4,9 @@
 #include "core/program/input_gate.h"
 #include "core/program/seams.h"
 #include "core/program/upward.h"
+#include "core/records/con.h"
 #include "core/records/mnw.h"
+#include "core/records/msc.h"
 #include "core/records/net.h"
 #include "core/records/pat.h"
 #include "core/records/stg.h"
@@ -13,6 +15,7 @@
 #include "net/data_table.h"
 #include "net/messages.h"
 #include "scenery/ground/region.h"
+#include "scenery/nav/nav_tables.h"
 #include "ui/screens/start_screen.h"
 
 namespace {
@@ -49,9 +52,16 @@ constexpr win_row windows[] = {
     {win_ins, 835, 674, text_title_instructions},
     {win_env, 500, 425, text_title_environment},
     {win_vew, 500, 270, text_title_view},
-    {win_map_2, 1024, 768, 0},
+    {win_map_2, 1024, 768, text_title_airport_map},
     {win_pln, 590, 356, text_title_plan},
 };
+
+// The airport of the map, where there is one: name, identifier and elevation in feet.
+std::string airport_title() {
+    if (!intrange(msc.loc_apt_wrl, 0, static_cast<int>(vec_apt.size()) - 1)) return stl.text[text_title_airport_map];
+    const vec_apt_struct& apt = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
+    return apt.apt_name + " " + apt.apt_id + " elev " + std::to_string(intround(apt.ele * con.mtrstoft));
+}
 
 void size_and_title(int top_win) {
     mnw.win_dx = static_cast<float>(mnw.x_res_now);
@@ -63,6 +73,7 @@ void size_and_title(int top_win) {
         mnw.win_dy = row.dy;
         if (row.title) stl.win_name = stl.text[row.title];
     }
+    if (top_win == win_map_2) stl.win_name = airport_title();
 }
 
 // A recording that was loaded plays as soon as its window closes.
