@@ -2,7 +2,7 @@
 // answer here. The file shrinks as they are built.
 #include "core/program/upward.h"
 #include "ui/devices.h"
-#include "ui/mouse_yoke.h"
+#include "ui/keys/mouse_yoke.h"
 #include "ui/screens/windows.h"
 #include "ui/settings/logbook.h"
 

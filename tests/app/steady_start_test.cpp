@@ -1,5 +1,5 @@
 // The start of the user's flight: it must fly by itself until the pilot takes over.
-#include "app/start/steady_start.h"
+#include "app/lab/steady_start.h"
 
 #include "app/lab/headless.h"
 #include "core/math/num.h"

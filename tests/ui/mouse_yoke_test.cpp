@@ -1,5 +1,5 @@
 // The mouse as the yoke: who has it when, and where the stick goes.
-#include "ui/mouse_yoke.h"
+#include "ui/keys/mouse_yoke.h"
 
 #include "core/program/input_gate.h"
 #include "core/program/seams.h"

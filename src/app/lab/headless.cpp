@@ -23,7 +23,7 @@
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
-#include "ui/mouse_yoke.h"
+#include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
 #include "weather/wind.h"
 

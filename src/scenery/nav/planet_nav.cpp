@@ -1,6 +1,7 @@
 // The load of a planet: tables on two threads, custom airports over them, then all that depends on them.
 #include "scenery/nav/planet_nav.h"
 
+#include <stdio.h>
 #include <string.h>
 
 #include <algorithm>
@@ -60,7 +61,7 @@ void lay_over_earlier(size_t first_new) {
         const auto old = earlier.find(apt_id_key(vec_apt[i].apt_id));
         if (old == earlier.end()) continue;
         vec_apt[old->second] = std::move(vec_apt[i]);
-        strcpy(vec_apt[i].apt_id, replaced_id);
+        snprintf(vec_apt[i].apt_id, sizeof vec_apt[i].apt_id, "%s", replaced_id);
     }
 }
 

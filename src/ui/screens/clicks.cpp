@@ -18,7 +18,7 @@
 #include "draw/widgets/frames.h"
 #include "draw/widgets/menus.h"
 #include "draw/widgets/widgets.h"
-#include "ui/mouse_yoke.h"
+#include "ui/keys/mouse_yoke.h"
 
 namespace {
 bool is_settings_window(int top_win) {

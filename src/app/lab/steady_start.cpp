@@ -1,5 +1,5 @@
 // The steady flight of the start: found by the lab's search, in the place where the aircraft is.
-#include "app/start/steady_start.h"
+#include "app/lab/steady_start.h"
 
 #include "app/lab/lab.h"
 #include "app/lab/lab_steady.h"

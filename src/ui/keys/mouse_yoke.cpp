@@ -1,5 +1,5 @@
 // A click in the middle of the picture takes the yoke and gives it back.
-#include "ui/mouse_yoke.h"
+#include "ui/keys/mouse_yoke.h"
 
 #include <math.h>
 
