@@ -26,9 +26,17 @@ const char* const aircraft = "Aircraft/General Aviation/Wren 160 Trainer/Wren 16
 
 // -- the hand on the stick and on the keys
 void move_stick(float roll, float pull) {
-    constexpr float travel = 0.4f;  // share of the screen from neutral to full
-    input_gate_mouse(XRES * (0.5f + travel * fltlim(roll, -1.0f, 1.0f)),
-                     YRES * (0.5f - travel * fltlim(pull, -1.0f, 1.0f)), 0, 0);
+    constexpr float reach = 100.0f;  // virtual units from neutral to full
+    input_gate_mouse(0.5f * XRES + reach * fltlim(roll, -1.0f, 1.0f),
+                     0.5f * YRES - reach * fltlim(pull, -1.0f, 1.0f), 0, 0);
+}
+
+// A click in the middle of the picture, among the events of a frame.
+void take_yoke() {
+    void (*const events)() = seam.drain_events;
+    seam.drain_events = [] { input_gate_mouse(0.5f * XRES, 0.5f * YRES, 1, 1); };
+    headless_frame();
+    seam.drain_events = events;
 }
 
 float level_wings(float bank) { return 0.03f * (bank - flt[0].phi) - 0.02f * flt[0].P; }
@@ -188,6 +196,7 @@ void start_program(const std::string& install) {
     load_plane(0);
     headless_frame();  // opens the window, which then takes keys
     press(key_use_char, 'R');
+    take_yoke();
 }
 }  // namespace
 

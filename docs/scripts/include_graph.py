@@ -19,7 +19,7 @@ ORDER = ["core", "platform", "draw", "sound", "weather", "scenery", "aircraft", 
 GL_FOLDERS = {"draw", "platform", "scene"}  # "draw" also as a room of any folder
 # Sources whose functions are declared for all in core/program/upward.h, in another record's header, or nowhere:
 # neutral answers of what does not exist yet.
-WITHOUT_HEADER = {"later.cpp", "main.cpp", "veh_fields.cpp", "about.cpp", "window_switch.cpp"}
+WITHOUT_HEADER = {"later.cpp", "main.cpp", "veh_fields.cpp", "about.cpp", "ask_quit.cpp", "window_switch.cpp"}
 BEGIN, END = "<!-- include graph -->", "<!-- end of include graph -->"
 
 ROOT = Path(__file__).resolve().parent.parent.parent

@@ -142,10 +142,10 @@ void APP_update() {
 // -- every state
 
 int collect_data() {
-    if (mnw.replay_mode) return 0;
+    if (mnw.replay_mode || mnw.paused) return 0;
     for (int slot = ip_master_view; slot <= ip_master_ios; ++slot)
-        if (net.use_ip[slot]) return 1;
-    return mnw.top_win <= win_fly && !mnw.paused;
+        if (net.use_ip[slot]) return 0;  // the machine that flies has the data
+    return mnw.top_win <= win_fly;
 }
 
 namespace {

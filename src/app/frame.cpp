@@ -10,6 +10,7 @@
 #include "core/program/seams.h"
 #include "core/records/records.h"
 #include "draw/colours.h"
+#include "draw/images/screenshot.h"
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
@@ -55,7 +56,7 @@ void set_periodic_flags() {
 
 void clear_input_flags() {
     return_hit = 0;
-    mnw.mouse_clicked = mnw.mouse_lifted = mnw.key_hit = 0;
+    mnw.mouse_clicked = mnw.mouse_lifted = mnw.mouse_wheel = mnw.key_hit = 0;
     stl.help_message.clear();
     if (mnw.top_win == -1) mnw.top_win = win_fly;
 }
@@ -146,7 +147,7 @@ void MACIBM_event_proc() {
     seam.drain_events();
     // messages may restart the flight; an alert can stand in the middle of a frame, so they wait for it
     if (mnw.top_win != win_alrt) NET_listen();
-    if (mnw.mouse_clicked) soun.SOUND_set(sound_click, 1.0f, 1.0f);
+    if (take_click_sound()) soun.SOUND_set(sound_click, 1.0f, 1.0f);
     if (!have_done_first_update) return;
     profile_chart("event", 0);
 
@@ -169,6 +170,7 @@ void MACIBM_event_proc() {
     choose_cursor();
     seam.draw_overlay();
     profile_chart("help", 0);
+    if (seam.has_display) take_asked_screenshot();
     seam.swap_buffers();
     if (mnw.top_win == win_wxr && !mnw.now_dragging) clou.cloud_update();
     profile_chart("end", 1);

@@ -1,6 +1,7 @@
 // Start-up in its fixed order, and shutdown.
 #include "app/init_sim.h"
 
+#include <chrono>
 #include <fstream>
 
 #include "app/alert_show.h"
@@ -215,8 +216,24 @@ void init_devices() {
     MACIBM_showinit("Starting application.");
 }
 
+long long clock_microseconds() {
+    using namespace std::chrono;
+    return duration_cast<microseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+// Up to 99 values, as many as the clock says.
+void draw_dummy_values() {
+    constexpr long long largest_seed = 32000;
+    long long seed = clock_microseconds();
+    while (seed > largest_seed) seed /= 2;
+    for (long long i = 0; i < seed % 100; ++i) rand31();
+}
+
+// Every start for a user has a wind, weather and traffic of its own; a run without one repeats.
 void MACIBM_init(const std::string& install_folder) {
+    if (seam.has_user) rand_seed(static_cast<unsigned>(clock_microseconds()));
     init_records(install_folder);
+    if (seam.has_user) draw_dummy_values();
     open_window();
     init_devices();
 }
@@ -287,6 +304,7 @@ void init_sim(const std::string& install_folder) {
     load_other_aircraft();
     start_network_if_used();
     init_flt_0(start_airport, stg.start_ramp ? place_ramp : place_runway);
+    begin_user_flight_steady();
     choose_first_window();
 }
 

@@ -2,7 +2,7 @@
 // answer here. The file shrinks as they are built.
 #include "core/program/upward.h"
 #include "ui/devices.h"
-#include "ui/keys/commands.h"
+#include "ui/keys/mouse_yoke.h"
 #include "ui/screens/windows.h"
 #include "ui/settings/logbook.h"
 
@@ -34,6 +34,6 @@ void logbook_entry() {}
 void read_key_file() {}
 void JOY_init() {}
 void JOY_close() {}
-void JOY_get() { mouse_flies(); }
+void JOY_get() { mouse_yoke_step(); }
 void init_hardware_out() {}
 void close_hardware_out(int) {}

@@ -9,6 +9,7 @@
 #include "app/start/load_plane.h"
 #include "core/math/num.h"
 #include "core/program/clocks.h"
+#include "core/program/input_gate.h"
 #include "core/program/logs.h"
 #include "core/program/seams.h"
 #include "core/program/upward.h"
@@ -95,6 +96,29 @@ TEST_F(frame, paused_time_stands_but_the_weather_is_still_limited) {
     EXPECT_EQ(mnw.totl_time, totl);
     EXPECT_EQ(mnw.miss_time, miss);
     EXPECT_EQ(atm.vis_rep, max_vis_ter_mtrs[0]);
+}
+
+TEST_F(frame, no_data_is_collected_while_paused_or_as_a_slave) {
+    EXPECT_TRUE(collect_data());
+    mnw.paused = 1;
+    EXPECT_FALSE(collect_data());
+    mnw.paused = 0;
+    for (int slot = ip_master_view; slot <= ip_master_ios; ++slot) {
+        net.use_ip[slot] = 1;
+        EXPECT_FALSE(collect_data()) << slot;
+        net.use_ip[slot] = 0;
+    }
+}
+
+TEST_F(frame, a_notch_of_the_wheel_counts_for_one_frame) {
+    seam.drain_events = [] { input_gate_wheel(-1); };
+    headless_frame();
+    EXPECT_EQ(mnw.mouse_wheel, -1);
+    headless_frame();
+    EXPECT_EQ(mnw.mouse_wheel, -1) << "cleared in between";
+    seam.drain_events = [] {};
+    headless_frame();
+    EXPECT_EQ(mnw.mouse_wheel, 0);
 }
 
 TEST_F(frame, the_clock_runs_on_over_the_jump_of_the_time_window) {

@@ -149,6 +149,18 @@ TEST_F(menus, long_ones_go_to_a_second_column_on_the_screen) {
     for (const item_struct& i : item) EXPECT_GE(i.itemy1, 5);
 }
 
+TEST_F(menus, a_submenu_that_would_pass_the_bottom_is_shifted_up_whole_and_not_squashed) {
+    MACIBM_create_menu(0, 0, "File");
+    MACIBM_append_menu(0, 0, 1, "more", 0);
+    MACIBM_create_menu(20, 0, "low");
+    menu[20].menuy1 = 100;  // 60 entries below it do not fit
+    for (int i = 0; i < 60; ++i) MACIBM_append_menu(20, i, i, "entry " + std::to_string(i), 1);
+    const auto& item = menu[20].item;
+    for (int i = 0; i < 60; ++i) EXPECT_EQ(item[i].itemy2 - item[i].itemy1, 12) << i;
+    for (int i = 1; i < 60; ++i) EXPECT_EQ(item[i].itemy2, item[i - 1].itemy1) << i;
+    EXPECT_EQ(item[59].itemy1, 5);
+}
+
 TEST_F(menus, refuse_what_does_not_fit_and_survive_odd_parents) {
     EXPECT_EQ(test::expect_fatal([] { MACIBM_create_menu(1520, 0, "x"); }).line[0],
               "Menu index out of range in create_menu!");

@@ -18,10 +18,13 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "draw/images/screenshot.h"
 #include "flight/instruments.h"
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
+#include "ui/keys/mouse_yoke.h"
+#include "ui/screens/clicks.h"
 #include "weather/wind.h"
 
 namespace {
@@ -29,7 +32,8 @@ namespace {
 void (*const resets[])() = {
     reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
     reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
-    wind_reset,        forget_faulty_acf,
+    wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke,
+    reset_clicks,
 };
 }  // namespace
 

@@ -11,6 +11,7 @@
 #include "core/records/records.h"
 #include "flight/fullsim.h"
 #include "flight/half_step.h"
+#include "flight/pilots/pilot_input.h"
 #include "scenery/ground/terrain_query.h"
 #include "weather/weather_step.h"
 #include "weather/wind.h"
@@ -26,10 +27,18 @@ void lab_still_air() {
     for (int i = 0; i < 4000; ++i) weather_step();
 }
 
-// Over the region's centre, with the air of that height.
+static bool in_place = false;
+
+lab_in_place::lab_in_place() : prd_FM_(mnw.prd_FM) { in_place = true; }
+lab_in_place::~lab_in_place() {
+    in_place = false;
+    mnw.prd_FM = prd_FM_;
+}
+
+// Over the region's centre unless it stays in its place, with the air of that height.
 static void place_at_height(float altitude) {
     flt_struct& f = flt[0];
-    xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, ref_lat(), ref_lon(), altitude);
+    if (!in_place) xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, ref_lat(), ref_lon(), altitude);
     xdob_latlonel_with_xyz(&f.dob_lat, &f.dob_lon, &f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
     local_air_step();
     f.terrain_y_cg = return_terrain_y(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), 0);
@@ -235,8 +244,15 @@ lab_polar lab_performance(float altitude) {
     return p;
 }
 
+static void flight_step() {
+    update_with_fullsim1(0);
+    update_def_angles(0);
+    update_with_fullsim2(0);
+}
+
 void lab_frame(float dt) {
     mnw.prd_FM = dt;
+    if (in_place) return flight_step();
     step_virtual_clock(dt);
     MACIBM_event_proc();
 }

@@ -67,5 +67,18 @@ lab_polar lab_performance(float altitude);
 
 float lab_mass();  // kg, with fuel and load
 
+// While it lives, the lab leaves the aircraft where it is, moves it by flight steps alone, and touches neither clock
+// nor frame: for use inside a frame of the program.
+class lab_in_place {
+public:
+    lab_in_place();
+    ~lab_in_place();
+    lab_in_place(const lab_in_place&) = delete;
+    lab_in_place& operator=(const lab_in_place&) = delete;
+
+private:
+    float prd_FM_;
+};
+
 // One frame of given length, s, the virtual clock in step with it.
 void lab_frame(float dt);

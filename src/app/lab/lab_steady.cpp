@@ -22,6 +22,15 @@ void lab_command(float ptch, float roll, float hdng) {
     mnw.YK_hdng = hdng - v.rudd_tab - f.rudd_trim - (roll - f.ailn_trim) * link(v.rudd_with_ailn_rat);
 }
 
+static void set_controls(float ptch, float roll, float hdng, bool by_trims) {
+    if (!by_trims) return lab_command(ptch, roll, hdng);
+    flt_struct& f = flt[0];
+    f.elev_trim = ptch;
+    f.ailn_trim = roll;
+    f.rudd_trim = hdng;
+    mnw.YK_ptch = mnw.YK_roll = mnw.YK_hdng = 0.0f;
+}
+
 void lab_set_power(float ratio) {
     const veh_struct& v = veh[0];
     if (!v.collective_EQ) {
@@ -165,7 +174,7 @@ private:
     // Puts the aircraft there, motion along the track to the north, and lets it settle.
     void place(const state& s, float seconds) const {
         lab_place_moving(flight_of(s), s.u[u_the], order_.turn_rate);
-        lab_command(s.u[u_ptch], s.u[u_roll], s.u[u_hdng]);
+        set_controls(s.u[u_ptch], s.u[u_roll], s.u[u_hdng], order_.by_trims);
         lab_set_power(power_of(s));
         lab_hold(seconds, settle_dt);
     }
@@ -245,6 +254,7 @@ private:
         r.ptch = s.u[u_ptch];
         r.roll = s.u[u_roll];
         r.hdng = s.u[u_hdng];
+        r.by_trims = order_.by_trims;
         r.power = power_of(s);
         r.turn_rate = order_.turn_rate;
         r.worst = worst;
@@ -260,7 +270,7 @@ lab_steady lab_find_steady(const lab_steady_order& order) { return steady_search
 
 void lab_fly_steady(const lab_steady& s) {
     lab_place_moving(s.at, s.the, s.turn_rate);
-    lab_command(s.ptch, s.roll, s.hdng);
+    set_controls(s.ptch, s.roll, s.hdng, s.by_trims);
     lab_set_power(s.power);
     lab_hold(20.0f, settle_dt);
 }

@@ -23,12 +23,14 @@ struct lab_steady_order {
     float gamma = 0.0f;       // flight-path angle, degrees; the first guess when the power is given
     float turn_rate = 0.0f;   // degrees per second, right
     float power = -1.0f;      // power lever, 0 to 1; negative: to be found
+    bool by_trims = false;    // yoke and pedals rest, the three trims hold the controls
 };
 struct lab_steady {
     bool found;
     lab_flight at;            // with gamma and attitude found; psi is the nose, the track is north
     float the;                // degrees
-    float ptch, roll, hdng;   // commands FC_*
+    float ptch, roll, hdng;   // commands FC_*, or the trims
+    bool by_trims;
     float power, turn_rate;
     float worst;              // largest residual, in tolerances
 };

@@ -22,6 +22,8 @@ enum text_number : int {
     text_save = 18,
     text_replace_file = 19,
     text_paused = 20,
+    text_take_yoke = 21,
+    text_ask_quit = 22,
     text_key_hint = 24,  // and 3 more
     text_about_current = 30,
     text_about_no_connection = 31,
@@ -104,6 +106,8 @@ inline constexpr text_run_struct text_runs[] = {
     {text_save, 1},
     {text_replace_file, 1},
     {text_paused, 1},
+    {text_take_yoke, 1},
+    {text_ask_quit, 1},
     {text_key_hint, 4},
     {text_about_current, 1},
     {text_about_no_connection, 1},

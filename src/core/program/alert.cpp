@@ -21,10 +21,10 @@ static void log_lines(const char* file, int line, const alert_lines& text) {
     xer.flush();
 }
 
-static void print_lines(const alert_lines& text, bool fatal) {
+static void print_lines(const alert_lines& text) {
     std::cout << "Orvelle Error:\n";
     for (const std::string& s : text.line) std::cout << s << "\n\n";
-    if (fatal) std::cout << "Sorry.\n";
+    std::cout << "Sorry.\n";
     std::cout.flush();
 }
 
@@ -48,7 +48,7 @@ void __MACIBM_alert(int close_to, std::string C_string1, std::string C_string2, 
     if (alert_seam.show)
         alert_seam.show(close_to, text, type);
     else
-        print_lines(text, type == alert_fatal);
+        print_lines(text);
     if (type == alert_fatal) end_process(text);
 }
 

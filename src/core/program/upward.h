@@ -9,6 +9,9 @@ void TVPEventHook(int event, float time, float data, long long_1, long long_2);
 // The about window, until it is closed.
 void MACIBM_about();
 
+// Asks whether the flight is to be ended, and ends the program if so.
+void MACIBM_ask_quit();
+
 // Every command and key ends here.
 void APP_handlemenu(int item);
 void APP_handlekey(int use_code, int key);
@@ -42,6 +45,8 @@ void stop_starter();
 int load_plane(int p);
 // Starts the user's flight anew.
 void init_flt_0(int type_start1, int type_start2);
+// Trims the flight that has just started in the air, where there is a pilot to take it over.
+void begin_user_flight_steady();
 
 enum start_code : int {
     start_airport = 608, start_custom = 1200, start_grass = 4200, start_dirt = 4201, start_gravel = 4202,

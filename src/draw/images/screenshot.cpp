@@ -1,4 +1,4 @@
-// The back buffer as a PNG file.
+// The back buffer as a file, PNG or BMP.
 #include "draw/images/screenshot.h"
 
 #include <GL/gl.h>
@@ -49,13 +49,27 @@ bool save_screenshot(const std::string& png_path) {
     return (fclose(file) == 0) && written;
 }
 
-void OGL_screenshot() {
-    static int number = 0;
+namespace {
+struct screenshot_state {
+    int number = 0;  // of the last one
+    bool asked = false;
+};
+screenshot_state state;
+}  // namespace
+
+void reset_screenshot() { state = {}; }
+
+void OGL_screenshot() { state.asked = true; }
+
+// What was shown last cannot be read back everywhere, so the picture is taken a moment before it is shown.
+void take_asked_screenshot() {
+    if (!state.asked) return;
+    state.asked = false;
     constexpr int most = 1024;
     const int dx = intmin2(mnw.x_res_now, most), dy = intmin2(mnw.y_res_now, most);
-    glReadBuffer(GL_FRONT);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadBuffer(GL_BACK);
     glReadPixels((mnw.x_res_now - dx) / 2, (mnw.y_res_now - dy) / 2, dx, dy, GL_RGB, GL_UNSIGNED_BYTE,
                  scratch_array);
-    glReadBuffer(GL_BACK);
-    write_bmp_to_disk(app_path + "screenshot_" + std::to_string(++number) + ".bmp", dx, dy);
+    write_bmp_to_disk(app_path + "screenshot_" + std::to_string(++state.number) + ".bmp", dx, dy);
 }

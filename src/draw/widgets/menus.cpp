@@ -58,12 +58,9 @@ void widen_entries(menu_struct& m) {
     for (item_struct& item : m.item) item.itemx2 = unit(static_cast<float>(item.itemx1) + widest);
 }
 
-// A menu that passes the right or the bottom edge moves back onto the screen.
-void keep_on_screen(menu_struct& m, const item_struct& last) {
-    constexpr int edge = 5;
-    const int left = intmax2(last.itemx2 - (XRES - edge), 0);
-    const int up = intmax2(edge - last.itemy1, 0);
-    if (!left && !up) return;
+constexpr int screen_edge = 5;
+
+void shift(menu_struct& m, int left, int up) {
     for (item_struct& item : m.item) {
         item.itemx1 = static_cast<unsigned short>(item.itemx1 - left);
         item.itemx2 = static_cast<unsigned short>(item.itemx2 - left);
@@ -72,25 +69,35 @@ void keep_on_screen(menu_struct& m, const item_struct& last) {
     }
 }
 
+// Places the entry at x1 below top. A menu that would pass the right or the bottom edge moves back onto the screen,
+// all its entries at once; boxes count from zero, so it moves up before its last entry is placed.
+void place_on_screen(menu_struct& m, item_struct& item, float x1, float top) {
+    const int up = intmax2(screen_edge - intround(top - height_of(item)), 0);
+    if (up) shift(m, 0, up);
+    place(item, x1, top + static_cast<float>(up), entry_width);
+    const int left = intmax2(item.itemx2 - (XRES - screen_edge), 0);
+    if (left) shift(m, left, 0);
+}
+
 void place_entry(int m, int i) {
     menu_struct& own = menu[m];
     item_struct& item = own.item[i];
     constexpr int column_of = 60;
-    if (i == 0) {
-        // below its title, or over the parent's entry
-        if (own.menu_prnt < 0)
-            place(item, own.menux1, own.menuy1, entry_width);
-        else
-            place(item, own.menux1, own.menuy2, entry_width);
-    } else {
-        const item_struct& before = own.item[i - 1];
-        place(item, before.itemx1, before.itemy1, entry_width);
+    float x1 = own.menux1;
+    float top = own.menu_prnt < 0 ? own.menuy1 : own.menuy2;  // below its title, or over the parent's entry
+    if (i > 0) {
+        x1 = own.item[i - 1].itemx1;
+        top = own.item[i - 1].itemy1;
     }
-    if (m <= menu_bar_last) return widen_entries(own);
-    if (i > 0 && i % column_of == 0)
-        place(item, static_cast<float>(own.item[i - 1].itemx1) + entry_width, own.item[0].itemy2,
-              entry_width);
-    keep_on_screen(own, item);
+    if (m <= menu_bar_last) {
+        place(item, x1, top, entry_width);
+        return widen_entries(own);
+    }
+    if (i > 0 && i % column_of == 0) {
+        x1 += entry_width;
+        top = own.item[0].itemy2;
+    }
+    place_on_screen(own, item, x1, top);
 }
 }  // namespace
 
@@ -241,6 +248,21 @@ int menu_of_entry(int m, const item_struct& item) {
     return -1;
 }
 
+bool is_off(int m, const item_struct& item);
+
+// Something can be chosen in it.
+bool leads_somewhere(int m) {
+    for (const item_struct& item : menu[m].item)
+        if (can_be_chosen(item) && !is_off(m, item)) return true;
+    return false;
+}
+
+// A submenu without a working entry is as dead as a command that does nothing.
+bool is_off(int m, const item_struct& item) {
+    const int sub = menu_of_entry(m, item);
+    return sub >= 0 ? !leads_somewhere(sub) : menu_answer.is_disabled(item.item_code) != 0;
+}
+
 void draw_small_piece(const piece& p, float x, float y) {
     OGL_piece(tex_interface, col_white, 1.0f, x, y, x + p.dx, y + p.dy, p.s, p.t, p.s + p.dx, p.t + p.dy);
 }
@@ -253,8 +275,7 @@ void draw_entry(int m, const item_struct& item) {
         OGL_line(col_line_light, dim, item.itemx1 + 2.0f, y - 1.0f, item.itemx2 - 2.0f, y - 1.0f);
         return;
     }
-    const bool opens = menu_of_entry(m, item) >= 0;
-    const bool off = !opens && menu_answer.is_disabled(item.item_code);
+    const bool opens = menu_of_entry(m, item) >= 0, off = is_off(m, item);
     if (over(item) && !off)
         OGL_fillrect(col_white, 0.25f, item.itemx1, item.itemy1, item.itemx2 - item.itemx1,
                      item.itemy2 - item.itemy1);
@@ -263,7 +284,7 @@ void draw_entry(int m, const item_struct& item) {
     const item_text text = split_hint(item.item_name);
     OGL_string(colour, item.itemx1 + indent, y, text.name, no_wrap,
                item.is_korean ? charset_korean : charset_text);
-    if (!text.hint.empty())
+    if (!text.hint.empty() && !off)  // a key that does nothing is not promised
         OGL_string(colour, item.itemx2 - 10.0f - str_dx(text.hint), y, text.hint, no_wrap, charset_text);
     if (m == menu_popup) return;
     if (menu_answer.is_checked(item.item_code))
@@ -320,7 +341,7 @@ bool open_by_title(int is_click) {
     for (int m = 0; m < menu_popup; ++m) {
         const menu_struct& own = menu[m];
         if (own.menu_name.empty() || !over_title(own)) continue;
-        if (own.menu_prnt != -1 && own.menu_prnt != mnw.menu_up) continue;
+        if (own.menu_prnt != -1 && (own.menu_prnt != mnw.menu_up || !leads_somewhere(m))) continue;
         mnw.menu_up = is_click && mnw.menu_up == m ? -1 : m;
         return true;
     }
@@ -348,7 +369,7 @@ int menus_click(int is_click) {
     for (size_t i = 0; i < menu[m].item.size(); ++i) {
         const item_struct& item = menu[m].item[i];
         if (!can_be_chosen(item) || !over(item)) continue;
-        if (menu_of_entry(m, item) >= 0 || menu_answer.is_disabled(item.item_code)) return 1;
+        if (menu_of_entry(m, item) >= 0 || is_off(m, item)) return 1;
         choose(m, i);
         return 1;
     }

@@ -35,9 +35,14 @@ struct command_row {
     void (*run)();
 };
 constexpr command_row commands[] = {
-    {0, MACIBM_about},    {cmd_quit, quit},         {view_fwd_panel, forward_view},
-    {1534, night_vision}, {cmd_trace, write_trace}, {1805, picture},
-    {1819, kick_pitch},   {1820, kick_heading},
+    {cmd_about, MACIBM_about},
+    {cmd_quit, quit},
+    {view_fwd_panel, forward_view},
+    {view_night_vision, night_vision},
+    {cmd_trace, write_trace},
+    {cmd_screenshot, picture},
+    {cmd_kick_pitch, kick_pitch},
+    {cmd_kick_heading, kick_heading},
 };
 }  // namespace
 
@@ -75,6 +80,11 @@ std::vector<std::string> all_aircraft() {
     return paths;
 }
 
+void start_over() {
+    init_flt_0(start_airport, place_runway);
+    begin_user_flight_steady();
+}
+
 // The one behind the present one, the first behind the last.
 void next_aircraft() {
     const std::vector<std::string> paths = all_aircraft();
@@ -82,7 +92,7 @@ void next_aircraft() {
     const auto now = std::find(paths.begin(), paths.end(), set_dir_chars(veh[0].path));
     const bool last = now == paths.end() || now + 1 == paths.end();
     snprintf(veh[0].path, sizeof veh[0].path, "%s", last ? paths.front().c_str() : (now + 1)->c_str());
-    if (load_plane(0)) init_flt_0(start_airport, place_runway);
+    if (load_plane(0)) start_over();
 }
 
 // 1,000 m up, gliding, with engines that have never run.
@@ -96,9 +106,6 @@ void release_cold() {
     init_flt_0(start_custom, 0);
     cold_engines();
 }
-
-// The mouse is the stick unless it was parked.
-int mouse_parked;
 
 // Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2, igniters on i;
 // r starts over, R with cold engines, n in the next aircraft.
@@ -123,15 +130,13 @@ void flight_key(int key) {
             return step(f.sbrk_rqst, brake_step, 0.0f, 1.0f);
         case 'g':
             return toggle(f.gear_handle);
-        case 'm':
-            return toggle(mouse_parked);
         case 'i':
             for (int& igniter : stg.igniter) toggle(igniter);
             return;
         case 't':
             return APP_handlemenu(cmd_trace);
         case 'r':
-            return init_flt_0(start_airport, place_runway);
+            return start_over();
         case 'R':
             return release_cold();
         case 'n':
@@ -140,27 +145,29 @@ void flight_key(int key) {
             return;
     }
 }
+
+// Control keys that are commands, as the menus show them; all others are switches.
+struct control_row {
+    int key, command;
+};
+constexpr control_row control_keys[] = {
+    {'/', cmd_trace},      {'n', cmd_kick_heading}, {'m', cmd_kick_pitch},
+    {'.', cmd_screenshot}, {'q', view_up_left},     {'e', view_up_right},
+};
+
+void control_key(int key) {
+    for (const control_row& row : control_keys)
+        if (row.key == key) return APP_handlemenu(row.command);
+    switch_key(key);
+}
 }  // namespace
 
 void APP_handlekey(int use_code, int key) {
     if (use_code == key_use_special) return trim_key(key);
-    if (use_code == key_use_ctrl) {
-        if (key == 'q') APP_handlemenu(cmd_quit);
-        return switch_key(key);
-    }
+    if (use_code == key_use_ctrl) return control_key(key);
     if (use_code == key_use_function) return lever_key(key);
     if (use_code != key_use_char || mnw.top_win != win_fly) return;
-    if (key == 'q') return APP_handlemenu(cmd_quit);
+    if (key == 'q') return MACIBM_ask_quit();
     if (key == 'p') return toggle(mnw.paused);
     flight_key(key);
-}
-
-void mouse_flies() {
-    if (!seam.has_display || mouse_parked || mnw.has_joy || mnw.top_win != win_fly) return;
-    // on its way to a menu the stick stays where it was
-    constexpr float menu_bar = 18.0f;
-    if (mnw.menu_up >= 0 || mnw.my > YRES + mnw.y_off - menu_bar) return;
-    constexpr float travel = 0.4f;  // share of the screen from neutral to full
-    mnw.YK_roll = fltlim((mnw.mx - 0.5f * XRES) / (travel * XRES), -1.0f, 1.0f);
-    mnw.YK_ptch = fltlim((0.5f * YRES - mnw.my) / (travel * YRES), -1.0f, 1.0f);
 }

@@ -1,6 +1,7 @@
 // Clicks, help box and cursor.
 #include "ui/screens/clicks.h"
 
+#include "core/disk/text_numbers.h"
 #include "core/math/num.h"
 #include "core/program/input_gate.h"
 #include "core/program/seams.h"
@@ -17,6 +18,7 @@
 #include "draw/widgets/frames.h"
 #include "draw/widgets/menus.h"
 #include "draw/widgets/widgets.h"
+#include "ui/keys/mouse_yoke.h"
 
 namespace {
 bool is_settings_window(int top_win) {
@@ -42,8 +44,23 @@ void close_window() {
 }
 }  // namespace
 
+namespace {
+struct click_state {
+    int click_sounds = 0;  // also of a click that a menu or a closing window has taken
+};
+click_state state;
+}  // namespace
+
+void reset_clicks() { state = {}; }
+
+int take_click_sound() {
+    const int sounds = state.click_sounds;
+    state.click_sounds = 0;
+    return sounds;
+}
+
 void MACIBM_handleclick(int enter_close) {
-    if (!enter_close) mnw.mouse_clicked = 1;
+    if (!enter_close) mnw.mouse_clicked = state.click_sounds = 1;
     const bool shuts = enter_close || (mnw.menu_up == -1 && in_close_box());
     if (is_settings_window(mnw.top_win) && shuts) return close_window();
     if (enter_close) return;
@@ -67,6 +84,16 @@ void draw_help() {
     const float x = fltlim(mnw.mx + 16.0f, left, right), y = fltlim(mnw.my - dy - 16.0f, low, high);
     BTN_frame2(14, x, y, dx, dy, "");
     OGL_string(col_help, x + in, y + dy - 20.0f, text, dx - 2.0f * in, charset_text);
+}
+
+// How to take the yoke, along the foot of the picture.
+void draw_yoke_hint() {
+    constexpr float up = 60.0f, pad = 8.0f, dy = 16.0f, shade = 0.4f;
+    if (!mouse_yoke_is_free()) return;
+    const std::string& text = stl.text[text_take_yoke];
+    const float dx = str_dx(text), x = 0.5f * (XRES - dx);
+    OGL_grayrect(x - pad, up, x + dx + pad, up + dy, shade);
+    OGL_string(col_white, x, up + 6.0f, text, no_wrap, charset_text);
 }
 
 piece cursor_of(int cursor_type) {
@@ -107,6 +134,7 @@ void draw_cursor() {
 
 void overlay_draw() {
     OGL_view_2d();
+    draw_yoke_hint();
     menus_draw();
     draw_help();
     seam.show_pointer(mnw.cursor_type == 0);

@@ -4,7 +4,9 @@
 #include "core/program/input_gate.h"
 #include "core/program/seams.h"
 #include "core/program/upward.h"
+#include "core/records/con.h"
 #include "core/records/mnw.h"
+#include "core/records/msc.h"
 #include "core/records/net.h"
 #include "core/records/pat.h"
 #include "core/records/stg.h"
@@ -13,6 +15,7 @@
 #include "net/data_table.h"
 #include "net/messages.h"
 #include "scenery/ground/region.h"
+#include "scenery/nav/nav_tables.h"
 #include "ui/screens/start_screen.h"
 
 namespace {
@@ -49,9 +52,16 @@ constexpr win_row windows[] = {
     {win_ins, 835, 674, text_title_instructions},
     {win_env, 500, 425, text_title_environment},
     {win_vew, 500, 270, text_title_view},
-    {win_map_2, 1024, 768, 0},
+    {win_map_2, 1024, 768, text_title_airport_map},
     {win_pln, 590, 356, text_title_plan},
 };
+
+// The airport of the map, where there is one: name, identifier and elevation in feet.
+std::string airport_title() {
+    if (!intrange(msc.loc_apt_wrl, 0, static_cast<int>(vec_apt.size()) - 1)) return stl.text[text_title_airport_map];
+    const vec_apt_struct& apt = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
+    return apt.apt_name + " " + apt.apt_id + " elev " + std::to_string(intround(apt.ele * con.mtrstoft));
+}
 
 void size_and_title(int top_win) {
     mnw.win_dx = static_cast<float>(mnw.x_res_now);
@@ -63,6 +73,7 @@ void size_and_title(int top_win) {
         mnw.win_dy = row.dy;
         if (row.title) stl.win_name = stl.text[row.title];
     }
+    if (top_win == win_map_2) stl.win_name = airport_title();
 }
 
 // A recording that was loaded plays as soon as its window closes.
@@ -108,6 +119,17 @@ void start_flight_for(const std::string& from_str, int old, int now) {
 }
 }  // namespace
 
+namespace {
+// The mouse stays where it is on the screen.
+void centre_window() {
+    const float old_x = mnw.win_x, old_y = mnw.win_y;
+    mnw.win_x = static_cast<float>(intmax2(intround(0.5f * (XRES - mnw.win_dx)), 0));
+    mnw.win_y = static_cast<float>(intmax2(intround(0.5f * (YRES - mnw.win_dy)), 0));
+    mnw.mx += old_x - mnw.win_x;
+    mnw.my += old_y - mnw.win_y;
+}
+}  // namespace
+
 void MACIBM_startwind(int new_top_win, const std::string& from_str) {
     const int old = mnw.top_win;
     start_lights_allowed(1);
@@ -121,8 +143,7 @@ void MACIBM_startwind(int new_top_win, const std::string& from_str) {
     mnw.entry_field = -1;
     mnw.menu_up = -1;
     mnw.top_win = new_top_win;
-    mnw.win_x = static_cast<float>(intmax2(intround(0.5f * (XRES - mnw.win_dx)), 0));
-    mnw.win_y = static_cast<float>(intmax2(intround(0.5f * (YRES - mnw.win_dy)), 0));
+    centre_window();
     mnw.now_dragging = mnw.mouse_clicked = mnw.mouse_wheel = mnw.mouse_is_joy = 0;
     menu[menu_popup].menux1 = menu[menu_popup].menuy1 = menu[menu_popup].menux2 = menu[menu_popup].menuy2 =
         no_menu_box;

@@ -1,0 +1,60 @@
+// The steady flight of the start: found by the lab's search, in the place where the aircraft is.
+#include "app/lab/steady_start.h"
+
+#include "app/lab/lab.h"
+#include "app/lab/lab_steady.h"
+#include "core/math/axes.h"
+#include "core/program/seams.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "flight/fullsim.h"
+#include "weather/weather_step.h"
+
+namespace {
+lab_steady_order order_for(float speed) {
+    lab_steady_order order;
+    order.speed = speed;
+    order.altitude = static_cast<float>(flt[0].dob_ele);
+    order.by_trims = true;
+    if (veh[0].num_engines > 0) return order;
+    order.power = 0.0f;
+    order.gamma = -3.0f;
+    return order;
+}
+
+// What the search burns and moves comes back.
+void put_back(const flt_struct& before) {
+    flt_struct& f = flt[0];
+    f.dob_x = before.dob_x, f.dob_y = before.dob_y, f.dob_z = before.dob_z;
+    f.dob_lat = before.dob_lat, f.dob_lon = before.dob_lon, f.dob_ele = before.dob_ele;
+    for (int tank = 0; tank < fuelDIM; ++tank) f.m_fuel[tank] = before.m_fuel[tank];
+    cache_attitude(0);
+    cache_air(0);
+}
+}  // namespace
+
+bool start_steady() {
+    // the speed of the start is slow with the flaps up: the nose stands high; a glider keeps to it
+    constexpr float faster[] = {1.3f, 1.15f, 1.0f, 1.5f}, glider[] = {1.0f, 1.1f, 1.2f, 1.3f};
+    // the wind rises over some seconds of its own steps: it has done so when the flight begins
+    constexpr int wind_steps = 1000;
+    for (int i = 0; i < wind_steps; ++i) weather_step();
+    const flt_struct before = flt[0];
+    const lab_in_place in_place;
+    for (const float factor : veh[0].num_engines > 0 ? faster : glider) {
+        const lab_steady steady = lab_find_steady(order_for(factor * before.V_msc));
+        if (!steady.found) {
+            flt[0] = before;
+            continue;
+        }
+        lab_fly_steady(steady);
+        put_back(before);
+        return true;
+    }
+    mnw.YK_ptch = mnw.YK_roll = mnw.YK_hdng = 0.0f;
+    return false;
+}
+
+void begin_user_flight_steady() {
+    if (seam.has_user && !msc.ai_flys && !stg.parkbrake) start_steady();
+}

@@ -1,0 +1,34 @@
+// The start of the user's flight: it must fly by itself until the pilot takes over.
+#include "app/lab/steady_start.h"
+
+#include "app/lab/headless.h"
+#include "core/math/num.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "flying.h"
+
+namespace {
+class steady_start : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(steady_start, flies_straight_and_level_for_half_a_minute_with_the_hands_off) {
+    test::fly_aircraft(GetParam());
+    init_flt_0(start_airport, place_runway);
+    const float fuel = flt[0].m_fuel[0];
+    ASSERT_TRUE(start_steady());
+    EXPECT_EQ(flt[0].m_fuel[0], fuel);
+    const bool glides = veh[0].num_engines == 0;
+    const double height = flt[0].dob_ele;
+    const float heading = flt[0].psi;
+    EXPECT_EQ(mnw.YK_ptch, 0.0f);
+    for (int i = 0; i < 30 * 64; ++i) {
+        headless_frame();
+        ASSERT_LT(fabsf(flt[0].phi), 8.0f) << i / 64.0f << " s";
+        ASSERT_LT(fabsf(flt[0].Vh_fpm), 500.0f) << i / 64.0f << " s";
+    }
+    EXPECT_NEAR(flt[0].dob_ele, height, glides ? 60.0 : 30.0);
+    EXPECT_LT(fabsf(fltwrap(flt[0].psi - heading, -180.0f, 180.0f)), 15.0f);
+}
+
+INSTANTIATE_TEST_SUITE_P(aircraft, steady_start,
+                         ::testing::Values("Shearwater 870", "Wren 160", "Dunlin 400", "Lark 15", "Plover 420"));
+}  // namespace
