@@ -12,6 +12,7 @@
 #include "scenery/tile/tile_mesh.h"
 #include "scenery/tile/tile_state.h"
 #include "stood_on.h"
+#include "tile_bytes.h"
 #include "tile_folder.h"
 
 namespace {
@@ -283,8 +284,41 @@ TEST_F(tile_test, places_that_no_globe_has_make_a_file_bad) {
     DSF_AddPatchVertex(c, &state);
     EXPECT_FALSE(state.has_bad_geometry);
     EXPECT_EQ(state.scene_cur_poly->nrm[0].v[1], 0.0f);
-    DSF_BeginPatch(1, -1, -1, tile_base, none, none, 5, &state);
-    EXPECT_TRUE(state.has_bad_geometry) << "no such definition";
     clear_degree(&degree);
+}
+
+TEST_F(tile_test, a_stray_or_empty_patch_takes_nothing_from_the_others) {
+    using namespace test;
+    const test::temp_folder logs;
+    tile_parts tile;
+    tile.properties.clear();
+    tile.terrain = strings({"terrain_Water"});
+    const std::string scales =
+        floats({1, -118, 1, 34, 100, 0, 0, 0, 0, 0});  // of the place; normals stand as 0
+    const auto corner = [](unsigned lon, unsigned lat) {
+        return std::vector<unsigned>{lon, lat, 6554, 0, 0};
+    };
+    tile.geodata = test::pool({corner(16384, 16384), corner(16384, 20000), corner(20000, 16384),
+                               corner(60000, 60000), corner(60000, 62000), corner(62000, 60000)},
+                              5, 16) +
+                   atom("SCAL", scales) + test::pool({{0, 0, 0}}, 3, 16) +
+                   atom("SCAL", floats({1, 0, 1, 0, 1, 0}));
+    const std::string triangle = u8(25) + u16(0) + u16(3), base = u8(17) + u8(1);
+    const std::string good =
+        u8(1) + u16(0) + u8(3) + u8(0) + base + triangle + base + u8(25) + u16(3) + u16(6);
+    const std::string empty = base + u8(25) + u16(0) + u16(0) + base;
+    const std::string no_terrain = u8(3) + u8(7) + base + triangle;
+    const std::string no_normal = u8(3) + u8(0) + u8(1) + u16(1) + base + u8(25) + u16(0) + u16(1);
+    tile.commands = good + empty + no_terrain + no_normal;
+    const std::string path = folder.path_of(34, -118);
+    std::ofstream(path, std::ios::binary) << tile.bytes();
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    const xdeg_struct& degree = xdeg[1][1];
+    ASSERT_EQ(degree.tex_layers.size(), 1u);
+    EXPECT_EQ(degree.tex_layers[0].scene_buckets.Total(), 2);
+    EXPECT_EQ(degree.ytest_buckets.Total(), 2);
+    EXPECT_TRUE(test::alerts.empty()) << "no sphere of an empty patch lies in bucket 0";
+    const d3_struct at = test::stood_on(degree)[0];
+    EXPECT_TRUE(find_terrain_poly(at.v[0], at.v[2], 26));
 }
 }  // namespace

@@ -93,7 +93,7 @@ void DSF_BeginPatch(unsigned int type, double near_LOD, double far_LOD, unsigned
     state.ytest_cur_poly = nullptr;
     const size_t layer = size_t{type} * 2 + (flags & flag_overlay ? 1 : 0);
     if (depth < least_depth || layer >= state.degree->tex_layers.size()) {
-        state.has_bad_geometry = true;
+        ++state.stray_patches;
         return;
     }
     state.cur_patch_terrain_type = type;

@@ -340,5 +340,14 @@ void bucket_roads_and_objects(DSF_LoadState* state) {
     add_road_layers(*state);
     add_antennas(*state);
     const std::map<int, size_t> layers = add_object_layers(*state);
-    for (const io_objct_struct& object : state->object_instances) place_object(object, *state, layers);
+    // Thousands of triangles over one another are searched for each object: such a tile gets no more of them.
+    constexpr long most_effort = 500000000;
+    const long start = terrain_effort();
+    for (const io_objct_struct& object : state->object_instances) {
+        if (terrain_effort() - start > most_effort) {
+            tell_missing("The ground is too dense to set all objects on it", state->file_path);
+            return;
+        }
+        place_object(object, *state, layers);
+    }
 }
