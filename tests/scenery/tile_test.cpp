@@ -1,10 +1,12 @@
 // Tiles from their files to what is stood on and drawn.
 #include <array>
 #include <cmath>
+#include <ctime>
 #include <fstream>
 #include <set>
 
 #include "core/math/globe.h"
+#include "core/math/num.h"
 #include "core/math/random.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/objects/objects.h"
@@ -145,6 +147,36 @@ TEST_F(tile_test, neighbours_share_their_edge_exactly) {
     EXPECT_EQ(common(xdeg[0][0], xdeg[0][1]), 52u);
     EXPECT_EQ(common(xdeg[1][0], xdeg[1][1]), 52u);
     EXPECT_EQ(common(xdeg[0][0], xdeg[1][1]), 1u);
+}
+
+TEST_F(tile_test, a_seam_of_many_vertices_takes_the_nearest_in_no_time) {
+    constexpr int count = 60000;
+    std::vector<d3_struct> kept;
+    const d3_struct up = {{0, 1, 0}};
+    const auto place = [](int i) {  // all over the height of a steep seam, some twice
+        return d3_struct{
+            {46000.0f + static_cast<float>(i % 97), static_cast<float>(i), static_cast<float>(i % 30011)}};
+    };
+    for (int i = 0; i < count; ++i) {
+        d3_struct at = place(i), nrm = up;
+        kept.push_back(at);
+        handle_edge(1, 1, &at, &nrm, edge_keep_right);
+    }
+    const double start = clock() / static_cast<double>(CLOCKS_PER_SEC);
+    for (int i = 0; i < count; ++i) {
+        d3_struct at = {{46000.3f - static_cast<float>(i % 2 * 92000), 0, static_cast<float>(i) * 0.7f}}, nrm;
+        const d3_struct asked = at;
+        handle_edge(2, 1, &at, &nrm, edge_take_left);
+        if (i % 1999 != 0) continue;
+        size_t best = 0;
+        const auto distance = [&](size_t n) {
+            return pythag(kept[n].v[0] - asked.v[0], kept[n].v[2] - asked.v[2]);
+        };
+        for (size_t n = 1; n < kept.size(); ++n)
+            if (distance(n) < distance(best)) best = n;
+        EXPECT_EQ(at.v[1], kept[best].v[1]) << i;
+    }
+    EXPECT_LT(clock() / static_cast<double>(CLOCKS_PER_SEC) - start, 5.0) << "a search of all takes a minute";
 }
 
 TEST_F(tile_test, the_first_good_file_of_all_candidates_wins_and_leaves_nothing_of_the_bad) {

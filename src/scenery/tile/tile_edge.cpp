@@ -15,6 +15,7 @@ namespace {
 // triangles share a vertex, and a search along the whole side for each would take minutes with a fine tile.
 struct edge_tree {
     std::vector<uint32_t> order;
+    box_struct box;
     size_t of = 0;  // vertices that it was built of
 };
 struct edge_struct {
@@ -48,6 +49,8 @@ void build(const std::vector<d3_struct>& geo, edge_tree* tree) {
     };
     order.erase(std::unique(order.begin(), order.end(), same), order.end());
     part(geo, order.data(), order.data() + order.size(), 0);
+    tree->box = {};
+    for (const uint32_t i : order) tree->box.grow(geo[i]);
     tree->of = geo.size();
 }
 
@@ -57,8 +60,13 @@ struct nearest_vertex {
     float distance = 100000.0f;  // metres
     uint32_t index = UINT32_MAX;
 
-    void search(const uint32_t* first, const uint32_t* last, int depth) {
-        if (first == last) return;
+    float to_box(const box_struct& box) const {
+        const auto beyond = [](float at, float min, float max) { return at - fltlim(at, min, max); };
+        return pythag(beyond(to.v[0], box.min_x, box.max_x), beyond(to.v[2], box.min_z, box.max_z));
+    }
+    // box: around the range.
+    void search(const uint32_t* first, const uint32_t* last, int depth, const box_struct& box) {
+        if (first == last || to_box(box) > distance) return;
         const uint32_t* const middle = first + (last - first) / 2;
         const d3_struct& at = geo[*middle];
         const float here = pythag(at.v[0] - to.v[0], at.v[2] - to.v[2]);
@@ -66,11 +74,13 @@ struct nearest_vertex {
             distance = here;
             index = *middle;
         }
-        const float across = to.v[axes[depth % 2]] - at.v[axes[depth % 2]];
-        const bool is_below = across < 0.0f;
-        is_below ? search(first, middle, depth + 1) : search(middle + 1, last, depth + 1);
-        if (fabsf(across) > distance) return;
-        is_below ? search(middle + 1, last, depth + 1) : search(first, middle, depth + 1);
+        const int axis = axes[depth % 2];
+        box_struct below = box, above = box;
+        (axis == 0 ? below.max_x : below.max_z) = (axis == 0 ? above.min_x : above.min_z) = at.v[axis];
+        const bool is_below = to.v[axis] < at.v[axis];
+        if (is_below) search(first, middle, depth + 1, below);
+        search(middle + 1, last, depth + 1, above);
+        if (!is_below) search(first, middle, depth + 1, below);
     }
 };
 
@@ -79,7 +89,7 @@ void take_nearest(const std::vector<d3_struct>& kept_geo, const std::vector<d3_s
                   edge_tree* tree, d3_struct* geo, d3_struct* nrm) {
     if (tree->of != kept_geo.size()) build(kept_geo, tree);
     nearest_vertex nearest{kept_geo, *geo};
-    nearest.search(tree->order.data(), tree->order.data() + tree->order.size(), 0);
+    nearest.search(tree->order.data(), tree->order.data() + tree->order.size(), 0, tree->box);
     if (nearest.index == UINT32_MAX) return;
     *geo = kept_geo[nearest.index];
     *nrm = kept_nrm[nearest.index];

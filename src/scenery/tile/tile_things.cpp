@@ -341,7 +341,7 @@ void bucket_roads_and_objects(DSF_LoadState* state) {
     add_antennas(*state);
     const std::map<int, size_t> layers = add_object_layers(*state);
     // Thousands of triangles over one another are searched for each object: such a tile gets no more of them.
-    constexpr long most_effort = 500000000;
+    constexpr long most_effort = 300000000;
     const long start = terrain_effort();
     for (const io_objct_struct& object : state->object_instances) {
         if (terrain_effort() - start > most_effort) {
