@@ -10,12 +10,14 @@
 #include "core/math/random.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/objects/objects.h"
+#include "scenery/tile/tile_default.h"
 #include "scenery/tile/tile_defs.h"
 #include "scenery/tile/tile_mesh.h"
 #include "scenery/tile/tile_state.h"
 #include "stood_on.h"
 #include "tile_bytes.h"
 #include "tile_folder.h"
+#include "weather/atmosphere.h"
 
 namespace {
 class tile_test : public test::system_test {
@@ -224,6 +226,27 @@ TEST_F(tile_test, where_no_file_is_there_is_water) {
         }
     EXPECT_GT(ren.num_slo_finds, 10) << "it was the mesh that answered";
     EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(tile_test, water_at_the_poles_of_Mars_has_no_triangle_without_a_side) {
+    env.planet = 1;
+    set_planet_specs(1);
+    for (const int south : {82, -90}) {
+        test::set_region(static_cast<float>(south), -6.0f);
+        const int row = south > 0 ? 7 : 0, corner = south + row;
+        for (int column = 0; column < 12; ++column) make_def_env(corner, row, column - 6, column);
+        int found = 0;
+        for (float lon = -5.97f; lon < 5.9f; lon += 0.0131f)
+            for (float off = 0.0f; off < 0.2f; off += 0.0023f) {
+                const double lat = south > 0 ? 90.0 - off : -90.0 + off;
+                EXPECT_TRUE(wet_at(lat, lon)) << "any query there ended the program";
+                found += ren.is_set[26];
+            }
+        EXPECT_GT(found, 1000) << "a little away from the pole the mesh answers";
+        for (auto& column : xdeg)
+            for (xdeg_struct& tile : column) clear_degree(&tile);
+        handle_edge(0, 0, nullptr, nullptr, edge_clear);
+    }
 }
 
 TEST_F(tile_test, layers_follow_their_definitions_and_patches_their_flags) {
