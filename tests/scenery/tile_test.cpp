@@ -342,6 +342,24 @@ TEST_F(tile_test, places_that_no_globe_has_make_a_file_bad) {
     clear_degree(&degree);
 }
 
+TEST_F(tile_test, a_vertex_does_not_stand_off_by_the_steps_of_a_float_degree) {
+    DSF_LoadState state(&xdeg[1][1]);
+    g_lat_file = 34;
+    g_lon_file = -118;
+    DSF_AcceptTerrainDef("terrain_Water", &state);
+    float none[6] = {};
+    DSF_BeginPatch(0, -1, -1, tile_base, none, none, 5, &state);
+    DSF_BeginPrimitive(0, &state);
+    for (double part = 0.1; part < 0.9; part += 0.0137) {
+        double c[5] = {-118 + part, 34 + part, 10, 0, 0}, at[3];
+        DSF_AddPatchVertex(c, &state);
+        xdob_xyz_with_latlonel(&at[0], &at[1], &at[2], c[1], c[0], c[2]);
+        for (int axis : {0, 2})
+            EXPECT_NEAR(state.scene_cur_poly->geo.back().v[axis], at[axis], 0.005) << "it was 0.35 m";
+    }
+    clear_degree(&xdeg[1][1]);
+}
+
 TEST_F(tile_test, a_stray_or_empty_patch_takes_nothing_from_the_others) {
     using namespace test;
     const test::temp_folder logs;

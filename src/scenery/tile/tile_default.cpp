@@ -24,7 +24,7 @@ struct water_grid {
 
 d3_struct sea_level(double lat, double lon) {
     d3_struct at;
-    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], static_cast<float>(lat), static_cast<float>(lon), 0.0f);
+    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], lat, lon, 0.0);
     return at;
 }
 

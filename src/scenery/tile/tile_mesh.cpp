@@ -72,8 +72,7 @@ void grow_tile(DSF_LoadState& state, const d3_struct& at) {
 
 d3_struct local_place(double lon, double lat, double ele) {
     d3_struct at;
-    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], static_cast<float>(lat), static_cast<float>(lon),
-                      static_cast<float>(ele));
+    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], lat, lon, ele);
     return at;
 }
 
