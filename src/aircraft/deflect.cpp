@@ -303,7 +303,7 @@ void update_flap_slat_rqst_with_hand(int p, int dir) {
     const veh_struct& acf = veh[p];
     flt_struct& now = flt[p];
     if (acf.flap_detents >= flapDIM) {
-        MACIBM_alert(mnw.top_win, "too many flap defs!", "", "", "", alert_fatal);
+        MACIBM_fatal("too many flap defs!");
         return;
     }
     if (acf.flap_detents <= 0) {  // no flap travel
@@ -452,7 +452,7 @@ static void store_sines(int p) {
 
 void update_def_angles(int p) {
     if (p < 0 || p >= vehDIM) {
-        MACIBM_alert(mnw.top_win, "too many planes!", "", "", "", alert_fatal);
+        MACIBM_fatal("too many planes!");
         return;
     }
     move_gear(p);

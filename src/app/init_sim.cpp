@@ -152,7 +152,7 @@ void limit_periods_from_file() {
 }
 
 void graphics_are_missing() {
-    std::ofstream(set_dir_chars(res_path), std::ios::trunc);  // the next start takes the defaults
+    const std::ofstream emptied(set_dir_chars(res_path), std::ios::trunc);  // the next start takes the defaults
     MACIBM_alert(
         0,
         "I could not set up the graphics for Tarvane! I hope your monitor is at 1024x768 or higher! It must "

@@ -50,8 +50,6 @@ constexpr fixed_row fixed_rows[] = {
     {91, 1, 1, 0.9f},
 };
 
-void fatal_text(const char* text) { MACIBM_alert(mnw.top_win, text, "", "", "", alert_fatal); }
-
 bool is_ratio(float x) { return x >= 0.0f && x <= 1.0f; }
 
 // Through an image intensifier all light is green.
@@ -72,7 +70,7 @@ void colours_init() {
 }
 
 void OGL_assigncolor(int index, float r, float g, float b) {
-    if (!intrange(index, 0, colour_rows - 1)) return fatal_text("too many colors!");
+    if (!intrange(index, 0, colour_rows - 1)) return MACIBM_fatal("too many colors!");
     col_rgb[index][0] = r;
     col_rgb[index][1] = g;
     col_rgb[index][2] = b;
@@ -87,16 +85,16 @@ void set_pulse_colours(float rat) {
 }
 
 void OGL_setcolorINDEX(int index, float a) {
-    if (!intrange(index, 0, colour_rows - 1)) return fatal_text("too many colors!");
+    if (!intrange(index, 0, colour_rows - 1)) return MACIBM_fatal("too many colors!");
     const float* row = col_rgb[index];
     const bool lit_by_cabin = index <= col_digits;
     const float r = row[0] * (lit_by_cabin ? r_manual_lighting : 1.0f);
     const float g = row[1] * (lit_by_cabin ? g_manual_lighting : 1.0f);
     const float b = row[2] * (lit_by_cabin ? b_manual_lighting : 1.0f);
-    if (!is_ratio(r)) return fatal_text("OGL_setcolorINDEX R out of range!");
-    if (!is_ratio(g)) return fatal_text("OGL_setcolorINDEX G out of range!");
-    if (!is_ratio(b)) return fatal_text("OGL_setcolorINDEX B out of range!");
-    if (!is_ratio(a)) return fatal_text("OGL_setcolorINDEX A out of range!");
+    if (!is_ratio(r)) return MACIBM_fatal("OGL_setcolorINDEX R out of range!");
+    if (!is_ratio(g)) return MACIBM_fatal("OGL_setcolorINDEX G out of range!");
+    if (!is_ratio(b)) return MACIBM_fatal("OGL_setcolorINDEX B out of range!");
+    if (!is_ratio(a)) return MACIBM_fatal("OGL_setcolorINDEX A out of range!");
     set_colour(r, g, b, a);
 }
 
@@ -107,7 +105,7 @@ void OGL_setcolorRGBA(float r, float g, float b, float a, int is_light) {
         b *= b_manual_lighting;
     }
     if (!is_ratio(r) || !is_ratio(g) || !is_ratio(b) || !is_ratio(a))
-        return fatal_text("OGL_setcolorRGBA out of range!");
+        return MACIBM_fatal("OGL_setcolorRGBA out of range!");
     set_colour(r, g, b, a);
 }
 

@@ -166,7 +166,7 @@ void OGL_disc(int color, float alpha, const point3& m, float radius) {
 
 void OGL_scissors(float x, float y, float dx, float dy) {
     if (!(dx > 0.0f && dy > 0.0f)) {
-        MACIBM_alert(mnw.top_win, "OGL_scissors negative clip range!", "", "", "", alert_fatal);
+        MACIBM_fatal("OGL_scissors negative clip range!");
         return;
     }
     const auto real = [](float units) { return intround(units * mnw.xy_scale); };

@@ -39,7 +39,7 @@ bool find_face(int charset, font_face* face) {
             *face = {tex_menu_text, 0.0f, 0.0f, 13.0f, 13.0f, 40, 15.0f};
             return true;
         default:
-            MACIBM_alert(mnw.top_win, "String proc with bad charset!", "", "", "", alert_fatal);
+            MACIBM_fatal("String proc with bad charset!");
             return false;
     }
 }

@@ -155,7 +155,7 @@ static void ground_proximity_test() {
 
 void update_with_fullsim2(int p) {
     if (p != 0) {
-        MACIBM_alert(mnw.top_win, "I cannot do a update_with_fullsim2 with p!=0!", "", "", "", alert_fatal);
+        MACIBM_fatal("I cannot do a update_with_fullsim2 with p!=0!");
         return;
     }
     // everything called inside the two steps sees the half step, what follows the whole

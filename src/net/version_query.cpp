@@ -11,7 +11,7 @@ namespace {
 // "resources:preferences:version.txt" with the letter case of the folders that are there.
 std::string version_file() {
     std::string path = app_path;
-    for (const char* part : {"resources", ":preferences", ":version.txt"}) path = set_dir_chars(path + part);
+    for (const char* part : {"resources", ":preferences", ":version.txt"}) path = set_dir_chars(path.append(part));
     return path;
 }
 

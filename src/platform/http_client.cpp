@@ -6,7 +6,7 @@
 namespace {
 std::string request_text(const char* url, bool is_post, const FieldMap& fields, int content_length) {
     std::string text = std::string(is_post ? "POST " : "GET ") + url + " HTTP/1.1\r\n";
-    for (const auto& [name, value] : fields) text += name + ": " + value + "\r\n";
+    for (const auto& [name, value] : fields) text.append(name).append(": ").append(value).append("\r\n");
     if (content_length > 0) text += "Content-Length: " + std::to_string(content_length) + "\r\n";
     return text + "\r\n";
 }

@@ -107,7 +107,7 @@ float find_standard_rho(int planet, float h) {
 float find_current_rho_rat() {
     const float T_kel = con.sl_T_cel + 273.15f;
     if (env.planet == 1) return con.sl_P_pas * 0.001086957f / (T_kel * 0.004691532f);
-    return con.sl_P_pas * 9.869233e-06f / (T_kel * 0.003470415f);
+    return con.sl_P_pas * 9.869233e-06f / (T_kel * inv_T_sl_kel);
 }
 
 // -- temperature

@@ -150,7 +150,7 @@ static void local_air() {
     // a day set far too cold would stand below absolute zero aloft
     const float T_kel = fltmax2(con.lcl_T_cel + 273.15f, 1.0f);
     con.lcl_P_pas = con.lcl_r_met * con.R * T_kel;
-    con.lcl_sig = con.lcl_r_met * 0.8163265f;  // over 1.225 on both planets
+    con.lcl_sig = con.lcl_r_met * inv_rho_sl;
     con.lcl_a = sqrtf(con.R * T_kel * 1.4f);
     con.lcl_T_cel_total = (1.0f + 0.2f * sqr(flt[0].AV_msc / con.lcl_a)) * T_kel - 273.15f;
 }

@@ -10,6 +10,7 @@
 #include "aircraft/design/autoset.h"
 #include "aircraft/design/location.h"
 #include "aircraft/file/acf_fault.h"
+#include "core/disk/paths.h"
 #include "core/math/num.h"
 #include "design.h"
 
@@ -375,8 +376,9 @@ TEST_F(derive, simple_values_hold_their_limits) {
     veh[3].vect_min_disc = 80.0f;
     veh[3].vect_max_disc = 20.0f;
     veh[0].crit_alt_prop = 20000.0f;
-    std::strcpy(veh[0].path, "/x/Aircraft/Heavy Metal/A/test.acf");
-    std::strcpy(veh[3].path, "Aircraft:General Aviation:B:test.acf");
+    acf_path = "/x/Aircraft/y:Aircraft:";  // not the first folder of that name
+    std::strcpy(veh[0].path, "/x/Aircraft/y/Aircraft/Heavy Metal/A/test.acf");
+    std::strcpy(veh[3].path, "/x/Aircraft/y:Aircraft:General Aviation:B:test.acf");
     make(0);
     make(3);
     EXPECT_NEAR(veh[0].V_ref_ms, 25.7222f, 1e-3f);

@@ -11,6 +11,26 @@ namespace {
 
 class airfoils : public test::system_test {};
 
+// Lift falls and drag rises as in wind tunnels, where a smooth curve would keep the section clean; up to the
+// stalls the tables are those of the parameters.
+void expect_separated_beyond_the_stall(const afl_struct& a) {
+    const auto &cl = a.cl[0][0], &cd = a.cd[0][0];
+    for (const int at_20 : {160, 560}) {
+        EXPECT_GT(cd[at_20], 0.2f) << ret_alpha(at_20);
+        EXPECT_LT(cd[at_20], 0.35f) << ret_alpha(at_20);
+    }
+    EXPECT_LT(cl[565], 1.05f);          // 25 degrees: no more than a plate
+    EXPECT_NEAR(cd[630], 1.6f, 0.4f);  // 90 degrees: finite wings 1.25, plane flow to 2.0
+    EXPECT_NEAR(cl[630], 0.0f, 0.1f);
+    for (int i = 160; i <= 560; ++i) {
+        const float alpha = ret_alpha(i);
+        if (alpha < a.almin[0][0] + 0.06f || alpha > a.almax[0][0] - 0.06f) continue;
+        ASSERT_NEAR(cl[i], ret_cl(alpha, &a, 0, 0), 6e-6f) << alpha;
+        ASSERT_NEAR(cd[i], ret_cd(alpha, &a, 0, 0), 6e-6f) << alpha;
+        ASSERT_NEAR(a.cm[0][0][i], ret_cm(alpha, &a), 6e-6f) << alpha;
+    }
+}
+
 TEST_F(airfoils, all_load_without_an_alert_and_are_sound_sections) {
     afl_path = INSTALL_FOLDER "Airfoils:";
     std::snprintf(veh[0].path, sizeof veh[0].path, "/nowhere/x.acf");
@@ -28,6 +48,7 @@ TEST_F(airfoils, all_load_without_an_alert_and_are_sound_sections) {
         for (float end : {a.Llinrange, -a.Llinrange})
             EXPECT_NEAR(ret_cl(end + 0.2f, &a, 0, 0) - ret_cl(end - 0.2f, &a, 0, 0), 0.4f * a.clM[0][0],
                         0.1f * a.clM[0][0]);
+        expect_separated_beyond_the_stall(a);
     }
     EXPECT_GE(count, 7);
     EXPECT_TRUE(test::alerts.empty());
@@ -46,6 +67,7 @@ TEST_F(airfoils, compiler_refuses_what_breaks_the_curves) {
     const std::string source = SOURCE_FOLDER "content/airfoils/NACA 63-618 Re 3 million.toml";
     const std::string good = test::read_file(source);
     test::temp_folder folder;
+    std::filesystem::copy(SOURCE_FOLDER "content/airfoils/beyond_stall", folder.path() + "beyond_stall");
     const auto compile = [&](const std::string& from, const std::string& to,
                              const std::string& out = "a.afl") {
         std::string text = good;
@@ -69,6 +91,16 @@ TEST_F(airfoils, compiler_refuses_what_breaks_the_curves) {
         {"cm4 = -0.140", "cm5 = 1", "unknown key \"cm5\""},
         {"cm4 = -0.140", "", "cm4 is missing"},
         {"cm4 = -0.140", "cm4 = = 2", "line"},
+        {"    [14.5, ", "    [12.4, ", "12.4 degrees does not lie beyond the stall"},
+        {"    [17, ", "    [14, ", "14 degrees follows one at 14.5"},
+        {"    [17, 1.230", "    [17, 12.30", "17 degrees lies out of range"},
+        {"    [17, 1.230", "    [17, -1.230", "a jump between 14.5 and 17 degrees"},
+        {"    [14.5, 1.370", "    [14.5, 0.370", "a jump between 12.5 and 14.5 degrees"},
+        {"    [-13.5, -0.500", "    [-13.5, 0.500", "a jump between -13.5 and -12 degrees"},
+        {"    [17, ", "    [nan, ", "row 6 is not"},
+        {"    [17, ", "    [", "row 6 is not"},
+        {"beyond_stall = \"finite wing\"", "", "from -180 to 180 degrees"},
+        {"beyond_stall = \"finite wing\"", "beyond_stall = \"none\"", "none.toml"},
     };
     for (const auto& [from, to, message] : refused)
         EXPECT_NE(compile(from, to).find(message), std::string::npos) << to << "\n" << compile(from, to);

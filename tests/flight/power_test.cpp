@@ -163,6 +163,21 @@ float ideal_efficiency(float thrust, float area, float V) {
     return V / (V + v);
 }
 
+TEST(airliner, cruises_on_the_fuel_of_its_class) {
+    test::fly_aircraft("Shearwater 870");
+    lab_steady_order cruise;
+    cruise.altitude = 35000.0f * con.fttomtrs;
+    cruise.speed = 480.0f * con.ktstomsc;
+    const lab_steady s = lab_find_steady(cruise);
+    ASSERT_TRUE(s.found);
+    lab_fly_steady(s);
+    test::run_frames(5.0f);
+    float flow = 0.0f;
+    for (int en = 0; en < veh[0].num_engines; ++en) flow += flt[0].engn[en].FF_kgs;
+    // kilograms of force and hours, as good as pounds
+    EXPECT_NEAR(flow * 3600.0f / (thrust_of_all() / con.g), 0.57f, 0.01f);
+}
+
 TEST_P(powered, propellers_keep_within_momentum_theory) {
     if (!has_this_engn(0, 0, engn_prop) || is_helicopter()) GTEST_SKIP() << "no propeller";
     const float area = veh[0].engn[0].discarea;

@@ -209,14 +209,14 @@ TEST_F(variant, electric_needs_no_fuel_and_no_air) {
     for (float& fuel : f.m_fuel) fuel = 0.0f;
     lab_set_power(1.0f);
     for (const float altitude : {100.0f, 6000.0f}) {
-        place(45.0f, 0.0f, altitude);
+        place(50.0f, 0.0f, altitude);
         lab_hold(20.0f);
         EXPECT_NEAR(e.TRQ_nm, v.trq_max_eng, 0.03f * v.trq_max_eng);
         EXPECT_EQ(e.FF_kgs, 0.0f);
     }
-    lab_fly_steady(steady(45.0f));
+    lab_fly_steady(steady(50.0f));
     fly(10.0f, f.the);
-    EXPECT_NEAR(f.AV_msc, 45.0f, 3.0f);
+    EXPECT_NEAR(f.AV_msc, 50.0f, 3.0f);
 }
 
 TEST_F(variant, turboprop_goes_through_beta_to_reverse_and_back) {
@@ -318,13 +318,13 @@ TEST_F(variant, jump_jet_stands_on_its_fan_and_nozzle) {
         a.vect_max_disc = 90.0f;
         a.vect_rate = 30.0f;
         a.wing[0].inc_vect[0] = a.wing[1].inc_vect[0] = 1;
-        place_at(a, 0, 0.0f, 0.0f, 12.2f);
+        place_at(a, 0, 0.0f, 0.0f, 12.45f);
         a.engn[1].prop_type = prop_lift_fan;
         a.engn[1].prop_gear_rat = 1.0f;
         a.engn[1].min_pitch = a.engn[1].max_pitch = 0.0f;
         blades(a, 1, "Fan NACA 4406 Re 1 million.afl", 2.5f, 0.44f, 12.0f);
         for (int el = 0; el < 6; ++el) a.wing[1].incidence[el] = 38.0f - 4.0f * el;
-        place_at(a, 1, 0.0f, 0.0f, 5.77f);
+        place_at(a, 1, 0.0f, 0.0f, 6.02f);
         for (float& moment : a.puff_LMN) moment = 3000.0f;
         a.blown_flap_add_speed = 30.0f;
         a.blown_flap_min_engag = 0.3f;

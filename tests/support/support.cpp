@@ -67,9 +67,9 @@ fp_traps::~fp_traps() {
 }
 
 temp_folder::temp_folder() {
-    char name[] = "/tmp/tarvane-test-XXXXXX";
-    if (!mkdtemp(name)) throw std::runtime_error("cannot make a folder below /tmp");
-    path_ = std::string(name) + "/";
+    std::string name = std::filesystem::temp_directory_path() / "tarvane-test-XXXXXX";
+    if (!mkdtemp(name.data())) throw std::runtime_error("cannot make the folder " + name);
+    path_ = name + "/";
 }
 temp_folder::~temp_folder() {
     std::error_code ignored;

@@ -19,21 +19,15 @@
 #include "core/records/records.h"
 #include "weather/atmosphere.h"
 
-// Is the file in a folder of this name directly below the aircraft folder?
-static int lies_in(const std::string& path, const std::string& folder) {
-    const std::string root = "Aircraft";
-    for (size_t at = path.find(root); at != std::string::npos; at = path.find(root, at + 1)) {
-        const size_t behind = at + root.size();
-        const bool whole =
-            (at == 0 || is_a_dir_char(path[at - 1])) && behind < path.size() && is_a_dir_char(path[behind]);
-        if (whole) return path.compare(behind + 1, folder.size(), folder) == 0;
-    }
-    return 0;
+// True when the path below the aircraft folder begins with a folder name.
+static bool lies_under(int p, const char* folder) {
+    const std::string start = set_dir_chars(acf_path + folder + ":x");
+    return set_dir_chars(veh[p].path).compare(0, start.size() - 1, start, 0, start.size() - 1) == 0;
 }
 
 static void mark_folder_kind(int p) {
-    veh[p].is_ga = lies_in(veh[p].path, "General Aviation");
-    veh[p].is_hm = lies_in(veh[p].path, "Heavy Metal");
+    veh[p].is_ga = lies_under(p, "General Aviation");
+    veh[p].is_hm = lies_under(p, "Heavy Metal");
 }
 
 static void open_report(int p) {
@@ -110,7 +104,7 @@ void place_wings(int p) {
 static void derive_boost(int p) {
     veh_struct& acf = veh[p];
     const auto boost = [](float crit_alt) {
-        return (1.0f - 0.8163265f * find_standard_rho(0, crit_alt)) * 101325.0f;
+        return (1.0f - inv_rho_sl * find_standard_rho(0, crit_alt)) * 101325.0f;
     };
     acf.max_boost_pas_prop = boost(acf.crit_alt_prop);
     acf.max_boost_pas_jet = boost(acf.crit_alt_jet);

@@ -21,8 +21,9 @@ struct unit_row {
 
 template <class T>
 constexpr int floats_in() {
-    static_assert(std::is_same_v<std::remove_all_extents_t<T>, float>);
-    return sizeof(T) / sizeof(float);
+    using element = std::remove_all_extents_t<T>;
+    static_assert(std::is_same_v<element, float>);
+    return sizeof(T) / sizeof(element);
 }
 #define UNIT(record, field, factor) \
     { offsetof(record, field), floats_in<decltype(record::field)>(), &con_struct::factor }
@@ -137,10 +138,9 @@ std::string first_nan_field(int p) {
             const float* value = reinterpret_cast<const float*>(record.base + row.offset);
             for (int i = 0; i < row.size / 4; ++i)
                 if (!std::isfinite(value[i])) {
-                    found = row.name;
                     if (record.index >= 0)
-                        found = std::string(record.list.record) + " " + std::to_string(record.index) + " " +
-                                found;
+                        found.append(record.list.record).append(" " + std::to_string(record.index) + " ");
+                    found += row.name;
                     break;
                 }
         }

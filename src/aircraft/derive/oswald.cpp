@@ -160,7 +160,7 @@ float ret_e(float aspec, float washo, float sweep, float taper) {
     const int s = upper_index(sweep_grid, sweepDIM, sweep);
     const int t = upper_index(taper_grid, taperDIM, taper);
     if (a >= aspecDIM || w >= washoDIM || s >= sweepDIM || t >= taperDIM) {
-        MACIBM_alert(mnw.top_win, "Out of bounds e-search!", "", "", "", alert_fatal);
+        MACIBM_fatal("Out of bounds e-search!");
         return 1.0f;
     }
     // folded in the order taper, sweep, washout, aspect ratio; interp holds what lies off the grid

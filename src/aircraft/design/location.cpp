@@ -6,7 +6,7 @@
 #include "core/records/mnw.h"
 
 void no_such_part() {
-    MACIBM_alert(mnw.top_win, "get_el_base_loc for a part we do not have!", "", "", "", alert_fatal);
+    MACIBM_fatal("get_el_base_loc for a part we do not have!");
 }
 
 float blade_base_loc(int p, int en, float el, char axis) {

@@ -168,14 +168,14 @@ std::string admit_file_names(int p) {
 std::string acf_admit(int p) {
     for (const acf_array_struct& array : acf_arrays(p))
         for (int r = 0; r < array.fields.count; ++r) {
-            const std::string fault = admit_field(array, array.fields.rows[r]);
+            std::string fault = admit_field(array, array.fields.rows[r]);
             if (!fault.empty()) return fault;
         }
     const veh_struct& v = veh[p];
     if (v.num_thrustpoints < v.num_engines)
         return range_text("num_thrustpoints", v.num_thrustpoints, v.num_engines, engnDIM);
     for (const auto test : {admit_els, admit_bodies, admit_masses, admit_file_names}) {
-        const std::string fault = test(p);
+        std::string fault = test(p);
         if (!fault.empty()) return fault;
     }
     return "";

@@ -200,7 +200,7 @@ void reader::read_text(const toml::node& node, const std::string& name, char* fi
     if (text.find('\0') != std::string::npos)
         return fault(node.source(), name + " must not hold a zero byte");
     memset(first, 0, static_cast<size_t>(size));
-    memcpy(first, text.data(), text.size());
+    memcpy(first, text.c_str(), text.size() + 1);
 }
 
 void reader::read_field(const toml::node& node, const veh_field_struct& row, unsigned char* first) {

@@ -177,7 +177,7 @@ bool same_record(const veh_field_list& fields, const void* a, const void* b) {
         const veh_field_struct& row = fields.rows[r];
         if (acf_is_designers(row) &&
             memcmp(static_cast<const char*>(a) + row.offset, static_cast<const char*>(b) + row.offset,
-                   static_cast<size_t>(row.size)))
+                   static_cast<size_t>(row.size)) != 0)
             return false;
     }
     return true;

@@ -259,7 +259,7 @@ foil_load_scope::~foil_load_scope() {
 
 int load_foil_for_part(const std::string& foil_name, int p, int en, int RT, int Re) {
     if (p < 0 || p >= vehDIM || en < 0 || en >= wingDIM) {
-        MACIBM_alert(mnw.top_win, "Trying to load a foil we do not dim for!", "", "", "", alert_fatal);
+        MACIBM_fatal("Trying to load a foil we do not dim for!");
         return 0;
     }
     const std::string beside = folder_of(veh[p].path) + "airfoils:" + foil_name;

@@ -226,8 +226,8 @@ lab_polar lab_performance(float altitude) {
     const float area = aircraft_summary(0).S_ref;
     if (!(p.CL_max > 0.0f && area > 0.0f)) return p;
     p.stall_speed = sqrtf(2.0f * lab_mass() * con.g / (con.lcl_r_met * area * p.CL_max));
-    for (float ratio = 1.02f; ratio < 3.0f; ratio += 0.02f) {
-        const lab_trim t = lab_trim_glide(ratio * p.stall_speed, altitude);
+    for (int percent = 102; percent < 300; percent += 2) {
+        const lab_trim t = lab_trim_glide(0.01f * static_cast<float>(percent) * p.stall_speed, altitude);
         if (!t.found) continue;
         if (!p.best_glide.found || t.CL / t.CD > p.best_glide.CL / p.best_glide.CD) p.best_glide = t;
         if (!p.min_sink.found || t.sink < p.min_sink.sink) p.min_sink = t;

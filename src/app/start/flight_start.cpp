@@ -84,7 +84,7 @@ start_state place_in_the_air(int type_start1) {
         s.psi = stg.cus_psi;
         s.V_msc = stg.cus_v;
     } else {
-        const float sigma = find_standard_rho(env.planet, alt) * 0.8163265f;
+        const float sigma = find_standard_rho(env.planet, alt) * inv_rho_sl;
         s.V_msc = 1.1f * veh[0].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
     }
     xdob_xyz_with_latlonel(&flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, lat, lon, alt);

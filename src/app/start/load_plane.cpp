@@ -68,12 +68,6 @@ int read_or_default(int p) {
     return 0;
 }
 
-// True when the path below the aircraft folder begins with a folder name.
-bool lies_under(int p, const char* folder) {
-    const std::string path = set_dir_chars(veh[p].path), start = set_dir_chars(acf_path + folder + ":x");
-    return path.compare(0, start.size() - 1, start, 0, start.size() - 1) == 0;
-}
-
 void clear_limits() { stg.over_g = stg.over_vne = stg.over_vfe = stg.over_vle = 0; }
 }  // namespace
 
@@ -83,13 +77,10 @@ int load_plane(int p) {
     name_from_path(p);
     const int result = read_or_default(p);
     if (!result) return 0;
-    veh[p].is_ga = lies_under(p, "General Aviation");
-    veh[p].is_hm = lies_under(p, "Heavy Metal");
     if (p == 0) clear_limits();
     if (!derive_model(p)) return 0;
     load_plane_geo(1, 0, 0, p);
     if (p == 0) {
-        clocks.hobs.set(mnw.hobs_time, flt_rand(0.0f, 1000.0f) * 3600.0);
         load_panel();
         load_plane_sounds();
     }
@@ -140,7 +131,7 @@ void init_flt_p_other_ai(int p) {
     float lo = 400.0f, hi = 1200.0f;
     if (!on_approach) cruise_band(p, &lo, &hi);
     y = clear_of_user(y + flt_rand(lo, hi));
-    const float sigma = find_standard_rho(0, y) * 0.8163265f;
+    const float sigma = find_standard_rho(0, y) * inv_rho_sl;
     const float speed = 1.5f * veh[p].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
     const float heading = fltwrap(bearing + 180.0f + flt_rand(-10.0f, 10.0f), 0.0f, 360.0f);
     init_flt_p(p, 0.0f, heading, 0.0f, x, y, z, speed, on_approach);

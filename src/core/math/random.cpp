@@ -45,7 +45,7 @@ void init_rand_rat() {
 
 float flt_seedrand(float min, float max, int seed) {
     if (seed < 0) {
-        MACIBM_alert(0, "Cannot pass in negative float rand seed!", "", "", "", alert_fatal);
+        MACIBM_fatal("Cannot pass in negative float rand seed!");
         return min;
     }
     return min + randrat[seed % randratDIM] * (max - min);
@@ -53,7 +53,7 @@ float flt_seedrand(float min, float max, int seed) {
 
 int int_seedrand(int min, int max, int seed) {
     if (seed < 0) {
-        MACIBM_alert(0, "Cannot pass in negative int rand seed!", "", "", "", alert_fatal);
+        MACIBM_fatal("Cannot pass in negative int rand seed!");
         return min;
     }
     return min + static_cast<int>(randrat[seed % randratDIM] * (static_cast<float>(max) - min + 1.0f));

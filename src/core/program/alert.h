@@ -17,6 +17,9 @@ void __MACIBM_alert(int close_to, std::string C_string1, std::string C_string2, 
 #define MACIBM_alert(close_to, s1, s2, s3, s4, type) \
     __MACIBM_alert(close_to, s1, s2, s3, s4, type, __FILE__, __LINE__)
 
+// One line of text, and the end of the program.
+#define MACIBM_fatal(text) MACIBM_alert(0, text, "", "", "", alert_fatal)
+
 // Faults of data that the program lives with: writes the lines with file and line to "Error.out",
 // shows each distinct message once as type 2, and lets the caller go on with its substitute.
 void data_fault(std::string s1, std::string s2, std::string s3, std::string s4, const char* file, int line);

@@ -97,7 +97,7 @@ auto& gHasException = *new std::map<int, int>;
 auto& gExceptions = *new std::map<int, XException>;
 auto& gSignals = *new std::map<int, std::list<int>>;
 
-void fatal(const char* text) { MACIBM_alert(0, text, "", "", "", alert_fatal); }
+void fatal(const char* text) { MACIBM_fatal(text); }
 
 void forget(int call) {
     gFinished.erase(call);

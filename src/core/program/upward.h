@@ -17,7 +17,7 @@ void APP_handlekey(int use_code, int key);
 void MACIBM_handleclick(int enter_close);
 
 // Switches what occupies the screen. from_str is a short note of the caller.
-void MACIBM_startwind(int new_top_win, std::string from_str);
+void MACIBM_startwind(int new_top_win, const std::string& from_str);
 
 // One step of the start-up screen, shown at once.
 void MACIBM_showinit(const char* init_string);

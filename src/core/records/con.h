@@ -2,6 +2,10 @@
 // Role: filled once at start-up (init_con) and by set_planet_specs; lcl_* once a frame.
 #pragma once
 
+// Sea level of the Earth's standard atmosphere, by which densities and temperatures are made ratios on both planets.
+constexpr float inv_rho_sl = 0.8163265f;       // 1 / 1.225 kg/m3
+constexpr float inv_T_sl_kel = 0.003470415f;   // 1 / 288.15 K
+
 struct con_struct {
     // planet constants, written by set_planet_specs
     float planet_mu;         // gravitational parameter, m3/s2

@@ -42,7 +42,7 @@ static bool arguments_hold(int fog, int tex, int lit, int al, int deR, int deW) 
         intrange(al, al_none, al_both) && intrange(deR, depth_read, depth_no_read) &&
         intrange(deW, depth_write, depth_no_write))
         return true;
-    MACIBM_alert(mnw.top_win, "Bad OGLsetstate argument!", "", "", "", alert_fatal);
+    MACIBM_fatal("Bad OGLsetstate argument!");
     return false;
 }
 

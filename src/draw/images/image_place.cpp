@@ -133,7 +133,7 @@ static void resample_row(unsigned char* to, const unsigned char* from, const int
 
 static void resample(const image_struct& image, int dx_file, int dy_file) {
     const image_place& p = image.place;
-    int source_x[image_max], source_y[image_max];
+    int source_x[image_max] = {}, source_y[image_max] = {};
     nearest_table(source_x, p.dx_vis, p.scale, dx_file);
     nearest_table(source_y, p.dy_vis, p.scale, dy_file);
     for (int y = 0; y < p.dy_vis; ++y) {
@@ -157,7 +157,7 @@ static void blend_pixel(unsigned char* to, const unsigned char* from, int bytes)
 
 static void blend(const image_struct& image, int dx_file, int dy_file) {
     const image_place& p = image.place;
-    int source_x[image_max], source_y[image_max];
+    int source_x[image_max] = {}, source_y[image_max] = {};
     nearest_table(source_x, p.dx_vis, p.scale, dx_file);
     nearest_table(source_y, p.dy_vis, p.scale, dy_file);
     const int x1 = intmax2(0, -p.dx_off), x2 = intmin2(p.dx_vis, image_max - p.dx_off);

@@ -13,8 +13,6 @@
 #include "draw/type.h"
 
 namespace {
-void fatal_text(const char* text) { MACIBM_alert(mnw.top_win, text, "", "", "", alert_fatal); }
-
 // To an even number.
 float fltnear(float x) { return 2.0f * static_cast<float>(intround(0.5f * x)); }
 
@@ -57,9 +55,9 @@ int stretch(float length, float border, float piece, stretch_part* parts) {
 }
 
 void BTN_frame0(int type, float x_center, float y_center, float dy_control) {
-    if (type != 6) return fatal_text("Bad BTN_frame0 call!");
-    if (x_center != floorf(x_center)) return fatal_text("BTN_frame0 non-int x_center!");
-    if (y_center != floorf(y_center)) return fatal_text("BTN_frame0 non-int y_center!");
+    if (type != 6) return MACIBM_fatal("Bad BTN_frame0 call!");
+    if (x_center != floorf(x_center)) return MACIBM_fatal("BTN_frame0 non-int x_center!");
+    if (y_center != floorf(y_center)) return MACIBM_fatal("BTN_frame0 non-int y_center!");
     const frame_piece& f = frame0_piece;
     const float half = 0.5f * (fltnear(dy_control) + 2.0f * f.shadow);
     draw_stretched({x_center - 0.5f * f.at.dx, y_center - half, x_center + 0.5f * f.at.dx, y_center + half},
@@ -67,7 +65,7 @@ void BTN_frame0(int type, float x_center, float y_center, float dy_control) {
 }
 
 void BTN_frame1(int type, float x_center, float y_center, float dx_control, int color) {
-    if (!intrange(type, 0, 11) || type == 6) return fatal_text("Bad BTN_frame1 call!");
+    if (!intrange(type, 0, 11) || type == 6) return MACIBM_fatal("Bad BTN_frame1 call!");
     const frame_piece& f = frame1_pieces[type];
     if (type <= 1) y_center -= 3.0f;
     const float half = 0.5f * (fltnear(dx_control) + 2.0f * f.shadow);
@@ -78,7 +76,7 @@ void BTN_frame1(int type, float x_center, float y_center, float dx_control, int 
 }
 
 void BTN_frame2(int type, float x, float y, float dx, float dy, const std::string& label0) {
-    if (!intrange(type, 11, 18)) return fatal_text("Bad BTN_frame2 call!");
+    if (!intrange(type, 11, 18)) return MACIBM_fatal("Bad BTN_frame2 call!");
     const box_piece& f = frame2_pieces[type - 11];
     const float border = 0.4f * f.at.dx;
     draw_stretched({x - f.sides, y - f.bottom, x + dx + f.sides, y + dy + f.top}, f.at.s, f.at.t, f.at.dx,

@@ -23,7 +23,6 @@ menu_answers menu_answer = {never, never};
 namespace {
 constexpr float bar_height = 18.0f, entry_width = 180.0f, entry_height = 12.0f, korean_height = 14.0f;
 
-void fatal_text(const char* text) { MACIBM_alert(mnw.top_win, text, "", "", "", alert_fatal); }
 unsigned short unit(float x) { return static_cast<unsigned short>(intlim(intround(x), 0, 65535)); }
 bool is_korean() { return stl.glyph_text; }
 
@@ -95,9 +94,9 @@ void place_entry(int m, int i) {
 }
 }  // namespace
 
-void MACIBM_create_menu(int m, int i, std::string stl_string) {
+void MACIBM_create_menu(int m, int i, const std::string& stl_string) {
     constexpr size_t longest = 40;
-    if (!intrange(m, 0, menuDIM - 1)) return fatal_text("Menu index out of range in create_menu!");
+    if (!intrange(m, 0, menuDIM - 1)) return MACIBM_fatal("Menu index out of range in create_menu!");
     menu_struct& own = menu[m];
     own.menu_name = stl_string.substr(0, longest);
     if (i == 0) {
@@ -125,11 +124,11 @@ void MACIBM_create_menu(int m, int i, std::string stl_string) {
     own.menuy2 = item.itemy2;
 }
 
-void MACIBM_append_menu(int m, int i, int code, std::string stl_string, int is_name) {
+void MACIBM_append_menu(int m, int i, int code, const std::string& stl_string, int is_name) {
     constexpr size_t too_long = 40;
-    if (!intrange(m, 0, menuDIM - 1)) return fatal_text("Menu index out of range in append_menu!");
-    if (!intrange(i, 0, menu_itemDIM - 1)) return fatal_text("Item index out of range in append_menu!");
-    if (stl_string.size() >= too_long) return fatal_text("Menu name too long in append_menu!");
+    if (!intrange(m, 0, menuDIM - 1)) return MACIBM_fatal("Menu index out of range in append_menu!");
+    if (!intrange(i, 0, menu_itemDIM - 1)) return MACIBM_fatal("Item index out of range in append_menu!");
+    if (stl_string.size() >= too_long) return MACIBM_fatal("Menu name too long in append_menu!");
     menu_struct& own = menu[m];
     if (static_cast<int>(own.item.size()) <= i) own.item.resize(static_cast<size_t>(i) + 1);
     item_struct& item = own.item[i];

@@ -29,9 +29,9 @@ extern std::vector<menu_struct> menu;
 extern int popup_menu_select, select_popup_code, active_popup_code;
 
 // i 0 makes a title of the bar, any other is the parent's item as menu times 300 plus item.
-void MACIBM_create_menu(int m, int i, std::string stl_string);
+void MACIBM_create_menu(int m, int i, const std::string& stl_string);
 // is_name: a plain name, never Korean glyphs.
-void MACIBM_append_menu(int m, int i, int code, std::string stl_string, int is_name);
+void MACIBM_append_menu(int m, int i, int code, const std::string& stl_string, int is_name);
 void MACIBM_clear_items(int m);
 void MACIBM_clear_menu(int m);
 void MACIBM_clear_menus(

@@ -25,8 +25,6 @@
 #include "draw/widgets/menus.h"
 
 namespace {
-void fatal_text(const char* text) { MACIBM_alert(mnw.top_win, text, "", "", "", alert_fatal); }
-
 bool mouse_in(float x1, float y1, float x2, float y2) {
     return mnw.menu_up == -1 && flt_box(mnw.mx, mnw.my, x1, y1, x2, y2);
 }
@@ -253,7 +251,7 @@ std::vector<std::string> list_items(const std::string& stl_list) {
     std::vector<std::string> items;
     for (const char c : stl_list) {
         if (c == '|') {
-            fatal_text("Found | char in text string!");
+            MACIBM_fatal("Found | char in text string!");
             return {};
         }
         if (c == '-')
@@ -307,7 +305,7 @@ int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const 
     const std::vector<std::string> items = list_items(stl_list);
     if (items.empty()) return 0;
     if (items.size() > static_cast<size_t>(menu_itemDIM)) {
-        fatal_text("BTN_text_list overflow!");
+        MACIBM_fatal("BTN_text_list overflow!");
         return 0;
     }
     const label_parts label = label0to12h(label0);
@@ -363,11 +361,15 @@ int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float 
     if (fabsf(data2 - data1) < least_span) data2 = data1 + (data2 < data1 ? -least_span : least_span);
     const label_parts label = label0to12h(label0);
 
-    const float reach = grabbed == data ? zone_grabbed : zone;
+    bool held = grabbed && grabbed == data;
+    const float reach = held ? zone_grabbed : zone;
     const bool in = hovers(x - reach, y - reach, x + dx_max + reach, y + reach, label.help);
     int changed = 0;
-    if (allow_change && clicked(in)) grabbed = data;
-    if (allow_change && grabbed == data && (clicked(in) || mnw.now_dragging)) {
+    if (allow_change && clicked(in)) {
+        grabbed = data;
+        held = true;
+    }
+    if (allow_change && held && (clicked(in) || mnw.now_dragging)) {
         const float before = *data;
         *data = interp(x, data1, x + dx_max, data2, mnw.mx);
         changed = *data != before;
@@ -512,7 +514,7 @@ int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* c
                of_places = win_type == win_nav_list || win_type == win_apt_list;
     const bool of_files = win_type == win_ins_list || win_type == win_open || win_type == win_save;
     if (!of_names && !of_places && !of_files) {
-        fatal_text("Bad big_name_list type!");
+        MACIBM_fatal("Bad big_name_list type!");
         return 0;
     }
     if (!(dx > 0.0f)) dx = default_dx;

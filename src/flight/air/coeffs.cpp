@@ -9,8 +9,6 @@
 #include "core/records/records.h"
 #include "flight/force/trace.h"
 
-static void fatal_text(const char* text) { MACIBM_alert(mnw.top_win, text, "", "", "", alert_fatal); }
-
 float F_el_force(float modcl, float modcd, float modcm, float* lift, float* drag, float* momt, int en, int el,
                  int bld) {
     const veh_wing_struct& wing = veh[0].wing[en];
@@ -116,7 +114,7 @@ void Fco_subsonic(float trat, float drag_div, float Mach, float modcl, float mod
     c.cl += modcl;
     c.cd += modcd;
     c.cm += modcm;
-    if (c.cd < 0.0f) fatal_text("neg cd in post con-def lookup!");
+    if (c.cd < 0.0f) MACIBM_fatal("neg cd in post con-def lookup!");
     if (tracing) [[unlikely]]
         trace_coeffs("with controls", c.cl, c.cd, c.cm);
 
@@ -162,7 +160,7 @@ void Fco_subsonic(float trat, float drag_div, float Mach, float modcl, float mod
     check_val(c.cl);
     check_val(c.cd);
     check_val(c.cm);
-    if (c.cd < 0.0f) fatal_text("Neg cd at end of all calcs!");
+    if (c.cd < 0.0f) MACIBM_fatal("Neg cd at end of all calcs!");
     *cl = c.cl;
     *cd = c.cd;
     *cm = c.cm;
@@ -177,10 +175,10 @@ static float table_index(float alpha) {
 
 void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, int RT, int Re, int el,
                         int bld) {
-    if (!intrange(en, 0, wingDIM - 1)) return fatal_text("FOIL INDEX out of range!");
-    if (!intrange(Re, 0, 1)) return fatal_text("RE INDEX out of range!");
-    if (!intrange(RT, 0, 1)) return fatal_text("RT INDEX out of range!");
-    if (!intrange(el, 0, elDIM - 1)) return fatal_text("ELEMENT INDEX out of range!");
+    if (!intrange(en, 0, wingDIM - 1)) return MACIBM_fatal("FOIL INDEX out of range!");
+    if (!intrange(Re, 0, 1)) return MACIBM_fatal("RE INDEX out of range!");
+    if (!intrange(RT, 0, 1)) return MACIBM_fatal("RT INDEX out of range!");
+    if (!intrange(el, 0, elDIM - 1)) return MACIBM_fatal("ELEMENT INDEX out of range!");
 
     const veh_wing_struct& wing = veh[0].wing[en];
     const afl_struct& afl = veh[0].afl[en];
@@ -209,7 +207,7 @@ void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, in
     check_val(*cl);
     check_val(*cd);
     check_val(*cm);
-    if (*cd < 0.0f) fatal_text("neg cd in post con-def lookup!");
+    if (*cd < 0.0f) MACIBM_fatal("neg cd in post con-def lookup!");
 
     if (has_slat) *cl *= slat_effect;
     flow.stalled = wing.alpha_max * slat_effect < alpha;

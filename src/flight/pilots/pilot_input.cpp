@@ -265,7 +265,7 @@ void pilot_flies() {
 
 void update_with_fullsim1(int p) {
     if (p != 0) {
-        MACIBM_alert(mnw.top_win, "I cannot do an update_with_fullsim1 with p!=0!", "", "", "", alert_fatal);
+        MACIBM_fatal("I cannot do an update_with_fullsim1 with p!=0!");
         return;
     }
     if (msc.ai_flys)

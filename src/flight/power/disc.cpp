@@ -49,7 +49,7 @@ vec unit_vector(int en, float x, float y, float z) {
     vec v;
     disc_to_veh(x, y, z, &v.x, &v.y, &v.z, 0, en);
     if (!fltrange(pythag(v.x, v.y, v.z), 0.99f, 1.01f))
-        MACIBM_alert(mnw.top_win, "Thrust vector orientation error!", "", "", "", alert_fatal);
+        MACIBM_fatal("Thrust vector orientation error!");
     return v;
 }
 

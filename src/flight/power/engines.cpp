@@ -149,7 +149,7 @@ float engine_sigma(int en) {
 
 void manifold_pressure(engine_run& r) {
     flt_engn_struct& e = r.now;
-    const float temp_rat = (con.sl_T_cel + 273.15f) * 0.003470415f;
+    const float temp_rat = (con.sl_T_cel + 273.15f) * inv_T_sl_kel;
     const float engine_pressure_ratio = e.sigma * temp_rat;
     const float run_rat = fltlim(e.tacrad_ENGN / fltmax2(veh[0].RSC_idlespeed_ENGN, divisor_min), 0.0f, 1.0f);
     const float mpr_running =

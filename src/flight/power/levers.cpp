@@ -70,7 +70,7 @@ float set_thro_prop(float flt_dat, int en, int dragging) {
 
 int eng_has_fadec(int p, int e) {
     if (e < 0 || e >= engnDIM) {
-        MACIBM_alert(mnw.top_win, "Out of range FADEC check!", "", "", "", alert_fatal);
+        MACIBM_fatal("Out of range FADEC check!");
         return 0;
     }
     if (!has_this_engn(p, e, engn_any) || !(en_is_prop(p, e) || en_is_tip(p, e))) return 0;

@@ -164,6 +164,8 @@ public:
     }
 
 private:
+    // in its bits: a NaN repeats itself, -0 is not 0
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
     static bool is_same(T a, T b) { return memcmp(&a, &b, sizeof(T)) == 0; }
 
     void start_run(T value) {

@@ -110,7 +110,7 @@ bool find_close(float x, float z, int c) {
 }
 
 void check_checker(int checker) {
-    if (checker < 0 || checker >= checkDIM) MACIBM_alert(0, "Bad checker type!", "", "", "", alert_fatal);
+    if (checker < 0 || checker >= checkDIM) MACIBM_fatal("Bad checker type!");
 }
 
 // -- the surface

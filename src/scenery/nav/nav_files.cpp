@@ -111,8 +111,10 @@ int IO_awy(int) {
         const int level = file.number();
         file.number();  // the segment that follows
         file.rest(&awy.awy_name);
-        if (level == low) vec_loa.push_back(std::move(awy));
-        if (level == high) vec_hia.push_back(std::move(awy));
+        if (level == low)
+            vec_loa.push_back(std::move(awy));
+        else if (level == high)
+            vec_hia.push_back(std::move(awy));
     }
     return 1;
 }

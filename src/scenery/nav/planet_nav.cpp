@@ -1,6 +1,7 @@
 // The load of a planet: tables on two threads, custom airports over them, then all that depends on them.
 #include "scenery/nav/planet_nav.h"
 
+#include <stdio.h>
 #include <string.h>
 
 #include <algorithm>
@@ -52,6 +53,8 @@ void read_airports_and_navaids() {
 
 // -- custom airports
 
+void mark_replaced(vec_apt_struct& apt) { snprintf(apt.apt_id, sizeof apt.apt_id, "%s", replaced_id); }
+
 // Airports from this index on take the place of the first earlier one with their identifier; further ones go,
 // so that a search by name, by place or by hash finds the same.
 void lay_over_earlier(size_t first_new) {
@@ -60,9 +63,9 @@ void lay_over_earlier(size_t first_new) {
     for (size_t i = first_new; i < vec_apt.size(); ++i) {
         const auto old = earlier.find(apt_id_key(vec_apt[i].apt_id));
         if (old == earlier.end()) continue;
-        for (const size_t replaced : old->second) strcpy(vec_apt[replaced].apt_id, replaced_id);
+        for (const size_t replaced : old->second) mark_replaced(vec_apt[replaced]);
         vec_apt[old->second.front()] = std::move(vec_apt[i]);
-        strcpy(vec_apt[i].apt_id, replaced_id);
+        mark_replaced(vec_apt[i]);
     }
 }
 

@@ -34,7 +34,7 @@ void load_object_textures(const std::string& folder, const std::string& name, ve
 }
 }  // namespace
 
-int build_obs(std::string hard_path, int) {
+int build_obs(const std::string& hard_path, int) {
     const std::string path = below_install_folder(hard_path);
     const auto known = vec_mod_index.find(path);
     if (known != vec_mod_index.end()) return known->second;

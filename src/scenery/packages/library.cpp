@@ -132,7 +132,7 @@ path_list candidates(int type, const std::string& name, const std::string& folde
 // The first that can be read; empty when there is none.
 std::string first_readable(const path_list& paths) {
     for (const std::string& path : paths) {
-        const std::string real = set_dir_chars(path);
+        std::string real = set_dir_chars(path);
         if (access(real.c_str(), R_OK) == 0 && !is_folder(real)) return real;
     }
     return "";

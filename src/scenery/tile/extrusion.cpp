@@ -25,7 +25,8 @@ int division(float at, float min, float max, int divs) {
 extrude_helper_crap::cell* cell_at(extrude_helper_crap& helper, const float* xyz) {
     const int x = division(xyz[0], helper.x_min, helper.x_max, helper.x_divs);
     const int z = division(xyz[2], helper.z_min, helper.z_max, helper.z_divs);
-    return &helper.patches[static_cast<size_t>(z * helper.x_divs + x)];
+    const int place = z * helper.x_divs + x;
+    return &helper.patches[static_cast<size_t>(place)];
 }
 
 scene_patch_struct* patch_in(extrude_helper_crap::cell& cell, float near_sqr, float far_sqr) {

@@ -108,7 +108,7 @@ void start_flight_for(const std::string& from_str, int old, int now) {
 }
 }  // namespace
 
-void MACIBM_startwind(int new_top_win, std::string from_str) {
+void MACIBM_startwind(int new_top_win, const std::string& from_str) {
     const int old = mnw.top_win;
     start_lights_allowed(1);
     if (new_top_win > 0) seam.stop_sounds();

@@ -176,7 +176,7 @@ void read_entries(line_reader& lines, fault_list& faults, int m, bool made) {
 }
 }  // namespace
 
-void MACIBM_read_menus(std::string name) {
+void MACIBM_read_menus(const std::string& name) {
     const std::string path = men_path + language_folder() + name;
     XMappedFile file;
     if (!file.retry(set_dir_chars(path).c_str()))

@@ -18,7 +18,7 @@ constexpr int languageDIM = 7;
 // the flight anew, so that names made of strings follow.
 void MACIBM_setupforlang(int hard_reset);
 // Menus from the language's folder, numbered in the order of the file.
-void MACIBM_read_menus(std::string name);
+void MACIBM_read_menus(const std::string& name);
 
 // The glyph image of Korean into its texture: 1 done, 0 when there is none.
 int load_korean_glyphs(const std::string& path);

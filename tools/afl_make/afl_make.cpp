@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "afl_rows.h"
 #include "aircraft/foil/afl_file.h"
 #include "aircraft/foil/afl_polar.h"
 #include "core/craft/veh.h"
@@ -81,13 +82,14 @@ void print_help() {
     for (const key_struct& key : keys)
         std::printf("  %-10s %8g to %-6g %s%s\n", key.name, static_cast<double>(key.min),
                     static_cast<double>(key.max), key.meaning, key.optional ? " (optional)" : "");
+    std::cout << "\n" << rows_help;
     std::cout << "\nThe stalls must lie outside the linear range: Llinrange below almax and below -almin.\n"
                  "Exit codes: 0 written, 1 the foil is refused or cannot be written, 2 bad usage.\n";
 }
 
 void read_keys(const toml::table& source, afl_struct& foil) {
     for (const auto& [name, node] : source) {
-        bool known = false;
+        bool known = name == "rows" || name == "beyond_stall";
         for (const key_struct& key : keys) known = known || name.str() == key.name;
         if (!known) fault("unknown key \"" + std::string(name.str()) + "\"");
     }
@@ -177,7 +179,7 @@ bool plot(const afl_struct& a, const std::string& png, const std::string& title)
     send_rows(gnuplot, a, "foil");
     std::fprintf(gnuplot,
                  "set multiplot layout 2,2 title '%s'\nset grid\nset key left top\n"
-                 "set xlabel 'alpha, deg'\nset xrange [-20:20]\n"
+                 "set xlabel 'alpha, deg'\nset xrange [-30:30]\n"
                  "plot $foil using 1:2 with lines title 'lift', $foil using 1:4 with lines title 'moment'\n"
                  "set xlabel 'drag'\nset ylabel 'lift'\nset autoscale\nset xrange [0:0.05]\n"
                  "plot $foil every ::160::560 using 3:2 with lines title 'polar, -20 to 20 deg'\n"
@@ -202,8 +204,11 @@ int refuse(const std::string& path) {
 
 int compile(const std::string& in, const std::string& out, const std::string& png) {
     auto foil = std::make_unique<afl_struct>();
+    std::vector<row_struct> rows;
     try {
-        read_keys(toml::parse_file(in), *foil);
+        const toml::table source = toml::parse_file(in);
+        read_keys(source, *foil);
+        rows = read_rows(source, in, faults);
     } catch (const toml::parse_error& error) {
         fault(std::string(error.description()) + ", line " + std::to_string(error.source().begin.line));
     }
@@ -217,6 +222,8 @@ int compile(const std::string& in, const std::string& out, const std::string& pn
 
     if (!gen_polar_tables(foil.get(), 0, 0)) fault(afl_bad_parameter_text);
     check_tables(*foil);
+    if (!rows.empty()) check_rows(rows, *foil, faults);
+    if (faults.empty() && !rows.empty()) apply_rows(rows, *foil);
     if (!faults.empty()) return refuse(in);
 
     auto written = std::make_unique<afl_struct>();
