@@ -258,21 +258,6 @@ TEST(dsf, a_chain_ends_and_begins_a_segment_at_each_inner_node) {
                      "by 1003 1004 1005 1007 1008 1009", "to 9 1004 1005 1006 1008 1009 1010"}));
     EXPECT_EQ(told(pools, u8(1) + u16(2) + u8(11) + u8(1) + u32(1001)), (lines{"by 1001 1002 1003"}))
         << "six planes are no curve";
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(tile_record::of_commands(pools, start + u8(9) + u8(1) + u16(1)).error,
-              dsf_ErrMisformattedCommandAtom)
-        << "the offset was never set";
-    testing::internal::GetCapturedStdout();
-
-    // identifiers are cut toward zero and stay in their type
-    const std::string wide = pool({{0, 0, 0, 0xFFFFFFFF}, {0, 0, 0, 0}}, 4, 32);
-    for (const auto& [scale, low, node] : {std::tuple{4.0e10, 0.0, "to 4294967295 0 0 0"},
-                                           {3.75, 0.0, "to 3 0 0 0"},
-                                           {-5.0, 0.0, "by 0 0 0"},
-                                           {0.75, 0.0, "by 0 0 0"}})
-        EXPECT_EQ(told(wide + atom("SC32", floats({0, 0, 0, 0, 0, 0, scale, low})),
-                       u8(1) + u16(0) + u8(11) + u8(2) + u32(1) + u32(0)),
-                  (lines{"by 0 0 0", node}));
 }
 
 TEST(dsf, patches_and_primitives) {
@@ -337,7 +322,7 @@ TEST(dsf, faults_of_commands) {
         "01 0100 07 0000; 01 0000 08 0300 0500; 0D 0000 0000 0100; 01 0000 0C 0000 01 0400; "
         "01 0000 0D 0000 0300 0500; 01 0000 0E 0000 01 01 FFFF; 01 0000 0F 0000 01 0000 0500; "
         "01 0200 0E 0000 00; 01 0200 0F 0000 00 0000; 01 0100 0B 01 00000000; "
-        "01 0000 0B 01 04000000; 01 0000 02 FFFFFFFF 09 01 0100; 01 0000 02 04000000 0A 0000 0100; "
+        "01 0000 0B 01 04000000; 01 0000 02 FFFFFFFF 09 01 0000; 01 0000 02 04000000 0A 0000 0100; "
         "17 01 0000; 01 0000 17 01 0400; 01 0000 18 01 0900 0000; 01 0000 18 01 0100 0000; "
         "01 0000 18 01 0000 0400; 18 01 0000 0000; 01 0000 19 0300 0500; "
         "01 0000 10 01 0100 19 0000 0100");
@@ -401,11 +386,73 @@ TEST(dsf, a_stream_that_asks_for_the_same_points_without_end_is_refused) {
     const std::string bytes = tile.bytes();
     int primitives = 0;
     testing::internal::CaptureStdout();
-    EXPECT_EQ(DSFReadMem(bytes.data(), bytes.data() + bytes.size(), &tell, &primitives),
-              dsf_ErrMisformattedCommandAtom);
+    EXPECT_EQ(DSFReadMem(bytes.data(), bytes.data() + bytes.size(), &tell, &primitives), dsf_ErrOutOfMemory);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "DSF ERROR: We have more points in the command atom than any tile has.\n");
-    EXPECT_EQ(primitives, 32) << "of 65535 points with 255 planes, below 2^29";
+              "DSF ERROR: We have more vertices than the 2000000 a tile may have.\n");
+    EXPECT_EQ(primitives, 30) << "of 65535 points, below two million";
+}
+
+TEST(dsf, tiny_tiles_ask_for_no_more_than_a_tile_may_make) {
+    const auto repeated = [](const std::string& bytes, size_t times) {
+        std::string all;
+        for (size_t i = 0; i < times; ++i) all += bytes;
+        return all;
+    };
+    const auto pool_16 = counting_pool(100, 5, 16), pool_32 = counting_pool(100, 4, 32);
+    const std::string select = u8(1) + u16(0) + u8(3) + u8(0);
+    const struct {
+        std::string command;
+        size_t times;
+        const char* what;
+    } cases[] = {
+        {u8(16), 65537, "patches"},  // empty ones take their place too
+        {u8(23) + u8(0), 250001, "primitives"},
+        {u8(25) + u16(0) + u16(100), 20001, "vertices"},
+        {u8(8) + u16(0) + u16(100), 5001, "objects"},
+        {u8(14) + u16(0) + u8(0), 250001, "polygons"},
+        {u8(13) + u16(0) + u16(0) + u16(100), 10001, "polygon corners"},
+        {u8(2) + u32(0) + u8(10) + u16(1) + u16(100), 20203, "road points"},
+    };
+    DSFCallbacks_t tell = tile_record::callbacks();
+    tell.AcceptProperty_f = [](const char*, const char*, void*) {};
+    tell.AcceptTerrainDef_f = [](const char*, void*) {};
+    tell.BeginPatch_f = [](unsigned, double, double, unsigned char, float*, float*, int, void*) {};
+    tell.EndPatch_f = tell.EndPrimitive_f = tell.BeginPolygonWinding_f = tell.EndPolygonWinding_f =
+        tell.EndPolygon_f = [](void*) {};
+    tell.BeginPrimitive_f = [](int, void*) {};
+    tell.AddPatchVertex_f = tell.AddPolygonPoint_f = [](double*, void*) {};
+    tell.AddObject_f = [](unsigned, double*, double, void*) {};
+    tell.BeginPolygon_f = [](unsigned, unsigned short, void*) {};
+    tell.BeginSegment_f = [](unsigned, unsigned, unsigned, double*, bool, void*) {};
+    tell.AddSegmentShapePoint_f = [](double*, bool, void*) {};
+    tell.EndSegment_f = [](unsigned, double*, bool, void*) {};
+    const auto fault_of = [&](const tile_parts& tile) {
+        const std::string bytes = tile.bytes();
+        testing::internal::CaptureStdout();
+        const int error = DSFReadMem(bytes.data(), bytes.data() + bytes.size(), &tell, nullptr);
+        return std::to_string(error) + ' ' + testing::internal::GetCapturedStdout();
+    };
+    for (const auto& c : cases) {
+        tile_parts tile;
+        tile.geodata = pool_16 + pool_32;
+        tile.commands = select + repeated(c.command, c.times);
+        const std::string fault = fault_of(tile);
+        EXPECT_EQ(fault.rfind("2 DSF ERROR: We have more " + std::string(c.what) + " than the ", 0), 0u)
+            << c.what << ": " << fault;
+        tile.commands = select + repeated(c.command, c.times - 2);
+        EXPECT_EQ(fault_of(tile), "0 ") << c.what;
+    }
+    tile_parts tile;
+    tile.terrain = repeated(std::string("t\0", 2), 8193);
+    EXPECT_EQ(fault_of(tile), "2 DSF ERROR: We have more definitions than the 8192 a tile may have.\n");
+}
+
+TEST(dsf, chains_begin_before_any_offset_is_set) {
+    const std::string pools = counting_pool(10, 4, 32);
+    const lines set = told(pools, u8(1) + u16(0) + u8(2) + u32(0) + u8(10) + u16(0) + u16(3));
+    ASSERT_FALSE(set.empty());
+    EXPECT_EQ(told(pools, u8(1) + u16(0) + u8(10) + u16(1) + u16(4)), set) << "the offset wraps";
+    EXPECT_EQ(told(pools, u8(1) + u16(0) + u8(9) + u8(3) + u16(1) + u16(2) + u16(3)), set);
 }
 
 TEST(dsf, a_file_is_good_or_not) {

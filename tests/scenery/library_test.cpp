@@ -40,6 +40,22 @@ protected:
     }
 };
 
+TEST_F(library_test, a_folder_or_a_path_out_of_its_package_is_no_resource) {
+    library("Custom Scenery/a",
+            "EXPORT lib/up.obj ../b/secret.obj\nEXPORT lib/deep.obj own/../../b/secret.obj\n"
+            "EXPORT lib/colon.obj own:..:..:b:secret.obj\nEXPORT lib/dots.obj own/..a.obj\n"
+            "EXPORT lib/folder.obj own\n");
+    write("Custom Scenery/a/own/..a.obj");
+    write("Custom Scenery/b/secret.obj");
+    write("Custom Scenery/b/custom objects/tree.obj/file");
+    write("Resources/tree.obj");
+    DSF_ScanSceneryFolder();
+    EXPECT_EQ(dsf_library.size(), 1u);
+    EXPECT_EQ(primary(resource_object, "lib/dots.obj"), "Custom Scenery/a/own/..a.obj");
+    EXPECT_EQ(primary(resource_object, "tree.obj", "Custom Scenery/b/"), "Resources/tree.obj")
+        << "the folder of the same name was taken";
+}
+
 TEST_F(library_test, the_first_package_that_exports_a_name_wins) {
     library("Custom Scenery/b", "EXPORT lib/a.obj own/a b.obj\nnothing\nEXPORT\nEXPORT half\n");
     library("Custom Scenery/a", "EXPORT lib/c.obj c.obj\n");

@@ -1,11 +1,12 @@
 // The navigation files, row by row, and what a stranger's file may not do.
+#include "scenery/nav/nav_files.h"
+
 #include <cmath>
 
 #include "core/disk/files.h"
 #include "core/records/con.h"
 #include "nav_folder.h"
 #include "scenery/nav/apt_file.h"
-#include "scenery/nav/nav_files.h"
 #include "weather/atmosphere.h"
 
 namespace {
@@ -218,5 +219,29 @@ TEST_F(nav_files_test, files_of_nonsense_end) {
         IO_apt(0, "");
         for (const vec_nav_struct& nav : vec_nav) EXPECT_TRUE(std::isfinite(nav.sqr_range_deg));
     }
+}
+
+TEST_F(nav_files_test, airports_that_no_planet_has_room_for_are_left_out) {
+    const std::string row = " 09x 90.0 3000 0 0 100 111111 1 0 0 0.25 0\n";
+    std::string text =
+        test::airport("GOOD", "g", 10, 10) + "10 91 10" + row + "10 10000 10" + row +
+        "10 10 10 27x 900000 3000 0 0 100 111111 1 0 0 0.25 0\n10 10 10 18x 90 999999999999 0 0 100 1 1 0 0 "
+        "0 0\n"
+        "14 95 10 20 0 Tower\n14 10 10 999999999999 0 Tower\n15 10 400 90 Ramp\n15 10 10 90 Ramp two\n"
+        "18 10 -99999999999 1 Beacon\n19 -100 10 1 Sock\n";
+    for (const char* ele : {"100000000000", "-999999999999999", "200000"})
+        text += std::string("1 ") + ele + " 0 0 HIGH h\n10 20 20" + row;
+    text += "1 100 0 0 FARR f\n10 900 20" + row;
+    folder.write("apt.dat", "715", text + test::airport("LAST", "l", 30, 30));
+    ASSERT_EQ(IO_apt(0, ""), 1);
+    ASSERT_EQ(vec_apt.size(), 2u) << "an elevation of 1e11 ended the flight that began there";
+    const vec_apt_struct& good = vec_apt[0];
+    EXPECT_EQ(good.rwy.size(), 1u);
+    EXPECT_EQ(good.sta.size(), 1u);
+    EXPECT_EQ(good.sta[0].sta_name, "Ramp two");
+    EXPECT_TRUE(good.soc.empty());
+    EXPECT_TRUE(good.twr_lat == 0.0f && good.twr_hgt == 0.0f && good.bcn_typ == 0);
+    EXPECT_STREQ(vec_apt[1].apt_id, "LAST");
+    EXPECT_EQ(test::alerts.size(), 10u) << "each once";
 }
 }  // namespace

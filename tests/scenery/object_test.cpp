@@ -143,9 +143,10 @@ TEST_F(object_test, the_same_model_however_it_is_written) {
     const std::string wrapped = header +
                                 "\n  TRI // a remark\n0,0,0 0 0 0\n\t1.50 0 0\n1 -10 +0 0. 1\n.25 of the "
                                 "last\n\n\nLine\n1 2 3 4 5\n6 1 2 3 4\n5 6\nEnd";
-    const std::string here =
-        header + "tri 0 0 0 0 0  0 1.5 0 0 1  -10 0 0 1 0.25\nline 1 2 3 4 5 6 1 2 3 4 5 6\nend";
-    for (const std::string& text : {plain, crlf, cr, wrapped, here, "A" + plain.substr(1)}) {
+    const std::string numbered =  // numbers behind a keyword are a remark too, and the file's end is its end
+        header +
+        "tri 17 18\n0 0 0 0 0  0 1.5 0 0 1  -10 0 0 1 0.25 7 8\nline 3 -1\n1 2 3 4 5 6 1 2 3 4 5 6 9";
+    for (const std::string& text : {plain, crlf, cr, wrapped, numbered, "A" + plain.substr(1)}) {
         const vec_mod_struct mod = read_file(text);
         EXPECT_EQ(texture, "bricks");
         EXPECT_EQ(codes(mod.vec_lod[0]), "3 12 15 15 15 19 2 14 14 18 ") << text;
@@ -259,11 +260,11 @@ TEST_F(object_test, a_keyword_with_a_zero_byte_behind_it_is_another_word) {
 
 TEST_F(object_test, a_broken_file_is_told_and_nothing_ends) {
     for (const char* body :
-         {"", "tri\n0 0 0 0 0\n", "tri\n0 0 0 0 0\n0 nan 0 0 0\n0 0 0 0 0\nend", "quad\n1 2 3 end",
-          "polygon -1\nend", "tri_strip 1000000000\nend", "tri_fan 100001\nend", "polygon x\nend",
-          "light\n0 0 0 1 1 inf\nend", "line\n1e11 0 0 1 1 1\n0 0 0 1 1 1\nend", "smoke_black 1 2 3\nend",
-          "ATTR_LOD 5\nend", "tri\n0x1 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\nend", "polygon 99999999999\nend",
-          "light\n+-1 0 0 1 1 1\nend", "ATTR_shiny_rat 1.5f\nend"}) {
+         {"tri\n0 0 0 0 0\n", "tri", "polygon", "tri\n0 0 0 0 0\n0 nan 0 0 0\n0 0 0 0 0\nend",
+          "quad\n1 2 3 end", "polygon -1\nend", "tri_strip 1000000000\nend", "tri_fan 100001\nend",
+          "polygon x\nend", "light\n0 0 0 1 1 inf\nend", "line\n1e11 0 0 1 1 1\n0 0 0 1 1 1\nend",
+          "smoke_black 1 2 3\nend", "ATTR_LOD 5\nend", "tri\n0x1 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\nend",
+          "polygon 99999999999\nend", "light\n+-1 0 0 1 1 1\nend", "ATTR_shiny_rat 1.5f\nend"}) {
         test::alerts.clear();
         const vec_mod_struct mod = read(body, object_broken);
         ASSERT_EQ(test::alerts.size(), 1u) << body;
@@ -283,7 +284,7 @@ TEST_F(object_test, is_loaded_once_and_found_by_its_library_name) {
     const std::string package = "Custom Scenery/p/";
     folder.write(package + "objects/House.obj",
                  header + tri + "light\n0 9 0 10 0 0\nquad_hard\n" + std::string(quad).substr(5) + "end\n");
-    folder.write(package + "objects/broken.obj", header + tri);
+    folder.write(package + "objects/broken.obj", header + "tri\n1 2 3");
     folder.write(package + "library.txt", "I\n800\nLIBRARY\n\nEXPORT lib/house.obj objects/house.obj\n");
     DSF_ScanSceneryFolder();
     const int M = build_obs_lib("lib/house.obj");
@@ -299,8 +300,11 @@ TEST_F(object_test, is_loaded_once_and_found_by_its_library_name) {
     EXPECT_EQ(build_obs("Custom Scenery:p:objects:hut.obj", 1), -1);
     EXPECT_TRUE(test::alerts.empty());
     EXPECT_EQ(build_obs("Custom Scenery:p:objects:broken.obj", 1), -1);
-    EXPECT_EQ(vec_mod.size(), 1u);
     EXPECT_EQ(alerts_of(scan_fault), 1u);
+    folder.write(package + "objects/broken.obj", header + tri + "end");
+    EXPECT_EQ(build_obs("Custom Scenery:p:objects:broken.obj", 1), -1)
+        << "not read again for each that uses it";
+    EXPECT_EQ(vec_mod.size(), 1u);
 }
 
 TEST_F(object_test, a_hard_quad_is_ground_under_the_aircraft) {

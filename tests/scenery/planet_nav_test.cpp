@@ -1,10 +1,11 @@
 // The load of a planet and the look-ups in its tables.
+#include "scenery/nav/planet_nav.h"
+
 #include <atomic>
 
 #include "core/records/records.h"
 #include "nav_folder.h"
 #include "scenery/nav/nav_lookup.h"
-#include "scenery/nav/planet_nav.h"
 
 namespace {
 class planet_nav_test : public test::system_test {
@@ -57,6 +58,23 @@ TEST_F(planet_nav_test, custom_airports_take_the_place_of_default_ones) {
     EXPECT_EQ(env.lat_sou, 20.0f);
     EXPECT_TRUE(env.lon_wes == 19.0f || env.lon_wes == 20.0f) << env.lon_wes;
     EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(planet_nav_test, a_custom_airport_replaces_every_earlier_one_for_all_searches) {
+    folder.write("apt.dat", "715",
+                 test::airport("BBBB", "b", 20, 20) + test::airport("AAAA", "a", 10, 10) +
+                     test::airport("BBBB", "again", 60, 60));
+    folder.write_package("1", test::airport("BBBB", "new", 21, 21) + test::airport("NNNN", "one", 1, 1) +
+                                  test::airport("NNNN", "two", 2, 2));
+    DSF_ScanSceneryFolder();
+    strcpy(msc.apt_id_str, "BBBB");
+    read_planet_nav();
+    EXPECT_EQ(names(), "BBBB=new AAAA=a NNNN=one NNNN=two ");
+    int index = -1;
+    EXPECT_EQ(get_index_from_id("BBBB", targ_apt, &index, 60, 60), 1);
+    EXPECT_EQ(index, 0) << "the nearest was the second of the default file";
+    EXPECT_EQ(msc.loc_apt_wrl, 0);
+    EXPECT_EQ(apt_hash.at(apt_id_key("BBBB")), 0);
 }
 
 TEST_F(planet_nav_test, an_unknown_selection_becomes_the_first_airport_and_indexes_stay_in_their_tables) {

@@ -1,18 +1,23 @@
 // Tiles from their files to what is stood on and drawn.
 #include <array>
 #include <cmath>
+#include <ctime>
 #include <fstream>
 #include <set>
 
 #include "core/math/globe.h"
+#include "core/math/num.h"
 #include "core/math/random.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/objects/objects.h"
+#include "scenery/tile/tile_default.h"
 #include "scenery/tile/tile_defs.h"
 #include "scenery/tile/tile_mesh.h"
 #include "scenery/tile/tile_state.h"
 #include "stood_on.h"
+#include "tile_bytes.h"
 #include "tile_folder.h"
+#include "weather/atmosphere.h"
 
 namespace {
 class tile_test : public test::system_test {
@@ -146,6 +151,36 @@ TEST_F(tile_test, neighbours_share_their_edge_exactly) {
     EXPECT_EQ(common(xdeg[0][0], xdeg[1][1]), 1u);
 }
 
+TEST_F(tile_test, a_seam_of_many_vertices_takes_the_nearest_in_no_time) {
+    constexpr int count = 60000;
+    std::vector<d3_struct> kept;
+    const d3_struct up = {{0, 1, 0}};
+    const auto place = [](int i) {  // all over the height of a steep seam, some twice
+        return d3_struct{
+            {46000.0f + static_cast<float>(i % 97), static_cast<float>(i), static_cast<float>(i % 30011)}};
+    };
+    for (int i = 0; i < count; ++i) {
+        d3_struct at = place(i), nrm = up;
+        kept.push_back(at);
+        handle_edge(1, 1, &at, &nrm, edge_keep_right);
+    }
+    const double start = clock() / static_cast<double>(CLOCKS_PER_SEC);
+    for (int i = 0; i < count; ++i) {
+        d3_struct at = {{46000.3f - static_cast<float>(i % 2 * 92000), 0, static_cast<float>(i) * 0.7f}}, nrm;
+        const d3_struct asked = at;
+        handle_edge(2, 1, &at, &nrm, edge_take_left);
+        if (i % 1999 != 0) continue;
+        size_t best = 0;
+        const auto distance = [&](size_t n) {
+            return pythag(kept[n].v[0] - asked.v[0], kept[n].v[2] - asked.v[2]);
+        };
+        for (size_t n = 1; n < kept.size(); ++n)
+            if (distance(n) < distance(best)) best = n;
+        EXPECT_EQ(at.v[1], kept[best].v[1]) << i;
+    }
+    EXPECT_LT(clock() / static_cast<double>(CLOCKS_PER_SEC) - start, 5.0) << "a search of all takes a minute";
+}
+
 TEST_F(tile_test, the_first_good_file_of_all_candidates_wins_and_leaves_nothing_of_the_bad) {
     const auto height_is = [](double h) { return [h](double, double) { return h; }; };
     folder.write_tile(test::land_tile(34, -118, height_is(10), land));
@@ -191,6 +226,27 @@ TEST_F(tile_test, where_no_file_is_there_is_water) {
         }
     EXPECT_GT(ren.num_slo_finds, 10) << "it was the mesh that answered";
     EXPECT_TRUE(test::alerts.empty());
+}
+
+TEST_F(tile_test, water_at_the_poles_of_Mars_has_no_triangle_without_a_side) {
+    env.planet = 1;
+    set_planet_specs(1);
+    for (const int south : {82, -90}) {
+        test::set_region(static_cast<float>(south), -6.0f);
+        const int row = south > 0 ? 7 : 0, corner = south + row;
+        for (int column = 0; column < 12; ++column) make_def_env(corner, row, column - 6, column);
+        int found = 0;
+        for (float lon = -5.97f; lon < 5.9f; lon += 0.0131f)
+            for (float off = 0.0f; off < 0.2f; off += 0.0023f) {
+                const double lat = south > 0 ? 90.0 - off : -90.0 + off;
+                EXPECT_TRUE(wet_at(lat, lon)) << "any query there ended the program";
+                found += ren.is_set[26];
+            }
+        EXPECT_GT(found, 1000) << "a little away from the pole the mesh answers";
+        for (auto& column : xdeg)
+            for (xdeg_struct& tile : column) clear_degree(&tile);
+        handle_edge(0, 0, nullptr, nullptr, edge_clear);
+    }
 }
 
 TEST_F(tile_test, layers_follow_their_definitions_and_patches_their_flags) {
@@ -283,8 +339,59 @@ TEST_F(tile_test, places_that_no_globe_has_make_a_file_bad) {
     DSF_AddPatchVertex(c, &state);
     EXPECT_FALSE(state.has_bad_geometry);
     EXPECT_EQ(state.scene_cur_poly->nrm[0].v[1], 0.0f);
-    DSF_BeginPatch(1, -1, -1, tile_base, none, none, 5, &state);
-    EXPECT_TRUE(state.has_bad_geometry) << "no such definition";
     clear_degree(&degree);
+}
+
+TEST_F(tile_test, a_vertex_does_not_stand_off_by_the_steps_of_a_float_degree) {
+    DSF_LoadState state(&xdeg[1][1]);
+    g_lat_file = 34;
+    g_lon_file = -118;
+    DSF_AcceptTerrainDef("terrain_Water", &state);
+    float none[6] = {};
+    DSF_BeginPatch(0, -1, -1, tile_base, none, none, 5, &state);
+    DSF_BeginPrimitive(0, &state);
+    for (double part = 0.1; part < 0.9; part += 0.0137) {
+        double c[5] = {-118 + part, 34 + part, 10, 0, 0}, at[3];
+        DSF_AddPatchVertex(c, &state);
+        xdob_xyz_with_latlonel(&at[0], &at[1], &at[2], c[1], c[0], c[2]);
+        for (int axis : {0, 2})
+            EXPECT_NEAR(state.scene_cur_poly->geo.back().v[axis], at[axis], 0.005) << "it was 0.35 m";
+    }
+    clear_degree(&xdeg[1][1]);
+}
+
+TEST_F(tile_test, a_stray_or_empty_patch_takes_nothing_from_the_others) {
+    using namespace test;
+    const test::temp_folder logs;
+    tile_parts tile;
+    tile.properties.clear();
+    tile.terrain = strings({"terrain_Water"});
+    const std::string scales =
+        floats({1, -118, 1, 34, 100, 0, 0, 0, 0, 0});  // of the place; normals stand as 0
+    const auto corner = [](unsigned lon, unsigned lat) {
+        return std::vector<unsigned>{lon, lat, 6554, 0, 0};
+    };
+    tile.geodata = test::pool({corner(16384, 16384), corner(16384, 20000), corner(20000, 16384),
+                               corner(60000, 60000), corner(60000, 62000), corner(62000, 60000)},
+                              5, 16) +
+                   atom("SCAL", scales) + test::pool({{0, 0, 0}}, 3, 16) +
+                   atom("SCAL", floats({1, 0, 1, 0, 1, 0}));
+    const std::string triangle = u8(25) + u16(0) + u16(3), base = u8(17) + u8(1);
+    const std::string good =
+        u8(1) + u16(0) + u8(3) + u8(0) + base + triangle + base + u8(25) + u16(3) + u16(6);
+    const std::string empty = base + u8(25) + u16(0) + u16(0) + base;
+    const std::string no_terrain = u8(3) + u8(7) + base + triangle;
+    const std::string no_normal = u8(3) + u8(0) + u8(1) + u16(1) + base + u8(25) + u16(0) + u16(1);
+    tile.commands = good + empty + no_terrain + no_normal;
+    const std::string path = folder.path_of(34, -118);
+    std::ofstream(path, std::ios::binary) << tile.bytes();
+    ASSERT_EQ(read_new_env(34, 1, -118, 1), 1);
+    const xdeg_struct& degree = xdeg[1][1];
+    ASSERT_EQ(degree.tex_layers.size(), 1u);
+    EXPECT_EQ(degree.tex_layers[0].scene_buckets.Total(), 2);
+    EXPECT_EQ(degree.ytest_buckets.Total(), 2);
+    EXPECT_TRUE(test::alerts.empty()) << "no sphere of an empty patch lies in bucket 0";
+    const d3_struct at = test::stood_on(degree)[0];
+    EXPECT_TRUE(find_terrain_poly(at.v[0], at.v[2], 26));
 }
 }  // namespace

@@ -58,7 +58,7 @@ void latlonel_with_xyz(float* lat, float* lon, float* ele, float x, float y, flo
     *ele = static_cast<float>(dele);
 }
 
-void xyz_with_latlonel(float* x, float* y, float* z, float lat, float lon, float ele) {
+void xyz_with_latlonel(float* x, float* y, float* z, double lat, double lon, double ele) {
     double dx, dy, dz;
     xdob_xyz_with_latlonel(&dx, &dy, &dz, lat, lon, ele);
     *x = static_cast<float>(dx);

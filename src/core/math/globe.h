@@ -14,7 +14,7 @@ double ref_lon();
 void xdob_latlonel_with_xyz(double* lat, double* lon, double* ele, double x, double y, double z);
 void xdob_xyz_with_latlonel(double* x, double* y, double* z, double lat, double lon, double ele);
 void latlonel_with_xyz(float* lat, float* lon, float* ele, float x, float y, float z);
-void xyz_with_latlonel(float* x, float* y, float* z, float lat, float lon, float ele);
+void xyz_with_latlonel(float* x, float* y, float* z, double lat, double lon, double ele);
 
 // Angle by which true north at a place leans away from the local -z axis, degrees.
 float z_north_os(float lat, float lon);

@@ -102,8 +102,13 @@ int tell_properties(const XAtomStringTable& table, const DSFCallbacks_t& tell, v
     return dsf_ErrOK;
 }
 
-void tell_definitions(const XAtomStringTable& table, void (*accept)(const char*, void*), void* ref) {
-    for (const char* name = table.GetFirstString(); name; name = table.GetNextString(name)) accept(name, ref);
+bool tell_definitions(const XAtomStringTable& table, void (*accept)(const char*, void*), dsf_count* count,
+                      void* ref) {
+    for (const char* name = table.GetFirstString(); name; name = table.GetNextString(name)) {
+        if (!count->add(dsf_made_definitions, 1)) return false;
+        accept(name, ref);
+    }
+    return true;
 }
 
 struct free_bytes {
@@ -129,11 +134,13 @@ int DSFReadMem(const char* inStart, const char* inStop, DSFCallbacks_t* inCallba
     if (const int error = read_dsf_pools(tile.geodata, &pools)) return error;
     const DSFCallbacks_t& tell = *inCallbacks;
     if (const int error = tell_properties(tile.properties, tell, ref)) return error;
-    tell_definitions(tile.terrain, tell.AcceptTerrainDef_f, ref);
-    tell_definitions(tile.objects, tell.AcceptObjectDef_f, ref);
-    tell_definitions(tile.polygons, tell.AcceptPolygonDef_f, ref);
-    tell_definitions(tile.networks, tell.AcceptNetworkDef_f, ref);
-    return run_dsf_commands(tile.commands, pools, tell, ref);
+    dsf_count count;
+    if (!tell_definitions(tile.terrain, tell.AcceptTerrainDef_f, &count, ref) ||
+        !tell_definitions(tile.objects, tell.AcceptObjectDef_f, &count, ref) ||
+        !tell_definitions(tile.polygons, tell.AcceptPolygonDef_f, &count, ref) ||
+        !tell_definitions(tile.networks, tell.AcceptNetworkDef_f, &count, ref))
+        return dsf_ErrOutOfMemory;
+    return run_dsf_commands(tile.commands, pools, tell, &count, ref);
 }
 
 int DSFReadFile(const char* inPath, DSFCallbacks_t* inCallbacks, void* inRef) {

@@ -35,7 +35,7 @@ struct DSFCallbacks_t {
 enum dsf_error : int {
     dsf_ErrOK,
     dsf_ErrCouldNotOpenFile,
-    dsf_ErrOutOfMemory,       // also pools of more than dsf_pool_bytes_max
+    dsf_ErrOutOfMemory,       // also pools of more than dsf_pool_bytes_max, and what passes dsf_limits
     dsf_ErrCouldNotReadFile,  // also a pool whose bytes do not yield the points it claims
     dsf_ErrNoAtoms,
     dsf_ErrBadCookie,
@@ -49,9 +49,31 @@ enum dsf_error : int {
 };
 extern const char* const dsfErrorMessages[dsf_error_DIM];  // their names
 
-// No tile comes near these; a hostile one would take all memory, or hold the load up for hours.
-constexpr long dsf_pool_bytes_max = 1L << 29;
-constexpr long dsf_coordinates_max = 1L << 29;  // planes times points that the commands ask for
+// Pools of no tile come near this; those of a hostile one would take all memory.
+constexpr long dsf_pool_bytes_max = 1L << 27;
+
+// What a tile makes, and the most it may: the heaviest tiles stay below a fifth of it. A few bytes can ask
+// for 65,535 of a kind, so a hostile tile would hold the load up for hours. Nothing counts as free: an empty
+// patch or primitive takes its place in memory like a full one.
+enum dsf_made : int {
+    dsf_made_definitions,
+    dsf_made_patches,
+    dsf_made_primitives,
+    dsf_made_vertices,
+    dsf_made_objects,
+    dsf_made_windings,  // and polygons
+    dsf_made_corners,   // of windings
+    dsf_made_junctions,
+    dsf_made_DIM
+};
+struct dsf_limit {
+    const char* what;
+    long most;
+};
+constexpr dsf_limit dsf_limits[dsf_made_DIM] = {
+    {"definitions", 8192}, {"patches", 65536},   {"primitives", 250000},       {"vertices", 2000000},
+    {"objects", 500000},   {"polygons", 250000}, {"polygon corners", 1000000}, {"road points", 2000000},
+};
 
 // Decodes the tile between the two. Callbacks come in a fixed order: properties, the definitions of terrain,
 // objects, polygons and networks, then what the commands draw. Returns a dsf_error, and says on the standard

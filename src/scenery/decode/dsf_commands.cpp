@@ -9,7 +9,7 @@
 namespace {
 constexpr unsigned unset = 0xFFFFFFFFu;
 constexpr int bad_index = dsf_ErrMisformattedCommandAtom;
-constexpr int too_many = -1;        // more points than any tile has
+constexpr int too_many = dsf_ErrOutOfMemory;
 constexpr size_t planes_max = 255;  // a pool counts its planes in a byte
 
 // A network point, decoded.
@@ -21,8 +21,8 @@ struct junction {
 class command_run {
 public:
     command_run(const XAtomPackedData& commands, const dsf_pools& pools, const DSFCallbacks_t& callbacks,
-                void* ref)
-        : cmds_(commands), pools_(pools), tell_(callbacks), ref_(ref) {
+                dsf_count* count, void* ref)
+        : cmds_(commands), pools_(pools), tell_(callbacks), count_(*count), ref_(ref) {
         cmds_.Reset();
     }
     int run();
@@ -35,10 +35,6 @@ private:
         if (!cmds_.Overrun() && cmds_.Remaining() >= bytes) return true;
         cmds_.Advance(static_cast<int64_t>(bytes));
         return false;
-    }
-    bool spend(size_t points, size_t planes) {
-        coordinates_left_ -= static_cast<long>(points * planes);
-        return coordinates_left_ >= 0;
     }
     template <class raw>
     const dsf_pool<raw>* pool_at(const std::vector<dsf_pool<raw>>& pools, size_t index, size_t planes) const {
@@ -56,13 +52,15 @@ private:
     int add_object(size_t first, size_t last);
     int object_range();
 
-    int junction_at(const dsf_pool<uint32_t>& pool, uint64_t point, bool is_curved, junction* to) const;
+    int junction_at(const dsf_pool<uint32_t>& pool, uint32_t point, bool is_curved, junction* to) const;
     template <class next_point>
     int chain(size_t count, next_point next);
     template <int width>
-    int chain_list(uint64_t offset);
+    int chain_list(uint32_t offset);
     int chain_range();
 
+    int begin_polygon(unsigned short parameter);
+    int begin_winding();
     int add_polygon_point(const dsf_pool<uint16_t>& pool, size_t point);
     int winding_list(const dsf_pool<uint16_t>& pool);
     int winding_range(const dsf_pool<uint16_t>& pool, size_t first, size_t last);
@@ -75,6 +73,7 @@ private:
     int begin_patch();
     void read_projection(std::array<float, 6>* to);
 
+    int begin_primitive(int type, size_t vertices);
     int add_vertex(const dsf_pool<uint16_t>& pool, size_t point, size_t width);
     int primitive(int type);
     int primitive_cross(int type);
@@ -83,12 +82,13 @@ private:
     XAtomPackedData cmds_;
     const dsf_pools& pools_;
     const DSFCallbacks_t& tell_;
+    dsf_count& count_;
     void* ref_;
-    long coordinates_left_ = dsf_coordinates_max;
     double vertex_[planes_max]{};
 
     // What commands set for those behind them. The pool's number counts in the list that a command reads.
     uint16_t current_pool_ = 0xFFFF;
+    // The offset wraps: unset, it leads from point 1 on to the pool's beginning.
     uint32_t junction_offset_ = unset, definition_ = unset, road_subtype_ = unset;
     uint8_t patch_flags_ = 255;
     double lod_near_ = -1.0, lod_far_ = -1.0;
@@ -101,7 +101,7 @@ size_t range_size(size_t first, size_t last) { return last > first ? last - firs
 int command_run::add_object(size_t first, size_t last) {
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_object);
     if (!pool) return bad_index;
-    if (!spend(range_size(first, last), dsf_planes_object)) return too_many;
+    if (!count_.add(dsf_made_objects, range_size(first, last))) return too_many;
     double at[dsf_planes_object];
     for (size_t point = first; point < last; ++point) {
         if (point >= pool->count) return bad_index;
@@ -123,7 +123,7 @@ unsigned node_with_coordinate(double value) {
     return value >= unset ? unset : static_cast<unsigned>(value);
 }
 
-int command_run::junction_at(const dsf_pool<uint32_t>& pool, uint64_t point, bool is_curved,
+int command_run::junction_at(const dsf_pool<uint32_t>& pool, uint32_t point, bool is_curved,
                              junction* to) const {
     if (point >= pool.count) return bad_index;
     double node;
@@ -140,7 +140,7 @@ int command_run::chain(size_t count, next_point next) {
     const dsf_pool<uint32_t>* pool = pool_at(pools_.of_32, current_pool_, dsf_planes_network);
     if (!pool) return bad_index;
     const bool is_curved = pool->depth >= dsf_planes_curved;
-    if (!spend(count, is_curved ? dsf_planes_curved : dsf_planes_network)) return too_many;
+    if (!count_.add(dsf_made_junctions, count)) return too_many;
     junction at{};
     for (size_t i = 0; i < count; ++i) {
         if (const int error = junction_at(*pool, next(), is_curved, &at)) return error;
@@ -156,17 +156,18 @@ int command_run::chain(size_t count, next_point next) {
 }
 
 template <int width>
-int command_run::chain_list(uint64_t offset) {
+int command_run::chain_list(uint32_t offset) {
     const size_t count = cmds_.ReadUInt8();
     if (!has(count * width)) return dsf_ErrOK;
-    return chain(count,
-                 [this, offset] { return offset + (width == 2 ? cmds_.ReadUInt16() : cmds_.ReadUInt32()); });
+    return chain(count, [this, offset]() -> uint32_t {
+        return offset + (width == 2 ? cmds_.ReadUInt16() : cmds_.ReadUInt32());
+    });
 }
 
 int command_run::chain_range() {
     if (!has(4)) return dsf_ErrOK;
     const size_t first = cmds_.ReadUInt16(), last = cmds_.ReadUInt16();
-    uint64_t point = uint64_t{junction_offset_} + first;
+    uint32_t point = junction_offset_ + static_cast<uint32_t>(first);
     return chain(range_size(first, last), [&point] { return point++; });
 }
 
@@ -178,9 +179,22 @@ int command_run::add_polygon_point(const dsf_pool<uint16_t>& pool, size_t point)
     return dsf_ErrOK;
 }
 
-int command_run::winding_list(const dsf_pool<uint16_t>& pool) {
+int command_run::begin_polygon(unsigned short parameter) {
+    if (!count_.add(dsf_made_windings, 1)) return too_many;
+    tell_.BeginPolygon_f(definition_, parameter, ref_);
+    return dsf_ErrOK;
+}
+
+int command_run::begin_winding() {
+    if (!count_.add(dsf_made_windings, 1)) return too_many;
     tell_.BeginPolygonWinding_f(ref_);
+    return dsf_ErrOK;
+}
+
+int command_run::winding_list(const dsf_pool<uint16_t>& pool) {
+    if (const int error = begin_winding()) return error;
     const size_t count = cmds_.ReadUInt8();
+    if (!count_.add(dsf_made_corners, count)) return too_many;
     if (has(count * 2))
         for (size_t i = 0; i < count; ++i)
             if (const int error = add_polygon_point(pool, cmds_.ReadUInt16())) return error;
@@ -189,7 +203,7 @@ int command_run::winding_list(const dsf_pool<uint16_t>& pool) {
 }
 
 int command_run::winding_range(const dsf_pool<uint16_t>& pool, size_t first, size_t last) {
-    if (!spend(range_size(first, last), dsf_planes_polygon)) return too_many;
+    if (!count_.add(dsf_made_corners, range_size(first, last))) return too_many;
     for (size_t point = first; point < last; ++point)
         if (const int error = add_polygon_point(pool, point)) return error;
     tell_.EndPolygonWinding_f(ref_);
@@ -201,7 +215,7 @@ int command_run::polygon() {
     const unsigned short parameter = cmds_.ReadUInt16();
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_polygon);
     if (!pool) return bad_index;
-    tell_.BeginPolygon_f(definition_, parameter, ref_);
+    if (const int error = begin_polygon(parameter)) return error;
     if (const int error = winding_list(*pool)) return error;
     tell_.EndPolygon_f(ref_);
     return dsf_ErrOK;
@@ -213,8 +227,8 @@ int command_run::polygon_range() {
     const size_t first = cmds_.ReadUInt16(), last = cmds_.ReadUInt16();
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_polygon);
     if (!pool) return bad_index;
-    tell_.BeginPolygon_f(definition_, parameter, ref_);
-    tell_.BeginPolygonWinding_f(ref_);
+    if (const int error = begin_polygon(parameter)) return error;
+    if (const int error = begin_winding()) return error;
     if (const int error = winding_range(*pool, first, last)) return error;
     tell_.EndPolygon_f(ref_);
     return dsf_ErrOK;
@@ -226,7 +240,7 @@ int command_run::nested_polygon() {
     const int windings = cmds_.ReadUInt8();
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_polygon);
     if (!pool) return bad_index;
-    tell_.BeginPolygon_f(definition_, parameter, ref_);
+    if (const int error = begin_polygon(parameter)) return error;
     for (int i = 0; i < windings && has(1); ++i)
         if (const int error = winding_list(*pool)) return error;
     tell_.EndPolygon_f(ref_);
@@ -240,9 +254,9 @@ int command_run::nested_polygon_range() {
     size_t first = cmds_.ReadUInt16();
     const dsf_pool<uint16_t>* pool = pool_of_16(dsf_planes_polygon);
     if (!pool) return bad_index;
-    tell_.BeginPolygon_f(definition_, parameter, ref_);
+    if (const int error = begin_polygon(parameter)) return error;
     for (int i = 0; i < windings && has(2); ++i) {
-        tell_.BeginPolygonWinding_f(ref_);
+        if (const int error = begin_winding()) return error;
         const size_t last = cmds_.ReadUInt16();
         if (const int error = winding_range(*pool, first, last)) return error;
         first = last;
@@ -259,6 +273,7 @@ void command_run::end_patch() {
 int command_run::begin_patch() {
     const dsf_pool<uint16_t>* pool = pool_of_16(1);
     if (!pool) return bad_index;
+    if (!count_.add(dsf_made_patches, 1)) return too_many;
     tell_.BeginPatch_f(definition_, lod_near_, lod_far_, patch_flags_, texture_projection_.data(),
                        mask_projection_.data(), static_cast<int>(pool->depth), ref_);
     patch_depth_ = pool->depth;
@@ -268,6 +283,12 @@ int command_run::begin_patch() {
 void command_run::read_projection(std::array<float, 6>* to) {
     if (!has(6 * sizeof(float))) return;
     for (float& value : *to) value = cmds_.ReadFloat32();
+}
+
+int command_run::begin_primitive(int type, size_t vertices) {
+    if (!count_.add(dsf_made_primitives, 1) || !count_.add(dsf_made_vertices, vertices)) return too_many;
+    tell_.BeginPrimitive_f(type, ref_);
+    return dsf_ErrOK;
 }
 
 int command_run::add_vertex(const dsf_pool<uint16_t>& pool, size_t point, size_t width) {
@@ -282,7 +303,7 @@ int command_run::primitive(int type) {
     if (!has(count * 2)) return dsf_ErrOK;
     const dsf_pool<uint16_t>* pool = pool_of_vertices();
     if (!pool) return bad_index;
-    tell_.BeginPrimitive_f(type, ref_);
+    if (const int error = begin_primitive(type, count)) return error;
     for (size_t i = 0; i < count; ++i)
         if (const int error = add_vertex(*pool, cmds_.ReadUInt16(), pool->depth)) return error;
     tell_.EndPrimitive_f(ref_);
@@ -295,7 +316,7 @@ int command_run::primitive_cross(int type) {
     if (!has(count * 4)) return dsf_ErrOK;
     const dsf_pool<uint16_t>* current = pool_of_vertices();
     if (!current) return bad_index;
-    tell_.BeginPrimitive_f(type, ref_);
+    if (const int error = begin_primitive(type, count)) return error;
     for (size_t i = 0; i < count; ++i) {
         const dsf_pool<uint16_t>* pool = pool_at(pools_.of_16, cmds_.ReadUInt16(), current->depth);
         if (!pool) return bad_index;
@@ -310,8 +331,7 @@ int command_run::primitive_range(int type) {
     const size_t first = cmds_.ReadUInt16(), last = cmds_.ReadUInt16();
     const dsf_pool<uint16_t>* pool = pool_of_vertices();
     if (!pool) return bad_index;
-    if (!spend(range_size(first, last), pool->depth)) return too_many;
-    tell_.BeginPrimitive_f(type, ref_);
+    if (const int error = begin_primitive(type, range_size(first, last))) return error;
     for (size_t point = first; point < last; ++point)
         if (const int error = add_vertex(*pool, point, pool->depth)) return error;
     tell_.EndPrimitive_f(ref_);
@@ -424,10 +444,6 @@ int command_run::run() {
                 "DSF ERROR: We have a command 0x%02X at byte %zu of the command atom that uses a pool or "
                 "point that is not there.\n",
                 static_cast<unsigned>(command), at);
-        if (error == too_many) {
-            printf("DSF ERROR: We have more points in the command atom than any tile has.\n");
-            return dsf_ErrMisformattedCommandAtom;
-        }
         if (error) return error;
     }
     end_patch();
@@ -437,7 +453,15 @@ int command_run::run() {
 }
 }  // namespace
 
+bool dsf_count::add(dsf_made kind, size_t count) {
+    made[kind] += static_cast<long>(count);
+    if (made[kind] <= dsf_limits[kind].most) return true;
+    printf("DSF ERROR: We have more %s than the %ld a tile may have.\n", dsf_limits[kind].what,
+           dsf_limits[kind].most);
+    return false;
+}
+
 int run_dsf_commands(const XAtomPackedData& commands, const dsf_pools& pools, const DSFCallbacks_t& callbacks,
-                     void* ref) {
-    return command_run(commands, pools, callbacks, ref).run();
+                     dsf_count* count, void* ref) {
+    return command_run(commands, pools, callbacks, count, ref).run();
 }

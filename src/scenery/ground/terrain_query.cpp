@@ -47,8 +47,11 @@ bool find_in_tri(const d3_struct* g0, const d3_struct* g1, const d3_struct* g2, 
                  "How can we have triangles without vertices that are multiples of 3?", alert_fatal);
 }
 
+long triangles_tried = 0;
+
 bool find_in_pol(ytest_pol_struct* pol, float x, float z, int checker) {
     if (!pol) return false;
+    triangles_tried += static_cast<long>(pol->geo.size() / 3) + 1;
     if (pol->geo.size() % 3 != 0) broken_list();
     for (size_t i = 0; i + 2 < pol->geo.size(); i += 3) {
         d3_struct* const g = &pol->geo[i];
@@ -154,6 +157,8 @@ float y_with_xhz(float x, float ele, float z) {
     return static_cast<float>(sqrt(rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z) -
                               con.planet_rad);
 }
+
+long terrain_effort() { return triangles_tried; }
 
 int find_terrain_poly(float x, float z, int checker) {
     check_checker(checker);

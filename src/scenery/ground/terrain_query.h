@@ -9,6 +9,8 @@
 float return_terrain_y(float x, float z, int checker);
 // Finds the triangle under a point and remembers it for the asker; 0 where no mesh lies.
 int find_terrain_poly(float x, float z, int checker);
+// Triangles tried by all searches so far.
+long terrain_effort();
 // 1 over water, and where no mesh lies.
 int terrain_is_wet(float x, float z, int checker);
 // Whether the user's wheels would meet water.

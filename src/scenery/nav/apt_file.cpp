@@ -37,7 +37,21 @@ void tell_fault(const vec_apt_struct& apt, const char* s1, const char* s2) {
     MACIBM_data_fault(s1, s2, airport_text(apt), "");
 }
 
+constexpr const char* out_of_range = "The apt data file has a place that no planet has!";
+
 bool is_runway(const vec_rwy_struct& rwy) { return rwy.num_str[0] != 'x'; }
+
+// False for what is no number, too: ground and aircraft are set where the file says.
+bool is_place(float lat, float lon) { return fabsf(lat) <= 90.0f && fabsf(lon) <= 180.0f; }
+bool is_elevation(float metres) {
+    constexpr float lowest = -10000.0f, highest = 30000.0f;  // below and above all ground of both planets
+    return metres >= lowest && metres <= highest;
+}
+bool is_sound(const vec_rwy_struct& rwy) {
+    constexpr float longest = 100000.0f, turn = 360.0f, most_feet = 1.0e6f;
+    return is_place(rwy.lat, rwy.lon) && rwy.len <= longest && rwy.width <= longest &&
+           fabsf(rwy.psi_true) <= turn && fabsf(rwy.disp) <= most_feet && fabsf(rwy.blast) <= most_feet;
+}
 
 // -- what an airport must have
 
@@ -53,6 +67,10 @@ void add_default_ramp(vec_apt_struct& apt) {
 // Completes the airport read last. Its place is that of its first runway, so that one without is left out.
 void finish_apt() {
     vec_apt_struct& apt = vec_apt.back();
+    if (!is_elevation(apt.ele)) {
+        tell_fault(apt, "Airport found at an elevation that no ground has!", "It is left out.");
+        return vec_apt.pop_back();
+    }
     if (!apt.rwy.empty()) return add_default_ramp(apt);
     tell_fault(apt, "Airport found with no runways!", "Intolerable!");
     vec_apt.pop_back();
@@ -117,42 +135,52 @@ void read_runway(nav_file& file, vec_apt_struct& apt) {
     rwy.roughness = fltlim(file.value(), 0.0f, 1.0f);
     rwy.dis_signs = static_cast<unsigned char>(intlim(file.number(), 0, 1));
     file.end_line();
+    if (!is_sound(rwy)) return tell_fault(apt, "The apt data file has a runway out of range!", rwy.num_str);
     tell_duplicate_runway(apt, rwy);
     tell_tiny_runway(apt, rwy);
     apt.rwy.push_back(rwy);
 }
 
 void read_tower(nav_file& file, vec_apt_struct& apt) {
-    apt.twr_lat = file.value();
-    apt.twr_lon = file.value();
-    apt.twr_hgt = file.value() * con.fttomtrs;
+    const float lat = file.value(), lon = file.value(), height = file.value() * con.fttomtrs;
     file.number();
     file.rest(nullptr);
+    if (!is_place(lat, lon) || !is_elevation(height)) return tell_fault(apt, out_of_range, "tower");
+    apt.twr_lat = lat;
+    apt.twr_lon = lon;
+    apt.twr_hgt = height;
 }
 
 void read_ramp(nav_file& file, vec_apt_struct& apt) {
-    vec_sta_struct& sta = apt.sta.emplace_back();
+    vec_sta_struct sta;
     sta.lat = file.value();
     sta.lon = file.value();
     sta.psi = fltwrap(file.value(), 0.0f, 360.0f);
     file.rest(&sta.sta_name);
     if (sta.sta_name.size() > name_max) sta.sta_name.resize(name_max);
+    if (!is_place(sta.lat, sta.lon)) return tell_fault(apt, out_of_range, sta.sta_name.c_str());
+    apt.sta.push_back(std::move(sta));
 }
 
 void read_beacon(nav_file& file, vec_apt_struct& apt) {
-    apt.bcn_lat = file.value();
-    apt.bcn_lon = file.value();
-    apt.bcn_typ = file.number();
+    const float lat = file.value(), lon = file.value();
+    const int type = file.number();
     file.rest(nullptr);
+    if (!is_place(lat, lon)) return tell_fault(apt, out_of_range, "beacon");
+    apt.bcn_lat = lat;
+    apt.bcn_lon = lon;
+    apt.bcn_typ = type;
     if (is_far_off(apt, apt.bcn_lat, apt.bcn_lon)) tell_fault(apt, "Found a bad-location beacon!", "");
 }
 
 void read_windsock(nav_file& file, vec_apt_struct& apt) {
-    vec_soc_struct& soc = apt.soc.emplace_back();
+    vec_soc_struct soc;
     soc.lat = file.value();
     soc.lon = file.value();
     soc.lit = static_cast<unsigned char>(file.number());
     file.rest(nullptr);
+    if (!is_place(soc.lat, soc.lon)) return tell_fault(apt, out_of_range, "windsock");
+    apt.soc.push_back(soc);
     if (is_far_off(apt, soc.lat, soc.lon)) tell_fault(apt, "Found a bad-location windsock!", "");
 }
 

@@ -53,15 +53,19 @@ void read_airports_and_navaids() {
 
 // -- custom airports
 
-// Airports from this index on take the place of earlier ones with their identifier.
+void mark_replaced(vec_apt_struct& apt) { snprintf(apt.apt_id, sizeof apt.apt_id, "%s", replaced_id); }
+
+// Airports from this index on take the place of the first earlier one with their identifier; further ones go,
+// so that a search by name, by place or by hash finds the same.
 void lay_over_earlier(size_t first_new) {
-    std::unordered_map<std::uint32_t, size_t> earlier;
-    for (size_t i = 0; i < first_new; ++i) earlier.emplace(apt_id_key(vec_apt[i].apt_id), i);
+    std::unordered_map<std::uint32_t, std::vector<size_t>> earlier;
+    for (size_t i = 0; i < first_new; ++i) earlier[apt_id_key(vec_apt[i].apt_id)].push_back(i);
     for (size_t i = first_new; i < vec_apt.size(); ++i) {
         const auto old = earlier.find(apt_id_key(vec_apt[i].apt_id));
         if (old == earlier.end()) continue;
-        vec_apt[old->second] = std::move(vec_apt[i]);
-        snprintf(vec_apt[i].apt_id, sizeof vec_apt[i].apt_id, "%s", replaced_id);
+        for (const size_t replaced : old->second) mark_replaced(vec_apt[replaced]);
+        vec_apt[old->second.front()] = std::move(vec_apt[i]);
+        mark_replaced(vec_apt[i]);
     }
 }
 

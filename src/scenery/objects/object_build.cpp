@@ -42,7 +42,9 @@ int build_obs(const std::string& hard_path, int) {
     vec_mod_struct mod;
     std::string texture;
     mod.path = path;
-    if (read_object_file(app_path + path, &mod, &texture) != object_good) return -1;
+    const object_read result = read_object_file(app_path + path, &mod, &texture);
+    if (result == object_broken) vec_mod_index[path] = -1;  // it is read, and told, no second time
+    if (result != object_good) return -1;
     load_object_textures(folder_of(app_path + path), texture, &mod);
     find_object_bounds(&mod);
     check_object(mod);

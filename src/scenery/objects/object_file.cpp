@@ -53,18 +53,10 @@ public:
         if (end - at >= 2 && at[0] == '\r' && at[1] == '\n') ++at;
         if (at < end) ++at;
     }
-    // Past what stands behind a keyword or a vertex, unless it is the number that is read next.
-    void skip_remark() {
-        while (at < end && is_blank(*at)) ++at;
-        if (at < end && !is_eoln(*at) && !starts_number(*at)) skip_line();
-    }
 
     bool broken = false;
 
 private:
-    static bool starts_number(unsigned char c) {
-        return (c >= '0' && c <= '9') || c == '-' || c == '+' || c == '.';
-    }
     template <typename T>
     void parse(T* value) {
         std::string_view text = word();
@@ -191,12 +183,12 @@ public:
         return true;
     }
 
-    // False when the text broke off before its end.
+    // False when the text breaks off inside a command. A file that ends behind one may lack its "end".
     bool read_commands() {
         mod.vec_lod.resize(1);
         for (;;) {
             const std::string_view word = in.word();
-            if (in.broken || word.empty()) return false;
+            if (in.broken || word.empty()) return !in.broken;
             const keyword_row* row = find_keyword(word);
             if (!row) {
                 tell_bad_word(word);
@@ -266,7 +258,7 @@ private:
     }
 
     void read_vertices(int code, int count) {
-        in.skip_remark();
+        in.skip_line();
         open(code);
         const bool coloured = code == obj_light || code == obj_line;
         for (int v = 0; v < count && !in.broken; ++v) {
@@ -281,7 +273,7 @@ private:
         }
         last_end = acts().size();
         add(closing_code(code));
-        in.skip_remark();
+        if (count > 0) in.skip_line();
     }
 
     // Shown once an object; a file that is no object at all would fill the log.

@@ -1,6 +1,7 @@
 // Scenery packages and resource look-up.
 #include "scenery/packages/library.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "core/disk/dirlist.h"
@@ -22,6 +23,31 @@ void add_packages(const std::string& folder) {
     scenery_packages.insert(scenery_packages.end(), g_path, g_path + count);
 }
 
+bool leaves_its_package(const std::string& path) {
+    for (size_t from = 0; from <= path.size();) {
+        size_t to = from;
+        while (to < path.size() && !is_a_dir_char(path[to])) ++to;
+        if (path.compare(from, to - from, "..") == 0) return true;
+        from = to + 1;
+    }
+    return false;
+}
+
+// What is missing stays, so that the search for it is told with its name.
+bool is_folder(const std::string& path) {
+    struct stat known;
+    return stat(path.c_str(), &known) == 0 && !S_ISREG(known.st_mode);
+}
+
+void export_file(const std::string& package, const std::string& name, const std::string& real) {
+    if (name.empty() || real.empty()) return;
+    const std::string path = set_dir_chars(package + real);
+    if (leaves_its_package(real) || is_folder(path))
+        xer << "library.txt of " << package << " exports what is no file of its package: " << real << '\n';
+    else
+        dsf_library[name].push_back(path);
+}
+
 void read_library(const std::string& package) {
     static const int versions[] = {800, 0};
     map_bytes at = nullptr;
@@ -38,7 +64,7 @@ void read_library(const std::string& package) {
         }
         TXT_MAP_str_scan_space(at, &c, c_max, &name);
         TXT_MAP_str_scan_eoln(at, &c, c_max, &real);
-        if (!name.empty() && !real.empty()) dsf_library[name].push_back(set_dir_chars(package + real));
+        export_file(package, name, real);
     }
 }
 }  // namespace
@@ -107,7 +133,7 @@ path_list candidates(int type, const std::string& name, const std::string& folde
 std::string first_readable(const path_list& paths) {
     for (const std::string& path : paths) {
         std::string real = set_dir_chars(path);
-        if (access(real.c_str(), R_OK) == 0) return real;
+        if (access(real.c_str(), R_OK) == 0 && !is_folder(real)) return real;
     }
     return "";
 }

@@ -9,6 +9,7 @@
 #include "core/records/records.h"
 #include "draw/images/tex_refs.h"
 #include "scenery/tile/tile_edge.h"
+#include "scenery/tile/tile_mesh.h"
 #include "scenery/tile/tile_state.h"
 
 namespace {
@@ -23,7 +24,7 @@ struct water_grid {
 
 d3_struct sea_level(double lat, double lon) {
     d3_struct at;
-    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], static_cast<float>(lat), static_cast<float>(lon), 0.0f);
+    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], lat, lon, 0.0);
     return at;
 }
 
@@ -73,24 +74,34 @@ void add_patch(const water_grid& grid, int i0, int j0, xdeg_struct& degree) {
     ytest_patch_struct* const stood_on = new ytest_patch_struct;
     stood_on->patch_is_wet = 1;
     ytest_pol_struct& triangles = stood_on->ytest_pol.emplace_back();
-    const auto add = [&](int i, int j) {
-        const water_vertex& v = grid.at[i][j];
+    const auto add = [&](const water_vertex& v, int i, int j) {
         drawn.geo.push_back(v.geo);
         drawn.nrm.push_back(v.nrm);
         drawn.color.push_back({{static_cast<float>(i0 - i), static_cast<float>(j0 - j)}});
         patch->temp->grow(v.geo);
-        triangles.geo.push_back(v.geo);
-        triangles.grow(v.geo);
-        stood_on->grow(v.geo);
+    };
+    // Meridians meet at the poles: what has no side there is drawn, but not stood on.
+    const auto add_triangle = [&](int i1, int j1, int i2, int j2, int i3, int j3) {
+        const water_vertex &a = grid.at[i1][j1], &b = grid.at[i2][j2], &c = grid.at[i3][j3];
+        add(a, i1, j1), add(b, i2, j2), add(c, i3, j3);
+        if (zero_area_tri(a.geo, b.geo, c.geo)) return;
+        for (const d3_struct& at : {a.geo, b.geo, c.geo}) {
+            triangles.geo.push_back(at);
+            triangles.grow(at);
+            stood_on->grow(at);
+        }
     };
     for (int i = i0; i < i0 + patch_cells; ++i)
         for (int j = j0; j < j0 + patch_cells; ++j) {
-            add(i, j), add(i, j + 1), add(i + 1, j + 1);
-            add(i, j), add(i + 1, j + 1), add(i + 1, j);
+            add_triangle(i, j, i, j + 1, i + 1, j + 1);
+            add_triangle(i, j, i + 1, j + 1, i + 1, j);
         }
     UTIL_build_DL(&degree.tex_layers[0], patch);
     degree.tex_layers[0].scene_buckets.Insert(patch);
-    degree.ytest_buckets.Insert(stood_on);
+    if (triangles.geo.empty())
+        delete stood_on;
+    else
+        degree.ytest_buckets.Insert(stood_on);
 }
 }  // namespace
 

@@ -59,7 +59,7 @@ const DSFCallbacks_t callbacks = {
 // Null when the file is good.
 const char* fault_of(int error, const DSF_LoadState& state) {
     if (error != dsf_ErrOK) return dsfErrorMessages[error];
-    if (state.has_bad_geometry) return "it has points outside of its degree, or patches of no terrain";
+    if (state.has_bad_geometry) return "it has points outside of its degree";
     const bool has_terrain = state.minxyz[0] <= state.maxxyz[0];
     return has_terrain ? nullptr : "it has no terrain";
 }
@@ -68,11 +68,17 @@ const char* fault_of(int error, const DSF_LoadState& state) {
 bool read_candidate(const std::string& path, DSF_LoadState* state) {
     XMappedFile file;
     if (!file.retry(set_dir_chars(path).c_str())) return false;
+    state->file_path = path;
     DSFCallbacks_t table = callbacks;
     const int error = DSFReadMem(reinterpret_cast<const char*>(file.begin()),
                                  reinterpret_cast<const char*>(file.end()), &table, state);
     const char* const fault = fault_of(error, *state);
-    if (!fault) return true;
+    if (!fault) {
+        if (state->stray_patches > 0)
+            xer << "Scenery file " << path << " has " << state->stray_patches
+                << " patches of no terrain or without normals, which are left out\n";
+        return true;
+    }
     xer << "Scenery file " << path << " cannot be used: " << fault << '\n';
     clear_degree(state->degree);
     forget_edges_of(g_lon_os, g_lat_os);
@@ -106,6 +112,20 @@ void drop_unused_layers(xdeg_struct& degree) {
         return unused;
     });
 }
+// The box of one without a vertex is inside out, and its sphere would reach over the whole tree.
+void drop_empty_patches(DSF_LoadState* state) {
+    std::erase_if(state->scene_patches, [](const scene_DSF_PatchInfo& info) {
+        if (info.patch->temp->min_x <= info.patch->temp->max_x) return false;
+        delete info.patch->temp;
+        delete info.patch;
+        return true;
+    });
+    std::erase_if(state->ytest_patches, [](const ytest_DSF_PatchInfo& info) {
+        if (info.patch->min_x <= info.patch->max_x) return false;
+        delete info.patch;
+        return true;
+    });
+}
 }  // namespace
 
 void bucket_terrain(DSF_LoadState* state) {
@@ -113,11 +133,14 @@ void bucket_terrain(DSF_LoadState* state) {
     for (xlay_struct& layer : state->degree->tex_layers)
         layer.scene_buckets.Reset(bucket_levels, min, max, buckets_loose);
     state->degree->ytest_buckets.Reset(bucket_levels, min, max, buckets_strict);
+    drop_empty_patches(state);
+    bool told = false;
     for (const scene_DSF_PatchInfo& info : state->scene_patches) {
         xlay_struct& layer = state->degree->tex_layers[info.layer];
         UTIL_build_DL(&layer, info.patch);
-        if (layer.scene_buckets.Insert(info.patch) == 0)
-            MACIBM_data_fault("Terrain in bucket 0!", "", "", "");
+        if (layer.scene_buckets.Insert(info.patch) != 0 || told) continue;
+        MACIBM_data_fault("Terrain in bucket 0!", "", "", "");
+        told = true;
     }
     state->scene_patches.clear();
     for (const ytest_DSF_PatchInfo& info : state->ytest_patches)

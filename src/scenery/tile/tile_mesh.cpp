@@ -72,8 +72,7 @@ void grow_tile(DSF_LoadState& state, const d3_struct& at) {
 
 d3_struct local_place(double lon, double lat, double ele) {
     d3_struct at;
-    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], static_cast<float>(lat), static_cast<float>(lon),
-                      static_cast<float>(ele));
+    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], lat, lon, ele);
     return at;
 }
 
@@ -93,7 +92,7 @@ void DSF_BeginPatch(unsigned int type, double near_LOD, double far_LOD, unsigned
     state.ytest_cur_poly = nullptr;
     const size_t layer = size_t{type} * 2 + (flags & flag_overlay ? 1 : 0);
     if (depth < least_depth || layer >= state.degree->tex_layers.size()) {
-        state.has_bad_geometry = true;
+        ++state.stray_patches;
         return;
     }
     state.cur_patch_terrain_type = type;

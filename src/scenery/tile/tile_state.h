@@ -29,8 +29,10 @@ struct DSF_LoadState {
     double west = 0, south = 0, east = 0, north = 0;
     double minxyz[3] = {9.9e+09, 9.9e+09, 9.9e+09}, maxxyz[3] = {-9.9e+09, -9.9e+09, -9.9e+09};
     xdeg_struct* degree;
+    std::string file_path;
     std::string custom_package;     // that the file came from, empty for the default path
     bool has_bad_geometry = false;  // no globe has such a place: the file is refused
+    int stray_patches = 0;          // of no terrain, or without a place and a normal: left out
 
     std::vector<scene_DSF_PatchInfo> scene_patches;
     scene_patch_struct* scene_cur_patch = nullptr;

@@ -26,7 +26,7 @@ DSF_LoadState& state_of(void* ref) { return *static_cast<DSF_LoadState*>(ref); }
 
 // Elevation 0: the ground's height is found when the terrain is there.
 void local_xz(double lon, double lat, float (&xyz)[3]) {
-    xyz_with_latlonel(&xyz[0], &xyz[1], &xyz[2], static_cast<float>(lat), static_cast<float>(lon), 0.0f);
+    xyz_with_latlonel(&xyz[0], &xyz[1], &xyz[2], lat, lon, 0.0);
 }
 }  // namespace
 
@@ -89,8 +89,7 @@ bool is_taken(unsigned int type) {
 }
 
 void local_point(const double* coordinates, float (&xyz)[3]) {
-    xyz_with_latlonel(&xyz[0], &xyz[1], &xyz[2], static_cast<float>(coordinates[1]),
-                      static_cast<float>(coordinates[0]), static_cast<float>(coordinates[2]));
+    xyz_with_latlonel(&xyz[0], &xyz[1], &xyz[2], coordinates[1], coordinates[0], coordinates[2]);
 }
 
 bool is_sane_point(const double* coordinates) {
@@ -340,5 +339,14 @@ void bucket_roads_and_objects(DSF_LoadState* state) {
     add_road_layers(*state);
     add_antennas(*state);
     const std::map<int, size_t> layers = add_object_layers(*state);
-    for (const io_objct_struct& object : state->object_instances) place_object(object, *state, layers);
+    // Thousands of triangles over one another are searched for each object: such a tile gets no more of them.
+    constexpr long most_effort = 300000000;
+    const long start = terrain_effort();
+    for (const io_objct_struct& object : state->object_instances) {
+        if (terrain_effort() - start > most_effort) {
+            tell_missing("The ground is too dense to set all objects on it", state->file_path);
+            return;
+        }
+        place_object(object, *state, layers);
+    }
 }
