@@ -68,6 +68,7 @@ TEST_F(by_hand, small_arithmetic) {
     }
     EXPECT_EQ(fallout(-3, -1, 1), -3);
     EXPECT_EQ(fallout(4.4f, 4, 6), 4);
+    EXPECT_EQ(fallout(5.6f, 4, 6), 6);
     EXPECT_EQ(flt_abs(-2), 2);
     EXPECT_EQ(sign(-0.5f), -1);
     EXPECT_EQ(sqr(-3), 9);
@@ -109,6 +110,11 @@ TEST_F(by_hand, attitudes_of_aircraft_and_ships) {
     expect_vector(v, 0.5f, -sqrtf(0.75f), 0);
     wrl_to_veh(v[0], v[1], v[2], &v[0], &v[1], &v[2], 2);
     expect_vector(v, 1, 0, 0);
+    flt[2].the = 0;
+    flt[2].phi = 60;
+    cache_attitude(2);
+    veh_to_wrl(1, 0, 0, &v[0], &v[1], &v[2], 2);
+    expect_vector(v, 0, -sqrtf(0.75f), 0.5f);
     env.boat_psi[1] = 90;
     env.boat_the[1] = 30;
     boat_to_wrl(0, 0, -1, &v[0], &v[1], &v[2], 1);
@@ -210,10 +216,10 @@ TEST_F(by_hand, vectors_and_planes) {
     EXPECT_EQ(null.squared_length(), 0);
     const Plane3 plane({0, 0, 5}, {1, 2, 4});  // x + 2y + 4z = 20
     Point3 at;
-    ASSERT_TRUE(plane.intersect({{1, 1, 1}, {1, 0, 3}}, at));
+    ASSERT_TRUE(plane.intersect({{1, 1, 1}, {1, 2, 2}}, at));
     EXPECT_NEAR(at.x, 2, 1e-12);
-    EXPECT_NEAR(at.y, 1, 1e-12);
-    EXPECT_NEAR(at.z, 4, 1e-12);
+    EXPECT_NEAR(at.y, 3, 1e-12);
+    EXPECT_NEAR(at.z, 3, 1e-12);
     EXPECT_FALSE(plane.intersect({{1, 1, 1}, {2, -1, 0}}, at));
     EXPECT_TRUE(plane.on_normal_side({0, 0, 5.1}));
     EXPECT_FALSE(plane.on_normal_side({0, 0, 5}));
