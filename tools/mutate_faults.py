@@ -50,6 +50,10 @@ for one, other in NEIGHBOURS:
     OTHER_WORD.setdefault(other, []).append(one)
 WORD = re.compile(r"(?<![A-Za-z0-9])(" + "|".join(sorted(OTHER_WORD, key=len, reverse=True)) + r")(?![A-Za-z0-9])")
 
+# What stands in front of the name of a variable where it is declared: another name there does not compile.
+NAMED_FIRST = re.compile(r"\b(?:float|double|int|bool|char|auto|unsigned|long|size_t|uint\d+_t)[*&]? "
+                         r"(?:[*&]?\w+ = [\w.-]+, )*[*&]?\w*$")
+
 ARGUMENT = r"-?[A-Za-z_0-9][\w.:]*(?:->\w+|\.\w+|\[\w*\])*(?:\([\w.]*\))?"
 SYMMETRIC = re.compile(r"\b(?:pythag|hypotf?|(?:flt|int)(?:max|min)2|max|min|swap|sqr)\($")
 ARGUMENTS = re.compile(r"(?<=[(,{])(\s?)(" + ARGUMENT + r"), (" + ARGUMENT + r")(?=[,)}])")
@@ -124,7 +128,7 @@ def removed(code, line, previous):
     statement = code[start:].strip()
     if statement == ";" or statement.count("(") != statement.count(")") or ";" in statement[:-1]:
         return None
-    if DECLARED.search(statement) and statement != "return;":
+    if DECLARED.search(statement) and statement != "return;" or statement.endswith(("= default;", "= delete;")):
         return None
     return line[:start] + ";"
 
@@ -164,6 +168,8 @@ def faults_of_line(code, line, previous):
         elif value is not None:
             replace("constant", match.start(), match.end(), f"(2 * {text})")
     for match in WORD.finditer(code):
+        if NAMED_FIRST.search(code[:match.start()]):
+            continue
         for other in OTHER_WORD[match.group(1)]:
             replace("neighbour", match.start(), match.end(), other)
     for match in ARGUMENTS.finditer(code) if not code.lstrip().startswith(":") else ():

@@ -68,11 +68,13 @@ TEST_F(by_hand, small_arithmetic) {
     }
     EXPECT_EQ(fallout(-3, -1, 1), -3);
     EXPECT_EQ(fallout(4.4f, 4, 6), 4);
+    EXPECT_EQ(fallout(5.6f, 4, 6), 6);
     EXPECT_EQ(flt_abs(-2), 2);
     EXPECT_EQ(sign(-0.5f), -1);
     EXPECT_EQ(sqr(-3), 9);
     EXPECT_EQ(signsqr(-3), -9);
-    EXPECT_EQ(signsqr(3), 9);
+    EXPECT_EQ(signsqr(0.5f), 0.25f);
+    EXPECT_EQ(intround(0.6f), 1);
     EXPECT_EQ(pythag(3, 4), 5);
     EXPECT_EQ(pythag(2, 3, 6), 7);
     EXPECT_EQ(closer_assymp(2, 10, 0.25f), 4);
@@ -109,6 +111,11 @@ TEST_F(by_hand, attitudes_of_aircraft_and_ships) {
     expect_vector(v, 0.5f, -sqrtf(0.75f), 0);
     wrl_to_veh(v[0], v[1], v[2], &v[0], &v[1], &v[2], 2);
     expect_vector(v, 1, 0, 0);
+    flt[2].the = 0;
+    flt[2].phi = 60;
+    cache_attitude(2);
+    veh_to_wrl(1, 0, 0, &v[0], &v[1], &v[2], 2);
+    expect_vector(v, 0, -sqrtf(0.75f), 0.5f);
     env.boat_psi[1] = 90;
     env.boat_the[1] = 30;
     boat_to_wrl(0, 0, -1, &v[0], &v[1], &v[2], 1);
@@ -137,6 +144,9 @@ TEST_F(by_hand, small_turns_add_up_about_the_axis_they_are_told) {
         turn[axis] = 0.0005f;
         for (int i = 0; i < 1000; ++i) update_quaternion(turn[0], turn[1], turn[2], &angle[2], &angle[1], &angle[0], q);
         for (int i = 0; i < 3; ++i) EXPECT_NEAR(angle[i], i == axis ? 0.5f * con.radtodeg : 0.0f, 1e-2f);
+        update_quaternion(-2 * turn[0] * 1000, -2 * turn[1] * 1000, -2 * turn[2] * 1000, &angle[2], &angle[1],
+                          &angle[0], q);
+        EXPECT_NEAR(angle[axis], (axis == 2 ? 360 : 0) - 0.5f * con.radtodeg, 1e-2f);
         EXPECT_NEAR(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3], 1.0f, 1e-6f);
     }
 }
@@ -165,6 +175,11 @@ TEST_F(by_hand, places_courses_and_times) {
     EXPECT_NEAR(lat, 33.5f, 1e-5f);
     EXPECT_NEAR(lon, -117.0f, 1e-4f);
     EXPECT_NEAR(ele, 800, 0.1f);
+    env.lon_wes = -180.5f;  // the centre lies one degree east of the date line
+    xyz_with_latlonel(&x, &y, &z, 33.5f, 179.5f, 0);
+    latlonel_with_xyz(&lat, &lon, &ele, x, y, z);
+    EXPECT_NEAR(lon, 179.5f, 1e-4f);
+    env.lon_wes = -119.0f;
     EXPECT_NEAR(z_north_os(30, -116.5f), -0.5f, 1e-6f);  // one degree east of the centre
     // a velocity is turned, a point is turned about the centre of the planet
     const double q[4] = {sqrt(0.5), sqrt(0.5), 0, 0};
@@ -210,10 +225,10 @@ TEST_F(by_hand, vectors_and_planes) {
     EXPECT_EQ(null.squared_length(), 0);
     const Plane3 plane({0, 0, 5}, {1, 2, 4});  // x + 2y + 4z = 20
     Point3 at;
-    ASSERT_TRUE(plane.intersect({{1, 1, 1}, {1, 0, 3}}, at));
+    ASSERT_TRUE(plane.intersect({{1, 1, 1}, {1, 2, 2}}, at));
     EXPECT_NEAR(at.x, 2, 1e-12);
-    EXPECT_NEAR(at.y, 1, 1e-12);
-    EXPECT_NEAR(at.z, 4, 1e-12);
+    EXPECT_NEAR(at.y, 3, 1e-12);
+    EXPECT_NEAR(at.z, 3, 1e-12);
     EXPECT_FALSE(plane.intersect({{1, 1, 1}, {2, -1, 0}}, at));
     EXPECT_TRUE(plane.on_normal_side({0, 0, 5.1}));
     EXPECT_FALSE(plane.on_normal_side({0, 0, 5}));

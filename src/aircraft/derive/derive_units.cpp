@@ -23,7 +23,8 @@ template <class T>
 constexpr int floats_in() {
     using element = std::remove_all_extents_t<T>;
     static_assert(std::is_same_v<element, float>);
-    return sizeof(T) / sizeof(element);
+    constexpr size_t each = sizeof(element);
+    return sizeof(T) / each;
 }
 #define UNIT(record, field, factor) \
     { offsetof(record, field), floats_in<decltype(record::field)>(), &con_struct::factor }
