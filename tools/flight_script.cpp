@@ -97,10 +97,14 @@ void stall(float time) {
     if (time == 0.0f) press(key_use_function, f_throttle_less, 20);
     hold_height(0.0f, cruise_height);
 }
-// Full left rudder as the wing stalls, then the stick all the way back: snatched back, it would stop the yaw.
+// Full left rudder as the wing stalls, while the stick goes all the way back: snatched back, it would stop the yaw.
 void spin(float time) {
-    if (time == 0.0f) press(key_use_char, 'z', 10);
-    move_stick(0.0f, interp(0.5f, 0.3f, 3.0f, 1.0f, time));
+    static bool kicked = false;
+    if (!kicked && time > 1.0f) {
+        press(key_use_char, 'z', 10);
+        kicked = true;
+    }
+    move_stick(0.0f, interp(1.0f, 0.2f, 4.0f, 1.0f, time));
 }
 // Opposite rudder and the stick forward until the turn stops, then wings level and gently out of the dive.
 void recover(float time) {
@@ -126,8 +130,8 @@ const phase phases[] = {
     {"start", 8.0f, start, -1.0f},
     {"climb", 75.0f, climb, 38.0f},
     {"cruise", 60.0f, cruise, 50.0f},
-    {"stall", 29.0f, stall, -1.0f},
-    {"spin", 8.0f, spin, 5.0f},
+    {"stall", 25.0f, stall, -1.0f},
+    {"spin", 15.0f, spin, 12.0f},
     {"recovery", 15.0f, recover, -1.0f},
 };
 
