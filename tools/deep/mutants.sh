@@ -3,11 +3,11 @@
 # A floor is the score of the folder's last long run, less what a sample may scatter.
 set -e
 floors="
-flight          30
-weather         30
-aircraft/derive 30
-core/math       30
-scenery/decode  30
+flight          50
+weather         52
+aircraft/derive 55
+core/math       80
+scenery/decode  85
 "
 status=0
 scores=""
