@@ -8,6 +8,7 @@
 #include "core/disk/paths.h"
 #include "core/math/num.h"
 #include "core/program/upward.h"
+#include "core/records/con.h"
 #include "core/records/env.h"
 #include "core/records/records.h"
 #include "scenery/ground/tile.h"
@@ -36,6 +37,7 @@ int main() {
     clear_records();
     init_paths(INSTALL_FOLDER);
     init_con();
+    con.planet_rad = 6378145.0f;  // Earth; the weather, which sets it, reads no file
 
     const std::string craft = "Aircraft:General Aviation:Wren 160 Trainer:Wren 160.acf";
     snprintf(veh[0].path, sizeof veh[0].path, "%s", (app_path + craft).c_str());
