@@ -1,7 +1,6 @@
 // Start-up in its fixed order, and shutdown.
 #include "app/init_sim.h"
 
-#include <chrono>
 #include <fstream>
 
 #include "app/alert_show.h"
@@ -216,22 +215,17 @@ void init_devices() {
     MACIBM_showinit("Starting application.");
 }
 
-long long clock_microseconds() {
-    using namespace std::chrono;
-    return duration_cast<microseconds>(system_clock::now().time_since_epoch()).count();
-}
-
 // Up to 99 values, as many as the clock says.
 void draw_dummy_values() {
     constexpr long long largest_seed = 32000;
-    long long seed = clock_microseconds();
+    long long seed = seam.epoch_microsec();
     while (seed > largest_seed) seed /= 2;
     for (long long i = 0; i < seed % 100; ++i) rand31();
 }
 
 // Every start for a user has a wind, weather and traffic of its own; a run without one repeats.
 void MACIBM_init(const std::string& install_folder) {
-    if (seam.has_user) rand_seed(static_cast<unsigned>(clock_microseconds()));
+    if (seam.has_user) rand_seed(static_cast<unsigned>(seam.epoch_microsec()));
     init_records(install_folder);
     if (seam.has_user) draw_dummy_values();
     open_window();
