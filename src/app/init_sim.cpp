@@ -18,6 +18,7 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "draw/colours.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/widgets/menus.h"
@@ -259,6 +260,7 @@ void init_records(const std::string& install_folder, log_target logs) {
     THREAD_Init();
     init_con();
     ren.current_alpha = 1.0f;
+    colours_init();
     default_screen();
     alert_seam.finish = MACIBM_finishup;
     scenery_draw = scenery_draw_gl;

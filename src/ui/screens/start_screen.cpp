@@ -50,7 +50,6 @@ void read_palette() {
 }  // namespace
 
 void load_interface_images() {
-    colours_init();
     if (!seam.has_display) return;
     const std::string interface_png = bmp_path + "interface.png";
     if (!tman.load_texture(0, load_scratch, 0, filter_rgba, interface_png)) return interface_is_missing();
