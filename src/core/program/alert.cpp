@@ -12,6 +12,7 @@
 #include "core/records/mnw.h"
 
 alert_seam_struct alert_seam;
+alert_tick_struct alert_tick;
 int g_done = 0;
 int check_sys_event = 0;
 

@@ -49,6 +49,13 @@ private:
     std::vector<kind> kinds;
 };
 
+// A tick box that alerts of type 2 have below their text while `ticked` is set.
+struct alert_tick_struct {
+    std::string label;
+    int* ticked = nullptr;
+};
+extern alert_tick_struct alert_tick;
+
 struct alert_lines {
     std::string line[4];
 };

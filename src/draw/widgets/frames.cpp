@@ -11,6 +11,7 @@
 #include "draw/images/tman.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
+#include "draw/widgets/widgets.h"
 
 namespace {
 // To an even number.
@@ -85,6 +86,7 @@ void BTN_frame2(int type, float x, float y, float dx, float dy, const std::strin
     const int colour = type == 15 ? col_help : type == 11 ? col_title : col_widget;
     if (!label0.empty())
         OGL_string(colour, x + 0.5f * (dx - str_dx(label0)), y + dy - down, label0, no_wrap, charset_text);
+    if (type == 11 && mnw.top_win != win_fly && !intrange(mnw.top_win, win_alrt, win_save)) BTN_zap_boxes(0);
 }
 
 label_parts label0to12h(const std::string& label0) {

@@ -4,6 +4,7 @@
 #include <math.h>
 #include <stdio.h>
 #include <string.h>
+#include <strings.h>
 
 #include <vector>
 
@@ -320,7 +321,7 @@ int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const 
     OGL_string(col_widget, x - half + 6.0f, y, items[intlim(*sel, 0, last)], no_wrap, charset_text);
     draw_labels(x, y, half, label);
 
-    const int code = 1024 * intround(y) + intround(x);  // ties an open list to its control
+    const int code = intcut(1024.0f * y + x);  // ties an open list to its control
     if (mnw.menu_up == menu_popup && active_popup_code == code) scroll_popup(x, y, width, items, sel);
     if (clicked(in)) {
         active_popup_code = code;
@@ -505,7 +506,43 @@ const piece& icon_of_file(int n) {
 }
 
 bool sorts_before(const std::string& a, const std::string& b) { return strcasecmp(a.c_str(), b.c_str()) < 0; }
+
+// What is being typed below a list of places. A search by name ends one by identifier.
+struct place_search {
+    std::string id;
+};
+place_search search;
+
+// To the first entry that does not sort before the text.
+int search_name(float x, float y, int* at, int first, int last, std::string* typed, std::string (*fetchFunc)(int)) {
+    constexpr int field = 9001, letters = 30;
+    if (!BTN_enterstring(x, y, typed, letters, field, stl.text[text_search_name])) return 0;
+    search.id.clear();
+    int i = first;
+    while (i < last && sorts_before(fetchFunc(i), *typed)) ++i;
+    *at = i;
+    return 1;
+}
+
+// To the entry of that identifier, while it is being typed to the first that begins so. Identifiers are in no order.
+int search_id(float x, float y, int* at, int first, int last, std::string (*fetchId)(int)) {
+    constexpr int field = 9002, letters = 4;
+    if (!BTN_enterstring(x, y, &search.id, letters, field, stl.text[text_search_id]) || search.id.empty()) return 0;
+    int found = -1;
+    for (int i = first; i <= last; ++i) {
+        const std::string id = fetchId(i);
+        if (strncasecmp(id.c_str(), search.id.c_str(), search.id.size()) != 0) continue;
+        if (found < 0 || id.size() == search.id.size()) found = i;
+        if (id.size() == search.id.size()) break;
+    }
+    if (found < 0) return 0;
+    *at = found;
+    return 1;
+}
 }  // namespace
+
+place_ids_struct place_ids;
+void reset_widgets() { search = {}; }
 
 int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* ctr_index, int* hil_index,
                       int ind1, int ind2, std::string* str_input, std::string (*fetchFunc)(int)) {
@@ -522,13 +559,16 @@ int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* c
     const float middle = y + 0.5f * dy;
     BTN_frame2(16, x, y, dx, dy, "");
     int changed = 0;
-    // typing goes to the first entry that does not sort before the text
-    constexpr int name_field = 9001;
-    if (str_input && of_places && BTN_enterstring(x + 0.5f * dx, y - 18.0f, str_input, 30, name_field, "")) {
-        int i = ind1;
-        while (i < ind2 && sorts_before(fetchFunc(i), *str_input)) ++i;
-        *ctr_index = *hil_index = i;
-        changed = 1;
+    if (of_places) {
+        // one above the other, their left ends in line
+        constexpr float name_down = 18.0f, id_down = 44.0f, id_left = 78.0f;
+        const float at_x = x + 0.5f * dx;
+        std::string (*const id_of)(int) = win_type == win_nav_list ? place_ids.navaid : place_ids.airport;
+        int found = 0, at = 0;
+        if (str_input) found = search_name(at_x, y - name_down, &at, ind1, ind2, str_input, fetchFunc);
+        if (id_of) found |= search_id(at_x - id_left, y - id_down, &at, ind1, ind2, id_of);
+        if (found) *ctr_index = *hil_index = at;
+        changed = found;
     }
     const bool in = mouse_in(x, y, x + dx - 2.0f * bar, y + dy);
     if (clicked(in)) {
@@ -586,7 +626,6 @@ void BTN_fillwin(int bar, int fill_type) {
     constexpr int with_bar = 11, without_bar = 12, top_strip = 1, nothing_more = 19;
     constexpr float in = 10.0f;
     BTN_frame2(bar ? with_bar : without_bar, 0.0f, 0.0f, mnw.win_dx, mnw.win_dy, bar ? stl.win_name : "");
-    if (bar && mnw.top_win != win_fly && !intrange(mnw.top_win, win_alrt, win_save)) BTN_zap_boxes(0);
     if (fill_type == 1)
         BTN_frame1(top_strip, 0.5f * mnw.win_dx, mnw.win_dy - 30.0f, mnw.win_dx - 2.0f * in, col_white);
     else if (fill_type != nothing_more)

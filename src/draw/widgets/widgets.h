@@ -45,6 +45,15 @@ int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_pa
 // Scrolling list of lines; win_type tells what the lines are. fetchFunc gives the name of an index.
 int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* ctr_index, int* hil_index,
                       int ind1, int ind2, std::string* str_input, std::string (*fetchFunc)(int));
+// The identifier behind a line of the lists of places, for their second search field: given by those who fill the
+// lists, by the index that fetchFunc gets. Without it there is no such field.
+struct place_ids_struct {
+    std::string (*navaid)(int) = nullptr;
+    std::string (*airport)(int) = nullptr;
+};
+extern place_ids_struct place_ids;
+void reset_widgets();
+
 void BTN_pan_zoom(float x, float y);
 
 // Opens the file dialog; type selects folder and filter. The file and path come back when the user chose one.

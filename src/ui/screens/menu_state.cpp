@@ -1,4 +1,4 @@
-// What the menus show of the program's state.
+// What the menus and lists show of the program's state.
 #include "ui/screens/menu_state.h"
 
 #include "core/program/upward.h"
@@ -9,6 +9,8 @@
 #include "core/records/ren.h"
 #include "core/records/stl.h"
 #include "draw/widgets/menus.h"
+#include "draw/widgets/widgets.h"
+#include "scenery/nav/nav_tables.h"
 #include "ui/keys/commands.h"
 
 namespace {
@@ -34,7 +36,13 @@ int is_checked(int code) {
     return 0;
 }
 
+std::string airport_id(int i) { return vec_apt[static_cast<size_t>(i)].apt_id; }
+std::string navaid_id(int i) { return vec_nav[static_cast<size_t>(i)].nav_id; }
+
 int is_disabled(int code) { return TVPMenuIsDisabled(code) || !command_exists(code); }
 }  // namespace
 
-void menus_ask_program() { menu_answer = {is_checked, is_disabled}; }
+void menus_ask_program() {
+    menu_answer = {is_checked, is_disabled};
+    place_ids = {navaid_id, airport_id};
+}

@@ -12,6 +12,7 @@
 #include "core/records/stl.h"
 #include "draw/colours.h"
 #include "draw/gl/ogl.h"
+#include "draw/images/image_png.h"
 #include "draw/images/interface_layout.h"
 #include "draw/images/tman.h"
 #include "draw/primitives.h"
@@ -34,11 +35,21 @@ void interface_is_missing() {
                  bmp_path + "interface.png", alert_fatal);
 }
 
+// Every piece and colour has its place in a picture of one size.
+bool interface_has_its_size(const std::string& path) {
+    unsigned dx, dy;
+    if (!png_size(path, &dx, &dy) || (dx == interface_size && dy == interface_size)) return true;
+    const std::string side = std::to_string(interface_size);
+    MACIBM_alert(0, "The graphics interface file has the wrong size!", path,
+                 "It is " + std::to_string(dx) + " by " + std::to_string(dy) + " pixels.",
+                 "It must be " + side + " by " + side + ".", alert_fatal);
+    return false;
+}
+
 // Rows of the colour table that stand as single pixels in the image, in scratch_array.
 void read_palette() {
-    constexpr int image_dx = 512;
     const auto take = [](int row, int s, int t) {
-        const unsigned char* p = scratch_array + 4 * (t * image_dx + s);
+        const unsigned char* p = scratch_array + 4 * (t * interface_size + s);
         OGL_assigncolor(row, p[0] / 255.0f, p[1] / 255.0f, p[2] / 255.0f);
     };
     for (const palette_texel& p : palette_texels) take(p.row, p.s, p.t);
@@ -53,16 +64,17 @@ void load_interface_images() {
     if (!seam.has_display) return;
     const std::string interface_png = bmp_path + "interface.png";
     if (!tman.load_texture(0, load_scratch, 0, filter_rgba, interface_png)) return interface_is_missing();
+    if (!interface_has_its_size(interface_png)) return;
     read_palette();
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
     tman.load_texture(1, load_ogl, tex_blank, filter_rgba, bmp_path + "blank.png");
     tman.load_texture(1, load_ogl, tex_interface, filter_rgba, interface_png);
 }
 
-int load_korean_glyphs(const std::string& path) {
+int load_korean_glyphs() {
     if (!seam.has_display) return 0;
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
-    return tman.load_texture(0, load_ogl, tex_menu_text, filter_rgba, path) != 0;
+    return tman.load_texture(0, load_ogl, tex_menu_text, filter_rgba, men_path + "Korean:menu_text.png") != 0;
 }
 
 // -- background

@@ -188,7 +188,7 @@ void MACIBM_read_menus(const std::string& name) {
 
 void MACIBM_setupforlang(int hard_reset) {
     if (hard_reset) load_plane(0);
-    stl.glyph_text = mnw.lang == lang_korean && load_korean_glyphs(men_path + "Korean:menu_text.png");
+    stl.glyph_text = mnw.lang == lang_korean && load_korean_glyphs();
     MACIBM_clear_menus(2);
     MACIBM_read_menus("Tarvane.txt");
     read_texts();
