@@ -300,7 +300,7 @@ void init_sim(const std::string& install_folder) {
     load_other_aircraft();
     start_network_if_used();
     init_flt_0(start_airport, stg.start_ramp ? place_ramp : place_runway);
-    begin_user_flight_steady();
+    begin_user_flight_steady(start_airport);
     choose_first_window();
 }
 

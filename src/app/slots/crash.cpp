@@ -62,6 +62,7 @@ void restart_after_crash() {
     seam.wait(stand_still);
     explain_the_crash();
     init_flt_0(start_airport, place_runway);
+    begin_user_flight_steady(start_airport);
 }
 }  // namespace
 

@@ -82,7 +82,7 @@ std::vector<std::string> all_aircraft() {
 
 void start_over() {
     init_flt_0(start_airport, place_runway);
-    begin_user_flight_steady();
+    begin_user_flight_steady(start_airport);
 }
 
 // The one behind the present one, the first behind the last.

@@ -106,15 +106,17 @@ void enter_window(int now) {
     }
 }
 
-// Two callers mean more than a window.
+// Choosing an airport or a place on the planet begins a flight there.
 void start_flight_for(const std::string& from_str, int old, int now) {
     if (from_str == "select airport") {
         if (net.use_ip[ip_master_ios]) return send_airport_to_instructor(place_runway);
         load_region(0);
         init_flt_0(start_airport, stg.start_ramp ? place_ramp : place_runway);
+        begin_user_flight_steady(start_airport);
     } else if (from_str == "planet region" && old == win_wrl && now == win_fly) {
         check_for_shift(stg.cus_lat, stg.cus_lon);
         init_flt_0(start_custom, 0);
+        begin_user_flight_steady(start_custom);
     }
 }
 }  // namespace

@@ -195,5 +195,6 @@ void MACIBM_setupforlang(int hard_reset) {
     if (hard_reset) {
         load_region(1);
         init_flt_0(start_airport, place_runway);
+        begin_user_flight_steady(start_airport);
     }
 }
