@@ -9,6 +9,7 @@
 #include "draw/font_table.h"
 #include "draw/images/interface_layout.h"
 #include "support.h"
+#include "ui/text/korean.h"
 
 namespace {
 
@@ -56,6 +57,28 @@ const picture& image() {
 std::string bytes_of(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+TEST(art, every_glyph_of_the_korean_menus_has_ink_and_no_two_are_alike) {
+    const picture glyphs = read_picture("../menus/Korean/menu_text.png");
+    ASSERT_EQ(glyphs.dx, 1024);
+    std::set<std::string> cells, seen;
+    const std::string menus = bytes_of(INSTALL_FOLDER "Resources/menus/korean/Tarvane.txt");
+    for (size_t at = 0; at < menus.size(); at += (menus[at] & 0xF0) == 0xE0 ? 3 : 1)
+        if ((menus[at] & 0xF0) == 0xE0) cells.insert(char_string_to_int_string(menus.substr(at, 3)));
+    EXPECT_GT(cells.size(), 100u);
+    for (const std::string& pair : cells) {
+        const int cell = 127 * pair[0] + pair[1] - 128, s = cell % 40 * 13, t = cell / 40 * 13;
+        std::string ink;
+        int dark = 0;
+        for (int y = 0; y < 13; ++y)
+            for (int x = 0; x < 13; ++x) {
+                ink += static_cast<char>(glyphs.at(s + x, t + y).a);
+                dark += glyphs.at(s + x, t + y).a > 100;
+            }
+        EXPECT_GT(dark, 8) << cell;
+        EXPECT_TRUE(seen.insert(ink).second) << cell;
+    }
 }
 
 TEST(art, pictures_have_their_sizes_and_gamma_and_come_out_the_same_again) {

@@ -152,8 +152,6 @@ bool parent_exists(int64_t parent, int m) {
 
 // Entries up to an empty line; for a menu that could not be made they are passed over.
 void read_entries(line_reader& lines, const std::string& path, int m, bool made) {
-    // without their image Korean texts are plain
-    const int is_name = mnw.lang == lang_korean && !stl.glyph_text;
     std::string_view line;
     for (int i = 0; lines.next_filled(line);) {
         numbered_line in;
@@ -161,13 +159,15 @@ void read_entries(line_reader& lines, const std::string& path, int m, bool made)
         if (!split(line, in) || in.number < 0 || in.number > INT_MAX)
             tell_line("An entry of the menu file has no code!", path, line);
         else
-            MACIBM_append_menu(m, i++, static_cast<int>(in.number), menu_text(in.text), is_name);
+            MACIBM_append_menu(m, i++, static_cast<int>(in.number), menu_text(in.text), 0);
     }
 }
 }  // namespace
 
 void MACIBM_read_menus(const std::string& name) {
-    const std::string path = men_path + language_folder() + name;
+    // without their glyphs Korean menus could not be read
+    const bool is_plain = mnw.lang == lang_korean && !stl.glyph_text;
+    const std::string path = men_path + (is_plain ? folders[lang_english] : language_folder()) + name;
     XMappedFile file;
     if (!file.retry(set_dir_chars(path).c_str()))
         return fatal("Cannot open file!", path, "Trash this copy and re-install Tarvane.");
