@@ -50,11 +50,11 @@ void lines(const alert_lines& text) {
 }
 
 void draw(const alert_lines& text, int type) {
-    constexpr int without_bar = 0, nothing_more = 19;
+    constexpr int without_bar = 0;
     constexpr float button_up = 18.0f, tick_x = 22.0f, tick_y = 38.0f;
     OGL_view_2d();
     seam.draw_background();
-    BTN_fillwin(without_bar, nothing_more);
+    BTN_fillwin(without_bar, fill_nothing);
     if (type == alert_language)
         language_buttons();
     else

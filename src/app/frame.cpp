@@ -9,7 +9,8 @@
 #include "core/program/logs.h"
 #include "core/program/seams.h"
 #include "core/records/records.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
+#include "draw/images/interface_layout.h"
 #include "draw/images/screenshot.h"
 #include "net/messages.h"
 #include "platform/window.h"
@@ -141,7 +142,7 @@ void pulse_colours() {
 
 void choose_cursor() {
     constexpr float idle = 10.0f;  // s without movement
-    if (mnw.real_time - mnw.m_move_time > idle) mnw.cursor_type = 1;
+    if (mnw.real_time - mnw.m_move_time > idle) mnw.cursor_type = cursor_hidden;
 }
 
 bool window_is_modal() { return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save); }
@@ -150,7 +151,6 @@ bool window_is_modal() { return mnw.top_win == win_about || intrange(mnw.top_win
 void reset_frame() { state = {}; }
 
 void MACIBM_event_proc() {
-    constexpr int sound_click = 222;
     set_periodic_flags();
     profile_chart("init", 0);
     clear_input_flags();
@@ -166,7 +166,7 @@ void MACIBM_event_proc() {
     mouse_timing();
     pulse_colours();
     frame_rate_proof();
-    mnw.cursor_type = 0;
+    mnw.cursor_type = cursor_of_system;
     ren.num_fas_finds = ren.num_slo_finds = 0;
     menus_follow_mouse();
     profile_chart("menu", 0);

@@ -18,7 +18,7 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/widgets/menus.h"

@@ -12,7 +12,7 @@
 #include "core/program/seams.h"
 #include "core/records/mnw.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/primitives.h"

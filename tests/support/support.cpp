@@ -13,7 +13,7 @@
 #include "core/program/jobs.h"
 #include "core/program/seams.h"
 #include "core/records/ren.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 
 namespace test {
 

@@ -10,7 +10,7 @@
 #include "core/program/logs.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "platform/window.h"
 
 static void set_switch(GLenum which, bool on) {

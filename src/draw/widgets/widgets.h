@@ -52,6 +52,8 @@ struct place_ids_struct {
     std::string (*airport)(int) = nullptr;
 };
 extern place_ids_struct place_ids;
+// Text fields of the widgets themselves, as mnw.entry_field has them.
+enum widget_field : int { field_search_name = 9001, field_search_id = 9002 };
 void reset_widgets();
 
 void BTN_pan_zoom(float x, float y);
@@ -60,6 +62,8 @@ void BTN_pan_zoom(float x, float y);
 void dialog_opensave(int open_save, int file_type, std::string* file, std::string* path);
 
 // -- windows
+// What fills a window below its bar: one of these, or a box_kind 10 in from the edges.
+enum window_fill : int { fill_top_strip = 1, fill_nothing = 19 };
 void BTN_fillwin(int bar, int fill_type);
 void BTN_subwin(float tab_dy, int win_type, float x, float y, float dx, float dy, const std::string& str,
                 float* x2, float* y2);

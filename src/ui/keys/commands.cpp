@@ -38,7 +38,7 @@ constexpr command_row commands[] = {
     {cmd_about, MACIBM_about},
     {cmd_quit, quit},
     {view_fwd_panel, forward_view},
-    {view_night_vision, night_vision},
+    {cmd_night_vision, night_vision},
     {cmd_trace, write_trace},
     {cmd_screenshot, picture},
     {cmd_kick_pitch, kick_pitch},

@@ -10,7 +10,7 @@
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/image_png.h"
 #include "draw/images/interface_layout.h"
@@ -117,7 +117,6 @@ void OGL_plot_background() {
 void start_lights_allowed(int allowed) { lights_allowed = allowed; }
 
 void MACIBM_showinit(const char* init_string) {
-    constexpr int kind_box = 15, kind_track = 4, kind_fill = 5;
     constexpr float box_x = 10.0f, box_y = 31.0f, box_dx = 310.0f, box_dy = 206.0f;
     constexpr float bar_x1 = 8.0f, bar_x2 = 1016.0f, bar_y = 15.0f, text_in = 20.0f;
     if (!lights_allowed || !drawing()) return;
@@ -125,7 +124,7 @@ void MACIBM_showinit(const char* init_string) {
     mnw.win_x = mnw.win_y = 0.0f;
     OGL_view_2d();
     OGL_plot_background();
-    BTN_frame2(kind_box, box_x, box_y, box_dx, box_dy, "This is Orvelle Version 8.00");
+    BTN_frame2(box_glass, box_x, box_y, box_dx, box_dy, "This is Orvelle Version 8.00");
     float line_y = box_y + box_dy - 48.0f;
     for (const int number : {1155, 1156, 1157}) {
         OGL_string(col_help, box_x + text_in, line_y, stl.text[number], box_dx - 2.0f * text_in,
@@ -134,8 +133,8 @@ void MACIBM_showinit(const char* init_string) {
             10.0f * static_cast<float>(wrapped_lines(stl.text[number], box_dx - 2.0f * text_in)) + 12.0f;
     }
     const float ratio = fltlim(0.01f * static_cast<float>(++steps), 0.02f, 1.0f), span = bar_x2 - bar_x1;
-    BTN_frame1(kind_track, 0.5f * (bar_x1 + bar_x2), bar_y, span, col_white);
-    BTN_frame1(kind_fill, bar_x1 + 0.5f * span * ratio, bar_y, span * ratio, col_white);
+    BTN_frame1(strip_progress_track, 0.5f * (bar_x1 + bar_x2), bar_y, span, col_white);
+    BTN_frame1(strip_progress_fill, bar_x1 + 0.5f * span * ratio, bar_y, span * ratio, col_white);
     OGL_string(col_step, bar_x1 + 4.0f, 0.0f, init_string, no_wrap, charset_text);
     OGL_sbuf();
     mnw.win_x = x;

@@ -16,6 +16,7 @@
 #include "net/messages.h"
 #include "scenery/ground/region.h"
 #include "scenery/nav/nav_tables.h"
+#include "ui/keys/commands.h"
 #include "ui/screens/start_screen.h"
 
 namespace {
@@ -78,7 +79,7 @@ void size_and_title(int top_win) {
 
 // A recording that was loaded plays as soon as its window closes.
 void start_loaded_replay() {
-    constexpr int cmd_replay = 1535, transport_play = 5;
+    constexpr int transport_play = 5;
     mnw.totl_time = 0.0f;
     mnw.locl_time = pat.start_time_of_day;
     if (mnw.replay_mode)

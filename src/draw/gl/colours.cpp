@@ -1,5 +1,5 @@
 // Colour table.
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 
 #include <GL/gl.h>
 
