@@ -40,7 +40,7 @@ TEST(start, draws_anew_for_a_user_and_repeats_without_one) {
 
 TEST(window, the_airport_map_is_titled_with_its_airport_and_about_compares_no_versions) {
     test::fly_aircraft("Lark 15");
-    ASSERT_FALSE(vec_apt.empty());
+    vec_apt.assign(1, {});
     msc.loc_apt_wrl = 0;
     vec_apt[0].apt_name = "Field";
     strcpy(vec_apt[0].apt_id, "KXYZ");
