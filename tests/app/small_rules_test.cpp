@@ -66,6 +66,13 @@ TEST(window, a_click_is_heard_also_where_a_menu_takes_it) {
     seams_headless();
 }
 
+TEST(window, the_key_for_the_next_aircraft_passes_over_the_copy_of_the_present_one) {
+    headless_start(INSTALL_FOLDER, "", log_to_nothing);
+    ASSERT_EQ(veh[0].num_engines, 4);
+    APP_handlekey(key_use_char, 'n');
+    EXPECT_STREQ(veh[0].name, "Plover 420.acf");
+}
+
 TEST(menus, a_submenu_without_entries_does_not_open) {
     test::fresh();
     MACIBM_clear_menus(1);
