@@ -2,6 +2,7 @@
 #include "weather/wind.h"
 
 #include "core/craft/veh.h"
+#include "core/math/geo3.h"
 #include "core/math/random.h"
 #include "core/program/alert.h"
 #include "core/program/clocks.h"
@@ -15,10 +16,6 @@
 
 wind_class wind;
 
-struct vec_struct {
-    float x, y, z;
-};
-
 // What the frames hand on to each other.
 struct wind_state_struct {
     // gust: targets are redrawn once a second
@@ -29,12 +26,12 @@ struct wind_state_struct {
     int burst_on_top;  // 1: the aircraft is under the core and is pressed down too
     float burst_strt_time, burst_stop_time;  // totl_time, s
     float burst_speed, burst_vertv;          // m/s
-    vec_struct base_msc;                     // smoothed wind without thermals, m/s
+    d3_struct base_msc;                      // smoothed wind without thermals, m/s
     // offsets of the turbulence field, m
-    vec_struct wind_os;           // integrated wind
-    vec_struct term_os, crnt_os;  // wander: target and present
-    double_float phase;           // in double: a float phase would stand still after some hours
-    float slope_vy;               // smoothed ridge lift, m/s
+    d3_struct wind_os;           // integrated wind
+    d3_struct term_os, crnt_os;  // wander: target and present
+    double_float phase;          // in double: a float phase would stand still after some hours
+    float slope_vy;              // smoothed ridge lift, m/s
 };
 static wind_state_struct state;
 
@@ -107,7 +104,7 @@ static void gust() {
 }
 
 // Layer wind and gust. A direction names where the wind comes from: 270 moves the air to +x, 0 to +z.
-static vec_struct layer_wind() {
+static d3_struct layer_wind() {
     const float spd_msc = wind.base_wndspd_kts * con.ktstomsc + state.shr_crnt_spd_msc;
     const int dir_true =
         intwrap(intcut(wind.base_wnddir_mag - env.mag_var + state.shr_crnt_dir_true), 0, 359);
@@ -134,7 +131,7 @@ static bool burst_begins() {
 }
 
 // A push from one of the four world directions that rises and dies as a half sine.
-static vec_struct burst_wind() {
+static d3_struct burst_wind() {
     if (state.burst_type == 0) {
         if (burst_begins()) start_burst();
         return {};  // the first frame of a burst adds nothing yet
@@ -233,8 +230,8 @@ void wind_class::per_cycle() {
     ret_wind_stats(static_cast<float>(flt[0].dob_ele), &base_wndspd_kts, &base_wnddir_mag, &base_shrspd_kts,
                    &base_shrdir_deg, &base_trblnc_lev);
     gust();
-    const vec_struct target = layer_wind();
-    const vec_struct burst = burst_wind();
+    const d3_struct target = layer_wind();
+    const d3_struct burst = burst_wind();
 
     const float rat = 2.0f * mnw.prd_FM;
     state.base_msc.x = closer_assymp(state.base_msc.x, target.x + burst.x, rat);

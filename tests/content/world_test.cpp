@@ -253,7 +253,7 @@ TEST_F(world_test, the_pair_meets_without_a_hole) {
     std::set<std::array<float, 3>> points[2];
     for (const int side : {0, 1})
         for (const d3_struct& v : test::stood_on(load(34, -118 + side)))
-            points[side].insert({v.v[0], v.v[1], v.v[2]});
+            points[side].insert({v.x, v.y, v.z});
     size_t common = 0;
     for (const auto& p : points[0]) common += points[1].count(p);
     EXPECT_EQ(common, 86u);
@@ -351,7 +351,7 @@ TEST_F(scene_test, loads_without_a_word_and_all_objects_stand_on_the_ground) {
         EXPECT_FALSE(terrain_is_wet(object->xyz[0], object->xyz[2], 26));
         double y = NAN;  // of the triangle around it, by areas
         for (size_t n = 0; n + 2 < ground.size() && std::isnan(y); n += 3) {
-            const float *a = ground[n].v, *b = ground[n + 1].v, *c = ground[n + 2].v;
+            const float *a = ground[n].xyz(), *b = ground[n + 1].xyz(), *c = ground[n + 2].xyz();
             if (fabs(a[0] - x) > 2500.0 || fabs(a[2] - z) > 2500.0) continue;
             const auto area = [](double x1, double z1, double x2, double z2) { return x1 * z2 - x2 * z1; };
             const double all = area(b[0] - a[0], b[2] - a[2], c[0] - a[0], c[2] - a[2]);
