@@ -93,6 +93,7 @@ static void drift_clouds() {
     clou.blow_region_z(way * cos_deg(dir_mag - env.mag_var));
 }
 
+// As given: drawn anew each second, followed in half a second.
 static void gust() {
     if (mnw.puff1) {
         state.shr_term_spd_msc = flt_rand(-1.0f, 1.0f) * wind.base_shrspd_kts * con.ktstomsc;
@@ -113,6 +114,7 @@ static d3_struct layer_wind() {
 
 // -- microburst
 
+// As given: 10 to 20 s, 30 to 90 knots, 2,000 to 8,000 ft/min.
 static void start_burst() {
     state.burst_type = int_rand(1, 4);
     state.burst_on_top = int_rand(0, 1);
@@ -190,6 +192,7 @@ static float cloud_turbulence() {
     return level_rat_acf;
 }
 
+// 0 to 1. As given.
 static float turbulence_strength() {
     const float top = fltmax2(atm.set_wind_alt_mtrs[2], 6000.0f) + 2000.0f;  // of the weather, m
     // halved at the ground, full from 20 m; fades below the top to a tenth
@@ -200,7 +203,7 @@ static float turbulence_strength() {
 
 // -- rising air
 
-// Cells of 200 m, fixed to the ground; on and off at once at a cell's edge.
+// m/s. As given: cells of 200 m, fixed to the ground; on and off at once at a cell's edge.
 static float thermal() {
     const float therm_prt_rand =
         interp_noise(static_cast<float>(flt[0].dob_x * 0.005), static_cast<float>(flt[0].dob_z * 0.005), 0) *
@@ -215,7 +218,7 @@ static float thermal() {
     return therm_vy;
 }
 
-// The wind's component into the slope below, gone at 1000 m above ground.
+// m/s: the wind's component into the slope below; as given gone at 1000 m above ground.
 static float ridge_lift() {
     const float new_slope_vy =
         (-state.base_msc.x * env.terrain_nrm[0] - env.terrain_nrm[2] * state.base_msc.z) *

@@ -82,8 +82,9 @@ void air_at_hub(disc_run& r) {
     if (r.no_axial_air) r.v_prop.z = 0.0f;
 }
 
-// A rotor hovering in its own turbulence has half as much inflow again as in clean air; near the ground
-// less, and side flow clears the disc.
+// A rotor hovering in its own turbulence has half as much inflow again as in clean air; near the ground less,
+// and side flow clears the disc. As given, in knots; so is the vortex ring's range of descent, in sixths of
+// the wash.
 void dirty_air(disc_run& r) {
     const float v_prop_coord_aft_aero = r.v_prop.z + 0.5f * r.now.DVinc;
     const float clear_v_kts = pythag(r.v_prop.x, r.v_prop.y, v_prop_coord_aft_aero) * con.msctokts;
@@ -200,8 +201,8 @@ position_terms terms_at(const disc_run& r, const station& s, int bld) {
     }
 }
 
-// Wind through the disc at a place. The hub's rotation speed counts along the aircraft's axis, also for a
-// disc that does not point along it.
+// Wind through the disc at a place. As given: the hub's rotation speed counts along the aircraft's axis, also
+// for a disc that does not point along it.
 float air_through(const disc_run& r, const d3_struct& place) {
     if (r.no_axial_air) return 0.0f;
     d3_struct air;
@@ -288,7 +289,8 @@ void all_elements(disc_run& r) {
 }
 
 // -- moments of a disc that tilts
-// The rate at which the hub's moment precesses the disc, rad/s: chased, but never past.
+// The rate at which the hub's moment precesses the disc, rad/s: chased, but never past. As given: it takes
+// half of the step.
 float precession(float rate_now, float hub_moment, float rate_from_acf, float mi, float tacrad) {
     const float term = hub_moment / (fltmax2(fabsf(tacrad), 1.0f) * mi) - rate_from_acf;
     const float next = rate_now + hub_moment / mi * mnw.prd_FM;
@@ -353,9 +355,9 @@ void steered_moments(disc_run& r) {
     f.N += r.hub_on_cog.N;
 }
 
-// Gyroscopic moments of a plain disc. Their senses are fixed so: a propeller turning clockwise seen from
-// behind answers a yaw to the right with the nose up and a pitch up with a yaw to the left, and each rate is
-// damped.
+// Gyroscopic moments of a plain disc. As given: their senses are fixed so that a propeller turning clockwise
+// seen from behind answers a yaw to the right with the nose up and a pitch up with a yaw to the left, and
+// each rate is damped.
 moments gyroscopic(const disc_run& r) {
     const flt_struct& f = flt[0];
     const disc_axes& a = r.axes;
@@ -379,7 +381,7 @@ void plain_moments(disc_run& r) {
 }
 
 // -- what the disc shows
-// The thrust of the coning blades is lessened by their mass in kilograms, as a number.
+// As given: the thrust of the coning blades, N, is lessened by their mass in kilograms.
 float cone_target(const disc_run& r) {
     constexpr float most = 8.0f * 0.01745329f;  // rad
     const float force_up = fallout(r.now.thrust - r.kind.prop_mass, -0.01f, 0.01f);
@@ -388,6 +390,7 @@ float cone_target(const disc_run& r) {
     return fltlim(atanf(force_up / force_out), -most, most);
 }
 
+// As given: swirl, m/s, is a quarter of the wash for what the propeller wastes.
 void coning_and_wash(disc_run& r) {
     flt_engn_struct& e = r.now;
     e.cone_rad = is_rotor(0, r.en) ? closer_assymp(e.cone_rad, cone_target(r), mnw.prd_FM) : 0.0f;
@@ -397,8 +400,9 @@ void coning_and_wash(disc_run& r) {
 }
 }  // namespace
 
+// Momentum theory, m/s. As given: the mass flow is counted with the whole increment at the disc, not half of
+// it, and settles in a second.
 float get_dv_total(float dv_total_now, float t, float s, float vgeo) {
-    // the whole increment is counted at the disc, not half of it
     const float v_thru_disc = fallout(vgeo + dv_total_now, -1.0f, 1.0f);
     const float mass_flow = fltmax2(con.lcl_r_met, 0.001f) * fltmax2(s, 1e-4f) * fabsf(v_thru_disc);
     return closer_assymp(dv_total_now, t / mass_flow, mnw.prd_FM);
