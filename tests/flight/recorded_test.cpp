@@ -1,0 +1,309 @@
+// Short flights and what they came to, against tests/data/recorded: the user's aircraft from its controls to its
+// instruments, the kinds of engines and discs, failures, weather. A change detector beside the references.
+#include "recorded.h"
+
+#include <math.h>
+#include <string.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "aircraft/deflect.h"
+#include "app/lab/lab_steady.h"
+#include "core/program/logs.h"
+#include "flight/fullsim.h"
+#include "flight/pilots/pilot_input.h"
+#include "flying.h"
+#include "random_aircraft.h"
+#include "weather/weather_step.h"
+#include "weather/wind.h"
+
+namespace {
+using F = flt_struct;
+using E = flt_engn_struct;
+using W = flt_wing_struct;
+
+// Fields of one unit, and from where on they count in proportion.
+template <class record>
+struct group {
+    const char* unit;
+    double size;
+    std::vector<std::pair<const char*, float record::*>> fields;
+};
+
+// clang-format off
+const std::vector<group<F>> of_aircraft = {
+    {"-", 0.01, {{"FC_ptch", &F::FC_ptch}, {"FC_roll", &F::FC_roll}, {"FC_hdng", &F::FC_hdng}, {"sbrk_rqst", &F::sbrk_rqst},
+        {"sbrk_rat", &F::sbrk_rat}, {"swdi_rat", &F::swdi_rat}, {"handle_rat_req", &F::handle_rat_req},
+        {"handle_rat_act", &F::handle_rat_act}, {"slat_rat", &F::slat_rat}, {"fla1_rat", &F::fla1_rat}, {"fla2_rat", &F::fla2_rat},
+        {"vect_rat", &F::vect_rat}, {"elev_trim", &F::elev_trim}, {"ailn_trim", &F::ailn_trim}, {"rudd_trim", &F::rudd_trim},
+        {"disp_rat", &F::disp_rat}, {"blown_flap_engage_rat", &F::blown_flap_engage_rat}, {"Mach", &F::Mach},
+        {"C_m", &F::C_m}, {"C_n", &F::C_n}, {"cl_overall", &F::cl_overall}, {"cd_overall", &F::cd_overall}, {"l_o_d", &F::l_o_d}}},
+    {"N", 1.0, {{"lift_path_axis", &F::lift_path_axis}, {"drag_path_axis", &F::drag_path_axis}, {"side_path_axis", &F::side_path_axis},
+        {"fside_prop_acf", &F::fside_prop_acf}, {"fnrml_prop_acf", &F::fnrml_prop_acf}, {"faxil_prop_acf", &F::faxil_prop_acf},
+        {"fside_aero_acf", &F::fside_aero_acf}, {"fnrml_aero_acf", &F::fnrml_aero_acf}, {"faxil_aero_acf", &F::faxil_aero_acf}}},
+    {"N_m", 1.0, {{"L", &F::L}, {"M", &F::M}, {"N", &F::N}}},
+    {"deg/s2", 0.1, {{"Pdot", &F::Pdot}, {"Qdot", &F::Qdot}, {"Rdot", &F::Rdot}}},
+    {"deg/s", 0.1, {{"P", &F::P}, {"Q", &F::Q}, {"R", &F::R}}},
+    {"rad/s", 0.001, {{"Prad", &F::Prad}, {"Qrad", &F::Qrad}, {"Rrad", &F::Rrad}}},
+    {"deg", 0.1, {{"phi", &F::phi}, {"the", &F::the}, {"psi", &F::psi}, {"alpha", &F::alpha}, {"beta", &F::beta},
+        {"h_path", &F::h_path}, {"v_path", &F::v_path}, {"stab_def", &F::stab_def}, {"psi_mag_act", &F::psi_mag_act},
+        {"TR_roll_ind_deg", &F::TR_roll_ind_deg}, {"TR_hdng_ind_deg", &F::TR_hdng_ind_deg}, {"slip_ind_deg", &F::slip_ind_deg},
+        {"com_ind_mag", &F::com_ind_mag}}},
+    {"m/s", 0.1, {{"vx", &F::vx}, {"vy", &F::vy}, {"vz", &F::vz}, {"vx_air_on_acf", &F::vx_air_on_acf},
+        {"vy_air_on_acf", &F::vy_air_on_acf}, {"vz_air_on_acf", &F::vz_air_on_acf}, {"vx_acf_axis", &F::vx_acf_axis},
+        {"vy_acf_axis", &F::vy_acf_axis}, {"vz_acf_axis", &F::vz_acf_axis}, {"V_msc", &F::V_msc}, {"AV_msc", &F::AV_msc}}},
+    {"g", 0.01, {{"g_nrml", &F::g_nrml}, {"g_axil", &F::g_axil}, {"g_side", &F::g_side}, {"g_total", &F::g_total}}},
+    {"kt", 0.1, {{"AV_sig_kts", &F::AV_sig_kts}, {"v_ind_kts", &F::v_ind_kts}}},
+    {"Pa", 1.0, {{"Qstatic", &F::Qstatic}}},
+    {"ft/min", 10.0, {{"Vh_fpm", &F::Vh_fpm}, {"vvi_ind_fpm", &F::vvi_ind_fpm}}},
+    {"ft", 1.0, {{"h_ind_ft", &F::h_ind_ft}}},
+    {"m", 0.1, {{"y_agl_mtr", &F::y_agl_mtr}, {"terrain_y_cg", &F::terrain_y_cg}}},
+    {"kg", 1.0, {{"m_total", &F::m_total}, {"m_jettison", &F::m_jettison}}},
+    {"kg_m2", 1.0, {{"Jxx_total", &F::Jxx_total}, {"Jyy_total", &F::Jyy_total}, {"Jzz_total", &F::Jzz_total}}},
+    {"W", 1.0, {{"lift_fan_total_power", &F::lift_fan_total_power}, {"pre_rot_total_power", &F::pre_rot_total_power}}},
+    {"s", 0.1, {{"jato_left", &F::jato_left}}},
+};
+const std::vector<group<E>> of_engines = {
+    {"deg", 0.1, {{"vert_nace_vector", &E::vert_nace_vector}, {"vert_disc_vector", &E::vert_disc_vector},
+        {"vert_disc_cyclic", &E::vert_disc_cyclic}, {"side_disc_cyclic", &E::side_disc_cyclic},
+        {"cyclic_elev_command", &E::cyclic_elev_command}, {"cyclic_ailn_command", &E::cyclic_ailn_command},
+        {"cyclic_elev_blad_alph", &E::cyclic_elev_blad_alph}, {"cyclic_ailn_blad_alph", &E::cyclic_ailn_blad_alph},
+        {"cyclic_elev_disc_tilt", &E::cyclic_elev_disc_tilt}, {"cyclic_ailn_disc_tilt", &E::cyclic_ailn_disc_tilt},
+        {"pitch_deg_ref", &E::pitch_deg_ref}, {"pitch_deg_use", &E::pitch_deg_use}}},
+    {"-", 0.01, {{"thro_ref", &E::thro_ref}, {"thro_use", &E::thro_use}, {"mixt", &E::mixt}, {"heat", &E::heat},
+        {"burning_rat", &E::burning_rat}, {"burner_rat", &E::burner_rat}, {"EPR", &E::EPR}, {"sigma", &E::sigma},
+        {"oil_lube_rat", &E::oil_lube_rat}, {"prop_eff", &E::prop_eff}, {"bat_amp", &E::bat_amp}}},
+    {"percent", 0.1, {{"N1", &E::N1}, {"N2", &E::N2}}},
+    {"gauge", 0.1, {{"MPR", &E::MPR}, {"ITT", &E::ITT}, {"EGT", &E::EGT}, {"CHT", &E::CHT}, {"FUELP", &E::FUELP},
+        {"OILP", &E::OILP}, {"OILT", &E::OILT}}},
+    {"N_m", 0.1, {{"TRQ_nm", &E::TRQ_nm}, {"drag_TRQ", &E::drag_TRQ}}},
+    {"kg/s", 1e-6, {{"FF_kgs", &E::FF_kgs}}},
+    {"W", 1.0, {{"power", &E::power}}},
+    {"N", 1.0, {{"thrust", &E::thrust}}},
+    {"m/s", 0.01, {{"side_wash", &E::side_wash}, {"DVinc", &E::DVinc}}},
+    {"rad", 0.001, {{"cone_rad", &E::cone_rad}}},
+    {"rad/s", 0.01, {{"prop_rsc", &E::prop_rsc}, {"tacrad_ENGN", &E::tacrad_ENGN}, {"tacrad_PROP", &E::tacrad_PROP},
+        {"Q_rotor_rad", &E::Q_rotor_rad}, {"R_rotor_rad", &E::R_rotor_rad}}},
+    {"rad/s2", 0.1, {{"omegadot_ENGN", &E::omegadot_ENGN}, {"omegadot_PROP", &E::omegadot_PROP}}},
+};
+const std::vector<group<W>> of_parts = {
+    {"deg", 0.1, {{"ail1_def", &W::ail1_def}, {"ail2_def", &W::ail2_def}, {"spo1_def", &W::spo1_def}, {"spo2_def", &W::spo2_def},
+        {"yawb_def", &W::yawb_def}, {"elev_def", &W::elev_def}, {"rud1_def", &W::rud1_def}, {"rud2_def", &W::rud2_def},
+        {"fla1_def", &W::fla1_def}, {"fla2_def", &W::fla2_def}}},
+    {"N", 1.0, {{"nrml_force_path", &W::nrml_force_path}, {"axil_force_path", &W::axil_force_path}}},
+    {"-", 0.01, {{"CL_grndeffect", &W::CL_grndeffect}, {"CD_grndeffect", &W::CD_grndeffect}}},
+};
+// clang-format on
+
+// Engines and parts are summed, each with a weight of its own, so that no two can stand for each other.
+void sample(test::recorded& r, const std::string& label) {
+    const F& f = flt[0];
+    r.column(label);
+    for (const auto& g : of_aircraft)
+        for (const auto& [name, field] : g.fields) r.value(name, g.unit, f.*field, g.size);
+    r.value("dob_x", "m", f.dob_x, 0.1);
+    r.value("dob_ele", "m", f.dob_ele, 0.1);
+    r.value("dob_z", "m", f.dob_z, 0.1);
+    r.value("fuel", "kg", f.m_fuel[0] + 2.0 * f.m_fuel[1] + 3.0 * f.m_fuel[2], 1.0);
+    r.value("failures", "count", std::count(f.fail_stat, f.fail_stat + failDIM, fail_active), 1.0);
+    r.value("warnings", "flags", f.stall_warning + 2 * stg.BB_pullup + 4 * stg.BB_sinkrate + 8 * stg.BB_gear, 1.0);
+    r.value("gyros", "-", f.gyro_force[0] + 2.0 * f.gyro_force[1] + f.dg_drift[0], 0.001);
+    double modes = 0.0, rings = 0.0, places = 0.0;
+    for (int en = 0; en < engnDIM; ++en) {
+        const E& e = f.engn[en];
+        modes += (en + 1) * (e.ignition + 10 * e.prop_mode + 100 * e.burning_fuel + 1000 * e.burner_on + 10000 * stg.idle_speed[en]);
+        for (int el = 0; el < elDIM; ++el) rings += (en + 1) * (el + 1) * e.RING_DVinc[el];
+        for (int i = 0; i < 3; ++i) places += (en + 1) * (i + 1) * e.XYZ[i];
+    }
+    r.value("engine_modes", "flags", modes, 1.0);
+    r.value("RING_DVinc", "m/s", rings, 0.1);
+    r.value("engine_XYZ", "m", places, 0.1);
+    r.value("clutches", "-", stg.clutch_rat[0] + 2.0 * stg.clutch_rat[1], 0.01);
+    for (const auto& g : of_engines)
+        for (const auto& [name, field] : g.fields) {
+            double sum = 0.0;
+            for (int en = 0; en < engnDIM; ++en) sum += (en + 1) * f.engn[en].*field;
+            r.value(name, g.unit, sum, g.size);
+        }
+    for (const auto& g : of_parts)
+        for (const auto& [name, field] : g.fields) {
+            double sum = 0.0;
+            for (int en = 0; en < wingDIM; ++en) sum += (1.0 + 0.1 * en) * f.wing[en].*field;
+            r.value(name, g.unit, sum, g.size);
+        }
+    double v = 0.0, alpha = 0.0, wash = 0.0, turn = 0.0, uneven = 0.0, stalled = 0.0, inc = 0.0, force[3] = {};
+    for (int en = 0; en < wingDIM; ++en) {
+        const W& w = f.wing[en];
+        stalled += (en + 1) * w.stalled;
+        for (int bld = 0; bld < bladDIM; ++bld) uneven += (bld + 1) * (1.0 + 0.1 * en) * (1.0 - w.Q_centroid_loc[bld]);
+        for (int el = 0; el < elDIM; ++el) {
+            const double weight = (1.0 + 0.1 * en) * (1.0 + 0.1 * el);
+            wash += weight * w.downwash_deg[el];
+            inc += weight * w.elem_inc_inc[el];
+            for (int i = 0; i < 3; ++i) force[i] += weight * w.force_XYZ[el][i];
+            for (int bld = 0; bld < bladDIM; ++bld) {
+                v += (bld + 1) * weight * w.v_el[el][bld];
+                alpha += (bld + 1) * weight * w.alpha_el[el][bld];
+                turn += (bld + 1) * weight * w.del_dir[el][bld];
+            }
+        }
+    }
+    r.value("v_el", "m/s", v, 1.0);
+    r.value("alpha_el", "deg", alpha, 1.0);
+    r.value("downwash_deg", "deg", wash, 0.1);
+    r.value("del_dir", "deg", turn, 1.0);
+    r.value("Q_centroid_loc", "-", uneven, 0.01);
+    r.value("stalled", "flags", stalled, 1.0);
+    r.value("elem_inc_inc", "deg", inc, 0.1);
+    for (int i = 0; i < 3; ++i) r.value(std::string("force_") + "XYZ"[i], "N", force[i], 1.0);
+}
+
+// -- random aircraft, their engines, switches and failures
+
+// In the units of the file.
+void draw_power() {
+    veh_struct& v = veh[0];
+    const veh_field_list block = veh_block_list(), engn = veh_engn_list();
+    const struct { const char* names; double lo, hi; } ranges[] = {
+        {"linked_prop_EQ drive_by_wire_EQ beta_prop_EQ rev_thrust_EQ auto_feather_EQ feather_with_prop_EQ vect_EQ "
+         "auto_rpm_with_tvec jett_is_slung phase_ptch_tvect_in_at_90 phase_ptch_tvect_in_at_00 phase_roll_tvect_in_at_90 "
+         "phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 phase_hdng_tvect_in_at_00 warn1_EQ warn2_EQ", 0, 1},
+        {"power_max thrust_max rock_max_sl rock_max_opt rock_max_vac jato_thrust puff_LMN puff_xyz", 100, 1500},
+        {"burner_inc", -200, 800},
+        {"RSC_idlespeed_ENGN RSC_mingreen_ENGN", 500, 900},
+        {"RSC_redline_ENGN RSC_maxgreen_ENGN", 2000, 4000},
+        {"max_ITT max_EGT max_CHT max_OILP max_OILT max_FUELP", 50, 900},
+        {"crit_alt_prop crit_alt_jet rock_h_opt", 0, 30000},
+        {"trans_loss elev_tab ailn_tab rudd_tab mass_shift_dx", -0.05, 0.1},
+        {"lift_fan_rat blown_flap_throt_red tip_mach_des_100 tip_mach_des_50 idle_rat face_jet starter_rat battery_rat "
+         "rudd_with_ailn_rat elev_with_flap_rat diff_thro_ptch diff_thro_roll diff_thro_hdng", 0.1, 0.9},
+        {"throt_max_FWD throt_max_REV max_mach_eff spool_time_jet fuel_intro_time_prop fuel_intro_time_jet throt_time_prop "
+         "throt_time_jet inertia_rat_prop rotor_mi_rat tip_weight mass_shift_dz m_displaced_Y jato_sfc", 0.5, 3},
+        {"MP_max", 25, 40},
+        {"cyclic_def_elev cyclic_def_ailn disc_tilt_elev disc_tilt_ailn", -6, 8},
+        {"delta3 tvec_ptch tvec_roll tvec_hdng diff_coll_with_roll diff_coll_with_hdng diff_coll_with_ptch "
+         "diff_cycl_with_hdng_lon diff_cycl_with_hdng_lat rotor_trim_max_fwd rotor_trim_max_aft tail_with_coll", -5, 9},
+        {"flap_arm vectarmY vectarmZ", -1, 1},
+        {"m_displaced mass_shift", 0, 500},
+        {"feathered_pitch jato_theta", 60, 90},
+        {"reversed_pitch", -30, -5},
+    };
+    for (const auto& row : ranges) test::draw(block, &v, row.names, row.lo, row.hi);
+    for (int en = 0; en < v.num_thrustpoints; ++en) {
+        veh_engn_struct& e = v.engn[en];
+        test::draw(engn, &e, "engn_type", 0, engn_kinds - 1);
+        test::draw(engn, &e, "SFC", 0.3, 0.9);
+        test::draw(engn, &e, "prop_clutch_EQ", 0, 1);
+        test::draw(engn, &e, "prop_gear_rat", 0.8, 6);
+        test::draw(engn, &e, "num_blades", 2, 5);
+        test::draw(engn, &e, "min_pitch", 0, 12);
+        test::draw(engn, &e, "max_pitch", 20, 40);
+        test::draw(engn, &e, "bladesweep", 0, 25);
+        test::draw(veh_wing_list(), &v.wing[en], "incidence", -3, 10);
+        test::draw(veh_wing_list(), &v.wing[en], "inc_vect", 0, 1);
+    }
+}
+
+// Half of them off.
+template <class... flags>
+void toss(flags&... flag) {
+    ((flag = test::chance(0.5)), ...);
+}
+
+void draw_engine_state() {
+    using test::any;
+    F& f = flt[0];
+    veh_struct& v = veh[0];
+    toss(v.has_idlespeed, v.has_clutch_switch, v.has_FADEC_switch, v.has_pre_rotate, v.collective_EQ);
+    toss(stg.battery, stg.avionics, stg.inverter[0], stg.inverter[1], stg.puffers_on, stg.prop_sync_on, stg.jato_on, stg.pre_rotating,
+         stg.pre_rotate_level, stg.clutch_trq_engag, stg.ice_all, stg.ice_pitot_heat, stg.ice_auto_ignite, stg.ice_inlet_heat,
+         stg.ice_prop_heat, stg.ice_surf_heat, stg.ice_window_heat, f.nav_lite, f.bea_lite, f.str_lite, f.lan_lite, f.tax_lite,
+         f.gear_handle, stg.warn_bb);
+    stg.feather_mode = test::whole(0, 2);
+    stg.fuel_tank_sel = test::whole(0, 4);
+    f.rocket_mode = test::whole(401, 408);
+    f.rocket_timeout = f.prop_ospeed_test_timeout = test::chance(0.5) ? 1e6f : -1.0f;
+    for (float* rat : {&f.prop_ice, &f.inlet_ice, &f.pitot_ice, &f.jato_left}) *rat = test::chance(0.5) ? any(0, 0.5) : 0;
+    for (float* rat : {&f.disp_rat, &f.rotr_trim, &f.ailn_trim, &f.rudd_trim, &f.handle_rat_act, &f.vacuum}) *rat = any(0, 1);
+    f.handle_rat_req = f.handle_rat_act;
+    for (float& m : f.m_fuel) m = test::chance(0.2) ? 0 : any(1, 90);
+    f.m_fixed = any(0, 200);
+    f.m_jettison = any(0, 50);
+    f.cgz_ref_to_default = any(-0.2, 0.2);
+    for (int slot : {1, 3, 4, 6, 31, 44, 48, 49, 50, 52, 53})
+        if (test::chance(0.1)) f.fail_stat[slot] = fail_active;
+    for (int station : {3, 5}) {
+        v.wpn[station].type = test::chance(0.3) ? 23 : 0;
+        v.wpn[station].fuel_warhead_mass_now = any(1, 40);
+        v.wpn[station].total_weapon_mass_now = 50;
+        snprintf(v.watt[station].watt_name, sizeof v.watt[station].watt_name, "%s", test::chance(0.5) ? "tank" : "");
+        v.watt[station].watt_x = any(-3, 3);
+        v.wpn[station].added_mass = any(0, 20);
+    }
+    for (int en = 0; en < v.num_thrustpoints; ++en) {
+        E& e = f.engn[en];
+        toss(stg.igniter[en], stg.fuel_pump[en], stg.fadec_on[en], stg.generator[en], e.burning_fuel, stg.idle_speed[en]);
+        stg.start_time[en] = test::chance(0.3) ? 1e6f : -1.0f;
+        stg.clutch_rat[en] = test::chance(0.5) ? 1 : any(0, 1);
+        for (int slot : {54, 62, 70, 78, 102, 110, 126})
+            if (test::chance(0.08)) f.fail_stat[slot + en] = fail_active;
+        e.tacrad_PROP = any(0.05, 1.2) * v.RSC_redline_ENGN / v.engn[en].prop_gear_rat;
+        e.tacrad_ENGN = e.tacrad_PROP * v.engn[en].prop_gear_rat * any(0.95, 1.05);
+        e.prop_rsc = any(v.RSC_mingreen_PROP, v.RSC_redline_PROP);
+        e.prop_mode = test::whole(0, 3);
+        e.ignition = test::whole(0, 3);
+        e.pitch_deg_ref = any(v.engn[en].min_pitch, v.engn[en].max_pitch);
+        e.thro_ref = test::chance(0.3) ? 1 : any(0, 1);
+        e.thro_use = e.thro_ref;
+        e.N1 = e.N2 = any(0, 105);
+        for (float* rat : {&e.mixt, &e.heat, &e.cowl, &e.burning_rat, &e.oil_lube_rat, &e.burner_rat}) *rat = any(0, 1);
+        e.carb_ice = test::chance(0.3) ? any(0, 0.6) : 0;
+        for (float* gauge : {&e.ITT, &e.EGT, &e.CHT, &e.OILT, &e.OILP, &e.FUELP, &e.MPR}) *gauge = any(0, 300);
+        e.FF_kgs = any(0, 0.05);
+        e.thrust = any(0, 3000);
+        e.drag_TRQ = any(0, 300);
+        e.prop_ang_deg = any(0, 360);
+        for (float& ring : e.RING_DVinc) ring = any(0, 25);
+        e.Q_rotor_rad = any(-0.3, 0.3);
+        e.R_rotor_rad = any(-0.3, 0.3);
+    }
+}
+
+// One frame of the user's flight, as the program runs it.
+void step(float dt) {
+    mnw.prd_FM = dt;
+    mnw.totl_time += dt;
+    weather_step();
+    local_air_step();
+    update_with_fullsim1(0);
+    update_def_angles(0);
+    update_with_fullsim2(0);
+}
+
+class random_flight : public ::testing::TestWithParam<int> {};
+INSTANTIATE_TEST_SUITE_P(recorded, random_flight, ::testing::Range(0, 6));
+
+TEST_P(random_flight, comes_to_what_it_came_to) {
+    test::recorded r("flight_random_" + std::to_string(GetParam()));
+    const auto names = test::aircraft_names();
+    for (size_t i = 0; i < names.size(); ++i) {
+        const auto base = test::as_designed(names[i]);
+        for (int k = 0; k < 3; ++k) {
+            const unsigned seed = 100 * GetParam() + 10 * i + k;
+            test::dice.seed(seed);
+            const auto design = std::make_unique<veh_struct>(*base);
+            design->num_engines = test::whole(1, 3);
+            design->num_thrustpoints = design->num_engines + test::whole(0, 1);
+            test::draw_aircraft(*design, draw_power);
+            test::draw_state();
+            draw_engine_state();
+            for (int frame = 0; frame < 4; ++frame) {
+                mnw.puff1 = mnw.puff05 = frame == 1;
+                step(1.0f / 64.0f);
+            }
+            sample(r, names[i].substr(0, 4) + std::to_string(seed));
+        }
+    }
+}
+}  // namespace
