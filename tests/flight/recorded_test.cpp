@@ -10,11 +10,16 @@
 
 #include "aircraft/deflect.h"
 #include "app/lab/lab_steady.h"
+#include "core/math/random.h"
 #include "core/program/logs.h"
 #include "flight/fullsim.h"
+#include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
+#include "flight/power/engine_control.h"
+#include "flight/slots.h"
 #include "flying.h"
 #include "random_aircraft.h"
+#include "weather/atmosphere.h"
 #include "weather/weather_step.h"
 #include "weather/wind.h"
 
@@ -97,8 +102,8 @@ const std::vector<group<W>> of_parts = {
 // clang-format on
 
 // Engines and parts are summed, each with a weight of its own, so that no two can stand for each other.
-void sample(test::recorded& r, const std::string& label) {
-    const F& f = flt[0];
+void sample(test::recorded& r, const std::string& label, int p = 0) {
+    const F& f = flt[p];
     r.column(label);
     for (const auto& g : of_aircraft)
         for (const auto& [name, field] : g.fields) r.value(name, g.unit, f.*field, g.size);
@@ -304,6 +309,321 @@ TEST_P(random_flight, comes_to_what_it_came_to) {
             }
             sample(r, names[i].substr(0, 4) + std::to_string(seed));
         }
+    }
+}
+
+// -- the content's aircraft under a moving hand
+
+void place(float speed, float alpha = 2.0f, float altitude = 1000.0f, float beta = 0.0f) {
+    lab_flight at;
+    at.speed = speed;
+    at.alpha = alpha;
+    at.beta = beta;
+    at.altitude = altitude;
+    at.psi = 40.0f;
+    lab_place(at);
+}
+
+// Every control swings at a pace of its own.
+void fly_sweeping(float seconds) {
+    const auto wave = [](float t, float period) { return sinf(con.pim2 * t / period); };
+    for (int i = 0; i < lroundf(seconds * 64.0f); ++i) {
+        const float t = i / 64.0f;
+        mnw.YK_ptch = 0.7f * wave(t, 1.3f);
+        mnw.YK_roll = 0.8f * wave(t, 0.9f);
+        mnw.YK_hdng = 0.9f * wave(t, 1.7f);
+        lab_set_power(0.6f + 0.4f * wave(t, 2.1f));
+        flt[0].handle_rat_req = flt[0].sbrk_rqst = 0.5f + 0.5f * wave(t, 2.9f);
+        flt[0].elev_trim = 0.2f * wave(t, 1.1f);
+        flt[0].gear_handle = t < 0.5f * seconds;
+        lab_frame(1.0f / 64.0f);
+    }
+}
+
+class content_flight : public ::testing::TestWithParam<std::string> {};
+INSTANTIATE_TEST_SUITE_P(recorded, content_flight, ::testing::ValuesIn(test::aircraft_names()),
+                         [](const auto& info) { return info.param.substr(0, 4); });
+
+TEST_P(content_flight, comes_to_what_it_came_to) {
+    test::recorded r("flight_" + GetParam().substr(0, 4));
+    test::fly_aircraft(GetParam());
+    stg.reset_on_crash = 0;
+    place(60.0f);
+    fly_sweeping(1.5f);
+    sample(r, "sweep");
+    fly_sweeping(1.0f);
+    sample(r, "goes_on");
+    for (float& spd : atm.set_wind_spd_kts) spd = 25.0f;
+    for (int i = 0; i < 3; ++i) atm.set_turb_inc[i] = 6.0f, atm.set_shear_spd_kts[i] = 12.0f, atm.set_shear_dir[i] = 20.0f;
+    place(45.0f, 4.0f, 300.0f);
+    fly_sweeping(2.0f);
+    sample(r, "turbulent");
+    atm.burst_prob = 1.0f;
+    rand_seed(5);
+    place(40.0f, 14.0f, 60.0f, 8.0f);
+    flt[0].vy -= 25.0f;
+    stg.warn_bb = veh[0].warn1_EQ = 1;
+    fly_sweeping(1.0f);
+    sample(r, "sinking");
+    lab_still_air();
+    place(35.0f, 25.0f);
+    mnw.YK_ptch = 1.0f;
+    mnw.YK_roll = 0.0f;
+    mnw.YK_hdng = -1.0f;
+    test::run_frames(2.5f);
+    sample(r, "stalled");
+    place(330.0f, 1.0f, 9000.0f, 3.0f);
+    fly_sweeping(0.3f);
+    sample(r, "too_fast");
+    place(55.0f);
+    for (int slot : {fail_L_flp + 0, fail_slat + 0, fail_wing1_left + 1, fail_ss_tsi + 0, fail_ss_vvi + 0, fail_throttle + 0})
+        flt[0].fail_stat[slot] = fail_active;
+    flt[0].frame_ice = 0.3f;
+    fly_sweeping(1.0f);
+    sample(r, "broken");
+}
+
+TEST(recorded_flight, engines_start_run_dry_and_stop) {
+    test::recorded r("flight_engines");
+    for (const std::string& name : test::aircraft_names()) {
+        test::fly_aircraft(name);
+        if (veh[0].num_engines == 0) continue;
+        place(20.0f, 0.0f, 100.0f);
+        cold_engines();
+        const std::string label = name.substr(0, 4);
+        for (int i = 0; i < 300; ++i) {
+            lab_start_engines();
+            lab_hold(1.0f / 64.0f);
+        }
+        sample(r, label + "_start");
+        lab_set_power(0.8f);
+        flt[0].m_fuel[0] = 0.01f;
+        stg.fuel_tank_sel = 1;
+        flt[0].fail_stat[fail_oil] = fail_active;
+        lab_hold(4.0f);
+        sample(r, label + "_dry");
+    }
+}
+
+// -- what else moves the user's aircraft
+
+TEST(recorded_flight, axes_and_levers_reach_what_they_move) {
+    test::recorded r("flight_levers");
+    const auto with = [&](const std::string& label, const char* name, const std::function<void()>& change) {
+        test::fly_aircraft(name);
+        memset(mnw.joy_AXIS_use, 0, sizeof mnw.joy_AXIS_use);
+        for (int use = 0; use < joy_useDIM; ++use) {
+            mnw.assigned[use] = use != axis_coll && use != axis_sbrk && use < axis_thro_1;
+            mnw.axis[use] = 0.9f - 0.03f * use;
+        }
+        change();
+        mnw.prd_FM = 0.02f;
+        update_with_fullsim1(0);
+        sample(r, label);
+    };
+    with("trainer", "Wren 160", [] {});
+    with("each", "Dunlin 400", [] {
+        for (int use = axis_thro_1; use < joy_useDIM; ++use) mnw.assigned[use] = 1;
+        flt[0].engn[1].prop_mode = 3;
+        veh[0].throt_max_REV = 0.5f;
+    });
+    with("none", "Dunlin 400", [] { memset(mnw.assigned, 0, sizeof mnw.assigned); });
+    with("one_lever", "Dunlin 400", [] {
+        veh[0].auto_rpm_EQ = 1;
+        veh[0].auto_omega_idle = 0.5f * veh[0].RSC_redline_PROP;
+        veh[0].auto_omega_open = 0.9f * veh[0].RSC_redline_PROP;
+        veh[0].auto_omega_fire = 0.95f * veh[0].RSC_redline_PROP;
+    });
+    with("glider", "Lark 15", [] {});
+    with("glider_stick", "Lark 15", [] { mnw.joy_AXIS_use[3] = axis_sbrk; });
+    with("rocket", "Wren 160", [] {
+        veh[0].engn[0].engn_type = engn_rocket;
+        veh[0].m_fuel_tot = 0.0f;
+        veh[0].sbrk_EQ = 1;
+    });
+    with("helicopter", "Plover 420", [] {});
+    with("coll_axis", "Plover 420", [] {
+        mnw.joy_AXIS_use[2] = axis_coll;
+        mnw.assigned[axis_coll] = 1;
+        mnw.axis[axis_coll] = 0.25f;  // the upper quarter: the axis comes reversed
+    });
+    with("network", "Wren 160", [] { net.getting_ptch = net.getting_roll = net.getting_hdng = 1; });
+    with("raw", "Wren 160", [] { net.getting_rawjoy = net.getting_prop = 1; });
+    with("autothrottle", "Shearwater 870", [] {
+        nav.mode_thro = otto_thro_speed;
+        nav.mode_fdir = 1;
+        stg.battery = stg.inverter[0] = 1;
+    });
+}
+
+TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
+    test::recorded r("flight_ai");
+    const auto ai = [&](const std::string& label, const char* name, const std::function<void()>& change) {
+        test::fly_aircraft(name);
+        msc.ai_flys = 1;
+        place(60.0f, 3.0f);
+        change();
+        test::run_frames(0.5f);
+        sample(r, label);
+        r.value("speed_aim", "kt", nav.asi_hold_kts_mac, 1.0);
+        r.value("heading_aim", "deg", nav.hdg_hold_mag, 1.0);
+        r.value("climb_aim", "ft/min", nav.vvi_hold_fpm, 1.0);
+        r.value("height_aim", "ft", nav.alt_hold_ft_use + 3.0f * nav.alt_hold_ft_dial, 1.0);
+        r.value("modes", "kinds", nav.mode_thro + 100 * nav.mode_alt_ + 10000 * nav.mode_hdng + nav.syn_hold_deg, 1.0);
+        r.value("start", "s", mnw.miss_time, 0.01);
+    };
+    ai("runway", "Wren 160", [] { place(20.0f, 0.0f, 3.0f); });
+    ai("backwards", "Wren 160", [] {
+        place(20.0f, 0.0f, 3.0f);
+        msc.backwards = 1;
+        env.mag_var = 10.0f;
+    });
+    ai("cruise", "Dunlin 400", [] {});
+    ai("slow_climb", "Wren 160", [] {
+        place(1.2f * veh[0].V_ref_ms, 5.0f);
+        flt[0].Vh_fpm = 500.0f;
+        flt[0].engn[0].thro_use = flt[0].engn[0].thro_ref = 1.0f;
+    });
+    ai("new_aims", "Wren 160", [] { mnw.totl_time = 1000.0f; });
+    ai("helicopter", "Plover 420", [] {});
+    ai("broken", "Wren 160", [] { flt[0].fail_stat[fail_vacuum] = fail_active; });
+    ai("dry", "Wren 160", [] {
+        for (float& m : flt[0].m_fuel) m = 0.0f;
+    });
+    ai("on_its_back", "Wren 160", [] {
+        lab_flight at;
+        at.altitude = 500.0f;
+        at.speed = 0.0f;
+        at.phi = 170.0f;
+        lab_place(at);
+    });
+}
+
+TEST(recorded_flight, odd_motions_of_the_user) {
+    test::recorded r("flight_motions");
+    const auto after = [&](const std::string& label, const std::function<void()>& change, float seconds = 0.5f) {
+        test::fly_aircraft("Wren 160");
+        lab_set_power(0.7f);
+        place(50.0f);
+        change();
+        test::run_frames(seconds);
+        sample(r, label);
+    };
+    after("kicked", [] { msc.stab_ptch_test = msc.stab_hdng_test = 2; }, 0.05f);
+    after("towed", [] {
+        stg.tow_inprog = 1;
+        env.tow_line_alph = flt[0].the - 2.0f;
+        env.tow_line_beta = flt[0].psi + 1.0f;
+    });
+    after("off_line", [] {
+        stg.tow_inprog = 1;
+        env.tow_line_alph = flt[0].the - 5.0f;
+    });
+    after("carried", [] {
+        stg.car_inprog = 1;
+        flt[1] = flt[0];
+        flt[1].vz = -70.0f;
+        flt[1].psi = 50.0f;
+        for (int i = 0; i < 3; ++i) veh[1].jett_xyz[i] = 1.0f + i, veh[0].jett_xyz[i] = 0.5f * i;
+    });
+    after("damped", [] { mnw.damp_rat[0] = 0.3f, mnw.damp_rat[1] = 0.2f, mnw.damp_rat[2] = 0.4f; });
+    after("crashed", [] {
+        msc.crash_damp_timeout = 1e6f;
+        flt[0].R = 20.0f;
+    });
+    after("chute", [] {
+        veh[0].chute_area = 5.0f;
+        veh[0].chute_Y = 0.5f;
+        stg.chute_on = 1;
+        stg.chute_deploy_rat = 1.0f;
+        flt[0].P = 30.0f;
+    });
+    after("on_mars", [] {
+        env.planet = 1;
+        set_planet_specs(1);
+        place(150.0f);
+    });
+    after("blocked", [] {
+        flt[0].fail_stat[fail_pitot] = fail_active;
+        flt[0].vy += 20.0f;
+    });
+    after("static", [] {
+        flt[0].fail_stat[fail_static] = fail_active;
+        flt[0].vy += 20.0f;
+    });
+    after("at_rest", [] {
+        place(0.0f, 0.0f, 500.0f);
+        flt[0].R = 2.5f;
+        flt[0].Rdot = 3.0f;
+        flt[0].fnrml_gear_acf = 1e6f;
+        mnw.prd_FM = 0.02f;
+        for (int i = 0; i < 20; ++i) arrest_yaw_at_rest();
+    }, 0.02f);
+}
+
+TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
+    test::recorded r("flight_slots");
+    test::fly_aircraft("Wren 160");
+    place(50.0f);
+    flt[3] = flt[0];
+    flt[3].P = 10.0f, flt[3].Q = -5.0f, flt[3].R = 20.0f;
+    mnw.prd_FM = 0.02f;
+    mnw.prd_UI = 0.05f;
+    for (const int window : {win_fly + 0, win_map + 0}) {
+        mnw.top_win = window;
+        for (int i = 0; i < 20; ++i) update_with_net(3);
+        sample(r, window ? "net_window" : "net", 3);
+    }
+    mnw.paused = 1;
+    update_with_net(3);
+    sample(r, "net_paused", 3);
+    for (int mode = 1; mode <= 9; ++mode) {
+        for (int i = 0; i < 5; ++i) {
+            pat.snap[i].byt_dat[0] = 1;
+            pat.snap[i].lcl_tot_time[1] = 12.0f - 4.0f * ((i + 2) % 5) / 2.0f;  // the ring's start is within
+        }
+        pat.warn = {{9.01f, 4}, {9.2f, 5}};
+        pat.text = {{9.005f, "said"}};
+        stl.verbal_string.clear();
+        mnw.totl_time = 9.0f;
+        mnw.replay_mode = mode;
+        update_with_replay();
+        r.column("replay_" + std::to_string(mode));
+        r.value("totl_time", "s", mnw.totl_time, 0.1);
+        r.value("mode", "kind", mnw.replay_mode, 1.0);
+        r.value("range", "s", pat.lotime + 100.0 * pat.hitime, 0.1);
+        r.value("spoken", "letters", stl.verbal_string.size(), 1.0);
+    }
+}
+
+// The text of one half step's trace: what it names, and the sum of the numbers behind.
+TEST(recorded_flight, the_trace_tells_every_step) {
+    test::recorded r("flight_trace");
+    test::temp_folder folder;
+    for (const std::string& name : test::aircraft_names()) {
+        test::fly_aircraft(name);
+        lab_set_power(0.7f);
+        place(60.0f, 5.0f);
+        flt[0].FC_ptch = mnw.YK_ptch = 0.5f;
+        test::run_frames(0.5f);
+        cyc.close();
+        cyc.open(folder.path() + name);
+        mnw.cyc_out = msc.stab_ptch_test = msc.stab_hdng_test = 1;
+        lab_frame(1.0f / 64.0f);
+        cyc.close();
+        std::map<std::string, double> sums;
+        std::istringstream text(test::read_file(folder.path() + name));
+        for (std::string line; getline(text, line);) {
+            std::istringstream words(line);
+            std::string label = line.substr(0, line.find(':'));
+            label.erase(std::remove_if(label.begin(), label.end(), [](char c) { return !isalpha(c); }), label.end());
+            double weight = 1.0, number;
+            for (std::string word; words >> word;)
+                if (std::istringstream(word) >> number) sums[label] += (weight += 1.0) * number;
+            sums[label] += 1.0;
+        }
+        r.column(name.substr(0, 4));
+        for (const auto& [label, sum] : sums) r.value(label.empty() ? "rulers" : label, "-", sum, 0.1);
     }
 }
 }  // namespace
