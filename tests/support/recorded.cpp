@@ -11,7 +11,7 @@
 
 namespace test {
 
-recorded::recorded(const std::string& name) : name_(name) {}
+recorded::recorded(const std::string& name, double share) : name_(name), share_(share) {}
 
 recorded::~recorded() {
     const std::string path = SOURCE_FOLDER "tests/data/recorded/" + name_ + ".txt";
@@ -57,7 +57,7 @@ void recorded::write(const std::string& path) const {
         std::vector<std::string> cells;
         for (const double v : r.values) {
             char text[32];
-            snprintf(text, sizeof text, "%.6g", v);
+            snprintf(text, sizeof text, "%.*g", share_ < 1e-4 ? 8 : 6, v);
             cells.push_back(text);
         }
         line(name, r.unit, cells);
@@ -86,7 +86,7 @@ void recorded::compare(const std::string& path) const {
         for (const double v : then) largest = std::max(largest, fabs(v));
         for (size_t i = 0; i < then.size(); ++i)
             EXPECT_NEAR(found->second.values[i], then[i],
-                        1e-4 * std::max({fabs(then[i]), found->second.size, 0.01 * largest}))
+                        share_ * std::max({fabs(then[i]), found->second.size, 0.01 * largest}))
                 << name_ << ", " << labels_[i] << ": " << name << ", " << unit;
         left.erase(found);
     }

@@ -11,14 +11,15 @@ namespace test {
 
 class recorded {
 public:
-    explicit recorded(const std::string& name);  // of the table and its file
-    ~recorded();                                 // compares with the file, or writes it
+    // Of the table and its file; the share of a value by which it may differ.
+    explicit recorded(const std::string& name, double share = 1e-4);
+    ~recorded();  // compares with the file, or writes it
     recorded(const recorded&) = delete;
     recorded& operator=(const recorded&) = delete;
 
     void column(const std::string& label);  // what the values to come belong to
-    // A value of the present column. size: from where on it counts in proportion, in its unit. A ten-thousandth of
-    // the value, of its size or of a hundredth of the largest of its row is the same.
+    // A value of the present column. size: from where on it counts in proportion, in its unit. The share
+    // is of the value, of its size or of a hundredth of the largest of its row.
     void value(const std::string& name, const std::string& unit, double v, double size);
 
 private:
@@ -28,6 +29,7 @@ private:
         std::vector<double> values;
     };
     std::string name_;
+    double share_;
     std::vector<std::string> labels_, order_;
     std::map<std::string, row> rows_;
     void write(const std::string& path) const;
