@@ -1,5 +1,6 @@
-// Short flights and what they came to, against tests/data/recorded: the user's aircraft from its controls to its
-// instruments, the kinds of engines and discs, failures, weather. A change detector beside the references.
+// Short flights and what they came to, against tests/data/recorded: the user's aircraft from its controls to
+// its instruments, the kinds of engines and discs, failures, weather. A change detector beside the
+// references.
 #include "recorded.h"
 
 #include <math.h>
@@ -24,10 +25,6 @@
 #include "weather/wind.h"
 
 namespace {
-using F = flt_struct;
-using E = flt_engn_struct;
-using W = flt_wing_struct;
-
 // Fields of one unit, and from where on they count in proportion.
 template <class record>
 struct group {
@@ -37,73 +34,66 @@ struct group {
 };
 
 // clang-format off
-const std::vector<group<F>> of_aircraft = {
-    {"-", 0.01, {{"FC_ptch", &F::FC_ptch}, {"FC_roll", &F::FC_roll}, {"FC_hdng", &F::FC_hdng}, {"sbrk_rqst", &F::sbrk_rqst},
-        {"sbrk_rat", &F::sbrk_rat}, {"swdi_rat", &F::swdi_rat}, {"handle_rat_req", &F::handle_rat_req},
-        {"handle_rat_act", &F::handle_rat_act}, {"slat_rat", &F::slat_rat}, {"fla1_rat", &F::fla1_rat}, {"fla2_rat", &F::fla2_rat},
-        {"vect_rat", &F::vect_rat}, {"elev_trim", &F::elev_trim}, {"ailn_trim", &F::ailn_trim}, {"rudd_trim", &F::rudd_trim},
-        {"disp_rat", &F::disp_rat}, {"blown_flap_engage_rat", &F::blown_flap_engage_rat}, {"Mach", &F::Mach},
-        {"C_m", &F::C_m}, {"C_n", &F::C_n}, {"cl_overall", &F::cl_overall}, {"cd_overall", &F::cd_overall}, {"l_o_d", &F::l_o_d}}},
-    {"N", 1.0, {{"lift_path_axis", &F::lift_path_axis}, {"drag_path_axis", &F::drag_path_axis}, {"side_path_axis", &F::side_path_axis},
-        {"fside_prop_acf", &F::fside_prop_acf}, {"fnrml_prop_acf", &F::fnrml_prop_acf}, {"faxil_prop_acf", &F::faxil_prop_acf},
-        {"fside_aero_acf", &F::fside_aero_acf}, {"fnrml_aero_acf", &F::fnrml_aero_acf}, {"faxil_aero_acf", &F::faxil_aero_acf}}},
-    {"N_m", 1.0, {{"L", &F::L}, {"M", &F::M}, {"N", &F::N}}},
-    {"deg/s2", 0.1, {{"Pdot", &F::Pdot}, {"Qdot", &F::Qdot}, {"Rdot", &F::Rdot}}},
-    {"deg/s", 0.1, {{"P", &F::P}, {"Q", &F::Q}, {"R", &F::R}}},
-    {"rad/s", 0.001, {{"Prad", &F::Prad}, {"Qrad", &F::Qrad}, {"Rrad", &F::Rrad}}},
-    {"deg", 0.1, {{"phi", &F::phi}, {"the", &F::the}, {"psi", &F::psi}, {"alpha", &F::alpha}, {"beta", &F::beta},
-        {"h_path", &F::h_path}, {"v_path", &F::v_path}, {"stab_def", &F::stab_def}, {"psi_mag_act", &F::psi_mag_act},
-        {"TR_roll_ind_deg", &F::TR_roll_ind_deg}, {"TR_hdng_ind_deg", &F::TR_hdng_ind_deg}, {"slip_ind_deg", &F::slip_ind_deg},
-        {"com_ind_mag", &F::com_ind_mag}}},
-    {"m/s", 0.1, {{"vx", &F::vx}, {"vy", &F::vy}, {"vz", &F::vz}, {"vx_air_on_acf", &F::vx_air_on_acf},
-        {"vy_air_on_acf", &F::vy_air_on_acf}, {"vz_air_on_acf", &F::vz_air_on_acf}, {"vx_acf_axis", &F::vx_acf_axis},
-        {"vy_acf_axis", &F::vy_acf_axis}, {"vz_acf_axis", &F::vz_acf_axis}, {"V_msc", &F::V_msc}, {"AV_msc", &F::AV_msc}}},
-    {"g", 0.01, {{"g_nrml", &F::g_nrml}, {"g_axil", &F::g_axil}, {"g_side", &F::g_side}, {"g_total", &F::g_total}}},
-    {"kt", 0.1, {{"AV_sig_kts", &F::AV_sig_kts}, {"v_ind_kts", &F::v_ind_kts}}},
-    {"Pa", 1.0, {{"Qstatic", &F::Qstatic}}},
-    {"ft/min", 10.0, {{"Vh_fpm", &F::Vh_fpm}, {"vvi_ind_fpm", &F::vvi_ind_fpm}}},
-    {"ft", 1.0, {{"h_ind_ft", &F::h_ind_ft}}},
-    {"m", 0.1, {{"y_agl_mtr", &F::y_agl_mtr}, {"terrain_y_cg", &F::terrain_y_cg}}},
-    {"kg", 1.0, {{"m_total", &F::m_total}, {"m_jettison", &F::m_jettison}}},
-    {"kg_m2", 1.0, {{"Jxx_total", &F::Jxx_total}, {"Jyy_total", &F::Jyy_total}, {"Jzz_total", &F::Jzz_total}}},
-    {"W", 1.0, {{"lift_fan_total_power", &F::lift_fan_total_power}, {"pre_rot_total_power", &F::pre_rot_total_power}}},
-    {"s", 0.1, {{"jato_left", &F::jato_left}}},
+#define F(name) {#name, &flt_struct::name}
+#define E(name) {#name, &flt_engn_struct::name}
+#define W(name) {#name, &flt_wing_struct::name}
+const std::vector<group<flt_struct>> of_aircraft = {
+    {"-", 0.01, {F(FC_ptch), F(FC_roll), F(FC_hdng), F(sbrk_rqst), F(sbrk_rat), F(swdi_rat),
+        F(handle_rat_req), F(handle_rat_act), F(slat_rat), F(fla1_rat), F(fla2_rat), F(vect_rat),
+        F(elev_trim), F(ailn_trim), F(rudd_trim), F(disp_rat), F(blown_flap_engage_rat), F(Mach), F(C_m),
+        F(C_n), F(cl_overall), F(cd_overall), F(l_o_d)}},
+    {"N", 1.0, {F(lift_path_axis), F(drag_path_axis), F(side_path_axis), F(fside_prop_acf),
+        F(fnrml_prop_acf), F(faxil_prop_acf), F(fside_aero_acf), F(fnrml_aero_acf), F(faxil_aero_acf)}},
+    {"N_m", 1.0, {F(L), F(M), F(N)}},
+    {"deg/s2", 0.1, {F(Pdot), F(Qdot), F(Rdot)}},
+    {"deg/s", 0.1, {F(P), F(Q), F(R)}},
+    {"rad/s", 0.001, {F(Prad), F(Qrad), F(Rrad)}},
+    {"deg", 0.1, {F(phi), F(the), F(psi), F(alpha), F(beta), F(h_path), F(v_path), F(stab_def),
+        F(psi_mag_act), F(TR_roll_ind_deg), F(TR_hdng_ind_deg), F(slip_ind_deg), F(com_ind_mag)}},
+    {"m/s", 0.1, {F(vx), F(vy), F(vz), F(vx_air_on_acf), F(vy_air_on_acf), F(vz_air_on_acf),
+        F(vx_acf_axis), F(vy_acf_axis), F(vz_acf_axis), F(V_msc), F(AV_msc)}},
+    {"g", 0.01, {F(g_nrml), F(g_axil), F(g_side), F(g_total)}},
+    {"kt", 0.1, {F(AV_sig_kts), F(v_ind_kts)}},
+    {"Pa", 1.0, {F(Qstatic)}},
+    {"ft/min", 10.0, {F(Vh_fpm), F(vvi_ind_fpm)}},
+    {"ft", 1.0, {F(h_ind_ft)}},
+    {"m", 0.1, {F(y_agl_mtr), F(terrain_y_cg)}},
+    {"kg", 1.0, {F(m_total), F(m_jettison)}},
+    {"kg_m2", 1.0, {F(Jxx_total), F(Jyy_total), F(Jzz_total)}},
+    {"W", 1.0, {F(lift_fan_total_power), F(pre_rot_total_power)}},
+    {"s", 0.1, {F(jato_left)}},
 };
-const std::vector<group<E>> of_engines = {
-    {"deg", 0.1, {{"vert_nace_vector", &E::vert_nace_vector}, {"vert_disc_vector", &E::vert_disc_vector},
-        {"vert_disc_cyclic", &E::vert_disc_cyclic}, {"side_disc_cyclic", &E::side_disc_cyclic},
-        {"cyclic_elev_command", &E::cyclic_elev_command}, {"cyclic_ailn_command", &E::cyclic_ailn_command},
-        {"cyclic_elev_blad_alph", &E::cyclic_elev_blad_alph}, {"cyclic_ailn_blad_alph", &E::cyclic_ailn_blad_alph},
-        {"cyclic_elev_disc_tilt", &E::cyclic_elev_disc_tilt}, {"cyclic_ailn_disc_tilt", &E::cyclic_ailn_disc_tilt},
-        {"pitch_deg_ref", &E::pitch_deg_ref}, {"pitch_deg_use", &E::pitch_deg_use}}},
-    {"-", 0.01, {{"thro_ref", &E::thro_ref}, {"thro_use", &E::thro_use}, {"mixt", &E::mixt}, {"heat", &E::heat},
-        {"burning_rat", &E::burning_rat}, {"burner_rat", &E::burner_rat}, {"EPR", &E::EPR}, {"sigma", &E::sigma},
-        {"oil_lube_rat", &E::oil_lube_rat}, {"prop_eff", &E::prop_eff}, {"bat_amp", &E::bat_amp}}},
-    {"percent", 0.1, {{"N1", &E::N1}, {"N2", &E::N2}}},
-    {"gauge", 0.1, {{"MPR", &E::MPR}, {"ITT", &E::ITT}, {"EGT", &E::EGT}, {"CHT", &E::CHT}, {"FUELP", &E::FUELP},
-        {"OILP", &E::OILP}, {"OILT", &E::OILT}}},
-    {"N_m", 0.1, {{"TRQ_nm", &E::TRQ_nm}, {"drag_TRQ", &E::drag_TRQ}}},
-    {"kg/s", 1e-6, {{"FF_kgs", &E::FF_kgs}}},
-    {"W", 1.0, {{"power", &E::power}}},
-    {"N", 1.0, {{"thrust", &E::thrust}}},
-    {"m/s", 0.01, {{"side_wash", &E::side_wash}, {"DVinc", &E::DVinc}}},
-    {"rad", 0.001, {{"cone_rad", &E::cone_rad}}},
-    {"rad/s", 0.01, {{"prop_rsc", &E::prop_rsc}, {"tacrad_ENGN", &E::tacrad_ENGN}, {"tacrad_PROP", &E::tacrad_PROP},
-        {"Q_rotor_rad", &E::Q_rotor_rad}, {"R_rotor_rad", &E::R_rotor_rad}}},
-    {"rad/s2", 0.1, {{"omegadot_ENGN", &E::omegadot_ENGN}, {"omegadot_PROP", &E::omegadot_PROP}}},
+const std::vector<group<flt_engn_struct>> of_engines = {
+    {"deg", 0.1, {E(vert_nace_vector), E(vert_disc_vector), E(vert_disc_cyclic), E(side_disc_cyclic),
+        E(cyclic_elev_command), E(cyclic_ailn_command), E(cyclic_elev_blad_alph), E(cyclic_ailn_blad_alph),
+        E(cyclic_elev_disc_tilt), E(cyclic_ailn_disc_tilt), E(pitch_deg_ref), E(pitch_deg_use)}},
+    {"-", 0.01, {E(thro_ref), E(thro_use), E(mixt), E(heat), E(burning_rat), E(burner_rat), E(EPR),
+        E(sigma), E(oil_lube_rat), E(prop_eff), E(bat_amp)}},
+    {"percent", 0.1, {E(N1), E(N2)}},
+    {"gauge", 0.1, {E(MPR), E(ITT), E(EGT), E(CHT), E(FUELP), E(OILP), E(OILT)}},
+    {"N_m", 0.1, {E(TRQ_nm), E(drag_TRQ)}},
+    {"kg/s", 1e-6, {E(FF_kgs)}},
+    {"W", 1.0, {E(power)}},
+    {"N", 1.0, {E(thrust)}},
+    {"m/s", 0.01, {E(side_wash), E(DVinc)}},
+    {"rad", 0.001, {E(cone_rad)}},
+    {"rad/s", 0.01, {E(prop_rsc), E(tacrad_ENGN), E(tacrad_PROP), E(Q_rotor_rad), E(R_rotor_rad)}},
+    {"rad/s2", 0.1, {E(omegadot_ENGN), E(omegadot_PROP)}},
 };
-const std::vector<group<W>> of_parts = {
-    {"deg", 0.1, {{"ail1_def", &W::ail1_def}, {"ail2_def", &W::ail2_def}, {"spo1_def", &W::spo1_def}, {"spo2_def", &W::spo2_def},
-        {"yawb_def", &W::yawb_def}, {"elev_def", &W::elev_def}, {"rud1_def", &W::rud1_def}, {"rud2_def", &W::rud2_def},
-        {"fla1_def", &W::fla1_def}, {"fla2_def", &W::fla2_def}}},
-    {"N", 1.0, {{"nrml_force_path", &W::nrml_force_path}, {"axil_force_path", &W::axil_force_path}}},
-    {"-", 0.01, {{"CL_grndeffect", &W::CL_grndeffect}, {"CD_grndeffect", &W::CD_grndeffect}}},
+const std::vector<group<flt_wing_struct>> of_parts = {
+    {"deg", 0.1, {W(ail1_def), W(ail2_def), W(spo1_def), W(spo2_def), W(yawb_def), W(elev_def),
+        W(rud1_def), W(rud2_def), W(fla1_def), W(fla2_def)}},
+    {"N", 1.0, {W(nrml_force_path), W(axil_force_path)}},
+    {"-", 0.01, {W(CL_grndeffect), W(CD_grndeffect)}},
 };
+#undef F
+#undef E
+#undef W
 // clang-format on
 
 // Engines and parts are summed, each with a weight of its own, so that no two can stand for each other.
 void sample(test::recorded& r, const std::string& label, int p = 0) {
-    const F& f = flt[p];
+    const flt_struct& f = flt[p];
     r.column(label);
     for (const auto& g : of_aircraft)
         for (const auto& [name, field] : g.fields) r.value(name, g.unit, f.*field, g.size);
@@ -112,12 +102,14 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
     r.value("dob_z", "m", f.dob_z, 0.1);
     r.value("fuel", "kg", f.m_fuel[0] + 2.0 * f.m_fuel[1] + 3.0 * f.m_fuel[2], 1.0);
     r.value("failures", "count", std::count(f.fail_stat, f.fail_stat + failDIM, fail_active), 1.0);
-    r.value("warnings", "flags", f.stall_warning + 2 * stg.BB_pullup + 4 * stg.BB_sinkrate + 8 * stg.BB_gear, 1.0);
+    r.value("warnings", "flags", f.stall_warning + 2 * stg.BB_pullup + 4 * stg.BB_sinkrate + 8 * stg.BB_gear,
+            1.0);
     r.value("gyros", "-", f.gyro_force[0] + 2.0 * f.gyro_force[1] + f.dg_drift[0], 0.001);
     double modes = 0.0, rings = 0.0, places = 0.0;
     for (int en = 0; en < engnDIM; ++en) {
-        const E& e = f.engn[en];
-        modes += (en + 1) * (e.ignition + 10 * e.prop_mode + 100 * e.burning_fuel + 1000 * e.burner_on + 10000 * stg.idle_speed[en]);
+        const flt_engn_struct& e = f.engn[en];
+        modes += (en + 1) * (e.ignition + 10 * e.prop_mode + 100 * e.burning_fuel + 1000 * e.burner_on +
+                             10000 * stg.idle_speed[en]);
         for (int el = 0; el < elDIM; ++el) rings += (en + 1) * (el + 1) * e.RING_DVinc[el];
         for (int i = 0; i < 3; ++i) places += (en + 1) * (i + 1) * e.XYZ[i];
     }
@@ -137,11 +129,13 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
             for (int en = 0; en < wingDIM; ++en) sum += (1.0 + 0.1 * en) * f.wing[en].*field;
             r.value(name, g.unit, sum, g.size);
         }
-    double v = 0.0, alpha = 0.0, wash = 0.0, turn = 0.0, uneven = 0.0, stalled = 0.0, inc = 0.0, force[3] = {};
+    double v = 0.0, alpha = 0.0, wash = 0.0, turn = 0.0, uneven = 0.0, stalled = 0.0, inc = 0.0,
+           force[3] = {};
     for (int en = 0; en < wingDIM; ++en) {
-        const W& w = f.wing[en];
+        const flt_wing_struct& w = f.wing[en];
         stalled += (en + 1) * w.stalled;
-        for (int bld = 0; bld < bladDIM; ++bld) uneven += (bld + 1) * (1.0 + 0.1 * en) * (1.0 - w.Q_centroid_loc[bld]);
+        for (int bld = 0; bld < bladDIM; ++bld)
+            uneven += (bld + 1) * (1.0 + 0.1 * en) * (1.0 - w.Q_centroid_loc[bld]);
         for (int el = 0; el < elDIM; ++el) {
             const double weight = (1.0 + 0.1 * en) * (1.0 + 0.1 * el);
             wash += weight * w.downwash_deg[el];
@@ -170,25 +164,38 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
 void draw_power() {
     veh_struct& v = veh[0];
     const veh_field_list block = veh_block_list(), engn = veh_engn_list();
-    const struct { const char* names; double lo, hi; } ranges[] = {
-        {"linked_prop_EQ drive_by_wire_EQ beta_prop_EQ rev_thrust_EQ auto_feather_EQ feather_with_prop_EQ vect_EQ "
-         "auto_rpm_with_tvec jett_is_slung phase_ptch_tvect_in_at_90 phase_ptch_tvect_in_at_00 phase_roll_tvect_in_at_90 "
-         "phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 phase_hdng_tvect_in_at_00 warn1_EQ warn2_EQ", 0, 1},
-        {"power_max thrust_max rock_max_sl rock_max_opt rock_max_vac jato_thrust puff_LMN puff_xyz", 100, 1500},
+    const struct {
+        const char* names;
+        double lo, hi;
+    } ranges[] = {
+        {"linked_prop_EQ drive_by_wire_EQ beta_prop_EQ rev_thrust_EQ auto_feather_EQ feather_with_prop_EQ "
+         "vect_EQ "
+         "auto_rpm_with_tvec jett_is_slung phase_ptch_tvect_in_at_90 phase_ptch_tvect_in_at_00 "
+         "phase_roll_tvect_in_at_90 "
+         "phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 phase_hdng_tvect_in_at_00 warn1_EQ warn2_EQ",
+         0, 1},
+        {"power_max thrust_max rock_max_sl rock_max_opt rock_max_vac jato_thrust puff_LMN puff_xyz", 100,
+         1500},
         {"burner_inc", -200, 800},
         {"RSC_idlespeed_ENGN RSC_mingreen_ENGN", 500, 900},
         {"RSC_redline_ENGN RSC_maxgreen_ENGN", 2000, 4000},
         {"max_ITT max_EGT max_CHT max_OILP max_OILT max_FUELP", 50, 900},
         {"crit_alt_prop crit_alt_jet rock_h_opt", 0, 30000},
         {"trans_loss elev_tab ailn_tab rudd_tab mass_shift_dx", -0.05, 0.1},
-        {"lift_fan_rat blown_flap_throt_red tip_mach_des_100 tip_mach_des_50 idle_rat face_jet starter_rat battery_rat "
-         "rudd_with_ailn_rat elev_with_flap_rat diff_thro_ptch diff_thro_roll diff_thro_hdng", 0.1, 0.9},
-        {"throt_max_FWD throt_max_REV max_mach_eff spool_time_jet fuel_intro_time_prop fuel_intro_time_jet throt_time_prop "
-         "throt_time_jet inertia_rat_prop rotor_mi_rat tip_weight mass_shift_dz m_displaced_Y jato_sfc", 0.5, 3},
+        {"lift_fan_rat blown_flap_throt_red tip_mach_des_100 tip_mach_des_50 idle_rat face_jet starter_rat "
+         "battery_rat "
+         "rudd_with_ailn_rat elev_with_flap_rat diff_thro_ptch diff_thro_roll diff_thro_hdng",
+         0.1, 0.9},
+        {"throt_max_FWD throt_max_REV max_mach_eff spool_time_jet fuel_intro_time_prop fuel_intro_time_jet "
+         "throt_time_prop "
+         "throt_time_jet inertia_rat_prop rotor_mi_rat tip_weight mass_shift_dz m_displaced_Y jato_sfc",
+         0.5, 3},
         {"MP_max", 25, 40},
         {"cyclic_def_elev cyclic_def_ailn disc_tilt_elev disc_tilt_ailn", -6, 8},
         {"delta3 tvec_ptch tvec_roll tvec_hdng diff_coll_with_roll diff_coll_with_hdng diff_coll_with_ptch "
-         "diff_cycl_with_hdng_lon diff_cycl_with_hdng_lat rotor_trim_max_fwd rotor_trim_max_aft tail_with_coll", -5, 9},
+         "diff_cycl_with_hdng_lon diff_cycl_with_hdng_lat rotor_trim_max_fwd rotor_trim_max_aft "
+         "tail_with_coll",
+         -5, 9},
         {"flap_arm vectarmY vectarmZ", -1, 1},
         {"m_displaced mass_shift", 0, 500},
         {"feathered_pitch jato_theta", 60, 90},
@@ -218,19 +225,22 @@ void toss(flags&... flag) {
 
 void draw_engine_state() {
     using test::any;
-    F& f = flt[0];
+    flt_struct& f = flt[0];
     veh_struct& v = veh[0];
     toss(v.has_idlespeed, v.has_clutch_switch, v.has_FADEC_switch, v.has_pre_rotate, v.collective_EQ);
-    toss(stg.battery, stg.avionics, stg.inverter[0], stg.inverter[1], stg.puffers_on, stg.prop_sync_on, stg.jato_on, stg.pre_rotating,
-         stg.pre_rotate_level, stg.clutch_trq_engag, stg.ice_all, stg.ice_pitot_heat, stg.ice_auto_ignite, stg.ice_inlet_heat,
-         stg.ice_prop_heat, stg.ice_surf_heat, stg.ice_window_heat, f.nav_lite, f.bea_lite, f.str_lite, f.lan_lite, f.tax_lite,
-         f.gear_handle, stg.warn_bb);
+    toss(stg.battery, stg.avionics, stg.inverter[0], stg.inverter[1], stg.puffers_on, stg.prop_sync_on,
+         stg.jato_on, stg.pre_rotating, stg.pre_rotate_level, stg.clutch_trq_engag, stg.ice_all,
+         stg.ice_pitot_heat, stg.ice_auto_ignite, stg.ice_inlet_heat, stg.ice_prop_heat, stg.ice_surf_heat,
+         stg.ice_window_heat, f.nav_lite, f.bea_lite, f.str_lite, f.lan_lite, f.tax_lite, f.gear_handle,
+         stg.warn_bb);
     stg.feather_mode = test::whole(0, 2);
     stg.fuel_tank_sel = test::whole(0, 4);
     f.rocket_mode = test::whole(401, 408);
     f.rocket_timeout = f.prop_ospeed_test_timeout = test::chance(0.5) ? 1e6f : -1.0f;
-    for (float* rat : {&f.prop_ice, &f.inlet_ice, &f.pitot_ice, &f.jato_left}) *rat = test::chance(0.5) ? any(0, 0.5) : 0;
-    for (float* rat : {&f.disp_rat, &f.rotr_trim, &f.ailn_trim, &f.rudd_trim, &f.handle_rat_act, &f.vacuum}) *rat = any(0, 1);
+    for (float* rat : {&f.prop_ice, &f.inlet_ice, &f.pitot_ice, &f.jato_left})
+        *rat = test::chance(0.5) ? any(0, 0.5) : 0;
+    for (float* rat : {&f.disp_rat, &f.rotr_trim, &f.ailn_trim, &f.rudd_trim, &f.handle_rat_act, &f.vacuum})
+        *rat = any(0, 1);
     f.handle_rat_req = f.handle_rat_act;
     for (float& m : f.m_fuel) m = test::chance(0.2) ? 0 : any(1, 90);
     f.m_fixed = any(0, 200);
@@ -242,13 +252,15 @@ void draw_engine_state() {
         v.wpn[station].type = test::chance(0.3) ? 23 : 0;
         v.wpn[station].fuel_warhead_mass_now = any(1, 40);
         v.wpn[station].total_weapon_mass_now = 50;
-        snprintf(v.watt[station].watt_name, sizeof v.watt[station].watt_name, "%s", test::chance(0.5) ? "tank" : "");
+        snprintf(v.watt[station].watt_name, sizeof v.watt[station].watt_name, "%s",
+                 test::chance(0.5) ? "tank" : "");
         v.watt[station].watt_x = any(-3, 3);
         v.wpn[station].added_mass = any(0, 20);
     }
     for (int en = 0; en < v.num_thrustpoints; ++en) {
-        E& e = f.engn[en];
-        toss(stg.igniter[en], stg.fuel_pump[en], stg.fadec_on[en], stg.generator[en], e.burning_fuel, stg.idle_speed[en]);
+        flt_engn_struct& e = f.engn[en];
+        toss(stg.igniter[en], stg.fuel_pump[en], stg.fadec_on[en], stg.generator[en], e.burning_fuel,
+             stg.idle_speed[en]);
         stg.start_time[en] = test::chance(0.3) ? 1e6f : -1.0f;
         stg.clutch_rat[en] = test::chance(0.5) ? 1 : any(0, 1);
         for (int slot : {54, 62, 70, 78, 102, 110, 126})
@@ -262,9 +274,11 @@ void draw_engine_state() {
         e.thro_ref = test::chance(0.3) ? 1 : any(0, 1);
         e.thro_use = e.thro_ref;
         e.N1 = e.N2 = any(0, 105);
-        for (float* rat : {&e.mixt, &e.heat, &e.cowl, &e.burning_rat, &e.oil_lube_rat, &e.burner_rat}) *rat = any(0, 1);
+        for (float* rat : {&e.mixt, &e.heat, &e.cowl, &e.burning_rat, &e.oil_lube_rat, &e.burner_rat})
+            *rat = any(0, 1);
         e.carb_ice = test::chance(0.3) ? any(0, 0.6) : 0;
-        for (float* gauge : {&e.ITT, &e.EGT, &e.CHT, &e.OILT, &e.OILP, &e.FUELP, &e.MPR}) *gauge = any(0, 300);
+        for (float* gauge : {&e.ITT, &e.EGT, &e.CHT, &e.OILT, &e.OILP, &e.FUELP, &e.MPR})
+            *gauge = any(0, 300);
         e.FF_kgs = any(0, 0.05);
         e.thrust = any(0, 3000);
         e.drag_TRQ = any(0, 300);
@@ -354,7 +368,8 @@ TEST_P(content_flight, comes_to_what_it_came_to) {
     fly_sweeping(1.0f);
     sample(r, "goes_on");
     for (float& spd : atm.set_wind_spd_kts) spd = 25.0f;
-    for (int i = 0; i < 3; ++i) atm.set_turb_inc[i] = 6.0f, atm.set_shear_spd_kts[i] = 12.0f, atm.set_shear_dir[i] = 20.0f;
+    for (int i = 0; i < 3; ++i)
+        atm.set_turb_inc[i] = 6.0f, atm.set_shear_spd_kts[i] = 12.0f, atm.set_shear_dir[i] = 20.0f;
     place(45.0f, 4.0f, 300.0f);
     fly_sweeping(2.0f);
     sample(r, "turbulent");
@@ -376,7 +391,8 @@ TEST_P(content_flight, comes_to_what_it_came_to) {
     fly_sweeping(0.3f);
     sample(r, "too_fast");
     place(55.0f);
-    for (int slot : {fail_L_flp + 0, fail_slat + 0, fail_wing1_left + 1, fail_ss_tsi + 0, fail_ss_vvi + 0, fail_throttle + 0})
+    for (int slot : {fail_L_flp + 0, fail_slat + 0, fail_wing1_left + 1, fail_ss_tsi + 0, fail_ss_vvi + 0,
+                     fail_throttle + 0})
         flt[0].fail_stat[slot] = fail_active;
     flt[0].frame_ice = 0.3f;
     fly_sweeping(1.0f);
@@ -469,7 +485,8 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
         r.value("heading_aim", "deg", nav.hdg_hold_mag, 1.0);
         r.value("climb_aim", "ft/min", nav.vvi_hold_fpm, 1.0);
         r.value("height_aim", "ft", nav.alt_hold_ft_use + 3.0f * nav.alt_hold_ft_dial, 1.0);
-        r.value("modes", "kinds", nav.mode_thro + 100 * nav.mode_alt_ + 10000 * nav.mode_hdng + nav.syn_hold_deg, 1.0);
+        r.value("modes", "kinds",
+                nav.mode_thro + 100 * nav.mode_alt_ + 10000 * nav.mode_hdng + nav.syn_hold_deg, 1.0);
         r.value("start", "s", mnw.miss_time, 0.01);
     };
     ai("runway", "Wren 160", [] { place(20.0f, 0.0f, 3.0f); });
@@ -501,7 +518,8 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
 
 TEST(recorded_flight, odd_motions_of_the_user) {
     test::recorded r("flight_motions");
-    const auto after = [&](const std::string& label, const std::function<void()>& change, float seconds = 0.5f) {
+    const auto after = [&](const std::string& label, const std::function<void()>& change,
+                           float seconds = 0.5f) {
         test::fly_aircraft("Wren 160");
         lab_set_power(0.7f);
         place(50.0f);
@@ -509,7 +527,8 @@ TEST(recorded_flight, odd_motions_of_the_user) {
         test::run_frames(seconds);
         sample(r, label);
     };
-    after("kicked", [] { msc.stab_ptch_test = msc.stab_hdng_test = 2; }, 0.05f);
+    after(
+        "kicked", [] { msc.stab_ptch_test = msc.stab_hdng_test = 2; }, 0.05f);
     after("towed", [] {
         stg.tow_inprog = 1;
         env.tow_line_alph = flt[0].the - 2.0f;
@@ -551,14 +570,17 @@ TEST(recorded_flight, odd_motions_of_the_user) {
         flt[0].fail_stat[fail_static] = fail_active;
         flt[0].vy += 20.0f;
     });
-    after("at_rest", [] {
-        place(0.0f, 0.0f, 500.0f);
-        flt[0].R = 2.5f;
-        flt[0].Rdot = 3.0f;
-        flt[0].fnrml_gear_acf = 1e6f;
-        mnw.prd_FM = 0.02f;
-        for (int i = 0; i < 20; ++i) arrest_yaw_at_rest();
-    }, 0.02f);
+    after(
+        "at_rest",
+        [] {
+            place(0.0f, 0.0f, 500.0f);
+            flt[0].R = 2.5f;
+            flt[0].Rdot = 3.0f;
+            flt[0].fnrml_gear_acf = 1e6f;
+            mnw.prd_FM = 0.02f;
+            for (int i = 0; i < 20; ++i) arrest_yaw_at_rest();
+        },
+        0.02f);
 }
 
 TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
@@ -616,7 +638,8 @@ TEST(recorded_flight, the_trace_tells_every_step) {
         for (std::string line; getline(text, line);) {
             std::istringstream words(line);
             std::string label = line.substr(0, line.find(':'));
-            label.erase(std::remove_if(label.begin(), label.end(), [](char c) { return !isalpha(c); }), label.end());
+            label.erase(std::remove_if(label.begin(), label.end(), [](char c) { return !isalpha(c); }),
+                        label.end());
             double weight = 1.0, number;
             for (std::string word; words >> word;)
                 if (std::istringstream(word) >> number) sums[label] += (weight += 1.0) * number;

@@ -44,10 +44,12 @@ static bool all_zero(const std::vector<double>& values) {
 void recorded::write(const std::string& path) const {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream out(path);
-    const auto line = [&](const std::string& name, const std::string& unit, const std::vector<std::string>& cells) {
+    const auto line = [&](const std::string& name, const std::string& unit,
+                          const std::vector<std::string>& cells) {
         out << name << std::string(name.size() < 24 ? 24 - name.size() : 1, ' ');
         out << unit << std::string(unit.size() < 7 ? 7 - unit.size() : 1, ' ');
-        for (const std::string& cell : cells) out << std::string(cell.size() < 12 ? 12 - cell.size() : 1, ' ') << cell;
+        for (const std::string& cell : cells)
+            out << std::string(cell.size() < 12 ? 12 - cell.size() : 1, ' ') << cell;
         out << '\n';
     };
     line("name", "unit", labels_);
@@ -90,7 +92,8 @@ void recorded::compare(const std::string& path) const {
                 << name_ << ", " << labels_[i] << ": " << name << ", " << unit;
         left.erase(found);
     }
-    for (const auto& [unseen, r] : left) EXPECT_TRUE(all_zero(r.values)) << name_ << ": " << unseen << " was zero";
+    for (const auto& [unseen, r] : left)
+        EXPECT_TRUE(all_zero(r.values)) << name_ << ": " << unseen << " was zero";
 }
 
 }  // namespace test

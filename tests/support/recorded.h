@@ -1,6 +1,6 @@
-// Tables of values as they were when somebody last looked at them: a change detector, which tells that behaviour has
-// changed, not which is right. Beside it stand the tests against something independent.
-// Role: TARVANE_RECORD=1 in the environment writes the tables anew into tests/data/recorded/; who does so reads the
+// Tables of values as they were when somebody last looked at them: a change detector, which tells that
+// behaviour has changed, not which is right. Beside it stand the tests against something independent. Role:
+// TARVANE_RECORD=1 in the environment writes the tables anew into tests/data/recorded/; who does so reads the
 // difference.
 #pragma once
 #include <map>

@@ -1,5 +1,5 @@
-// The air in many weathers, against tests/data/recorded: profiles, the steps of wind and weather, random weather. A
-// change detector beside the standard atmosphere and the figures worked out by hand.
+// The air in many weathers, against tests/data/recorded: profiles, the steps of wind and weather, random
+// weather. A change detector beside the standard atmosphere and the figures worked out by hand.
 #include "recorded.h"
 
 #include <math.h>
@@ -55,25 +55,51 @@ protected:
             r.value("set_shear_dir_" + n, "deg", atm.set_shear_dir[c], 0.1);
             r.value("set_turb_inc_" + n, "-", atm.set_turb_inc[c], 0.01);
         }
-        const struct { const char* name; const char* unit; double v; double size; } rows[] = {
-            {"vis_rep", "m", atm.vis_rep, 1}, {"rain_set", "-", atm.rain_set, 0.001}, {"tstm_set", "-", atm.tstm_set, 0.001},
-            {"wind_tbl", "-", atm.wind_tbl, 0.001}, {"burst_prob", "-", atm.burst_prob, 0.001},
-            {"rate_change", "-", atm.rate_change, 0.001}, {"prim_layer", "-", 1.0 * atm.prim_layer, 1},
-            {"wave_length", "m", atm.wave_length, 0.1}, {"wave_speed", "m/s", atm.wave_speed, 0.1},
-            {"level_rat_acf", "-", atm.level_rat_acf, 0.001}, {"rain_rat_acf", "-", atm.rain_rat_acf, 0.001},
-            {"hail_rat_acf", "-", atm.hail_rat_acf, 0.001}, {"snow_rat_acf", "-", atm.snow_rat_acf, 0.001},
-            {"rway_fric_code", "kind", 1.0 * atm.rway_fric_code, 1}, {"use_rwx", "flag", 1.0 * atm.use_rwx, 1},
-            {"download_rwx", "flag", 1.0 * atm.download_rwx, 1}, {"weather_seed", "-", 1.0 * atm.weather_seed, 1},
-            {"sl_T_cel", "C", con.sl_T_cel, 0.1}, {"sl_P_pas", "Pa", con.sl_P_pas, 1},
-            {"lcl_g", "m/s2", con.lcl_g, 0.01}, {"lcl_T_cel", "C", con.lcl_T_cel, 0.1}, {"lcl_r_met", "kg/m3", con.lcl_r_met, 0.001},
-            {"lcl_P_pas", "Pa", con.lcl_P_pas, 1}, {"lcl_a", "m/s", con.lcl_a, 0.1},
-            {"lcl_T_cel_total", "C", con.lcl_T_cel_total, 0.1}, {"base_wndspd_kts", "kt", wind.base_wndspd_kts, 0.1},
-            {"base_wnddir_mag", "deg", wind.base_wnddir_mag, 0.1}, {"base_shrspd_kts", "kt", wind.base_shrspd_kts, 0.1},
-            {"base_shrdir_deg", "deg", wind.base_shrdir_deg, 0.1}, {"base_trblnc_lev", "-", wind.base_trblnc_lev, 0.01},
-            {"final_X_msc", "m/s", wind.final_X_msc, 0.01}, {"final_Y_msc", "m/s", wind.final_Y_msc, 0.01},
-            {"final_Z_msc", "m/s", wind.final_Z_msc, 0.01}, {"final_dir_true", "deg", wind.final_dir_true, 0.1},
-            {"final_spd_msc", "m/s", wind.final_spd_msc, 0.01}, {"final_trb_rat", "-", wind.final_trb_rat, 0.001},
-            {"totl_os_x", "m", wind.totl_os_x, 0.01}, {"totl_os_y", "m", wind.totl_os_y, 0.01}, {"totl_os_z", "m", wind.totl_os_z, 0.01},
+        const struct {
+            const char* name;
+            const char* unit;
+            double v;
+            double size;
+        } rows[] = {
+            {"vis_rep", "m", atm.vis_rep, 1},
+            {"rain_set", "-", atm.rain_set, 0.001},
+            {"tstm_set", "-", atm.tstm_set, 0.001},
+            {"wind_tbl", "-", atm.wind_tbl, 0.001},
+            {"burst_prob", "-", atm.burst_prob, 0.001},
+            {"rate_change", "-", atm.rate_change, 0.001},
+            {"prim_layer", "-", 1.0 * atm.prim_layer, 1},
+            {"wave_length", "m", atm.wave_length, 0.1},
+            {"wave_speed", "m/s", atm.wave_speed, 0.1},
+            {"level_rat_acf", "-", atm.level_rat_acf, 0.001},
+            {"rain_rat_acf", "-", atm.rain_rat_acf, 0.001},
+            {"hail_rat_acf", "-", atm.hail_rat_acf, 0.001},
+            {"snow_rat_acf", "-", atm.snow_rat_acf, 0.001},
+            {"rway_fric_code", "kind", 1.0 * atm.rway_fric_code, 1},
+            {"use_rwx", "flag", 1.0 * atm.use_rwx, 1},
+            {"download_rwx", "flag", 1.0 * atm.download_rwx, 1},
+            {"weather_seed", "-", 1.0 * atm.weather_seed, 1},
+            {"sl_T_cel", "C", con.sl_T_cel, 0.1},
+            {"sl_P_pas", "Pa", con.sl_P_pas, 1},
+            {"lcl_g", "m/s2", con.lcl_g, 0.01},
+            {"lcl_T_cel", "C", con.lcl_T_cel, 0.1},
+            {"lcl_r_met", "kg/m3", con.lcl_r_met, 0.001},
+            {"lcl_P_pas", "Pa", con.lcl_P_pas, 1},
+            {"lcl_a", "m/s", con.lcl_a, 0.1},
+            {"lcl_T_cel_total", "C", con.lcl_T_cel_total, 0.1},
+            {"base_wndspd_kts", "kt", wind.base_wndspd_kts, 0.1},
+            {"base_wnddir_mag", "deg", wind.base_wnddir_mag, 0.1},
+            {"base_shrspd_kts", "kt", wind.base_shrspd_kts, 0.1},
+            {"base_shrdir_deg", "deg", wind.base_shrdir_deg, 0.1},
+            {"base_trblnc_lev", "-", wind.base_trblnc_lev, 0.01},
+            {"final_X_msc", "m/s", wind.final_X_msc, 0.01},
+            {"final_Y_msc", "m/s", wind.final_Y_msc, 0.01},
+            {"final_Z_msc", "m/s", wind.final_Z_msc, 0.01},
+            {"final_dir_true", "deg", wind.final_dir_true, 0.1},
+            {"final_spd_msc", "m/s", wind.final_spd_msc, 0.01},
+            {"final_trb_rat", "-", wind.final_trb_rat, 0.001},
+            {"totl_os_x", "m", wind.totl_os_x, 0.01},
+            {"totl_os_y", "m", wind.totl_os_y, 0.01},
+            {"totl_os_z", "m", wind.totl_os_z, 0.01},
             {"totl_os_t", "s", wind.totl_os_t, 0.01},
         };
         for (const auto& row : rows) r.value(row.name, row.unit, row.v, row.size);
@@ -99,7 +125,8 @@ TEST_F(recorded_weather, profiles_are_as_they_were) {
         start(planet);
         con.sl_T_cel += 7.0f;
         con.sl_P_pas *= 0.98f;
-        for (const double ele : {-50.0, 5.0, 700.0, 1900.0, 4000.0, 9000.0, 14000.0, 30000.0, 60000.0, 130000.0}) {
+        for (const double ele :
+             {-50.0, 5.0, 700.0, 1900.0, 4000.0, 9000.0, 14000.0, 30000.0, 60000.0, 130000.0}) {
             r.column((planet ? "mars_" : "earth_") + std::to_string(static_cast<int>(ele)));
             place(300.0, ele, -400.0);
             flt[0].AV_msc = 80.0f;
@@ -211,12 +238,30 @@ TEST_F(recorded_weather, borders_are_as_they_were) {
         for (int i = 0; i < 2; ++i) atm.base_h_MSL[i] = atm.tops_h_MSL[i] = bad[k];
         atm.vis_rep = atm.rain_set = atm.tstm_set = atm.wind_tbl = atm.burst_prob = atm.rate_change = bad[k];
         for (int c = 0; c < 3; ++c)
-            for (float* of : {atm.set_wind_alt_mtrs, atm.set_wind_spd_kts, atm.set_wind_dir_mag, atm.set_shear_spd_kts, atm.set_shear_dir, atm.set_turb_inc})
+            for (float* of : {atm.set_wind_alt_mtrs, atm.set_wind_spd_kts, atm.set_wind_dir_mag,
+                              atm.set_shear_spd_kts, atm.set_shear_dir, atm.set_turb_inc})
                 of[c] = bad[k];
-        for (float* v : {&atm.dewp_sea_C, &atm.wave_height, &atm.wave_length, &atm.wave_speed, &atm.wave_length_to_height,
-                         &atm.therm_prt, &atm.therm_vvi_fpm, &atm.therm_alt_ft, &atm.rwx_check_minutes, &atm.rwx_next_check_time,
-                         &atm.rwx_percent_downloaded, &atm.rwx_max_vis_nm, &atm.level_rat_acf, &atm.rain_rat_acf, &atm.hail_rat_acf,
-                         &atm.snow_rat_acf, &con.sl_T_cel, &con.sl_P_pas, &atm.vis_frmult, &atm.vis_ground, &atm.vis_sky})
+        for (float* v : {&atm.dewp_sea_C,
+                         &atm.wave_height,
+                         &atm.wave_length,
+                         &atm.wave_speed,
+                         &atm.wave_length_to_height,
+                         &atm.therm_prt,
+                         &atm.therm_vvi_fpm,
+                         &atm.therm_alt_ft,
+                         &atm.rwx_check_minutes,
+                         &atm.rwx_next_check_time,
+                         &atm.rwx_percent_downloaded,
+                         &atm.rwx_max_vis_nm,
+                         &atm.level_rat_acf,
+                         &atm.rain_rat_acf,
+                         &atm.hail_rat_acf,
+                         &atm.snow_rat_acf,
+                         &con.sl_T_cel,
+                         &con.sl_P_pas,
+                         &atm.vis_frmult,
+                         &atm.vis_ground,
+                         &atm.vis_sky})
             *v = bad[k];
         atm.prim_layer = atm.rway_fric_code = atm.wave_dir = k % 2 ? 999 : -5;
         limit_atm_border();
@@ -227,9 +272,12 @@ TEST_F(recorded_weather, borders_are_as_they_were) {
             if (when[0] == 's') weather_screen_rules(last);
             sample(r);
             for (int i = 0; i < 6; ++i) {
-                const float rest[] = {atm.dewp_sea_C, atm.wave_height, atm.wave_length_to_height, atm.therm_prt, atm.therm_vvi_fpm, atm.therm_alt_ft};
+                const float rest[] = {atm.dewp_sea_C, atm.wave_height,   atm.wave_length_to_height,
+                                      atm.therm_prt,  atm.therm_vvi_fpm, atm.therm_alt_ft};
                 r.value("rest_" + std::to_string(i), "-", rest[i], 0.01);
-                const float more[] = {atm.rwx_check_minutes, atm.rwx_next_check_time, atm.rwx_percent_downloaded, atm.rwx_max_vis_nm, atm.vis_frmult, atm.vis_sky};
+                const float more[] = {
+                    atm.rwx_check_minutes, atm.rwx_next_check_time, atm.rwx_percent_downloaded,
+                    atm.rwx_max_vis_nm,    atm.vis_frmult,          atm.vis_sky};
                 r.value("more_" + std::to_string(i), "-", more[i], 0.01);
             }
             r.value("wave_dir", "deg", atm.wave_dir, 1.0);
