@@ -17,8 +17,7 @@
 #include "scenery/ground/tile.h"
 
 namespace {
-constexpr int right_wing = 9, right_stab = 17, fin = 18;
-constexpr int switch_pre_rotate = 11;
+constexpr int right_wing = 9, switch_pre_rotate = 11;
 
 class variant : public ::testing::Test {
 protected:
@@ -69,29 +68,19 @@ protected:
         mnw.YK_ptch = mnw.YK_roll = mnw.YK_hdng = 0.0f;
     }
     // Free flight under a simple hand that holds an attitude round the present place of the controls.
-    void fly(
-        float seconds, float the, const std::function<void()>& check = [] {}) {
+    void fly(float seconds, float the) {
         const float ptch = mnw.YK_ptch, roll = mnw.YK_roll, hdng = mnw.YK_hdng;
         for (int i = 0; i < static_cast<int>(64.0f * seconds); ++i) {
             mnw.YK_ptch = fltlim(ptch + 0.06f * (the - f.the) - 0.04f * f.Q, -1.0f, 1.0f);
             mnw.YK_roll = fltlim(roll - 0.04f * f.phi - 0.02f * f.P, -1.0f, 1.0f);
             mnw.YK_hdng = fltlim(hdng - 0.05f * f.R, -1.0f, 1.0f);
             lab_frame(1.0f / 64.0f);
-            check();
         }
         ASSERT_LT(f.g_total, 10.0f);
     }
     float weight() const { return lab_mass() * con.g; }
-    lab_steady steady(float speed) {
-        lab_steady_order order;
-        order.speed = speed;
-        const lab_steady s = lab_find_steady(order);
-        EXPECT_TRUE(s.found) << "residual " << s.worst;
-        return s;
-    }
 };
 
-// -- lighter than air, and wings that move
 TEST_F(variant, airship_floats_upright_and_rises_by_its_envelope) {
     design("Wren 160", [](veh_struct& a) {
         a.m_displaced = 4000.0f;
@@ -111,8 +100,6 @@ TEST_F(variant, airship_floats_upright_and_rises_by_its_envelope) {
     EXPECT_NEAR(f.vy - before, 0.1f * con.g, 0.1f);
 }
 
-// -- propellers
-// -- jets and rockets
 // -- rotors
 TEST_F(variant, gyrocopter_carries_itself_on_a_rotor_that_the_air_turns) {
     design("Wren 160", [](veh_struct& a) {
