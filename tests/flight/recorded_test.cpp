@@ -7,6 +7,7 @@
 #include <string.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <sstream>
 
 #include "aircraft/deflect.h"
@@ -91,20 +92,24 @@ const std::vector<group<flt_wing_struct>> of_parts = {
 #undef W
 // clang-format on
 
-// Engines and parts are summed, each with a weight of its own, so that no two can stand for each other.
+// A field of some records, each with a weight of its own, so that no two can stand for each other.
+template <class record>
+void sum_up(test::recorded& r, const std::vector<group<record>>& groups, const record* of, int count,
+            double step) {
+    for (const auto& g : groups)
+        for (const auto& [name, field] : g.fields) {
+            double sum = 0.0;
+            for (int i = 0; i < count; ++i) sum += (1.0 + step * i) * of[i].*field;
+            r.value(name, g.unit, sum, g.size);
+        }
+}
+
 void sample(test::recorded& r, const std::string& label, int p = 0) {
     const flt_struct& f = flt[p];
     r.column(label);
-    for (const auto& g : of_aircraft)
-        for (const auto& [name, field] : g.fields) r.value(name, g.unit, f.*field, g.size);
-    r.value("dob_x", "m", f.dob_x, 0.1);
-    r.value("dob_ele", "m", f.dob_ele, 0.1);
-    r.value("dob_z", "m", f.dob_z, 0.1);
-    r.value("fuel", "kg", f.m_fuel[0] + 2.0 * f.m_fuel[1] + 3.0 * f.m_fuel[2], 1.0);
-    r.value("failures", "count", std::count(f.fail_stat, f.fail_stat + failDIM, fail_active), 1.0);
-    r.value("warnings", "flags", f.stall_warning + 2 * stg.BB_pullup + 4 * stg.BB_sinkrate + 8 * stg.BB_gear,
-            1.0);
-    r.value("gyros", "-", f.gyro_force[0] + 2.0 * f.gyro_force[1] + f.dg_drift[0], 0.001);
+    sum_up(r, of_aircraft, &f, 1, 0.0);
+    sum_up(r, of_engines, f.engn, engnDIM, 1.0);
+    sum_up(r, of_parts, f.wing, wingDIM, 0.1);
     double modes = 0.0, rings = 0.0, places = 0.0;
     for (int en = 0; en < engnDIM; ++en) {
         const flt_engn_struct& e = f.engn[en];
@@ -113,22 +118,6 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
         for (int el = 0; el < elDIM; ++el) rings += (en + 1) * (el + 1) * e.RING_DVinc[el];
         for (int i = 0; i < 3; ++i) places += (en + 1) * (i + 1) * e.XYZ[i];
     }
-    r.value("engine_modes", "flags", modes, 1.0);
-    r.value("RING_DVinc", "m/s", rings, 0.1);
-    r.value("engine_XYZ", "m", places, 0.1);
-    r.value("clutches", "-", stg.clutch_rat[0] + 2.0 * stg.clutch_rat[1], 0.01);
-    for (const auto& g : of_engines)
-        for (const auto& [name, field] : g.fields) {
-            double sum = 0.0;
-            for (int en = 0; en < engnDIM; ++en) sum += (en + 1) * f.engn[en].*field;
-            r.value(name, g.unit, sum, g.size);
-        }
-    for (const auto& g : of_parts)
-        for (const auto& [name, field] : g.fields) {
-            double sum = 0.0;
-            for (int en = 0; en < wingDIM; ++en) sum += (1.0 + 0.1 * en) * f.wing[en].*field;
-            r.value(name, g.unit, sum, g.size);
-        }
     double v = 0.0, alpha = 0.0, wash = 0.0, turn = 0.0, uneven = 0.0, stalled = 0.0, inc = 0.0,
            force[3] = {};
     for (int en = 0; en < wingDIM; ++en) {
@@ -148,73 +137,67 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
             }
         }
     }
-    r.value("v_el", "m/s", v, 1.0);
-    r.value("alpha_el", "deg", alpha, 1.0);
-    r.value("downwash_deg", "deg", wash, 0.1);
-    r.value("del_dir", "deg", turn, 1.0);
-    r.value("Q_centroid_loc", "-", uneven, 0.01);
-    r.value("stalled", "flags", stalled, 1.0);
-    r.value("elem_inc_inc", "deg", inc, 0.1);
-    for (int i = 0; i < 3; ++i) r.value(std::string("force_") + "XYZ"[i], "N", force[i], 1.0);
+    const double fuel = f.m_fuel[0] + 2.0 * f.m_fuel[1] + 3.0 * f.m_fuel[2];
+    const int warnings = f.stall_warning + 2 * stg.BB_pullup + 4 * stg.BB_sinkrate + 8 * stg.BB_gear;
+    const long failures = std::count(f.fail_stat, f.fail_stat + failDIM, fail_active);
+    // clang-format off
+    const struct { const char* name; const char* unit; double v, size; } others[] = {
+        {"dob_x", "m", f.dob_x, 0.1}, {"dob_ele", "m", f.dob_ele, 0.1}, {"dob_z", "m", f.dob_z, 0.1},
+        {"fuel", "kg", fuel, 1}, {"failures", "count", 1.0 * failures, 1}, {"warnings", "flags", 1.0 * warnings, 1},
+        {"engine_modes", "flags", modes, 1}, {"RING_DVinc", "m/s", rings, 0.1}, {"engine_XYZ", "m", places, 0.1},
+        {"v_el", "m/s", v, 1}, {"alpha_el", "deg", alpha, 1}, {"downwash_deg", "deg", wash, 0.1},
+        {"del_dir", "deg", turn, 1}, {"Q_centroid_loc", "-", uneven, 0.01}, {"stalled", "flags", stalled, 1},
+        {"elem_inc_inc", "deg", inc, 0.1}, {"force_X", "N", force[0], 1}, {"force_Y", "N", force[1], 1},
+        {"force_Z", "N", force[2], 1}, {"clutches", "-", stg.clutch_rat[0] + 2.0 * stg.clutch_rat[1], 0.01},
+        {"gyros", "-", f.gyro_force[0] + 2.0 * f.gyro_force[1] + f.dg_drift[0], 0.001},
+    };
+    // clang-format on
+    for (const auto& other : others) r.value(other.name, other.unit, other.v, other.size);
 }
 
 // -- random aircraft, their engines, switches and failures
 
-// In the units of the file.
+// clang-format off
+struct draw_range { const char* names; double lo, hi; };
+const draw_range power_ranges[] = {  // in the units of the file
+    {"linked_prop_EQ drive_by_wire_EQ beta_prop_EQ rev_thrust_EQ auto_feather_EQ feather_with_prop_EQ vect_EQ "
+     "auto_rpm_with_tvec jett_is_slung phase_ptch_tvect_in_at_90 phase_ptch_tvect_in_at_00 warn1_EQ warn2_EQ "
+     "phase_roll_tvect_in_at_90 phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 phase_hdng_tvect_in_at_00",
+     0, 1},
+    {"power_max thrust_max rock_max_sl rock_max_opt rock_max_vac jato_thrust puff_LMN puff_xyz", 100, 1500},
+    {"burner_inc", -200, 800}, {"MP_max", 25, 40}, {"flap_arm vectarmY vectarmZ", -1, 1},
+    {"RSC_idlespeed_ENGN RSC_mingreen_ENGN", 500, 900}, {"RSC_redline_ENGN RSC_maxgreen_ENGN", 2000, 4000},
+    {"max_ITT max_EGT max_CHT max_OILP max_OILT max_FUELP", 50, 900},
+    {"crit_alt_prop crit_alt_jet rock_h_opt", 0, 30000}, {"m_displaced mass_shift", 0, 500},
+    {"trans_loss elev_tab ailn_tab rudd_tab mass_shift_dx", -0.05, 0.1}, {"reversed_pitch", -30, -5},
+    {"lift_fan_rat blown_flap_throt_red tip_mach_des_100 tip_mach_des_50 idle_rat face_jet starter_rat battery_rat "
+     "rudd_with_ailn_rat elev_with_flap_rat diff_thro_ptch diff_thro_roll diff_thro_hdng", 0.1, 0.9},
+    {"throt_max_FWD throt_max_REV max_mach_eff spool_time_jet fuel_intro_time_prop fuel_intro_time_jet "
+     "throt_time_prop throt_time_jet inertia_rat_prop rotor_mi_rat tip_weight mass_shift_dz m_displaced_Y jato_sfc",
+     0.5, 3},
+    {"cyclic_def_elev cyclic_def_ailn disc_tilt_elev disc_tilt_ailn", -6, 8}, {"feathered_pitch jato_theta", 60, 90},
+    {"delta3 tvec_ptch tvec_roll tvec_hdng diff_coll_with_roll diff_coll_with_hdng diff_coll_with_ptch tail_with_coll "
+     "diff_cycl_with_hdng_lon diff_cycl_with_hdng_lat rotor_trim_max_fwd rotor_trim_max_aft", -5, 9},
+};
+const draw_range engine_ranges[] = {
+    {"engn_type", 0, engn_kinds - 1}, {"SFC", 0.3, 0.9}, {"prop_clutch_EQ", 0, 1}, {"prop_gear_rat", 0.8, 6},
+    {"num_blades", 2, 5}, {"min_pitch", 0, 12}, {"max_pitch", 20, 40}, {"bladesweep", 0, 25},
+};
+const draw_range blade_ranges[] = {{"incidence", -3, 10}, {"inc_vect", 0, 1}};
+// clang-format on
+
 void draw_power() {
-    veh_struct& v = veh[0];
-    const veh_field_list block = veh_block_list(), engn = veh_engn_list();
-    const struct {
-        const char* names;
-        double lo, hi;
-    } ranges[] = {
-        {"linked_prop_EQ drive_by_wire_EQ beta_prop_EQ rev_thrust_EQ auto_feather_EQ feather_with_prop_EQ "
-         "vect_EQ "
-         "auto_rpm_with_tvec jett_is_slung phase_ptch_tvect_in_at_90 phase_ptch_tvect_in_at_00 "
-         "phase_roll_tvect_in_at_90 "
-         "phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 phase_hdng_tvect_in_at_00 warn1_EQ warn2_EQ",
-         0, 1},
-        {"power_max thrust_max rock_max_sl rock_max_opt rock_max_vac jato_thrust puff_LMN puff_xyz", 100,
-         1500},
-        {"burner_inc", -200, 800},
-        {"RSC_idlespeed_ENGN RSC_mingreen_ENGN", 500, 900},
-        {"RSC_redline_ENGN RSC_maxgreen_ENGN", 2000, 4000},
-        {"max_ITT max_EGT max_CHT max_OILP max_OILT max_FUELP", 50, 900},
-        {"crit_alt_prop crit_alt_jet rock_h_opt", 0, 30000},
-        {"trans_loss elev_tab ailn_tab rudd_tab mass_shift_dx", -0.05, 0.1},
-        {"lift_fan_rat blown_flap_throt_red tip_mach_des_100 tip_mach_des_50 idle_rat face_jet starter_rat "
-         "battery_rat "
-         "rudd_with_ailn_rat elev_with_flap_rat diff_thro_ptch diff_thro_roll diff_thro_hdng",
-         0.1, 0.9},
-        {"throt_max_FWD throt_max_REV max_mach_eff spool_time_jet fuel_intro_time_prop fuel_intro_time_jet "
-         "throt_time_prop "
-         "throt_time_jet inertia_rat_prop rotor_mi_rat tip_weight mass_shift_dz m_displaced_Y jato_sfc",
-         0.5, 3},
-        {"MP_max", 25, 40},
-        {"cyclic_def_elev cyclic_def_ailn disc_tilt_elev disc_tilt_ailn", -6, 8},
-        {"delta3 tvec_ptch tvec_roll tvec_hdng diff_coll_with_roll diff_coll_with_hdng diff_coll_with_ptch "
-         "diff_cycl_with_hdng_lon diff_cycl_with_hdng_lat rotor_trim_max_fwd rotor_trim_max_aft "
-         "tail_with_coll",
-         -5, 9},
-        {"flap_arm vectarmY vectarmZ", -1, 1},
-        {"m_displaced mass_shift", 0, 500},
-        {"feathered_pitch jato_theta", 60, 90},
-        {"reversed_pitch", -30, -5},
-    };
-    for (const auto& row : ranges) test::draw(block, &v, row.names, row.lo, row.hi);
-    for (int en = 0; en < v.num_thrustpoints; ++en) {
-        veh_engn_struct& e = v.engn[en];
-        test::draw(engn, &e, "engn_type", 0, engn_kinds - 1);
-        test::draw(engn, &e, "SFC", 0.3, 0.9);
-        test::draw(engn, &e, "prop_clutch_EQ", 0, 1);
-        test::draw(engn, &e, "prop_gear_rat", 0.8, 6);
-        test::draw(engn, &e, "num_blades", 2, 5);
-        test::draw(engn, &e, "min_pitch", 0, 12);
-        test::draw(engn, &e, "max_pitch", 20, 40);
-        test::draw(engn, &e, "bladesweep", 0, 25);
-        test::draw(veh_wing_list(), &v.wing[en], "incidence", -3, 10);
-        test::draw(veh_wing_list(), &v.wing[en], "inc_vect", 0, 1);
+    for (const draw_range& r : power_ranges) test::draw(veh_block_list(), &veh[0], r.names, r.lo, r.hi);
+    for (int en = 0; en < veh[0].num_thrustpoints; ++en) {
+        for (const draw_range& r : engine_ranges)
+            test::draw(veh_engn_list(), &veh[0].engn[en], r.names, r.lo, r.hi);
+        for (const draw_range& r : blade_ranges)
+            test::draw(veh_wing_list(), &veh[0].wing[en], r.names, r.lo, r.hi);
     }
+}
+
+void spread(double lo, double hi, std::initializer_list<float*> values) {
+    for (float* v : values) *v = test::any(lo, hi);
 }
 
 // Half of them off.
@@ -239,13 +222,11 @@ void draw_engine_state() {
     f.rocket_timeout = f.prop_ospeed_test_timeout = test::chance(0.5) ? 1e6f : -1.0f;
     for (float* rat : {&f.prop_ice, &f.inlet_ice, &f.pitot_ice, &f.jato_left})
         *rat = test::chance(0.5) ? any(0, 0.5) : 0;
-    for (float* rat : {&f.disp_rat, &f.rotr_trim, &f.ailn_trim, &f.rudd_trim, &f.handle_rat_act, &f.vacuum})
-        *rat = any(0, 1);
+    spread(0, 1, {&f.disp_rat, &f.rotr_trim, &f.ailn_trim, &f.rudd_trim, &f.handle_rat_act, &f.vacuum});
     f.handle_rat_req = f.handle_rat_act;
     for (float& m : f.m_fuel) m = test::chance(0.2) ? 0 : any(1, 90);
-    f.m_fixed = any(0, 200);
-    f.m_jettison = any(0, 50);
-    f.cgz_ref_to_default = any(-0.2, 0.2);
+    spread(0, 200, {&f.m_fixed, &f.m_jettison});
+    spread(-0.2, 0.2, {&f.cgz_ref_to_default});
     for (int slot : {1, 3, 4, 6, 31, 44, 48, 49, 50, 52, 53})
         if (test::chance(0.1)) f.fail_stat[slot] = fail_active;
     for (int station : {3, 5}) {
@@ -274,18 +255,14 @@ void draw_engine_state() {
         e.thro_ref = test::chance(0.3) ? 1 : any(0, 1);
         e.thro_use = e.thro_ref;
         e.N1 = e.N2 = any(0, 105);
-        for (float* rat : {&e.mixt, &e.heat, &e.cowl, &e.burning_rat, &e.oil_lube_rat, &e.burner_rat})
-            *rat = any(0, 1);
         e.carb_ice = test::chance(0.3) ? any(0, 0.6) : 0;
-        for (float* gauge : {&e.ITT, &e.EGT, &e.CHT, &e.OILT, &e.OILP, &e.FUELP, &e.MPR})
-            *gauge = any(0, 300);
-        e.FF_kgs = any(0, 0.05);
-        e.thrust = any(0, 3000);
-        e.drag_TRQ = any(0, 300);
-        e.prop_ang_deg = any(0, 360);
+        spread(0, 1, {&e.mixt, &e.heat, &e.cowl, &e.burning_rat, &e.oil_lube_rat, &e.burner_rat});
+        spread(0, 300,
+               {&e.ITT, &e.EGT, &e.CHT, &e.OILT, &e.OILP, &e.FUELP, &e.MPR, &e.drag_TRQ, &e.prop_ang_deg});
+        spread(0, 0.05, {&e.FF_kgs});
+        spread(0, 3000, {&e.thrust});
+        spread(-0.3, 0.3, {&e.Q_rotor_rad, &e.R_rotor_rad});
         for (float& ring : e.RING_DVinc) ring = any(0, 25);
-        e.Q_rotor_rad = any(-0.3, 0.3);
-        e.R_rotor_rad = any(-0.3, 0.3);
     }
 }
 
@@ -502,6 +479,7 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
         flt[0].engn[0].thro_use = flt[0].engn[0].thro_ref = 1.0f;
     });
     ai("new_aims", "Wren 160", [] { mnw.totl_time = 1000.0f; });
+    ai("low", "Dunlin 400", [] { place(60.0f, 3.0f, 450.0f); });
     ai("helicopter", "Plover 420", [] {});
     ai("broken", "Wren 160", [] { flt[0].fail_stat[fail_vacuum] = fail_active; });
     ai("dry", "Wren 160", [] {

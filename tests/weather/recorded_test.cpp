@@ -55,53 +55,36 @@ protected:
             r.value("set_shear_dir_" + n, "deg", atm.set_shear_dir[c], 0.1);
             r.value("set_turb_inc_" + n, "-", atm.set_turb_inc[c], 0.01);
         }
-        const struct {
-            const char* name;
-            const char* unit;
-            double v;
-            double size;
-        } rows[] = {
-            {"vis_rep", "m", atm.vis_rep, 1},
-            {"rain_set", "-", atm.rain_set, 0.001},
-            {"tstm_set", "-", atm.tstm_set, 0.001},
-            {"wind_tbl", "-", atm.wind_tbl, 0.001},
-            {"burst_prob", "-", atm.burst_prob, 0.001},
-            {"rate_change", "-", atm.rate_change, 0.001},
-            {"prim_layer", "-", 1.0 * atm.prim_layer, 1},
-            {"wave_length", "m", atm.wave_length, 0.1},
-            {"wave_speed", "m/s", atm.wave_speed, 0.1},
-            {"level_rat_acf", "-", atm.level_rat_acf, 0.001},
-            {"rain_rat_acf", "-", atm.rain_rat_acf, 0.001},
-            {"hail_rat_acf", "-", atm.hail_rat_acf, 0.001},
+        // clang-format off
+        const struct { const char* name; const char* unit; double v, size; } rows[] = {
+            {"vis_rep", "m", atm.vis_rep, 1}, {"rain_set", "-", atm.rain_set, 0.001},
+            {"tstm_set", "-", atm.tstm_set, 0.001}, {"wind_tbl", "-", atm.wind_tbl, 0.001},
+            {"burst_prob", "-", atm.burst_prob, 0.001}, {"rate_change", "-", atm.rate_change, 0.001},
+            {"prim_layer", "-", 1.0 * atm.prim_layer, 1}, {"wave_length", "m", atm.wave_length, 0.1},
+            {"wave_speed", "m/s", atm.wave_speed, 0.1}, {"level_rat_acf", "-", atm.level_rat_acf, 0.001},
+            {"rain_rat_acf", "-", atm.rain_rat_acf, 0.001}, {"hail_rat_acf", "-", atm.hail_rat_acf, 0.001},
             {"snow_rat_acf", "-", atm.snow_rat_acf, 0.001},
             {"rway_fric_code", "kind", 1.0 * atm.rway_fric_code, 1},
-            {"use_rwx", "flag", 1.0 * atm.use_rwx, 1},
-            {"download_rwx", "flag", 1.0 * atm.download_rwx, 1},
-            {"weather_seed", "-", 1.0 * atm.weather_seed, 1},
-            {"sl_T_cel", "C", con.sl_T_cel, 0.1},
-            {"sl_P_pas", "Pa", con.sl_P_pas, 1},
-            {"lcl_g", "m/s2", con.lcl_g, 0.01},
-            {"lcl_T_cel", "C", con.lcl_T_cel, 0.1},
-            {"lcl_r_met", "kg/m3", con.lcl_r_met, 0.001},
-            {"lcl_P_pas", "Pa", con.lcl_P_pas, 1},
-            {"lcl_a", "m/s", con.lcl_a, 0.1},
+            {"use_rwx", "flag", 1.0 * atm.use_rwx, 1}, {"download_rwx", "flag", 1.0 * atm.download_rwx, 1},
+            {"weather_seed", "-", 1.0 * atm.weather_seed, 1}, {"sl_T_cel", "C", con.sl_T_cel, 0.1},
+            {"sl_P_pas", "Pa", con.sl_P_pas, 1}, {"lcl_g", "m/s2", con.lcl_g, 0.01},
+            {"lcl_T_cel", "C", con.lcl_T_cel, 0.1}, {"lcl_r_met", "kg/m3", con.lcl_r_met, 0.001},
+            {"lcl_P_pas", "Pa", con.lcl_P_pas, 1}, {"lcl_a", "m/s", con.lcl_a, 0.1},
             {"lcl_T_cel_total", "C", con.lcl_T_cel_total, 0.1},
             {"base_wndspd_kts", "kt", wind.base_wndspd_kts, 0.1},
             {"base_wnddir_mag", "deg", wind.base_wnddir_mag, 0.1},
             {"base_shrspd_kts", "kt", wind.base_shrspd_kts, 0.1},
             {"base_shrdir_deg", "deg", wind.base_shrdir_deg, 0.1},
             {"base_trblnc_lev", "-", wind.base_trblnc_lev, 0.01},
-            {"final_X_msc", "m/s", wind.final_X_msc, 0.01},
-            {"final_Y_msc", "m/s", wind.final_Y_msc, 0.01},
+            {"final_X_msc", "m/s", wind.final_X_msc, 0.01}, {"final_Y_msc", "m/s", wind.final_Y_msc, 0.01},
             {"final_Z_msc", "m/s", wind.final_Z_msc, 0.01},
             {"final_dir_true", "deg", wind.final_dir_true, 0.1},
             {"final_spd_msc", "m/s", wind.final_spd_msc, 0.01},
-            {"final_trb_rat", "-", wind.final_trb_rat, 0.001},
-            {"totl_os_x", "m", wind.totl_os_x, 0.01},
-            {"totl_os_y", "m", wind.totl_os_y, 0.01},
-            {"totl_os_z", "m", wind.totl_os_z, 0.01},
+            {"final_trb_rat", "-", wind.final_trb_rat, 0.001}, {"totl_os_x", "m", wind.totl_os_x, 0.01},
+            {"totl_os_y", "m", wind.totl_os_y, 0.01}, {"totl_os_z", "m", wind.totl_os_z, 0.01},
             {"totl_os_t", "s", wind.totl_os_t, 0.01},
         };
+        // clang-format on
         for (const auto& row : rows) r.value(row.name, row.unit, row.v, row.size);
         float v[3];
         wind.ret_wind_wrl(100.0f, 200.0f, -300.0f, &v[0], &v[1], &v[2]);
