@@ -1,13 +1,14 @@
-// The aerodynamic sections on whole aircraft, against textbook senses and a closed form, and what they refuse.
-#include "flight/air/bodies.h"
-#include "flight/air/coeffs.h"
-
+// The aerodynamic sections on whole aircraft, against textbook senses and a closed form, and what they
+// refuse.
 #include <math.h>
 
 #include <algorithm>
 #include <iterator>
 
 #include "core/math/num.h"
+#include "flight/air/bodies.h"
+#include "flight/air/coeffs.h"
+#include "flight/force/forces.h"
 #include "flying.h"
 
 namespace {
@@ -60,6 +61,29 @@ TEST_F(aero, a_cone_has_the_wave_drag_of_its_pressure) {
         const float expected = (cp * sinf(delta) + 0.0023f) * cone + 0.0023f * cylinder;
         EXPECT_NEAR(flt[0].faxil_aero_acf / Q, expected, 0.04f * expected) << mach;  // seventeen flat sides
     }
+}
+
+// Moments are the cross products of arm and force, in the senses of the sums.
+TEST_F(aero, forces_make_the_moments_of_their_arms) {
+    flt_struct& f = flt[0];
+    const auto expect = [&](float side, float nrml, float axil, float X, float Y, float Z) {
+        EXPECT_FLOAT_EQ(f.L, side * Y - nrml * X);
+        EXPECT_FLOAT_EQ(f.M, axil * Y - nrml * Z);
+        EXPECT_FLOAT_EQ(f.N, axil * X - side * Z);
+        f.L = f.M = f.N = 0.0f;
+    };
+    expect(0, 0, 0, 0, 0, 0);
+    addFagear(0, 10.0f, 2.0f, 3.0f);
+    expect(0, 0, 10, 2, 3, 0);
+    addFngear(0, 10.0f, 2.0f, 4.0f);
+    expect(0, 10, 0, 2, 0, 4);
+    addFsgear(0, 10.0f, 3.0f, 4.0f);
+    expect(10, 0, 0, 0, 3, 4);
+    EXPECT_EQ(f.fside_gear_acf + f.fnrml_gear_acf + f.faxil_gear_acf, 30.0f);
+    f.cos_alph = f.cos_beta = 1.0f;
+    f.sin_alph = f.sin_beta = 0.0f;
+    addFaero(10.0f, 20.0f, 30.0f, 2.0f, 3.0f, 4.0f, -1, -1);
+    expect(20, 30, 10, 2, 3, 4);
 }
 
 TEST_F(aero, tables_without_sense_are_told) {

@@ -37,6 +37,7 @@ struct group {
 // clang-format off
 #define F(name) {#name, &flt_struct::name}
 #define E(name) {#name, &flt_engn_struct::name}
+#define G(name) {#name, &flt_gear_struct::name}
 #define W(name) {#name, &flt_wing_struct::name}
 const std::vector<group<flt_struct>> of_aircraft = {
     {"-", 0.01, {F(FC_ptch), F(FC_roll), F(FC_hdng), F(sbrk_rqst), F(sbrk_rat), F(swdi_rat),
@@ -87,9 +88,14 @@ const std::vector<group<flt_wing_struct>> of_parts = {
     {"N", 1.0, {W(nrml_force_path), W(axil_force_path)}},
     {"-", 0.01, {W(CL_grndeffect), W(CD_grndeffect)}},
 };
+const std::vector<group<flt_gear_struct>> of_legs = {
+    {"-", 0.01, {G(tire_TRQ), G(tire_vrt_def_veh), G(tire_vrt_frc_veh), G(tire_skid_rat), G(tire_drag_dis),
+        G(tire_omega), G(tire_rot_deg), G(tire_steer), G(gear_psi), G(gear_the), G(gear_phi)}},
+};
 #undef F
 #undef E
 #undef W
+#undef G
 // clang-format on
 
 // A field of some records, each with a weight of its own, so that no two can stand for each other.
@@ -110,6 +116,7 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
     sum_up(r, of_aircraft, &f, 1, 0.0);
     sum_up(r, of_engines, f.engn, engnDIM, 1.0);
     sum_up(r, of_parts, f.wing, wingDIM, 0.1);
+    sum_up(r, of_legs, f.gear, gearDIM, 0.1);
     double modes = 0.0, rings = 0.0, places = 0.0;
     for (int en = 0; en < engnDIM; ++en) {
         const flt_engn_struct& e = f.engn[en];
@@ -574,6 +581,10 @@ TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
         for (int i = 0; i < 20; ++i) update_with_net(3);
         sample(r, window ? "net_window" : "net", 3);
     }
+    wind.final_trb_rat = 0.3f;
+    cache_attitude(3);
+    cache_air(3);
+    cache_speeds(3);
     mnw.paused = 1;
     update_with_net(3);
     sample(r, "net_paused", 3);
@@ -608,6 +619,9 @@ TEST(recorded_flight, the_trace_tells_every_step) {
         test::run_frames(0.5f);
         cyc.close();
         cyc.open(folder.path() + name);
+        flt[0].sbrk_rat = flt[0].sbrk_rqst = 1.0f;
+        flt[0].handle_rat_act = flt[0].handle_rat_req = 1.0f;
+        veh[0].chute_area = stg.chute_deploy_rat = stg.chute_on = 1;
         mnw.cyc_out = msc.stab_ptch_test = msc.stab_hdng_test = 1;
         lab_frame(1.0f / 64.0f);
         cyc.close();
