@@ -1,8 +1,5 @@
 // Engines on a dynamometer: the shaft is held at a speed and the engine step runs alone.
-#include "flight/power/engine_control.h"
 #include "flight/power/engines.h"
-#include "flight/power/levers.h"
-#include "flight/power/thrust.h"
 
 #include <math.h>
 #include <string.h>
@@ -12,6 +9,9 @@
 #include "app/lab/lab.h"
 #include "app/lab/lab_steady.h"
 #include "core/math/num.h"
+#include "flight/power/engine_control.h"
+#include "flight/power/levers.h"
+#include "flight/power/thrust.h"
 #include "flying.h"
 
 namespace {
@@ -171,10 +171,21 @@ TEST_F(control, one_handle_runs_from_full_power_through_beta_to_reverse) {
     flt_engn_struct& e = flt[0].engn[0];
     v.throt_max_REV = 0.5f;
     v.rev_thrust_EQ = v.beta_prop_EQ = 1;
-    for (const auto& [handle, mode] : {std::pair(0.05f, mode_reverse), {0.25f, mode_beta}, {0.6f, mode_normal}}) {
+    for (const auto& [handle, mode] :
+         {std::pair(0.05f, mode_reverse), {0.25f, mode_beta}, {0.6f, mode_normal}}) {
         const float shown = set_thro_prop(handle, 0, 1);
         EXPECT_EQ(e.prop_mode, mode) << handle;
         EXPECT_NEAR(shown, mode == mode_beta ? 0.2f : handle, 1e-5f);
+    }
+    EXPECT_NEAR(e.thro_ref, 3.0f / 7.0f * v.throt_max_FWD, 1e-5f);
+    mnw.prd_FM = 10.0f;  // governors jump
+    v.feathered_pitch = 85.0f;
+    v.engn[0].min_pitch = 10.0f;
+    for (const auto& [mode, pitch] :
+         {std::pair(mode_feather, 85.0f), {mode_beta, 0.0f}, {mode_normal, 10.0f}}) {
+        e.prop_mode = mode;
+        set_ptch(0, -5.0f);
+        EXPECT_EQ(e.pitch_deg_ref, pitch);
     }
 }
 

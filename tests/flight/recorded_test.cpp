@@ -14,6 +14,7 @@
 #include "app/lab/lab_steady.h"
 #include "core/math/random.h"
 #include "core/program/logs.h"
+#include "core/program/seams.h"
 #include "flight/fullsim.h"
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
@@ -156,6 +157,7 @@ void sample(test::recorded& r, const std::string& label, int p = 0) {
         {"del_dir", "deg", turn, 1}, {"Q_centroid_loc", "-", uneven, 0.01}, {"stalled", "flags", stalled, 1},
         {"elem_inc_inc", "deg", inc, 0.1}, {"force_X", "N", force[0], 1}, {"force_Y", "N", force[1], 1},
         {"force_Z", "N", force[2], 1}, {"clutches", "-", stg.clutch_rat[0] + 2.0 * stg.clutch_rat[1], 0.01},
+        {"brakes", "-", stg.l_brake_add + 2.0 * stg.r_brake_add, 0.01},
         {"gyros", "-", f.gyro_force[0] + 2.0 * f.gyro_force[1] + f.dg_drift[0], 0.001},
     };
     // clang-format on
@@ -259,9 +261,9 @@ void draw_engine_state() {
         e.prop_mode = test::whole(0, 3);
         e.ignition = test::whole(0, 3);
         e.pitch_deg_ref = any(v.engn[en].min_pitch, v.engn[en].max_pitch);
-        e.thro_ref = test::chance(0.3) ? 1 : any(0, 1);
+        e.thro_ref = test::chance(0.4) ? 1 : any(0, 1);
         e.thro_use = e.thro_ref;
-        e.N1 = e.N2 = any(0, 105);
+        e.N1 = e.N2 = test::chance(0.4) ? any(96, 105) : any(0, 105);
         e.carb_ice = test::chance(0.3) ? any(0, 0.6) : 0;
         spread(0, 1, {&e.mixt, &e.heat, &e.cowl, &e.burning_rat, &e.oil_lube_rat, &e.burner_rat});
         spread(0, 300,
@@ -292,7 +294,7 @@ TEST_P(random_flight, comes_to_what_it_came_to) {
     const auto names = test::aircraft_names();
     for (size_t i = 0; i < names.size(); ++i) {
         const auto base = test::as_designed(names[i]);
-        for (int k = 0; k < 3; ++k) {
+        for (int k = 0; k < 4; ++k) {
             const unsigned seed = 100 * GetParam() + 10 * i + k;
             test::dice.seed(seed);
             const auto design = std::make_unique<veh_struct>(*base);
@@ -389,7 +391,9 @@ TEST(recorded_flight, engines_start_run_dry_and_stop) {
         test::fly_aircraft(name);
         if (veh[0].num_engines == 0) continue;
         place(20.0f, 0.0f, 100.0f);
+        for (flt_engn_struct& e : flt[0].engn) e.cyclic_elev_disc_tilt = e.cyclic_ailn_disc_tilt = 1.0f;
         cold_engines();
+        sample(r, name.substr(0, 4) + "_cold");
         const std::string label = name.substr(0, 4);
         for (int i = 0; i < 300; ++i) {
             lab_start_engines();
@@ -461,6 +465,7 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
     const auto ai = [&](const std::string& label, const char* name, const std::function<void()>& change) {
         test::fly_aircraft(name);
         msc.ai_flys = 1;
+        nav.mode_thro = nav.mode_alt_ = nav.mode_hdng = otto_off;
         place(60.0f, 3.0f);
         change();
         test::run_frames(0.5f);
@@ -481,7 +486,7 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
     });
     ai("cruise", "Dunlin 400", [] {});
     ai("slow_climb", "Wren 160", [] {
-        place(1.2f * veh[0].V_ref_ms, 5.0f);
+        place(1.2f * veh[0].V_ref_ms, 5.0f, 80.0f);
         flt[0].Vh_fpm = 500.0f;
         flt[0].engn[0].thro_use = flt[0].engn[0].thro_ref = 1.0f;
     });
@@ -514,15 +519,21 @@ TEST(recorded_flight, odd_motions_of_the_user) {
     };
     after(
         "kicked", [] { msc.stab_ptch_test = msc.stab_hdng_test = 2; }, 0.05f);
-    after("towed", [] {
+    const auto towed = [](float alph) {
         stg.tow_inprog = 1;
-        env.tow_line_alph = flt[0].the - 2.0f;
-        env.tow_line_beta = flt[0].psi + 1.0f;
-    });
-    after("off_line", [] {
-        stg.tow_inprog = 1;
-        env.tow_line_alph = flt[0].the - 5.0f;
-    });
+        flt[0].the = 3.0f;
+        flt[1].the = 1.0f;
+        flt[1].psi = flt[0].psi - 2.0f;
+        env.tow_line_alph = alph;
+        env.tow_line_beta = 3.0f;
+        flt[0].Pdot = flt[0].Qdot = flt[0].Rdot = 0.0f;
+        mnw.prd_FM = 0.02f;
+        for (int i = 0; i < 300; ++i) tow_turbulence();
+    };
+    after(
+        "towed", [&] { towed(5.5f); }, 0.0f);
+    after(
+        "off_line", [&] { towed(6.5f); }, 0.0f);
     after("carried", [] {
         stg.car_inprog = 1;
         flt[1] = flt[0];
@@ -560,12 +571,12 @@ TEST(recorded_flight, odd_motions_of_the_user) {
         [] {
             place(0.0f, 0.0f, 500.0f);
             flt[0].R = 2.5f;
-            flt[0].Rdot = 3.0f;
+            flt[0].Rdot = 70.0f;
             flt[0].fnrml_gear_acf = 1e6f;
             mnw.prd_FM = 0.02f;
-            for (int i = 0; i < 20; ++i) arrest_yaw_at_rest();
+            arrest_yaw_at_rest();
         },
-        0.02f);
+        0.0f);
 }
 
 TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
@@ -588,14 +599,19 @@ TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
     mnw.paused = 1;
     update_with_net(3);
     sample(r, "net_paused", 3);
-    for (int mode = 1; mode <= 9; ++mode) {
+    static double sounds;
+    seam.play_sound = [](int slot, float pitch, float volume) {
+        sounds += slot + 1000.0 * pitch + 10000.0 * volume;
+    };
+    for (const int mode : {1, 2, 3, 4, 5, 6, 7, 8, 9, 12}) {
         for (int i = 0; i < 5; ++i) {
             pat.snap[i].byt_dat[0] = 1;
-            pat.snap[i].lcl_tot_time[1] = 12.0f - 4.0f * ((i + 2) % 5) / 2.0f;  // the ring's start is within
+            pat.snap[i].lcl_tot_time[1] = 12.0f - 2.0f * ((i + 2) % 5);  // the ring's start is within
         }
-        pat.warn = {{9.01f, 4}, {9.2f, 5}};
-        pat.text = {{9.005f, "said"}};
+        pat.warn = {{9.003f, 4}, {9.01f, 5}, {9.2f, 6}};
+        pat.text = {{9.002f, "said"}, {9.015f, "then"}};
         stl.verbal_string.clear();
+        sounds = 0.0;
         mnw.totl_time = 9.0f;
         mnw.replay_mode = mode;
         update_with_replay();
@@ -603,7 +619,34 @@ TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
         r.value("totl_time", "s", mnw.totl_time, 0.1);
         r.value("mode", "kind", mnw.replay_mode, 1.0);
         r.value("range", "s", pat.lotime + 100.0 * pat.hitime, 0.1);
-        r.value("spoken", "letters", stl.verbal_string.size(), 1.0);
+        r.value("spoken", "letter", stl.verbal_string.empty() ? 0 : stl.verbal_string[0], 1.0);
+        r.value("sounds", "sum", sounds, 1.0);
+    }
+}
+
+// Hovering and sinking, near the ground and high, the stick moved, under ice and with a hinge that crosses
+// the axes.
+TEST(recorded_flight, rotors_hover_and_sink) {
+    test::recorded r("flight_rotors");
+    for (const float sink : {0.0f, 3.0f, 6.0f, 8.0f, 11.0f}) {
+        test::fly_aircraft("Plover 420");
+        veh[0].delta3 = 20.0f;
+        veh[0].flap_arm = 0.1f;
+        lab_set_power(0.5f);
+        mnw.YK_ptch = 0.1f * sink;
+        mnw.YK_roll = 0.4f;
+        for (const float height : {3.0f, 300.0f}) {
+            lab_flight at;
+            at.altitude = height;
+            at.speed = sink;
+            at.gamma = -90.0f;
+            lab_place_moving(at, 2.0f, 0.0f);
+            lab_hold(1.0f);
+            sample(r, "at_" + std::to_string(lroundf(height)) + "_by_" + std::to_string(lroundf(sink)));
+        }
+        flt[0].prop_ice = 0.1f;
+        test::run_frames(0.3f);
+        sample(r, "iced_" + std::to_string(lroundf(sink)));
     }
 }
 
