@@ -263,11 +263,12 @@ TEST_F(recorded_weather, borders_are_as_they_were) {
         atm.weather_seed = static_cast<char>(-3 + k);
         atm.prim_layer = atm.rway_fric_code = atm.wave_dir = k % 2 ? 999 : -5;
         for (const char* when : {"limit", "screen", "border"}) {
+            if (k == 2 && when[0] != 'b') continue;  // the border stands before all else
             r.column(when + std::to_string(k));
             weather_screen_struct last{0.5f, 1, 1};
             atm.download_rwx = 1;
-            if (when[0] == 'l' && k != 2) limit_weather();
-            if (when[0] == 's' && k != 2) weather_screen_rules(last);
+            if (when[0] == 'l') limit_weather();
+            if (when[0] == 's') weather_screen_rules(last);
             if (when[0] == 'b') limit_atm_border();
             sample(r);
             r.value("wave_dir", "deg", atm.wave_dir, 1.0);
