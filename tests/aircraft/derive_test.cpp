@@ -337,37 +337,6 @@ TEST_F(derive, summary_of_a_plain_wing_is_what_a_ruler_says) {
     EXPECT_NEAR(both.S_stab, 90 * ft * ft, 1e-3f);
 }
 
-TEST_F(derive, flight_begins_half_laden) {
-    veh[0].m_empty = 1000;
-    veh[0].m_max = 3000;
-    veh[0].m_fuel_tot = 400;
-    veh[0].m_jettison = 100;
-    veh[0].num_tanks = 2;
-    veh[0].tank_rat[0] = 0.8f;
-    veh[0].tank_rat[1] = 0.2f;
-    veh[0].tank_rat[2] = 0.5f;
-    veh[3] = veh[0];
-    veh[3].m_displaced = 1800;
-    veh[3].jett_is_slung = 1;
-    veh[3].watt[4].watt_name[0] = 'x';
-    veh[3].wpn[4].type = 2;
-    veh[3].wpn[4].added_mass = 10;
-    veh[3].wpn[4].total_weapon_mass_now = 30;
-    veh[3].wpn[5].type = 2;  // nothing hangs here by the record
-    make(0);
-    make(3);
-    EXPECT_NEAR(flt[0].m_fuel[0], 100 * lb, 1e-3f);
-    EXPECT_NEAR(flt[0].m_fuel[1], 80 * lb, 1e-3f);
-    EXPECT_EQ(flt[0].m_fuel[2], 0.0f);
-    EXPECT_NEAR(flt[0].m_jettison, 50 * lb, 1e-3f);
-    EXPECT_NEAR(flt[0].m_fixed, 750 * lb, 1e-3f);
-    EXPECT_GT(mnw.hobs_time, 0.0f);
-    EXPECT_LE(mnw.hobs_time, 3.6e6f);
-    EXPECT_EQ(flt[3].m_jettison, 0.0f);
-    EXPECT_NEAR(flt[3].m_fixed, 300 * lb - 40, 1e-2f);  // as much as makes the airship float
-    EXPECT_EQ(veh[3].wpn[5].type, 0);
-}
-
 TEST_F(derive, fault_ends_the_users_load_and_empties_a_strangers_slot) {
     wing_and_tail(3);
     std::strcpy(veh[3].wing[17].Tafl1, "none.afl");

@@ -73,7 +73,7 @@ TEST(recorded_design, is_derived_as_it_was) {
         test::fly_aircraft(name);
         add_aircraft(columns[labels.back()]);
         labels.push_back(labels.back() + "_random");
-        for (unsigned seed = 0; seed < 20; ++seed) {
+        for (unsigned seed = 0; seed < 8; ++seed) {
             test::dice.seed(seed);
             test::draw_aircraft(*base, [] {
                 veh_struct& v = veh[0];

@@ -98,32 +98,6 @@ TEST_F(disc, inflow_comes_to_rest_where_momentum_says) {
     EXPECT_LT(get_dv_total(0.0f, 3000.0f, area, 0.0f), 1e6f);
 }
 
-TEST_F(disc, a_stopped_propeller_is_a_brake_and_wants_to_windmill) {
-    fly("Wren 160");
-    move(50.0f);
-    const sums s = settle(0, 0.0f);
-    float blades = 0.0f;
-    for (int el = 0; el < v.wing[0].els; ++el) blades += v.engn[0].num_blades * v.wing[0].el_s[el];
-    const float cd = s.axil / (0.5f * con.lcl_r_met * 2500.0f * blades);
-    EXPECT_GT(cd, 0.4f);  // plates nearly across the stream
-    EXPECT_LT(cd, 2.0f);
-    EXPECT_LT(e.drag_TRQ, -1.0f) << "the air turns it forwards";
-    // windmilling it takes more power out of the stream than it gives to the shaft
-    const sums windmill = settle(0, 60.0f);
-    EXPECT_GT(-e.drag_TRQ * 60.0f, 0.0f);
-    EXPECT_GT(windmill.axil * 50.0f, -e.drag_TRQ * 60.0f);
-
-    // a rotor at rest does not flap: all four positions meet the same air, whatever the stick asks
-    fly("Plover 420");
-    f.FC_ptch = 1.0f;
-    f.FC_roll = -1.0f;
-    move(0.0f, 10.0f);
-    e.tacrad_PROP = 0.0f;
-    turn(0);
-    EXPECT_GT(fabsf(e.cyclic_elev_blad_alph), 5.0f);
-    for (int bld = 1; bld < bladDIM; ++bld) EXPECT_FLOAT_EQ(f.wing[0].v_el[5][bld], f.wing[0].v_el[5][0]);
-}
-
 TEST_F(disc, the_downgoing_blade_pulls_harder_and_gyroscopes_answer_in_their_senses) {
     fly("Wren 160");
     lab_flight at;

@@ -86,6 +86,11 @@ protected:
         };
         // clang-format on
         for (const auto& row : rows) r.value(row.name, row.unit, row.v, row.size);
+        const float rest[] = {atm.dewp_sea_C,        atm.wave_height,         atm.wave_length_to_height,
+                              atm.therm_prt,         atm.therm_vvi_fpm,       atm.therm_alt_ft,
+                              atm.rwx_check_minutes, atm.rwx_next_check_time, atm.rwx_percent_downloaded,
+                              atm.rwx_max_vis_nm,    atm.vis_frmult,          atm.vis_sky};
+        for (int i = 0; i < 12; ++i) r.value("rest_" + std::to_string(i), "-", rest[i], 0.01);
         float v[3];
         wind.ret_wind_wrl(100.0f, 200.0f, -300.0f, &v[0], &v[1], &v[2]);
         for (int i = 0; i < 3; ++i) r.value(std::string("wind_wrl_") + "xyz"[i], "m/s", v[i], 0.01);
@@ -161,6 +166,15 @@ TEST_F(recorded_weather, steps_are_as_they_were) {
         atm.rate_change = 0.8f;
         atm.rain_set = atm.tstm_set = atm.wind_tbl = atm.burst_prob = 0.7f;
     });
+    after("hardly_worsens", 1500.0, 100, [] { atm.rate_change = -0.015f; });
+    after("carried_far", 1500.0, 400, [] {
+        mnw.prd_FM = 0.05f;
+        for (float& spd : atm.set_wind_spd_kts) spd = 150.0f;
+    });
+    after("rare_burst", 100.0, 4000, [] {
+        atm.burst_prob = 0.5f;
+        mnw.prd_FM = 0.05f;
+    });
     for (int seed = 1; seed <= 8; ++seed)
         after(("burst_" + std::to_string(seed)).c_str(), 100.0, 1100, [&] {
             rand_seed(seed);
@@ -214,7 +228,7 @@ TEST_F(recorded_weather, random_weather_is_as_it_was) {
 
 // What comes over a border is pulled into its range, each value from both sides and from no number.
 TEST_F(recorded_weather, borders_are_as_they_were) {
-    test::recorded r("weather_border");
+    test::recorded r("weather_border", 1e-7);
     const float bad[] = {-1e7f, 1e7f, NAN, 0.5f};
     for (int k = 0; k < 4; ++k) {
         start(k % 2);
@@ -246,25 +260,38 @@ TEST_F(recorded_weather, borders_are_as_they_were) {
                          &atm.vis_ground,
                          &atm.vis_sky})
             *v = bad[k];
+        atm.weather_seed = static_cast<char>(-3 + k);
         atm.prim_layer = atm.rway_fric_code = atm.wave_dir = k % 2 ? 999 : -5;
-        limit_atm_border();
-        for (const char* when : {"border", "screen", "limit"}) {
+        for (const char* when : {"limit", "screen", "border"}) {
+            if (k == 2 && when[0] != 'b') continue;  // the border stands before all else
             r.column(when + std::to_string(k));
-            if (when[0] == 'l') limit_weather();
             weather_screen_struct last{0.5f, 1, 1};
+            atm.download_rwx = 1;
+            if (when[0] == 'l') limit_weather();
             if (when[0] == 's') weather_screen_rules(last);
+            if (when[0] == 'b') limit_atm_border();
             sample(r);
-            for (int i = 0; i < 6; ++i) {
-                const float rest[] = {atm.dewp_sea_C, atm.wave_height,   atm.wave_length_to_height,
-                                      atm.therm_prt,  atm.therm_vvi_fpm, atm.therm_alt_ft};
-                r.value("rest_" + std::to_string(i), "-", rest[i], 0.01);
-                const float more[] = {
-                    atm.rwx_check_minutes, atm.rwx_next_check_time, atm.rwx_percent_downloaded,
-                    atm.rwx_max_vis_nm,    atm.vis_frmult,          atm.vis_sky};
-                r.value("more_" + std::to_string(i), "-", more[i], 0.01);
-            }
             r.value("wave_dir", "deg", atm.wave_dir, 1.0);
         }
+    }
+}
+
+// The defaults, on both planets, whatever stood there before.
+TEST_F(recorded_weather, defaults_are_as_they_were) {
+    test::recorded r("weather_defaults");
+    for (const int planet : {0, 1}) {
+        con.planet_mu_air = con.planet_rho_water = 0.0f;
+        atm.wave_dir = atm.rway_fric_code = atm.rway_patchy = atm.meteorite_code = atm.plot_aurora = 7;
+        atm.cld_type[0] = atm.cld_type[1] = 3;
+        start(planet);
+        r.column(planet ? "mars" : "earth");
+        sample(r);
+        const double more[] = {con.planet_mu_air,   con.planet_rho_water, con.planet_mu,      con.planet_rad,
+                               con.planet_deg_mtrs, con.sl_r_met,         nav.baro_setting_HG};
+        for (int i = 0; i < 7; ++i) r.value("constant_" + std::to_string(i), "-", more[i], 1e-9);
+        const int kinds[] = {atm.wave_dir, atm.rway_fric_code, atm.rway_patchy, atm.meteorite_code,
+                             atm.plot_aurora};
+        for (int i = 0; i < 5; ++i) r.value("kind_" + std::to_string(i), "-", kinds[i], 1.0);
     }
 }
 }  // namespace
