@@ -4,6 +4,7 @@
 #include <string>
 
 #include "aircraft/derive/derive.h"
+#include "aircraft/design/check.h"
 #include "app/lab/lab.h"
 #include "app/lab/lab_steady.h"
 #include "commands.h"
@@ -113,7 +114,7 @@ void print_rotor() {
     area("disc area", rotor.discarea);
     line("disc loading", mass / rotor.discarea, "kg/m2",
          mass * con.kgstolbs / (rotor.discarea * con.smtrtosf), "lb/sq ft");
-    line("speed", veh[0].RSC_redline_ENGN / fltmax2(rotor.prop_gear_rat, 0.001f) * con.rsctorpm, "rpm");
+    line("speed", veh[0].RSC_redline_ENGN / prop_gear_of(rotor) * con.rsctorpm, "rpm");
 }
 
 // Climb at full power, or the hover and level flight of a helicopter.

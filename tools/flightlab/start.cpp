@@ -11,9 +11,9 @@
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <vector>
 
 #include "aircraft/deflect.h"
-#include "aircraft/file/acf_range.h"
 #include "aircraft/file/acf_toml_read.h"
 #include "aircraft/io_acf.h"
 #include "app/lab/headless.h"
@@ -45,10 +45,17 @@ void remove_scratch() {
     scratch.clear();
 }
 
+// What stands in the scratch folder for what the user named, the longer first.
+std::vector<std::pair<std::string, std::string>> scratch_names;
+
 void show_on_stderr(int, const alert_lines& text, int) {
     fflush(stdout);
-    for (const std::string& line : text.line)
+    for (std::string line : text.line) {
+        for (const auto& [scratched, named] : scratch_names)
+            for (size_t at = 0; (at = line.find(scratched, at)) != std::string::npos; at += named.size())
+                line.replace(at, scratched.size(), named);
         if (!line.empty()) fprintf(stderr, "flightlab: %s\n", line.c_str());
+    }
 }
 
 void end_with_fault(const alert_lines&) {
@@ -77,12 +84,11 @@ std::string compile(const fs::path& toml) {
     THREAD_Init();
     init_con();
     std::string error;
-    if (!acf_from_toml(toml.string(), source_slot, &error)) throw flight_fault(error);
-    const std::string fault = acf_admit(source_slot);
-    if (!fault.empty()) throw flight_fault(toml.string() + ": " + fault);
+    if (!acf_design_from_toml(toml.string(), source_slot, &error)) throw flight_fault(error);
     const fs::path foils = toml.parent_path() / "airfoils";
     if (fs::is_directory(foils)) fs::create_directory_symlink(foils, scratch / "airfoils");
     const std::string out = (scratch / toml.stem()).string() + ".acf";
+    scratch_names = {{out, toml.string()}, {scratch.string(), toml.parent_path().string()}};
     snprintf(veh[source_slot].path, sizeof veh[source_slot].path, "%s", out.c_str());
     if (!IO_acf(1, source_slot, 1)) throw flight_fault("cannot write " + out);
     return out;
