@@ -6,6 +6,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -18,6 +19,7 @@
 #include "aircraft/io_acf.h"
 #include "app/lab/headless.h"
 #include "app/lab/lab.h"
+#include "app/lab/lab_load.h"
 #include "core/disk/paths.h"
 #include "core/program/alert.h"
 #include "core/program/jobs.h"
@@ -151,6 +153,41 @@ void start_tunnel(const options& from, const std::string& file) {
     start_lab(from, file);
     trap_float_faults();
     lab_still_air();
+    set_load(from);
+}
+
+std::vector<option_row> with_load(std::vector<option_row> rows) {
+    const std::vector<option_row> load = {
+        {"mass", "LB", "mass in all, by the payload (as the simulator loads it)"},
+        {"fuel", "RATIO", "fuel, of full tanks (half)"},
+        {"cg", "FT", "centre of gravity, aft of the file's (0)"},
+        {"fail-engine", "N", "engine N, from 1 on, does not run"},
+    };
+    rows.insert(rows.end() - 1, load.begin(), load.end());
+    return rows;
+}
+
+void set_load(const options& from) {
+    lab_load load;
+    if (from.has("mass")) load.mass = static_cast<float>(from.number("mass", 0.0, 2.3, 1e7)) * con.lbstokgs;
+    load.fuel = static_cast<float>(from.number("fuel", -1.0, 0.0, 1.0));
+    load.cg_aft = static_cast<float>(from.number("cg", 0.0, -100.0, 100.0)) * con.fttomtrs;
+    load.failed_engine = from.whole("fail-engine", 0, 1, engnDIM) - 1;
+    if (load.failed_engine >= veh[0].num_engines)
+        throw wrong_use("--fail-engine: there are " + std::to_string(veh[0].num_engines) + " engines");
+    if (!lab_set_load(load)) {
+        const float least = lab_mass() - flt[0].m_fixed;
+        throw wrong_use("--mass: without payload it weighs " + std::to_string(std::lround(least * con.kgstolbs)) +
+                        " lb already; less fuel?");
+    }
+    if (load.cg_aft < veh[0].cgZ_fwd || load.cg_aft > veh[0].cgZ_aft)
+        fprintf(stderr, "flightlab: that centre of gravity lies outside its limits\n");
+}
+
+bool set_mixture(const options& from) {
+    if (from.text("mixture", "lean") == "lean") return false;
+    lab_set_mixture(static_cast<float>(from.number("mixture", 1.0, 0.0, 1.0)));
+    return true;
 }
 
 void set_flaps_and_brakes(float flaps, float brakes) {
