@@ -72,8 +72,14 @@ TEST_F(acf_make, without_airfoils_the_file_is_made_and_the_rest_left_out) {
 
 TEST_F(acf_make, the_example_of_the_guide_comes_out_as_printed_there) {
     const std::string guide = test::read_file(SOURCE_FOLDER "docs/aircraft-files.md");
-    const size_t first = guide.find("```toml\n") + 8;
-    source = guide.substr(first, guide.find("```", first) - first);
+    const auto text_from = [&](size_t at) {
+        const size_t first = guide.find("```toml\n", at) + 8;
+        return guide.substr(first, guide.find("```", first) - first);
+    };
+    const size_t engine = guide.find("## A piston engine");
+    source = text_from(0) + text_from(engine);
+    ASSERT_EQ(make("", "m_empty = 420\nm_max = 660", "m_empty = 540\nm_fuel_tot = 60\nm_max = 860"), 0) << output;
+    source = text_from(0);
     ASSERT_EQ(make(""), 0) << output;
     for (const char* line : {"wing area", "mean chord", "neutral point", "static margin", "stall speed"}) {
         const size_t at = output.find(line);

@@ -67,9 +67,10 @@ void print_balance(const aircraft_summary_struct& size, const lab_stability& slo
     line("static margin, geometry", 100.0f * size.static_margin, "% of the mean chord");
     line("static margin, measured", 100.0f * slopes.static_margin, "% of the mean chord");
     line("lift slope", slopes.CL_alpha, "per degree");
-    line("pitch stiffness Cm alpha", slopes.Cm_alpha, "per degree");
-    line("yaw stiffness Cn beta", slopes.Cn_beta, "per degree");
-    line("dihedral effect Cl beta", slopes.Cl_beta, "per degree");
+    const auto sign_told = [](bool stable) { return stable ? "per degree: stable" : "per degree: NOT stable"; };
+    line("pitch stiffness Cm alpha", slopes.Cm_alpha, sign_told(slopes.Cm_alpha < 0.0f));
+    line("yaw stiffness Cn beta", slopes.Cn_beta, sign_told(slopes.Cn_beta < 0.0f));
+    line("dihedral effect Cl beta", slopes.Cl_beta, sign_told(slopes.Cl_beta > 0.0f));
 }
 
 void print_glide(const char* title, const lab_trim& t) {
