@@ -8,10 +8,9 @@
 #include "aircraft/derive/oswald.h"
 #include "aircraft/design/location.h"
 #include "aircraft/file/acf_fault.h"
-#include "core/disk/text_numbers.h"
+#include "aircraft/file/acf_layout.h"
 #include "core/math/num.h"
 #include "core/program/logs.h"
-#include "core/records/stl.h"
 
 namespace {
 
@@ -145,9 +144,9 @@ int derive_ratios(int p, int en, const planform_struct& plan) {
 void report_wing(int p, int en, const wing_ends& ends, const planform_struct& plan) {
     if (!in_report(p)) return;
     const veh_wing_struct& wing = veh[p].wing[en];
-    cyc << "surface " << en << " " << stl.text[text_part + en] << ": root (" << ends.root.x << ", "
-        << ends.root.y << ", " << ends.root.z << ") chord " << ends.root.chord << ", tip (" << ends.tip.x
-        << ", " << ends.tip.y << ", " << ends.tip.z << ") chord " << ends.tip.chord << '\n'
+    cyc << "surface " << en << " " << part_title(en) << ": root (" << ends.root.x << ", " << ends.root.y
+        << ", " << ends.root.z << ") chord " << ends.root.chord << ", tip (" << ends.tip.x << ", "
+        << ends.tip.y << ", " << ends.tip.z << ") chord " << ends.tip.chord << '\n'
         << "    element length " << wing.element_len << ", semi-length " << wing.semilen_JND << ", sweep "
         << plan.sweep_25_mac << ", of the leading edge " << plan.sweep_00_mac << ", washout " << plan.washout
         << ", taper " << wing.TR << ", aspect ratio " << wing.AR << '\n'
@@ -176,7 +175,7 @@ int derive_finite_wings(int p) {
                                            plan.sweep_25_mac + plan.sweep_00_mac);
         if (numbers) derive_efficiency(p, en, plan, exists);
         if (!numbers || !derive_ratios(p, en, plan)) {
-            ACF_fault(p, "Finite wing reduction fail!", veh[p].name, stl.text[text_part + en], "");
+            ACF_fault(p, "Finite wing reduction fail!", veh[p].name, part_title(en), "");
             return 0;
         }
         report_wing(p, en, ends, plan);

@@ -13,7 +13,7 @@
 namespace {
 constexpr float least_engine_inertia = 1e-6f;  // kg m2
 
-float gear_of(int en) { return fltmax2(veh[0].engn[en].prop_gear_rat, disc_divisor_min); }
+float gear_of(int en) { return prop_gear_of(veh[0].engn[en]); }
 // A disc that the file left without mass gets what the shaft's steps need to stay stable: of the order of the
 // engine's torque over the disc's speed.
 float inertia_of(int en) {
@@ -153,7 +153,7 @@ float get_clutch_TRQ(int en, float rsc_prop_side) {
     // As given: a stiff spring between engine and shaft, ten times full torque at a slip of redline
     const float slip = (e.tacrad_ENGN - rsc_prop_side) / fltmax2(v.RSC_redline_ENGN, 1.0f);
     const float trq_clutch = fltlim(e.TRQ_nm + slip * 10.0f * v.trq_max_eng, lim.lo, lim.hi);
-    const float inertia = v.engn[en].mi_engn_rpm * v.inertia_rat_prop;
+    const float inertia = v.engn[en].mi_engn_rpm * inertia_rat_of(v);
     e.omegadot_ENGN = (e.TRQ_nm - trq_clutch) / fltmax2(inertia, least_engine_inertia);
 
     const float before = e.tacrad_ENGN;
