@@ -48,8 +48,7 @@ struct disc_axes {
 vec unit_vector(int en, float x, float y, float z) {
     vec v;
     disc_to_veh(x, y, z, &v.x, &v.y, &v.z, 0, en);
-    if (!fltrange(pythag(v.x, v.y, v.z), 0.99f, 1.01f))
-        MACIBM_fatal("Thrust vector orientation error!");
+    if (!fltrange(pythag(v.x, v.y, v.z), 0.99f, 1.01f)) MACIBM_fatal("Thrust vector orientation error!");
     return v;
 }
 
@@ -343,6 +342,8 @@ void steered_moments(disc_run& r) {
         f.N += N_hub * cos_vert;
         f.L += N_hub * sin_vert;
     }
+    // Decided: a disc that only tilts (disc_tilt_, without cyclic pitch) has no flapping term: its hub moment
+    // has gone to the airframe in whole above, and its hinge would count twice.
     if (r.apply_cyclic_def) {
         const float elev_stop = fabsf(2.0f * v.cyclic_def_elev * r.control_rat);
         const float ailn_stop = fabsf(2.0f * v.cyclic_def_ailn * r.control_rat);
