@@ -63,7 +63,7 @@ def digest_of(digests, folders):
 
 
 def test_folders(binaries):
-    return ["tests/support/"] + [f"tests/{binary.removeprefix('test_')}/" for binary in binaries]
+    return ["tests/support/", "tests/data/"] + [f"tests/{binary.removeprefix('test_')}/" for binary in binaries]
 
 
 def build(binaries, jobs):

@@ -62,16 +62,6 @@ std::string file_of(int version) {
     }
 }
 
-TEST_F(afl, alpha_axis_is_fine_in_the_middle) {
-    EXPECT_FLOAT_EQ(ret_alpha(0), -180.0f);
-    EXPECT_FLOAT_EQ(ret_alpha(159), -21.0f);
-    EXPECT_FLOAT_EQ(ret_alpha(160), -20.0f);
-    EXPECT_FLOAT_EQ(ret_alpha(361), 0.1f);
-    EXPECT_FLOAT_EQ(ret_alpha(560), 20.0f);
-    EXPECT_FLOAT_EQ(ret_alpha(561), 21.0f);
-    EXPECT_FLOAT_EQ(ret_alpha(720), 180.0f);
-}
-
 TEST_F(afl, lift_curve_passes_its_fixed_points) {
     afl_struct a = design::plain_foil();
     a.clB[0][0] = 0.2f;

@@ -83,17 +83,6 @@ TEST_F(derive, single_wing_has_its_textbook_numbers) {
     EXPECT_NEAR(veh[3].wing[9].cl_D_cl0, 1.0f, 1e-4f);
 }
 
-TEST_F(derive, a_slat_on_a_pylon_stretches_nothing) {
-    veh[0].slat_inc = 5.0f;
-    design::surface(0, 9, {0, 0, 0, 4, 2, 15});
-    design::surface(0, 40, {0, 0, 0, 2, 2, 2});
-    veh[0].wing[9].slat[0] = veh[0].wing[40].slat[0] = 1;
-    make();
-    const float stall = 15.0f / veh[0].wing[9].al_D_al0;
-    EXPECT_NEAR(veh[0].wing[9].slat_effect, (5.0f + stall) / stall, 1e-5f);
-    EXPECT_EQ(veh[0].wing[40].slat_effect, 1.0f);
-}
-
 TEST_F(derive, delta_wing_and_its_sweeps) {
     // leading edge: the root's 2.5 ft ahead of its quarter chord, the tip at the quarter chord line
     const float sweep = 45.0f, len = 10.0f;
@@ -283,112 +272,18 @@ TEST_F(derive, discs_add_up) {
     EXPECT_NEAR(veh[0].engn[2].mi_prop_rpm - disc.mi_prop_rpm, 30 * lb * sqr(0.85f * 1.2192f), 1e-3f);
 }
 
-TEST_F(derive, swept_blade_runs_along_its_sweep) {
-    veh[0].num_thrustpoints = 1;
-    design::surface(0, 0, {0, 0, 0, 1, 1, 10, 0, 0, 0, 0, 5});
-    veh[0].wing[0].element_len = 2.0f;
-    veh[0].engn[0].bladesweep[1] = 60.0f;
-    EXPECT_NEAR(get_el_base_loc(0, 0, 1.5f, 'X'), 2.0f + 0.5f, 1e-5f);
-    EXPECT_NEAR(get_el_base_loc(0, 0, 1.5f, 'Z'), 0.8660254f, 1e-5f);
-    EXPECT_NEAR(get_el_base_loc(0, 0, 5.0f, 'X'), 9.0f, 1e-5f);
-    EXPECT_EQ(get_el_base_loc(0, 0, 5.0f, 'Y'), 0.0f);
-    EXPECT_EQ(test::expect_fatal([] { get_el_base_loc(0, 1, 0, 'X'); }).line[0],
-              "get_el_base_loc for a part we do not have!");
-}
-
-// -- units and places
-TEST_F(derive, designers_units_become_si) {
-    struct {
-        float veh_struct::*field;
-        float si;  // of one unit
-    } const fields[] = {
-        // clang-format off
-        {&veh_struct::power_max, 745.7f},            {&veh_struct::crit_alt_jet, 0.3048f},
-        {&veh_struct::RSC_maxgreen_ENGN, 0.1047198f}, {&veh_struct::thrust_max, 4.44442f},
-        {&veh_struct::face_rocket, 0.09290304f},     {&veh_struct::m_fuel_tot, 0.4535925f},
-        {&veh_struct::blown_flap_add_speed, 0.514444f}, {&veh_struct::max_press_diff, 6888.8f},
-        // clang-format on
-    };
-    for (const auto& f : fields) veh[0].*f.field = 1.0f;
-    veh[0].puff_LMN[2] = 1.0f;
-    veh[0].exhaust_os_xyz[1] = 1.0f;
-    veh[0].gear[0].gear_type = gear_one;
-    veh[0].gear[0].scon = veh[0].part[60].damp = 1.0f;
-    veh[0].gear[0].tire_radius = 2.0f;
-    veh[0].gear[0].tire_swidth = 0.5f;
-    veh[0].gear[0].steers = 1;
-    veh[0].nw_cutoff_omega = 10.0f;
-    veh[0].sbrk[2].area = veh[0].door[19].geo[3][3][2] = 1.0f;
-    veh[0].engn[0].prop_gear_rat = 2.0f;
-    veh[0].RSC_redline_ENGN = 2000.0f;
-    veh[0].engn[5].SFC = veh[0].engn[6].SFC = 3600.0f;
-    veh[0].engn[6].engn_type = engn_jet_hi;
-    make();
-    for (const auto& f : fields) EXPECT_NEAR(veh[0].*f.field, f.si, 2e-5f * f.si);
-    EXPECT_NEAR(veh[0].puff_LMN[2], 1.354659f, 1e-5f);
-    EXPECT_NEAR(veh[0].exhaust_os_xyz[1], 0.3048f, 1e-6f);
-    EXPECT_NEAR(veh[0].gear[0].scon, 14.58143f, 1e-4f);
-    EXPECT_NEAR(veh[0].part[60].damp, 14.58143f, 1e-4f);
-    EXPECT_NEAR(veh[0].nw_cutoff_omega, 5.14444f / 0.6096f, 1e-4f);
-    EXPECT_NEAR(veh[0].gear[0].tire_mi, 5000 * 0.1380975f * 0.1524f, 1e-2f);
-    EXPECT_NEAR(veh[0].tire_s_contact, 0.6096f * 0.0697565f * 0.1524f, 1e-6f);
-    EXPECT_NEAR(veh[0].sbrk[2].area, 0.09290304f, 1e-7f);
-    EXPECT_NEAR(veh[0].door[19].geo[3][3][2], 0.3048f, 1e-7f);
-    EXPECT_NEAR(veh[0].RSC_redline_PROP, 1000 * 0.1047198f, 1e-3f);
-    EXPECT_NEAR(veh[0].engn[5].SFC, 0.4535925f / 745.7f, 1e-8f);  // kg per watt second
-    EXPECT_NEAR(veh[0].engn[6].SFC, 1 / 9.79828f, 1e-6f);         // kg per newton second
-    EXPECT_NEAR(veh[0].trq_max_eng, 745.7f / (2000 * 0.1047198f), 1e-4f);
-}
-
-TEST_F(derive, every_place_is_measured_from_the_centre_of_gravity) {
-    veh_struct& acf = veh[0];
-    acf.cgY = 3.0f;
-    acf.cgZ = 9.0f;
-    const auto put = [](float* xyz) { xyz[0] = 1, xyz[1] = 4, xyz[2] = 10; };  // one foot right, up and aft
-    float* const vectors[] = {acf.pe_xyz,      acf.lanlite1_xyz, acf.jett_xyz,
-                              acf.tank_xyz[2], acf.door[7].xyz,  acf.sbrk[3].xyz};
-    for (float* xyz : vectors) put(xyz);
-    float* const heights[] = {&acf.chute_Y, &acf.tow_hook_Y, &acf.part[94].part_y, &acf.gear[9].gear_y,
-                              &acf.watt[23].watt_y};
-    float* const stations[] = {&acf.chute_Z, &acf.cgZ_aft, &acf.part[94].part_z, &acf.gear[9].gear_z,
-                               &acf.watt[23].watt_z};
-    for (float* y : heights) *y = 4;
-    for (float* z : stations) *z = 10;
-    acf.part[94].part_x = acf.gear[9].gear_x = acf.watt[23].watt_x = 1;
-    acf.cgZ_fwd = 12.0f;  // behind the centre of gravity: drawn to just ahead of it
-    ASSERT_TRUE(derive_model(0));
-    for (float* xyz : vectors)
-        for (int i = 0; i < 3; ++i) EXPECT_NEAR(xyz[i], ft, 1e-6f);
-    for (float* y : heights) EXPECT_NEAR(*y, ft, 1e-6f);
-    for (float* z : stations) EXPECT_NEAR(*z, ft, 1e-6f);
-    for (float x : {acf.part[94].part_x, acf.gear[9].gear_x, acf.watt[23].watt_x}) EXPECT_NEAR(x, ft, 1e-6f);
-    EXPECT_EQ(acf.cgY, 0.0f);
-    EXPECT_EQ(acf.cgZ, 0.0f);
-    EXPECT_FLOAT_EQ(acf.cgZ_fwd, -0.01f);
-}
-
-TEST_F(derive, simple_values_hold_their_limits) {
-    veh[0].Vso_kts = 20.0f;
-    veh[3].Vso_kts = 400.0f;
-    veh[0].vect_rate = veh[3].vect_rate = 30.0f;
-    veh[0].vect_EQ = 1;
-    veh[0].vect_max_nace = 90.0f;
-    veh[3].vect_min_disc = 80.0f;
-    veh[3].vect_max_disc = 20.0f;
-    veh[0].crit_alt_prop = 20000.0f;
-    acf_path = "/x/Aircraft/y:Aircraft:";  // not the first folder of that name
+// Which fleet an aircraft belongs to tells the folder below the program's own, not the first of that name.
+TEST_F(derive, fleet_is_told_by_the_folder_below_the_programs_own) {
+    acf_path = "/x/Aircraft/y:Aircraft:";
     std::strcpy(veh[0].path, "/x/Aircraft/y/Aircraft/Heavy Metal/A/test.acf");
     std::strcpy(veh[3].path, "/x/Aircraft/y:Aircraft:General Aviation:B:test.acf");
+    veh[0].crit_alt_prop = 20000.0f;
     make(0);
     make(3);
-    EXPECT_NEAR(veh[0].V_ref_ms, 25.7222f, 1e-3f);
-    EXPECT_NEAR(veh[3].V_ref_ms, 128.611f, 1e-2f);
-    EXPECT_NEAR(veh[0].vect_rate, 1.0f / 3, 1e-6f);  // the disc stands still, the nacelle turns 90
-    EXPECT_NEAR(veh[3].vect_rate, 0.5f, 1e-6f);
-    // 20,000 ft: 0.653 kg/m3 in the standard atmosphere
-    EXPECT_NEAR(veh[0].max_boost_pas_prop, (1 - 0.653f / 1.225f) * 101325, 900.0f);
     EXPECT_TRUE(veh[0].is_hm && !veh[0].is_ga);
     EXPECT_TRUE(veh[3].is_ga && !veh[3].is_hm);
+    // 20,000 ft: 0.653 kg/m3 in the standard atmosphere
+    EXPECT_NEAR(veh[0].max_boost_pas_prop, (1 - 0.653f / 1.225f) * 101325, 900.0f);
 }
 
 // -- wash and slats
@@ -416,27 +311,6 @@ TEST_F(derive, tail_behind_the_span_flies_in_the_wash) {
     EXPECT_EQ(veh[0].wing[17].spec_wash, 0.0f);
 }
 
-TEST_F(derive, slats_overlapping_roots_and_ties) {
-    wing_and_tail(0);
-    veh[0].part[17].part_z = 6.9f;
-    veh[0].part[17].part_y = 0.0f;
-    veh[0].wing[9].slat[2] = 1;
-    veh[0].slat_inc = 6.0f;
-    make();
-    EXPECT_NEAR(veh[0].wing[9].slat_effect, 1 + 6.0f / veh[0].wing[9].alpha_max, 1e-5f);
-    EXPECT_EQ(veh[0].wing[17].slat_effect, 1.0f);
-    EXPECT_NEAR(veh[0].wing[9].spec_wash, 0.5f * (5.1f + 2.0f - 4.0f / 3.0f), 1e-3f);
-
-    wing_and_tail(3);
-    veh[3].part[17].part_z = 0.0f;  // side by side
-    veh[3].wing[9].spec_wash = 2.5f;
-    veh[3].in_downwash[9][17][3] = 1;
-    make(3);
-    EXPECT_EQ(veh[3].in_downwash[17][9][0], 0);
-    EXPECT_EQ(veh[3].in_downwash[9][17][3], 1);       // what the file brought stands
-    EXPECT_FLOAT_EQ(veh[3].wing[9].spec_wash, 2.5f);  // and so does its wash, away from the user's slot
-}
-
 // -- summary, load, order
 TEST_F(derive, summary_of_a_plain_wing_is_what_a_ruler_says) {
     design::surface(0, 9, {0, 0, 2, 4, 4, 15});
@@ -461,37 +335,6 @@ TEST_F(derive, summary_of_a_plain_wing_is_what_a_ruler_says) {
     EXPECT_GT(both.z_neutral, 1.0f * ft);
     EXPECT_LT(both.z_neutral, both.z_centroid);  // the wash takes from the tail
     EXPECT_NEAR(both.S_stab, 90 * ft * ft, 1e-3f);
-}
-
-TEST_F(derive, flight_begins_half_laden) {
-    veh[0].m_empty = 1000;
-    veh[0].m_max = 3000;
-    veh[0].m_fuel_tot = 400;
-    veh[0].m_jettison = 100;
-    veh[0].num_tanks = 2;
-    veh[0].tank_rat[0] = 0.8f;
-    veh[0].tank_rat[1] = 0.2f;
-    veh[0].tank_rat[2] = 0.5f;
-    veh[3] = veh[0];
-    veh[3].m_displaced = 1800;
-    veh[3].jett_is_slung = 1;
-    veh[3].watt[4].watt_name[0] = 'x';
-    veh[3].wpn[4].type = 2;
-    veh[3].wpn[4].added_mass = 10;
-    veh[3].wpn[4].total_weapon_mass_now = 30;
-    veh[3].wpn[5].type = 2;  // nothing hangs here by the record
-    make(0);
-    make(3);
-    EXPECT_NEAR(flt[0].m_fuel[0], 100 * lb, 1e-3f);
-    EXPECT_NEAR(flt[0].m_fuel[1], 80 * lb, 1e-3f);
-    EXPECT_EQ(flt[0].m_fuel[2], 0.0f);
-    EXPECT_NEAR(flt[0].m_jettison, 50 * lb, 1e-3f);
-    EXPECT_NEAR(flt[0].m_fixed, 750 * lb, 1e-3f);
-    EXPECT_GT(mnw.hobs_time, 0.0f);
-    EXPECT_LE(mnw.hobs_time, 3.6e6f);
-    EXPECT_EQ(flt[3].m_jettison, 0.0f);
-    EXPECT_NEAR(flt[3].m_fixed, 300 * lb - 40, 1e-2f);  // as much as makes the airship float
-    EXPECT_EQ(veh[3].wpn[5].type, 0);
 }
 
 TEST_F(derive, fault_ends_the_users_load_and_empties_a_strangers_slot) {
@@ -528,37 +371,6 @@ TEST_F(derive, fault_ends_the_users_load_and_empties_a_strangers_slot) {
     const alert_lines lines = test::expect_fatal([] { derive_model(0); });
     EXPECT_EQ(lines.line[0], "Finite wing reduction fail!");
     EXPECT_NE(lines.line[2].find("4 stat_def"), std::string::npos);
-}
-
-// -- existence
-TEST_F(derive, parts_come_off_with_their_failures) {
-    wing_and_tail(3);
-    veh[3].num_engines = 1;
-    veh[3].num_thrustpoints = 3;
-    veh[3].engn[0].engn_type = engn_jet_lo;
-    veh[3].part[77].part_eq = veh[3].part[78].part_eq = veh[3].part[40].part_eq = 1;
-    veh[3].gear[9].gear_type = gear_skid;
-    veh[3].part[17].part_eq = 1;
-    EXPECT_TRUE(has_this_wing(3, 17) && has_this_wing(3, 40) && has_this_body(3, 77) && has_this_gear(3, 9));
-    EXPECT_FALSE(has_this_wing(3, 18) || has_this_body(3, 56) || has_this_gear(3, 0));
-    EXPECT_FALSE(has_this_thru(3, 0, thru_disc) || has_this_wing(3, 0));  // a jet has no disc
-    EXPECT_TRUE(has_this_thru(3, 2, thru_disc) && has_this_wing(3, 2));   // a driven fan has
-    EXPECT_FALSE(has_this_thru(3, 3, thru_any) || has_this_engn(3, 1, engn_any));
-    veh[3].engn[0].engn_type = engn_tip_rocket;
-    EXPECT_TRUE(has_this_thru(3, 0, thru_disc) && has_this_engn(3, 0, engn_roc));
-
-    flt[3].fail_stat[fail_eng_sep + 0] = 5;  // not in force yet
-    EXPECT_TRUE(has_this_engn(3, 0, engn_any));
-    flt[3].fail_stat[fail_eng_sep + 0] = flt[3].fail_stat[126 + 17] = flt[3].fail_stat[116 + 40] =
-        fail_active;
-    EXPECT_FALSE(has_this_engn(3, 0, engn_any) || has_this_thru(3, 0, thru_any) || has_this_body(3, 77));
-    EXPECT_FALSE(has_this_wing(3, 17) || has_this_wing(3, 40));
-    EXPECT_TRUE(has_this_body(3, 78));
-    veh[3].hide_prop_at_90_vect = 1;
-    flt[3].engn[2].vert_disc_vector = 90.0f;
-    EXPECT_FALSE(has_this_thru(3, 2, thru_any));
-    EXPECT_EQ(test::expect_fatal([] { has_this_wing(0, wingDIM); }).line[0],
-              "Bad has_this_wing search range!");
 }
 
 }  // namespace

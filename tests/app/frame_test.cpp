@@ -1,12 +1,15 @@
 // The frame and its schedule.
-#include "app/app_update.h"
 #include "app/frame.h"
 
 #include <math.h>
 
+#include <tuple>
+
+#include "app/app_update.h"
 #include "app/lab/headless.h"
 #include "app/start/flight_start.h"
 #include "app/start/load_plane.h"
+#include "app/world_flight.h"
 #include "core/math/num.h"
 #include "core/program/clocks.h"
 #include "core/program/input_gate.h"
@@ -210,14 +213,21 @@ TEST_F(frame, overspeed_breaks_the_aircraft_only_when_warned_of) {
     EXPECT_GT(fabsf(flt[0].P), 20.0f) << "with one wing it rolls";
 }
 
-TEST_F(frame, ground_proximity_test_by_height_and_sink) {
-    veh[0].warn1_EQ = 1;
-    stg.warn_bb = 1;
-    place(300.0f, 50.0f, -40.0f);  // 32 m/s, 6300 ft/min at under 1000 ft
-    mnw.puff05 = 1;
-    update_with_fullsim2(0);
-    EXPECT_TRUE(stg.BB_pullup);
-    EXPECT_FALSE(stg.BB_sinkrate);
+// 500 ft up the limits of the second kind are 4,250 and 3,000 ft/min, those of the first 2,600 and 1,800.
+TEST_F(frame, ground_proximity_holds_the_limits_of_the_second_kind_where_both_are_fitted) {
+    stg.warn_bb = mnw.puff05 = 1;
+    mnw.prd_FM = 0.001f;
+    for (const auto& [first, second, sink, pullup] :
+         {std::tuple(1, 1, 3500.0f, 0), {1, 0, 3500.0f, 1}, {1, 1, 4400.0f, 1}}) {
+        veh[0].warn1_EQ = first;
+        veh[0].warn2_EQ = second;
+        place(300.0f, 30.0f);
+        flt[0].dob_y = flt[0].terrain_y_cg + veh[0].h_eqlbm + 500.0 * con.fttomtrs;
+        flt[0].vy = -sink / con.msctofpm;
+        update_with_fullsim2(0);
+        EXPECT_EQ(stg.BB_pullup, pullup) << sink;
+        EXPECT_EQ(stg.BB_sinkrate, !pullup) << sink;
+    }
     EXPECT_NE(test::expect_fatal([] { update_with_fullsim2(1); }).line[0].find("with p!=0!"),
               std::string::npos);
 }
@@ -264,5 +274,34 @@ TEST_F(frame, aircraft_above_the_users_come_first_and_stand_still_in_replay) {
     update_with_net(1);
     EXPECT_NEAR(flt[1].dob_x - x, 1.0, 1e-3);
     EXPECT_NEAR(flt[1].psi, 91.8f, 0.01f);
+}
+
+// Ten seconds below the rate wanted are borne, the eleventh is told, and only once.
+TEST_F(frame, a_low_rate_is_told_in_its_eleventh_second) {
+    stg.warn_frame = 1;
+    mnw.menu_up = -1;
+    mnw.prd_FM = 0.9f * mnw.prd_max;
+    test::alerts.clear();
+    for (int second = 1; second <= 30; ++second) {
+        mnw.puff1 = 1;
+        WORLD_math_in_flight();
+        EXPECT_EQ(test::alerts.size(), second > 10 ? 1u : 0u) << second;
+    }
+}
+
+TEST_F(frame, too_fast_for_its_flaps_it_loses_the_left_the_right_or_both) {
+    int lost[2][2] = {};
+    for (int i = 0; i < 60; ++i) {
+        mnw.miss_time = 6.0f;
+        stg.warn_oVfe = 1;
+        stg.over_vfe = 0;
+        flt[0].handle_rat_act = 0.5f;
+        flt[0].AV_sig_kts = veh[0].Vfe_kts + 1.0f;
+        flt[0].fail_stat[fail_L_flp_off] = flt[0].fail_stat[fail_R_flp_off] = 0;
+        WORLD_math_in_flight();
+        ++lost[flt[0].fail_stat[fail_L_flp_off] != 0][flt[0].fail_stat[fail_R_flp_off] != 0];
+    }
+    EXPECT_EQ(lost[0][0], 0);
+    for (const int often : {lost[0][1], lost[1][0], lost[1][1]}) EXPECT_GT(often, 8);
 }
 }  // namespace

@@ -1,12 +1,15 @@
 // Whole flights of the aircraft of the content without power, against first principles.
 #include <math.h>
 
+#include <utility>
+
 #include "aircraft/derive/derive.h"
 #include "app/lab/headless.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
 #include "flight/half_step.h"
 #include "flight/mass_motion.h"
+#include "flight/pilots/pilot_input.h"
 #include "flying.h"
 
 namespace {
@@ -257,5 +260,20 @@ TEST(velocity, grows_by_accelerations_below_the_last_place_of_a_float) {
     f.vz = -100.0f;  // whoever writes it is followed
     integrate_rates();
     EXPECT_NEAR(f.vz, -100.0f, 1e-4f);
+}
+
+// The lever's axis counts down: at rest it asks for the most, a quarter of the way for 15 - 0.25 (15 - 5)
+// degrees.
+TEST(levers, collective_axis_at_its_low_end_asks_for_the_most) {
+    test::fly_aircraft("Plover 420");
+    veh[0].engn[0].min_pitch = 5.0f;
+    veh[0].engn[0].max_pitch = 15.0f;
+    mnw.joy_AXIS_use[0] = axis_coll;
+    for (const auto& [axis, pitch] : {std::pair(0.0f, 15.0f), {0.25f, 12.5f}, {1.0f, 5.0f}}) {
+        mnw.assigned[axis_coll] = 1;
+        mnw.axis[axis_coll] = axis;
+        update_with_fullsim1(0);
+        EXPECT_NEAR(flt[0].engn[0].pitch_deg_ref, pitch, 1e-4f);
+    }
 }
 }  // namespace

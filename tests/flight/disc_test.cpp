@@ -98,32 +98,6 @@ TEST_F(disc, inflow_comes_to_rest_where_momentum_says) {
     EXPECT_LT(get_dv_total(0.0f, 3000.0f, area, 0.0f), 1e6f);
 }
 
-TEST_F(disc, a_stopped_propeller_is_a_brake_and_wants_to_windmill) {
-    fly("Wren 160");
-    move(50.0f);
-    const sums s = settle(0, 0.0f);
-    float blades = 0.0f;
-    for (int el = 0; el < v.wing[0].els; ++el) blades += v.engn[0].num_blades * v.wing[0].el_s[el];
-    const float cd = s.axil / (0.5f * con.lcl_r_met * 2500.0f * blades);
-    EXPECT_GT(cd, 0.4f);  // plates nearly across the stream
-    EXPECT_LT(cd, 2.0f);
-    EXPECT_LT(e.drag_TRQ, -1.0f) << "the air turns it forwards";
-    // windmilling it takes more power out of the stream than it gives to the shaft
-    const sums windmill = settle(0, 60.0f);
-    EXPECT_GT(-e.drag_TRQ * 60.0f, 0.0f);
-    EXPECT_GT(windmill.axil * 50.0f, -e.drag_TRQ * 60.0f);
-
-    // a rotor at rest does not flap: all four positions meet the same air, whatever the stick asks
-    fly("Plover 420");
-    f.FC_ptch = 1.0f;
-    f.FC_roll = -1.0f;
-    move(0.0f, 10.0f);
-    e.tacrad_PROP = 0.0f;
-    turn(0);
-    EXPECT_GT(fabsf(e.cyclic_elev_blad_alph), 5.0f);
-    for (int bld = 1; bld < bladDIM; ++bld) EXPECT_FLOAT_EQ(f.wing[0].v_el[5][bld], f.wing[0].v_el[5][0]);
-}
-
 TEST_F(disc, the_downgoing_blade_pulls_harder_and_gyroscopes_answer_in_their_senses) {
     fly("Wren 160");
     lab_flight at;
@@ -212,87 +186,6 @@ TEST_F(disc, torque_reacts_on_the_airframe_about_the_axis_of_the_disc) {
     EXPECT_NEAR(s.L, 300.0f, 3.0f);
 }
 
-TEST_F(disc, transmission_loss_brakes_to_a_jitter_about_rest) {
-    fly("Wren 160");
-    v.trans_loss = 0.02f;
-    v.engn[0].prop_clutch_EQ = 1;
-    cold_engines();
-    e.tacrad_PROP = 20.0f;
-    for (int i = 0; i < 1600; ++i) {
-        pass(do_all_props);
-        if (i > 1200) {
-            ASSERT_LT(fabsf(e.tacrad_PROP), 0.2f);
-        }
-    }
-}
-
-TEST_F(disc, clutches_close_slip_and_fail) {
-    fly("Wren 160");
-    const float full = v.trq_max_eng;
-    v.trans_loss = 0.1f;
-    v.engn[0].prop_clutch_EQ = 1;
-    e.tacrad_PROP = 50.0f;
-    const auto passed = [&](float engine_speed, float shaft_speed, float TRQ) {
-        e.tacrad_ENGN = engine_speed;
-        e.TRQ_nm = TRQ;
-        return get_clutch_TRQ(0, shaft_speed) + 0.1f * full;
-    };
-    // by itself: a piston engine beyond twice its idle, a turbine once its spool turns
-    const float idle2 = 2.0f * v.RSC_idlespeed_ENGN;
-    EXPECT_FLOAT_EQ(passed(0.95f * idle2, 50.0f, 200.0f), 0.0f);
-    EXPECT_GT(passed(1.05f * idle2, 50.0f, 200.0f), full);
-    v.engn[0].engn_type = engn_turb_free;
-    e.N1 = 0.9f;
-    EXPECT_FLOAT_EQ(passed(idle2, 50.0f, 200.0f), 0.0f);
-    e.N1 = 1.1f;
-    EXPECT_GT(passed(idle2, 50.0f, 200.0f), full);
-    v.engn[0].engn_type = engn_electric;  // it has none to close
-    e.N1 = 0.0f;
-    EXPECT_GT(passed(idle2, 50.0f, 200.0f), full);
-    v.engn[0].engn_type = engn_recip_carb;
-
-    // at even speed the engine's torque goes through; what does not speeds the engine up
-    v.engn[0].prop_clutch_EQ = 0;
-    stg.clutch_trq_engag = 1;
-    stg.clutch_rat[0] = 0.0f;
-    EXPECT_NEAR(passed(200.0f, 200.0f, 250.0f), 250.0f, 0.01f);
-    const float through = passed(200.0f, 190.0f, 250.0f);
-    EXPECT_GT(through, 250.0f);
-    EXPECT_NEAR(e.omegadot_ENGN * v.engn[0].mi_engn_rpm * v.inertia_rat_prop, 250.0f - through, 0.1f);
-    EXPECT_NEAR(passed(280.0f, 10.0f, 250.0f), 1.5f * full, 0.01f) << "and no more than it can";
-    // a faster shaft drags its engine round, linked shafts run free of it
-    EXPECT_NEAR(passed(100.0f, 280.0f, 0.0f), -1.5f * full, 0.01f);
-    v.linked_prop_EQ = 1;
-    EXPECT_FLOAT_EQ(passed(100.0f, 280.0f, 0.0f), 0.0f);
-    v.linked_prop_EQ = 0;
-    // closed, it lets no engine past the shaft
-    stg.clutch_rat[0] = 1.0f;
-    passed(199.9f, 200.0f, 2000.0f);
-    EXPECT_FLOAT_EQ(e.tacrad_ENGN, 200.0f);
-
-    // a friction clutch takes 50 s each way
-    v.engn[0].prop_clutch_EQ = v.has_clutch_switch = 1;
-    stg.clutch_rat[0] = 0.0f;
-    for (int i = 0; i < 800; ++i) passed(280.0f, 10.0f, 250.0f);
-    EXPECT_NEAR(stg.clutch_rat[0], 0.2f, 0.001f);
-    EXPECT_NEAR(passed(280.0f, 10.0f, 250.0f), 0.2f * 1.5f * full, 0.01f * full);
-    EXPECT_NEAR(passed(10.0f, 280.0f, 0.0f), -0.2f * 1.5f * full, 0.01f * full);
-    stg.clutch_trq_engag = 0;
-    for (int i = 0; i < 400; ++i) passed(280.0f, 10.0f, 250.0f);
-    EXPECT_NEAR(stg.clutch_rat[0], 0.1f, 0.001f);
-
-    // a failed one leaves only the loss, against the turn
-    stg.clutch_trq_engag = 1;
-    f.fail_stat[fail_clutch] = fail_active;
-    for (const int with_switch : {1, 0}) {
-        v.has_clutch_switch = with_switch;
-        EXPECT_NEAR(passed(280.0f, 10.0f, 250.0f), 0.0f, 0.01f);
-        e.tacrad_PROP = -5.0f;
-        EXPECT_FLOAT_EQ(get_clutch_TRQ(0, 10.0f), 0.1f * full);
-        e.tacrad_PROP = 50.0f;
-    }
-}
-
 TEST_F(disc, linked_shafts_keep_their_gears_and_their_energy) {
     fly("Plover 420");
     v.trans_loss = 0.0f;
@@ -364,45 +257,6 @@ TEST_F(disc, pre_rotation_takes_from_the_shaft_what_it_gives_to_the_rotor) {
 }
 
 // -- rotors
-TEST_F(disc, vortex_ring_eats_thrust_and_shakes_it_in_its_band_of_descent_only) {
-    fly("Plover 420");
-    // thrust over ten seconds of a rotor in an inflow that is held, sinking at a multiple of 0.6 of it
-    constexpr float inflow = 11.0f;
-    struct thrusts {
-        float mean, least, most, half_a_second;
-    };
-    const auto sinking = [&](float multiple, float side_kts) {
-        move(side_kts * con.ktstomsc, -multiple * 0.6f * inflow);
-        e.pitch_deg_use = 8.0f;
-        mnw.prd_FM = 1e-6f;
-        thrusts t{0.0f, 1e9f, -1e9f, 0.0f};
-        float before = 0.0f;
-        for (int i = 0; i < 40; ++i) {
-            mnw.totl_time = 0.3f + 0.25f * i;
-            e.tacrad_PROP = rotor_speed();
-            e.DVinc = inflow;
-            for (float& ring : e.RING_DVinc) ring = inflow;
-            for (int settling = 0; settling < 20; ++settling) turn(0);  // the load along the span
-            t.mean += e.thrust / 40.0f;
-            t.least = fltmin2(t.least, e.thrust);
-            t.most = fltmax2(t.most, e.thrust);
-            if (i % 2) t.half_a_second = fltmax2(t.half_a_second, fabsf(e.thrust - before));
-            before = e.thrust;
-        }
-        return t;
-    };
-    const thrusts ring = sinking(1.5f, 0.0f), past = sinking(2.105f, 0.0f), aside = sinking(1.5f, 10.5f);
-    EXPECT_GT(aside.mean, 10000.0f);
-    EXPECT_LT(ring.mean, 0.6f * aside.mean);
-    EXPECT_GT(ring.most - ring.least, 0.05f * aside.mean) << "the gusts change";
-    EXPECT_LT(ring.half_a_second, 1e-3f * aside.mean) << "but twice a second only";
-    for (const thrusts& calm : {past, aside, sinking(0.895f, 0.0f), sinking(-1.5f, 0.0f)})
-        EXPECT_LT(calm.most - calm.least, 1e-3f * aside.mean);
-    EXPECT_GT(past.mean, aside.mean) << "sinking faster, it only gains";
-    EXPECT_LT(ring.mean, sinking(1.0f, 0.0f).mean) << "half way in";
-    EXPECT_LT(sinking(1.9f, 0.0f).mean, sinking(2.0f, 0.0f).mean) << "and on the way out";
-}
-
 TEST_F(disc, a_rotor_gains_near_the_ground_and_from_side_flow) {
     fly("Plover 420");
     const auto thrust_at = [&](float altitude, float speed) {
@@ -454,101 +308,7 @@ TEST_F(disc, cyclic_tilts_the_rotor_and_turns_the_helicopter_with_the_stick) {
         }
 }
 
-TEST_F(disc, delta_three_crosses_the_axes) {
-    fly("Plover 420");
-    f.FC_ptch = 0.5f;
-    for (const float delta3 : {0.0f, 90.0f, -30.0f}) {
-        v.delta3 = delta3;
-        e.cyclic_elev_disc_tilt = e.cyclic_ailn_disc_tilt = 0.0f;
-        turn(0);
-        EXPECT_NEAR(e.cyclic_elev_blad_alph, 4.5f, 1e-3f);
-        EXPECT_NEAR(e.cyclic_ailn_blad_alph, 4.5f * sin_deg(delta3), 0.01f);
-    }
-    f.FC_ptch = 0.0f;
-    f.FC_roll = 1.0f;
-    v.delta3 = 90.0f;
-    e.cyclic_elev_disc_tilt = e.cyclic_ailn_disc_tilt = 0.0f;
-    turn(0);
-    EXPECT_NEAR(e.cyclic_elev_blad_alph, -7.0f, 1e-3f);
-}
-
-// Seen from behind: on a propeller turning clockwise the top blade runs right and the right one down, so air
-// from the left is behind the top blade and air from below meets the right one.
-TEST_F(disc, a_blade_feels_the_side_wind_by_the_way_it_moves) {
-    enum { top, right, bottom, left };
-    fly("Dunlin 400");
-    for (const float dir : {1.0f, -1.0f}) {
-        v.engn[0].prop_dir = dir;
-        e.tacrad_PROP = 200.0f;
-        const float(&speed)[elDIM][bladDIM] = f.wing[0].v_el;
-        f.vx_air_on_acf = 20.0f;
-        f.vy_air_on_acf = 10.0f;
-        turn(0);
-        EXPECT_NEAR((speed[5][bottom] - speed[5][top]) * dir, 40.0f, 1.0f);
-        EXPECT_NEAR((speed[5][right] - speed[5][left]) * dir, 20.0f, 1.0f);
-    }
-}
-
-TEST_F(disc, the_mast_bumps_only_at_the_stop) {
-    fly("Plover 420");
-    v.flap_arm = 0.0f;
-    no_air();
-    mnw.prd_FM = 1e-6f;
-    f.Qrad = -1.0f;  // the airframe noses over under a rotor that keeps its plane
-    const float h = v.engn[0].mi_prop_rpm * rotor_speed();
-    const auto moment = [&](float elev, float ailn) {
-        e.cyclic_elev_disc_tilt = elev;
-        e.cyclic_ailn_disc_tilt = ailn;
-        e.Q_rotor_rad = e.R_rotor_rad = 0.0f;
-        e.tacrad_PROP = rotor_speed();
-        return turn(0);
-    };
-    const float stop = 2.0f * v.cyclic_def_elev;
-    EXPECT_NEAR(moment(0.98f * stop, 0.0f).M, 0.0f, 1e-3f * h);
-    EXPECT_NEAR(moment(1.02f * stop, 0.0f).M, h, 0.05f * h) << "pushed back by the gyroscope's moment";
-    EXPECT_LE(e.cyclic_elev_disc_tilt, stop);
-    EXPECT_NEAR(moment(-1.02f * stop, 0.0f).M, 0.0f, 1e-3f * h) << "it moves off this stop";
-    f.Qrad = 0.0f;
-    f.Prad = -1.0f;
-    const sums s = moment(0.0f, 2.04f * v.cyclic_def_ailn);
-    EXPECT_NEAR(s.L, h, 0.05f * h);
-    EXPECT_NEAR(s.N, 0.0f, 0.05f * h);
-    // a hinge away from the mast passes the pull of tilted blades
-    f.Prad = 0.0f;
-    v.flap_arm = 0.2f;
-    EXPECT_GT(moment(5.0f, 0.0f).M, 1000.0f);
-    EXPECT_LT(moment(-5.0f, 0.0f).M, -1000.0f);
-    EXPECT_GT(moment(0.0f, 5.0f).L, 1000.0f);
-}
-
-TEST_F(disc, blades_cone_by_their_lift_within_eight_degrees) {
-    fly("Plover 420");
-    e.pitch_deg_use = 8.0f;
-    const float R = v.wing[0].semilen_SEG, m = v.engn[0].prop_mass;
-    settle(0, rotor_speed());
-    const float hover = e.cone_rad;
-    // lift against centrifugal force at the middle of the blades
-    EXPECT_NEAR(hover, e.thrust / (m * sqr(rotor_speed()) * 0.5f * R), 0.05f * hover);
-    v.engn[0].prop_mass = 1.0f;
-    settle(0, rotor_speed());
-    EXPECT_NEAR(e.cone_rad, 8.0f * con.degtorad, 1e-4f);
-    settle(1, 200.0f);
-    EXPECT_EQ(f.engn[1].cone_rad, 0.0f);
-}
-
 // -- what befalls a disc
-TEST_F(disc, ice_costs_thrust_and_torque) {
-    fly("Wren 160");
-    move(40.0f);
-    settle(0, 240.0f);
-    const float thrust = e.thrust, torque = e.drag_TRQ;
-    f.prop_ice = 0.5f;
-    settle(0, 240.0f);
-    EXPECT_LT(e.thrust, 0.9f * thrust);
-    EXPECT_GT(e.thrust, 0.0f);
-    EXPECT_GT(e.drag_TRQ, 1.1f * torque);
-}
-
 TEST_F(disc, a_blade_in_the_ground_stops_and_fails_its_disc) {
     fly("Plover 420");
     const float tip_of_tail = v.part[1].part_y - v.wing[1].semilen_SEG;

@@ -1,4 +1,4 @@
-// Standard air against the hydrostatic model of the US Standard Atmosphere 1976, cloud rules, local air.
+// Standard air against the hydrostatic model of the US Standard Atmosphere 1976, local air.
 #include "weather/atmosphere.h"
 
 #include <cmath>
@@ -97,27 +97,6 @@ TEST_F(atmosphere_test, travel_between_planets) {
     EXPECT_NEAR(con.sl_P_pas * con.pasto_hg, nav.baro_setting_HG, 0.005f);
 }
 
-TEST_F(atmosphere_test, precipitation_and_cloud_are_reconciled) {
-    atm.rain_set = 0.5f;  // wins over a clear sky, a type a frame
-    for (const int expected : {1, 2, 3, 3}) {
-        limit_cloud_typ_rat(0);
-        EXPECT_EQ(atm.cld_type[0], expected);
-    }
-    atm.cld_type[0] = 0;
-    atm.cld_type[1] = 4;  // the upper layer can rain too
-    limit_cloud_typ_rat(0);
-    EXPECT_EQ(atm.cld_type[0], 0);
-    atm.cld_type[1] = 2;
-    atm.tstm_set = 0.5f;
-    limit_cloud_typ_rat(0);
-    EXPECT_EQ(atm.cld_type[0], 2);  // one for rain, one for thunderstorm
-    limit_cloud_typ_rat(1);
-    EXPECT_EQ(atm.rain_set + atm.tstm_set, 0.0f);
-    atm.cld_type[1] = 3;
-    EXPECT_FLOAT_EQ(ret_min_layer_thick_mtrs(1), 914.4f);
-    EXPECT_EQ(ret_min_layer_thick_mtrs(0), 0.0f);
-}
-
 TEST_F(atmosphere_test, local_air_at_the_aircraft) {
     set_planet_specs(0);
     local_air_step();
@@ -133,12 +112,4 @@ TEST_F(atmosphere_test, local_air_at_the_aircraft) {
     EXPECT_NEAR(con.lcl_g, 9.7646f, 1e-3f);
     EXPECT_NEAR(con.lcl_P_pas, 22700.0f, 500.0f);
     EXPECT_NEAR(con.lcl_T_cel_total + 273.15f, 1.2f * 216.8f, 0.5f);
-}
-
-TEST_F(atmosphere_test, sea_waves_run_by_their_length) {
-    init_weather_defaults();
-    local_air_step();
-    EXPECT_NEAR(atm.wave_length, 60.0f * con.fttomtrs, 1e-3f);
-    // deep water: speed is the root of g times length over two pi, within the rounding of 1.34
-    EXPECT_NEAR(atm.wave_speed / std::sqrt(9.80665 * atm.wave_length / (2.0 * M_PI)), 1.0, 0.01);
 }

@@ -1,9 +1,8 @@
-// Wind: signs, layers, gust, turbulence, thermals, ridge lift, microbursts, and the query in aircraft axes.
+// Wind: signs, turbulence, microbursts, and the query in aircraft axes.
 #include "weather/wind.h"
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "core/math/geo3.h"
 #include "core/math/random.h"
@@ -74,48 +73,6 @@ TEST_F(wind_test, wind_from_the_west_pushes_east) {
     EXPECT_NEAR(wind.ret_wind_dir_true(), 356.0f, 1e-2f);
 }
 
-TEST_F(wind_test, layers_are_held_outside_and_linear_between) {
-    const float dir[3] = {350.0f, 10.0f, 10.0f}, spd[3] = {10.0f, 20.0f, 50.0f}, turb[3] = {0.0f, 3.0f, 9.0f};
-    std::copy(dir, dir + 3, atm.set_wind_dir_mag);
-    std::copy(spd, spd + 3, atm.set_wind_spd_kts);
-    std::copy(turb, turb + 3, atm.set_turb_inc);
-    float s, d, gs, gd, t;
-    const auto stats = [&](float h) { wind.ret_wind_stats(h, &s, &d, &gs, &gd, &t); };
-    stats(-100.0f);
-    EXPECT_FLOAT_EQ(s, 10.0f);
-    stats(1500.0f);
-    EXPECT_FLOAT_EQ(s, 15.0f);
-    EXPECT_FLOAT_EQ(d, 180.0f);  // plain numbers, no care for the wrap
-    stats(4000.0f);
-    EXPECT_FLOAT_EQ(s, 40.0f);
-    EXPECT_FLOAT_EQ(t, 7.0f);
-}
-
-TEST_F(wind_test, gusts_swing_about_the_wind) {
-    all_layers(20.0f, 90.0f);
-    std::fill_n(atm.set_shear_spd_kts, 3, 10.0f);
-    std::fill_n(atm.set_shear_dir, 3, 30.0f);
-    settle();
-    double sum = 0.0, least = 1e9, most = 0.0, least_dir = 360.0, most_dir = 0.0, jump = 0.0;
-    float last = wind.ret_wind_x();
-    constexpr int frames = 100000;
-    for (int i = 0; i < frames; ++i) {
-        mnw.puff1 = i % 50 == 0;
-        wind.per_cycle();
-        const double kts = wind.ret_wind_spd_msc() * con.msctokts;
-        sum += kts;
-        least = std::min(least, kts), most = std::max(most, kts);
-        least_dir = std::min<double>(least_dir, wind.ret_wind_dir_true());
-        most_dir = std::max<double>(most_dir, wind.ret_wind_dir_true());
-        jump = std::max<double>(jump, std::fabs(wind.ret_wind_x() - last));
-        last = wind.ret_wind_x();
-    }
-    EXPECT_NEAR(sum / frames, 20.0, 0.5);
-    EXPECT_TRUE(least >= 10.0 && least < 14.0 && most <= 30.0 && most > 26.0) << least << ' ' << most;
-    EXPECT_TRUE(least_dir >= 59.0 && least_dir < 75.0 && most_dir <= 120.0 && most_dir > 105.0);
-    EXPECT_LT(jump, 0.3);  // of some 10 m/s of swing, in 0.02 s
-}
-
 TEST_F(wind_test, turbulence_is_three_sines_an_axis) {
     wind.final_trb_rat = 0.2f;
     wind.final_X_msc = 3.0f;
@@ -146,42 +103,6 @@ TEST_F(wind_test, turbulence_is_three_sines_an_axis) {
     EXPECT_LT(std::fabs(at(0, 0, 0).dy - at(0.01f, 0, 0).dy), 0.01);
 }
 
-TEST_F(wind_test, turbulence_strength_by_height_and_cloud) {
-    std::fill_n(atm.set_turb_inc, 3, 9.0f);
-    const auto strength = [](float agl, double ele) {
-        flt[0].y_agl_mtr = agl, flt[0].dob_ele = ele;
-        wind.per_cycle();
-        return wind.final_trb_rat;
-    };
-    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.45f);
-    EXPECT_FLOAT_EQ(strength(0.0f, 0.0), 0.225f);
-    std::fill_n(atm.set_turb_inc, 3, 0.0f);
-    atm.level_rat_acf = 0.75f;
-    atm.cld_type[1] = 5, atm.base_h_MSL[1] = 500.0f, atm.tops_h_MSL[1] = 2000.0f;
-    ren.view_ele_msl = 2000.0f;  // the edge belongs to it
-    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.25f);
-    ren.view_ele_msl = 2001.0f;
-    EXPECT_FLOAT_EQ(strength(1000.0f, 1000.0), 0.375f);
-}
-
-TEST_F(wind_test, field_goes_with_the_wind_and_its_phase_never_stalls) {
-    all_layers(20.0f, 270.0f);
-    settle();
-    const float x0 = wind.totl_os_x, t0 = wind.totl_os_t;
-    settle(50);
-    EXPECT_NEAR(wind.totl_os_x - x0, 20.0f * con.ktstomsc, 0.01f);  // one second's way
-    EXPECT_NEAR(wind.totl_os_t - t0, 1.0f, 1e-3f);
-    for (int i = 0; i < 20000; ++i) {
-        mnw.puff1 = i % 50 == 0;
-        wind.per_cycle();
-        EXPECT_LE(std::fabs(wind.totl_os_x), 1025.0f);  // wraps, wanders 25 m
-    }
-    mnw.prd_FM = 0.001f;
-    wind.totl_os_t = 100000.0f;  // a day: a float sum would add nothing or too much
-    settle(100000);
-    EXPECT_NEAR(wind.totl_os_t, 100100.0f, 0.02f);
-}
-
 TEST_F(wind_test, aircraft_axes) {
     wind.final_X_msc = 4.0f, wind.final_Y_msc = -1.0f, wind.final_Z_msc = 7.0f, wind.final_trb_rat = 0.3f;
     flt[0].dob_x = 1234.0, flt[0].dob_y = 800.0, flt[0].dob_z = -4321.0;
@@ -205,100 +126,41 @@ TEST_F(wind_test, aircraft_axes) {
     EXPECT_NEAR(on_aircraft(0, 0, 0).squared_length(), air.squared_length(), 1e-1);
 }
 
-TEST_F(wind_test, thermals_stand_on_the_ground) {
-    atm.therm_vvi_fpm = 1000.0f, atm.therm_alt_ft = 1000.0f * con.mtrstoft;
-    const float full = 1000.0f * con.fpmtomsc;
-    const auto lift = [](float agl) {
-        flt[0].y_agl_mtr = agl;
-        wind.per_cycle();
-        return wind.ret_wind_y();
-    };
-    EXPECT_EQ(lift(500.0f), 0.0f);  // no share of the ground, no thermal
-    atm.therm_prt = 2.0f;           // everywhere, to see the profile
-    EXPECT_NEAR(lift(0.0f), 0.0f, 1e-6f);
-    EXPECT_NEAR(lift(50.0f), 0.5f * full, 1e-4f);
-    EXPECT_NEAR(lift(100.0f), full, 1e-4f);
-    EXPECT_NEAR(lift(900.0f), full, 1e-4f);
-    EXPECT_NEAR(lift(1000.0f), 0.5f * full, 1e-4f);
-    EXPECT_NEAR(lift(1100.0f), 0.0f, 1e-4f);
-    // a share of the ground, in patches: off and on at once, and the same on coming back
-    atm.therm_prt = 0.4f;
-    int inside = 0, edges = 0;
-    float last = 0.0f;
-    for (int i = 0; i < 20000; ++i) {
-        flt[0].dob_x = i * 10.0, flt[0].dob_z = 5000.0;
-        const float now = lift(500.0f);
-        EXPECT_TRUE(now == 0.0f || std::fabs(now - full) < 1e-4f);
-        inside += now > 0.0f;
-        edges += now != last;
-        last = now;
-    }
-    EXPECT_TRUE(inside > 3000 && inside < 10000) << inside;
-    EXPECT_TRUE(edges > 100 && edges < 1500) << edges;
-}
+static int calls;
 
-TEST_F(wind_test, slopes_lift_the_wind_that_blows_against_them) {
-    all_layers(20.0f, 270.0f);
-    const float ms = 20.0f * con.ktstomsc;
-    const auto lift = [](float agl) {
-        flt[0].y_agl_mtr = agl;
-        settle();
-        return wind.ret_wind_y();
-    };
-    env.terrain_nrm[0] = -0.5f, env.terrain_nrm[1] = 0.866f;  // a slope that faces west
-    EXPECT_NEAR(lift(0.0f), 0.5f * ms, 1e-2f);
-    EXPECT_NEAR(lift(500.0f), 0.25f * ms, 1e-2f);
-    EXPECT_NEAR(lift(1000.0f), 0.0f, 1e-2f);
-    env.terrain_nrm[0] = 0.5f;  // the lee side sinks
-    EXPECT_NEAR(lift(0.0f), -0.5f * ms, 1e-2f);
-    env.terrain_nrm[0] = 0.0f, env.terrain_nrm[2] = -0.5f;  // along the slope: nothing
-    EXPECT_NEAR(lift(0.0f), 0.0f, 1e-2f);
-}
-
-static std::vector<int> sounds;
-
+// One a minute of waiting, and some 15 s of its own: 48 an hour, from all sides alike, pressing down, never
+// up.
 TEST_F(wind_test, microbursts_come_and_go) {
-    seam.play_sound = [](int slot, float, float) { sounds.push_back(slot); };
-    sounds.clear();
+    seam.play_sound = [](int slot, float, float) { calls += slot == 51; };
+    calls = 0;
     veh[0].warn1_EQ = 1, stg.warn_bb = 1;
-    flt[0].y_agl_mtr = 200.0f;
-    const auto fly = [&](int frames, auto&& each) {
-        for (int i = 0; i < frames; ++i) {
+    float fastest = 0.0f, lowest = 0.0f, highest = 0.0f;
+    int sides[4] = {};
+    const auto fly = [&](float seconds) {
+        for (int i = 0; i < seconds / mnw.prd_FM; ++i) {
             mnw.totl_time += mnw.prd_FM;
             wind.per_cycle();
-            each();
+            const float x = wind.ret_wind_x(), z = wind.ret_wind_z();
+            fastest = std::max(fastest, wind.ret_wind_spd_msc());
+            lowest = std::min(lowest, wind.ret_wind_y()), highest = std::max(highest, wind.ret_wind_y());
+            sides[0] += x > 5.0f, sides[1] += x<-5.0f, sides[2] += z> 5.0f, sides[3] += z < -5.0f;
         }
     };
-    const auto nothing = [] {};
-    atm.burst_prob = 0.01f;
-    fly(50000, nothing);
     atm.burst_prob = 1.0f, flt[0].y_agl_mtr = 300.0f;
-    fly(50000, nothing);
-    EXPECT_TRUE(sounds.empty());
-    EXPECT_EQ(wind.ret_wind_spd_msc(), 0.0f);
-
+    fly(1000.0f);
+    EXPECT_EQ(calls + wind.ret_wind_spd_msc(), 0.0f) << "not so high";
     flt[0].y_agl_mtr = 299.0f;
-    float fastest = 0.0f, lowest = 0.0f, highest = 0.0f;
-    int east = 0, west = 0, north = 0, south = 0;
     constexpr int hours = 20;
     for (int hour = 0; hour < hours; ++hour) {
         mnw.totl_time = 0.0f;  // keeps its float fine enough for a step
-        fly(180000, [&] {
-            fastest = std::max(fastest, wind.ret_wind_spd_msc());
-            lowest = std::min(lowest, wind.ret_wind_y()), highest = std::max(highest, wind.ret_wind_y());
-            const float x = wind.ret_wind_x(), z = wind.ret_wind_z();
-            east += x > 5.0f, west += x<-5.0f, south += z> 5.0f, north += z < -5.0f;
-            EXPECT_TRUE(x == 0.0f || std::fabs(x) < 47.0f);
-        });
+        fly(3600.0f);
     }
-    // one a minute of waiting, and some 15 s of its own: 48 an hour
-    EXPECT_NEAR(static_cast<double>(sounds.size()) / hours, 48.0, 5.0);
-    EXPECT_TRUE(std::all_of(sounds.begin(), sounds.end(), [](int slot) { return slot == 51; }));
+    EXPECT_NEAR(static_cast<double>(calls) / hours, 48.0, 5.0);
     EXPECT_TRUE(fastest > 75.0f * con.ktstomsc && fastest < 90.0f * con.ktstomsc) << fastest;
     EXPECT_TRUE(lowest < -6000.0f * con.fpmtomsc && lowest > -8000.0f * con.fpmtomsc) << lowest;
-    EXPECT_LT(highest, 0.1f);  // it presses down, never up
-    for (const int count : {east, west, north, south})
-        EXPECT_NEAR(count * 4.0 / (east + west + north + south), 1.0, 0.25);
+    EXPECT_LT(highest, 0.1f);
+    for (const int side : sides)
+        EXPECT_NEAR(side * 4.0 / (sides[0] + sides[1] + sides[2] + sides[3]), 1.0, 0.25);
 }
 
 TEST_F(wind_test, a_burst_holds_while_time_stands_still) {
@@ -316,16 +178,4 @@ TEST_F(wind_test, a_burst_holds_while_time_stands_still) {
     atm.burst_prob = 0.0f;
     settle(3000);
     EXPECT_NEAR(wind.ret_wind_spd_msc(), 0.0f, 1e-3f);
-}
-
-TEST_F(wind_test, noise_joins_its_table_smoothly) {
-    EXPECT_EQ(interp_noise(-12.3f, 4.5f, 9), interp_noise(12.3f, -4.5f, 9));
-    float last = interp_noise(100.0f, 50.0f, 3);
-    for (int i = 1; i < 20000; ++i) {
-        const float now = interp_noise(100.0f + i * 0.001f, 50.0f - i * 0.0007f, 3);
-        EXPECT_LE(std::fabs(now), 1.0f);
-        EXPECT_LT(std::fabs(now - last), 0.005f);
-        last = now;
-    }
-    EXPECT_LE(std::fabs(interp_noise(3e9f, 9e9f, 127)), 1.0f);  // far beyond any region
 }

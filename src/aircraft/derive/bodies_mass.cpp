@@ -87,6 +87,8 @@ void get_MI_S_body(int p, int en, int is_wpn, float x, float y, float z, float* 
                   veh[p].name, is_wpn ? veh[p].watt[en].watt_name : part_title(en));
 }
 
+// m2, kg, kg m2. As given: a blade is six tenths of its section's box, of aluminium, its radius of gyration
+// .707.
 void derive_prop_discs(int p) {
     for (int en = 0; en < veh[p].num_thrustpoints; ++en) {
         if (!has_this_thru(p, en, thru_disc)) continue;
@@ -115,7 +117,7 @@ void derive_prop_discs(int p) {
     }
 }
 
-// By kind, from power or thrust; kilograms.
+// By kind, from power or thrust; kilograms. As given.
 static float ret_engn_mass(int p, int en) {
     const veh_struct& acf = veh[p];
     const float power = acf.power_max * con.watttohp;    // hp
