@@ -88,8 +88,8 @@ void run_systems() {
 void ai_views() {
     if (!msc.ai_views || !(mnw.totl_time > state.time_vew_change)) return;
     state.time_vew_change = mnw.totl_time + flt_rand(10.0f, 30.0f);
-    APP_handlemenu(int_rand(1500, 1525));
-    if (ren.view_type_act <= 1515) APP_handlemenu(view_fwd_panel);
+    APP_handlemenu(int_rand(view_fwd_panel, view_fwd_bare));
+    if (ren.view_type_act <= view_inside_last) APP_handlemenu(view_fwd_panel);
 }
 
 // Wires, catapults and tows: what lets go and what starts.

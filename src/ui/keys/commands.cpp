@@ -38,7 +38,7 @@ constexpr command_row commands[] = {
     {cmd_about, MACIBM_about},
     {cmd_quit, quit},
     {view_fwd_panel, forward_view},
-    {view_night_vision, night_vision},
+    {cmd_night_vision, night_vision},
     {cmd_trace, write_trace},
     {cmd_screenshot, picture},
     {cmd_kick_pitch, kick_pitch},
@@ -82,7 +82,7 @@ std::vector<std::string> all_aircraft() {
 
 void start_over() {
     init_flt_0(start_airport, place_runway);
-    begin_user_flight_steady();
+    begin_user_flight_steady(start_airport);
 }
 
 // The one behind the present one, the first behind the last.
