@@ -172,7 +172,8 @@ station station_of(const disc_run& r, int el) {
     // a quarter turn takes 90 degrees over this; none at rest
     const float quarters_per_sec = r.now.tacrad_PROP * con.radtodeg / 90.0f;
     s.flap_ptch_msc = s.flap_roll_msc = 0.0f;
-    // without cyclic pitch the blades turn in the plane of their tilted hub and do not flap
+    // Decided: no flapping term for pure disc tilt; without cyclic pitch the blades turn in the plane of
+    // their tilted hub and do not flap.
     if (!r.apply_cyclic_def) return s;
     s.flap_ptch_msc = sin_deg(r.now.cyclic_elev_blad_alph) * s.X_arm_mtr * quarters_per_sec;
     s.flap_roll_msc = sin_deg(r.now.cyclic_ailn_blad_alph) * s.X_arm_mtr * quarters_per_sec;
@@ -338,8 +339,6 @@ void steered_moments(disc_run& r) {
         f.N += N_hub * cos_vert;
         f.L += N_hub * sin_vert;
     }
-    // Decided: a disc that only tilts (disc_tilt_, without cyclic pitch) has no flapping term: its hub moment
-    // has gone to the airframe in whole above, and its hinge would count twice.
     if (r.apply_cyclic_def) {
         const float elev_stop = fabsf(2.0f * v.cyclic_def_elev * r.control_rat);
         const float ailn_stop = fabsf(2.0f * v.cyclic_def_ailn * r.control_rat);
