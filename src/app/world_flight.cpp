@@ -143,7 +143,7 @@ void limit_consequences() {
 
 bool inside_overcast() {
     for (int layer = 0; layer < 2; ++layer)
-        if (atm.cld_type[layer] == 5 && atm.base_h_MSL[layer] < flt[0].dob_y &&
+        if (atm.cld_type[layer] == cld_overcast && atm.base_h_MSL[layer] < flt[0].dob_y &&
             flt[0].dob_y < atm.tops_h_MSL[layer])
             return true;
     return false;
