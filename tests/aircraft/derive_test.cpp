@@ -83,6 +83,15 @@ TEST_F(derive, single_wing_has_its_textbook_numbers) {
     EXPECT_NEAR(veh[3].wing[9].cl_D_cl0, 1.0f, 1e-4f);
 }
 
+// A pylon has no stall angle of its own to be stretched.
+TEST_F(derive, a_slat_on_a_pylon_stretches_nothing) {
+    veh[0].slat_inc = 5.0f;
+    design::surface(0, 40, {0, 0, 0, 2, 2, 2});
+    veh[0].wing[40].slat[0] = 1;
+    make();
+    EXPECT_EQ(veh[0].wing[40].slat_effect, 1.0f);
+}
+
 TEST_F(derive, delta_wing_and_its_sweeps) {
     // leading edge: the root's 2.5 ft ahead of its quarter chord, the tip at the quarter chord line
     const float sweep = 45.0f, len = 10.0f;
