@@ -81,6 +81,8 @@ TEST(recorded_design, is_derived_as_it_was) {
                 for (veh_engn_struct& e : v.engn)
                     test::draw(veh_engn_list(), &e, "engn_type", 0, engn_kinds - 1);
                 v.manual_rad_gyr = test::chance(0.2);
+                v.cgZ_fwd = v.cgZ + test::any(-3, 1);
+                v.cgZ_aft = v.cgZ + test::any(-1, 3);
                 if (test::chance(0.5)) return;
                 fill_zeros(veh_block_list(), &v);
                 for (veh_engn_struct& e : v.engn) fill_zeros(veh_engn_list(), &e);
