@@ -30,7 +30,7 @@ corner read_corner(value_source& from) {
 }
 
 d3_struct place(const corner& c) {
-    return {{static_cast<float>(c.x), static_cast<float>(c.y), static_cast<float>(c.z)}};
+    return {static_cast<float>(c.x), static_cast<float>(c.y), static_cast<float>(c.z)};
 }
 
 bool is_short(const corner& a, const corner& b) { return a.x == b.x && a.z == b.z; }
@@ -93,7 +93,7 @@ void ask(long x, long z, int checker, const std::vector<triangle>& all) {
         const d3_struct* const g[3] = {ren.i_geo0[checker], ren.i_geo1[checker], ren.i_geo2[checker]};
         bool same = t.wet == (ren.is_wet[checker] != 0);
         for (int i = 0; i < 3; ++i)
-            for (int axis = 0; axis < 3; ++axis) same &= g[i]->v[axis] == place(t.at[i]).v[axis];
+            for (int axis = 0; axis < 3; ++axis) same &= g[i]->at(axis) == place(t.at[i]).at(axis);
         fits |= same;
     }
     must(found ? may && fits : !must_be);

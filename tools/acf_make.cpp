@@ -9,7 +9,6 @@
 #include "aircraft/derive/derive.h"
 #include "aircraft/file/acf_file.h"
 #include "aircraft/file/acf_layout.h"
-#include "aircraft/file/acf_range.h"
 #include "aircraft/file/acf_toml_read.h"
 #include "aircraft/io_acf.h"
 #include "app/lab/headless.h"
@@ -34,9 +33,10 @@ const char* const usage =
     "Only fields that are not zero need to be named; units are feet, pounds, knots and degrees.\n"
     "The left wings and the pylons of further engines are copies unless they have a table of their own.\n"
     "A body may list stations = [{ z = 0, y = 0, w = 1, h = 1.2, n = 2 }, ...] in place of geo_xyz.\n"
-    "The result is loaded again, range-checked and checked as a design before it is kept. Below a folder\n"
-    "Aircraft, or with the folder that holds Airfoils named by --install, it is also loaded whole with its\n"
-    "airfoils, and areas, balance and stall speed are shown; --quiet shows faults alone.\n"
+    "The result is loaded again, range-checked and checked as a design; then it is loaded whole with its\n"
+    "airfoils, and areas, balance and stall speed are shown; --quiet shows faults alone. The airfoils are\n"
+    "those below DIR; without --install below the folder in whose Aircraft the result lies, else in Orvelle/\n"
+    "beside the tools. Only a result without fault takes the place of OUT.acf.\n"
     "Exit status: 0 good, 1 fault in the aircraft, 2 wrong use.\n";
 
 void list_record(const char* heading, const veh_field_list& fields) {
@@ -103,16 +103,49 @@ bool same_bytes(int p, int q) {
     return true;
 }
 
+// The result is made beside its place and takes it only when all is well. Global: a fatal alert ends the program
+// without unwinding.
+struct result_struct {
+    std::string out;      // as the user named it
+    std::string making;   // where it is made, in the same folder, whose airfoils it finds
+    std::string user_name, making_name;  // both without the folder
+};
+result_struct result;
+
+std::string name_of(const std::string& path) {
+    size_t at = path.size();
+    while (at > 0 && !is_a_dir_char(path[at - 1])) --at;
+    return path.substr(at);
+}
+
+void choose_places(const std::string& out) {
+    result.out = out;
+    result.user_name = name_of(out);
+    result.making_name = ".making " + result.user_name;
+    result.making = out.substr(0, out.size() - result.user_name.size()) + result.making_name;
+}
+
+void give_up_result() { remove(set_dir_chars(result.making).c_str()); }
+
+// Alerts speak of the file that the user named.
+void show_on_stderr(int, const alert_lines& text, int) {
+    for (std::string line : text.line) {
+        for (size_t at = 0; (at = line.find(result.making_name, at)) != std::string::npos;)
+            line.replace(at, result.making_name.size(), result.user_name);
+        if (!line.empty()) fprintf(stderr, "acf_make: %s\n", line.c_str());
+    }
+}
+
 // The file as any reader finds it: the same record, and a design that can fly.
 bool loads_well(const std::string& path) {
     set_path(loaded_slot, path);
     if (!acf_read_record(loaded_slot)) {
-        fprintf(stderr, "%s: cannot be read back\n", path.c_str());
+        fprintf(stderr, "%s: cannot be read back\n", result.out.c_str());
         return false;
     }
     memset(veh[source_slot].path, 0, sizeof veh[source_slot].path);
     if (!same_bytes(source_slot, loaded_slot)) {
-        fprintf(stderr, "%s: reads back otherwise than it was written\n", path.c_str());
+        fprintf(stderr, "%s: reads back otherwise than it was written\n", result.out.c_str());
         return false;
     }
     set_path(loaded_slot, path);
@@ -126,26 +159,34 @@ void remind(int p) {
                    acf_part_name(en).c_str());
 }
 
-// The install folder with a closing "/": the one named, else the one in whose Aircraft the file lies, else
-// none.
+// The install folder with a closing "/": the one named, else the one in whose Aircraft the file lies, else the
+// one that is built beside the tools, else none.
 std::string install_folder(const std::string& named, const std::string& acf) {
     fs::path folder = named;
     if (named.empty())
         for (fs::path up = fs::absolute(acf).parent_path(); up.has_relative_path(); up = up.parent_path())
             if (up.filename() == "Aircraft") folder = up.parent_path();
+    const std::string beside = executable_folder() + "../Orvelle";
+    if (folder.empty() && fs::is_directory(beside)) folder = beside;
     return folder.empty() ? "" : fs::absolute(folder).string() + "/";
 }
 
-std::string being_loaded;  // removed when its load ends in a fatal alert
-
 // The file as the user's own aircraft. A fault ends the program with its text.
 void load_whole(const std::string& install, const std::string& acf) {
-    being_loaded = acf;
     alert_seam.end = [](const alert_lines&) {
-        remove(being_loaded.c_str());
+        give_up_result();
         _exit(exit_bad_aircraft);
     };
     headless_start(install, acf, log_to_nothing);
+}
+
+int keep_result() {
+    std::error_code fault;
+    fs::rename(set_dir_chars(result.making), set_dir_chars(result.out), fault);
+    if (!fault) return exit_good;
+    fprintf(stderr, "%s: %s\n", result.out.c_str(), fault.message().c_str());
+    give_up_result();
+    return exit_bad_aircraft;
 }
 
 void summarise() {
@@ -169,31 +210,28 @@ struct order {
 int make(const order& job) {
     const std::string &in = job.in, &out = job.out;
     std::string error;
-    if (!acf_from_toml(in, source_slot, &error)) {
+    if (!acf_design_from_toml(in, source_slot, &error)) {
         fputs(error.c_str(), stderr);
         return exit_bad_aircraft;
     }
-    const std::string fault = acf_admit(source_slot);
-    if (!fault.empty()) {
-        fprintf(stderr, "%s: %s\n", in.c_str(), fault.c_str());
-        return exit_bad_aircraft;
-    }
     remind(source_slot);
-    set_path(source_slot, out);
+    choose_places(out);
+    alert_seam.show = show_on_stderr;
+    set_path(source_slot, result.making);
     if (!IO_acf(1, source_slot, 1)) return exit_bad_aircraft;
-    if (!loads_well(out)) {
-        remove(set_dir_chars(out).c_str());  // a build must not take it for good
+    if (!loads_well(result.making)) {
+        give_up_result();
         return exit_bad_aircraft;
     }
     const std::string install = install_folder(job.install, out);
     if (install.empty() || !fs::is_directory(install + "Airfoils")) {
         if (!job.quiet)
             printf("No folder of airfoils is known (--install): areas and balance are left out.\n");
-        return exit_good;
+        return keep_result();
     }
-    load_whole(install, fs::absolute(out).string());
+    load_whole(install, fs::absolute(set_dir_chars(result.making)).string());
     if (!job.quiet) summarise();
-    return exit_good;
+    return keep_result();
 }
 
 int wrong_use() {
@@ -202,7 +240,7 @@ int wrong_use() {
 }
 
 bool is_acf_name(const std::string& out) {
-    return out.size() >= 5 && out.compare(out.size() - 4, 4, ".acf") == 0 && out.size() <= path_len_max - 8;
+    return out.size() >= 5 && out.compare(out.size() - 4, 4, ".acf") == 0 && out.size() <= path_len_max - 20;
 }
 }  // namespace
 

@@ -4,20 +4,23 @@
 #include <math.h>
 #include <stdio.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "canvas.h"
 #include "noise.h"
 #include "shape.h"
+#include "wrap_noise.h"
 
 namespace {
 constexpr const char* texture_name = "countryside";
 constexpr int field = 128, fields = 4;  // pixels a side, fields each way
 
 // Fields of the picture. A tree takes its whole field.
-constexpr cell leaves{0, 3}, needles{1, 3}, tiles{3, 3};
+constexpr cell leaves{0, 3}, needles{1, 3}, garden{2, 3}, tiles{3, 3};
 constexpr cell plaster{0, 2}, plaster_front{1, 2}, boards{2, 2}, barn_gate{3, 2};
 constexpr cell tin{0, 1}, tank{1, 1}, timber{2, 1}, chimney_stone{3, 1};
+constexpr cell palings{0, 0};
 
 // -- the picture
 
@@ -124,6 +127,31 @@ void draw_gate(cairo_t* cr) {
     }
 }
 
+// Mown grass and beds that fade into the land around.
+void draw_garden(cairo_t* cr) {
+    constexpr double middle = field / 2.0, inner = 0.66, ragged = 0.3;
+    constexpr int size = 2;
+    for (int y = 0; y < field; y += size)
+        for (int x = 0; x < field; x += size) {
+            const double out = std::max(fabs(x + 1 - middle), fabs(y + 1 - middle)) / middle;
+            const double rough = ragged * (noise::fractal(x / 12.0, y / 12.0, 3, 213) - 0.5);
+            rgba c = mix(hex(0x55693a), hex(0x7c8d4f), noise::fractal(x / 25.0, y / 25.0, 4, 214));
+            const double bed = noise::smooth(0.6, 0.68, noise::fractal(x / 30.0, y / 30.0, 3, 215));
+            c = mix(c, hex(0x6b5a41), 0.7 * bed);
+            c.a = 0.85 * (1.0 - noise::smooth(inner, 0.94, out + rough));
+            rectangle(cr, x, y, size, size, c);
+        }
+}
+
+// Posts, rails and boards with air between them.
+void draw_palings(cairo_t* cr) {
+    const rgba wood = hex(0xb9ae98);
+    for (const double y : {36.0, 92.0}) rectangle(cr, 0, y, field, 10, wood);
+    for (int i = 0; i < 8; ++i)
+        rectangle(cr, 16 * i + 3, 0, 9, 112 + 12 * noise::hash(i, 0, 216),
+                  mix(wood, hex(0x8d8271), noise::hash(i, 1, 216)));
+}
+
 void draw_tin(cairo_t* cr) {
     rectangle(cr, 0, 0, field, field, hex(0x84898a));
     for (int x = 0; x < field; x += 8) rectangle(cr, x, 0, 3, field, hex(0xa9aeae));
@@ -145,6 +173,8 @@ void draw_pictures(const std::string& textures) {
     canvas day(fields * field, fields * field), night(fields * field, fields * field);
     put(day, "leaves", leaves, draw_leaves);
     put(day, "needles", needles, draw_needles);
+    put(day, "garden", garden, draw_garden);
+    put(day, "palings", palings, draw_palings);
     put(day, "tiles", tiles, draw_tiles);
     put(day, "plaster", plaster, draw_plaster);
     put(day, "front", plaster_front, draw_front);
@@ -219,11 +249,13 @@ void house(const std::string& path) {
     object_text o(texture_name);
     const building b = {11.0, 8.0, 4.8, 7.6, plaster_front, plaster, tiles};
     o.lod(0, 1500);
+    o.say("ATTR_poly_os 1");
+    o.floor(0.0, 0.05, 0.0, 34.0, 36.0, garden);  // beyond the fence, where it has faded out
+    o.say("ATTR_poly_os 0");
     gabled(o, b);
     o.box({2.5, 5.6, 1.0}, 0.9, 2.8, 0.9, chimney_stone);
     o.box({-3.0, 0.0, -5.2}, 4.0, 2.6, 2.6, plaster, plaster, tiles);
-    o.say("ATTR_no_cull");
-    o.fence(11.0, 12.0, 1.0, timber);
+    o.fence(11.0, 12.0, 1.0, palings);
     o.lod(1500, 8000);
     gabled(o, b);
     o.save(path);

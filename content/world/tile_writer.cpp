@@ -104,6 +104,24 @@ uint16_t tile_writer::store(size_t pool, const std::vector<double>& values) {
     return static_cast<uint16_t>(point);
 }
 
+// -- what is asked for
+
+// Numbers without slack must come back as they are.
+told_row tile_writer::row_of(told what, numbers values, numbers slack) {
+    told_row row{what, values.size(), {}, {}};
+    std::copy(values.begin(), values.end(), row.values.begin());
+    std::copy(slack.begin(), slack.end(), row.slack.begin());
+    return row;
+}
+
+void tile_writer::tell_road(told what, const road_point& p, numbers values) {
+    constexpr double step = 1.0e-9;  // some steps of 32 bits
+    told_row row = row_of(what, {p.lon, p.lat, p.ele}, {step, step, elevations_.scale * step});
+    std::copy(values.begin(), values.end(), row.values.begin() + 3);
+    row.count += values.size();
+    told_roads_.push_back(row);
+}
+
 // -- commands
 
 void tile_writer::select_pool(size_t pool) {
@@ -129,6 +147,7 @@ void tile_writer::begin_patch(unsigned terrain, unsigned char flags, double lod_
     put_8(commands_, flags);
     put_float(commands_, lod_near);
     put_float(commands_, lod_far);
+    tell(told::patch, {1.0 * terrain, 1.0 * flags, lod_near, lod_far, 1.0 * patch_depth_});
 }
 
 void tile_writer::primitive(int range_command, const std::vector<tile_point>& points) {
@@ -139,6 +158,11 @@ void tile_writer::primitive(int range_command, const std::vector<tile_point>& po
     }
     const size_t pool = pool_with_room(patch_depth_, points.size());
     select_pool(pool);
+    const int type = range_command == dsf_cmd_triangles_range ? dsf_triangles
+                     : range_command == dsf_cmd_fan_range     ? dsf_fan
+                                                              : dsf_strip;
+    tell(told::primitive, {1.0 * type});
+    const double place = half_step(1.0), normal = half_step(2.0);
     uint16_t first = 0;
     for (size_t n = 0; n < points.size(); ++n) {
         const tile_point& p = points[n];
@@ -146,11 +170,15 @@ void tile_writer::primitive(int range_command, const std::vector<tile_point>& po
         if (patch_depth_ == 7) values.insert(values.end(), {p.s, p.t});
         const uint16_t at = store(pool, values);
         if (n == 0) first = at;
+        told_row row =
+            row_of(told::vertex, {}, {place, place, elevation_slack(), normal, normal, place, place});
+        row.count = values.size();
+        std::copy(values.begin(), values.end(), row.values.begin());
+        told_.push_back(row);
     }
     put_8(commands_, static_cast<unsigned>(range_command));
     put_16(commands_, first);
     put_16(commands_, first + static_cast<unsigned>(points.size()));
-    triangles_ += range_command == dsf_cmd_triangles_range ? points.size() / 3 : points.size() - 2;
 }
 
 void tile_writer::triangles(const std::vector<tile_point>& points) {
@@ -162,7 +190,10 @@ void tile_writer::fan(const std::vector<tile_point>& points) { primitive(dsf_cmd
 void tile_writer::place(unsigned object, double lon, double lat, double heading) {
     const size_t pool = object_pool(lon, lat);
     const double turned = heading - 360.0 * floor(heading / 360.0);
-    placed_.push_back({object, pool, store(pool, {lon, lat, turned})});
+    const double place = half_step(1.0 / eighths);
+    const told_row meant =
+        row_of(told::object, {1.0 * object, lon, lat, turned}, {0.0, place, place, half_step(360.0)});
+    placed_.push_back({object, pool, store(pool, {lon, lat, turned}), meant});
 }
 
 void tile_writer::add_polygon(unsigned polygon, uint16_t parameter, const std::vector<winding>& windings) {
@@ -178,10 +209,15 @@ void tile_writer::add_polygon(unsigned polygon, uint16_t parameter, const std::v
     put_8(commands_, dsf_cmd_nested_polygon_range);
     put_16(commands_, parameter);
     put_8(commands_, static_cast<unsigned>(windings.size()));
+    tell(told::polygon, {1.0 * polygon, 1.0 * parameter});
     unsigned end = static_cast<unsigned>(pools_[pool].count());
     put_16(commands_, end);
     for (const winding& w : windings) {
-        for (const tile_point& p : w) store(pool, {p.lon, p.lat});
+        tell(told::winding, {});
+        for (const tile_point& p : w) {
+            store(pool, {p.lon, p.lat});
+            tell(told::corner, {p.lon, p.lat}, {half_step(1.0), half_step(1.0)});
+        }
         put_16(commands_, end += static_cast<unsigned>(w.size()));
     }
 }
@@ -202,33 +238,53 @@ void tile_writer::add_road(unsigned network, uint8_t subtype, const std::vector<
             std::clamp(round((value - offset) / scale * raw_max_32), 0.0, raw_max_32));
     };
     for (const road_point& p : chain) {
+        if (p.node == 0)
+            tell_road(told::shape, p, {});
+        else if (&p != &chain.front())
+            tell_road(told::road_end, p, {1.0 * p.node});
+        if (p.node != 0 && &p != &chain.back())  // a junction on the way ends one segment and begins another
+            tell_road(told::road, p, {1.0 * p.node, 1.0 * network, 1.0 * subtype});
         put_32(road_commands_, static_cast<uint32_t>(roads_.size() / dsf_planes_network));
         roads_.insert(roads_.end(), {raw(p.lon, 1.0, lon_), raw(p.lat, 1.0, lat_),
                                      raw(p.ele, elevations_.scale, elevations_.offset), p.node});
     }
 }
 
-// Terrain and polygons, then objects by pool and kind, then roads from the 32-bit pool.
+// By pool and kind, so that they are named once.
+std::vector<const tile_writer::placed*> tile_writer::objects_in_order() const {
+    std::vector<const placed*> sorted;
+    for (const placed& p : placed_) sorted.push_back(&p);
+    std::stable_sort(sorted.begin(), sorted.end(), [](const placed* a, const placed* b) {
+        return std::pair(a->pool, a->object) < std::pair(b->pool, b->object);
+    });
+    return sorted;
+}
+
+std::vector<const told_row*> tile_writer::all_told() const {
+    std::vector<const told_row*> all;
+    for (const told_row& row : told_) all.push_back(&row);
+    for (const placed* p : objects_in_order()) all.push_back(&p->meant);
+    for (const told_row& row : told_roads_) all.push_back(&row);
+    return all;
+}
+
+// Terrain and polygons, then objects, then roads from the 32-bit pool.
 std::vector<uint8_t> tile_writer::all_commands() const {
     std::vector<uint8_t> all = commands_;
-    std::vector<placed> sorted = placed_;
-    std::stable_sort(sorted.begin(), sorted.end(), [](const placed& a, const placed& b) {
-        return std::pair(a.pool, a.object) < std::pair(b.pool, b.object);
-    });
     long pool = -1, object = -1;
-    for (const placed& p : sorted) {
-        if (pool != static_cast<long>(p.pool)) {
+    for (const placed* p : objects_in_order()) {
+        if (pool != static_cast<long>(p->pool)) {
             put_8(all, dsf_cmd_pool);
-            put_16(all, static_cast<unsigned>(p.pool));
+            put_16(all, static_cast<unsigned>(p->pool));
         }
-        if (object != static_cast<long>(p.object)) {
+        if (object != static_cast<long>(p->object)) {
             put_8(all, dsf_cmd_definition_16);
-            put_16(all, p.object);
+            put_16(all, p->object);
         }
-        pool = static_cast<long>(p.pool);
-        object = static_cast<long>(p.object);
+        pool = static_cast<long>(p->pool);
+        object = static_cast<long>(p->object);
         put_8(all, dsf_cmd_object);
-        put_16(all, static_cast<unsigned>(p.point));
+        put_16(all, static_cast<unsigned>(p->point));
     }
     if (roads_.empty()) return all;
     put_8(all, dsf_cmd_pool);
@@ -309,7 +365,7 @@ void tile_writer::write_file(FILE* file, bool* failed) const {
     expect(fwrite(&footer, 1, sizeof footer, file) == sizeof footer, failed);
 }
 
-bool tile_writer::write(const std::string& path, std::string* error) const {
+bool tile_writer::write(const std::string& path, std::string* error, tile_edges* edges) const {
     if (!fault_.empty()) {
         *error = fault_;
         return false;
@@ -323,7 +379,7 @@ bool tile_writer::write(const std::string& path, std::string* error) const {
         failed |= fclose(file) != 0;
     }
     if (failed) *error = "cannot write " + beside;
-    if (!failed) *error = check_tile(beside, *this);
+    if (!failed) *error = check_tile(beside, *this, edges);
     if (error->empty() && rename(beside.c_str(), path.c_str()) == 0) return true;
     if (error->empty()) *error = "cannot rename " + beside;
     unlink(beside.c_str());

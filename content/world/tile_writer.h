@@ -2,7 +2,9 @@
 // Role: gathers what a tile holds, encodes it so that edges decode exactly, and lets no file out that the
 // simulator's own decoder does not read back as it was meant. Places in degrees, elevations in metres.
 #pragma once
+#include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,9 +22,40 @@ struct road_point {
 
 constexpr double degree_metres_earth = 111319.6, degree_metres_mars = 59274.9;  // along a meridian
 
+// What the decoder must tell of the file, one row a call: the numbers as they were asked for, and how far the
+// file's steps may take each from there.
+enum class told : unsigned char {
+    patch,
+    primitive,
+    vertex,
+    polygon,
+    winding,
+    corner,
+    object,
+    road,
+    shape,
+    road_end
+};
+struct told_row {
+    told what;
+    size_t count;
+    std::array<double, 7> values, slack;
+};
+
 enum tile_patch_flags : unsigned char {
     tile_base = 1,     // drawn, and stood on
     tile_overlay = 2,  // drawn over the ground of others
+};
+
+// Ground at the four borders of a tile as the file holds it: by the place along the border, elevation and
+// normal.
+struct tile_edges {
+    struct point {
+        double ele, nx, nz;
+    };
+    using border = std::map<double, point>;
+    border west, east, south, north;
+    double slack = 0.0;  // of the elevations, m
 };
 
 class tile_writer {
@@ -50,14 +83,18 @@ public:
     void add_road(unsigned network, uint8_t subtype, const std::vector<road_point>& chain);
 
     // False, with the reason, when the disk fails or the tile does not hold what it must; then there is no
-    // file.
-    bool write(const std::string& path, std::string* error) const;
+    // file. edges takes what must meet the neighbours, when it is given.
+    bool write(const std::string& path, std::string* error, tile_edges* edges = nullptr) const;
 
     // Slopes and the lengths of sides need the planet's size; the Earth's until it is told.
     void set_degree_metres(double metres) { degree_metres_ = metres; }
     double degree_metres() const { return degree_metres_; }
     int lat() const { return lat_; }
     int lon() const { return lon_; }
+    double elevation_slack() const { return half_step(elevations_.scale); }
+
+    // Half a step of a 16-bit plane, and a little for the decoder's own rounding.
+    static double half_step(double scale) { return 0.51 * scale / 65535.0; }
 
 private:
     struct scale_pair {
@@ -72,6 +109,7 @@ private:
     struct placed {
         unsigned object;
         size_t pool, point;
+        told_row meant;
     };
 
     size_t pool_with_room(int depth, size_t points);
@@ -81,7 +119,13 @@ private:
     void primitive(int range_command, const std::vector<tile_point>& points);
     uint16_t store(size_t pool, const std::vector<double>& values);
     size_t object_pool(double lon, double lat);
+    std::vector<const placed*> objects_in_order() const;
     std::vector<uint8_t> all_commands() const;
+    std::vector<const told_row*> all_told() const;
+    using numbers = std::initializer_list<double>;
+    static told_row row_of(told what, numbers values, numbers slack);
+    void tell(told what, numbers values, numbers slack = {}) { told_.push_back(row_of(what, values, slack)); }
+    void tell_road(told what, const road_point& p, numbers values);
     void write_file(struct _IO_FILE* file, bool* failed) const;
 
     int lat_, lon_;
@@ -97,7 +141,7 @@ private:
     std::vector<uint8_t> road_commands_;
     long selected_pool_ = -1, selected_definition_ = -1;
     int patch_depth_ = 5;
-    size_t triangles_ = 0;  // to be found again
-    std::string fault_;     // of what was asked for
+    std::vector<told_row> told_, told_roads_;  // of commands_ and of road_commands_
+    std::string fault_;                        // of what was asked for
     friend class tile_check;
 };

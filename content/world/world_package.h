@@ -1,6 +1,8 @@
 // A scenery package in the making: its folder, and its files where the loader looks for them.
 #pragma once
+#include <map>
 #include <string>
+#include <utility>
 
 #include "ground_pictures.h"
 #include "tile_writer.h"
@@ -17,6 +19,7 @@ public:
     // woods.for of oaks, and country_road.net, whose road has the subtype of country_road.
     void add_woods();
     void add_road();
+    // Its borders must meet those of the neighbours that are there already.
     void add_tile(const tile_writer& tile, bool is_mars = false);
 
     // What add_ground makes: "grass.ter".
@@ -24,6 +27,7 @@ public:
 
 private:
     std::string folder_, textures_, objects_, object_textures_;
+    std::map<std::pair<int, int>, tile_edges> edges_;  // of the tiles so far, by latitude and longitude
 };
 
 constexpr unsigned char country_road = 20;

@@ -135,8 +135,8 @@ static void stall_warning_test() {
     f.stall_warning = f.v_ind_kts > 0.25f * veh[0].Vs_kts && f.alpha > veh[0].stall_warn_aoa;
 }
 
-// Sink rates that are too much for the height, ft and ft/min, and the gear left up. The frame's vy
-// stands for the sink rate.
+// Sink rates that are too much for the height, ft and ft/min, and the gear left up. As given: the lines, and
+// the frame's vy for the sink rate.
 static void ground_proximity_test() {
     if (!mnw.puff05 || !(veh[0].warn1_EQ || veh[0].warn2_EQ) || !stg.warn_bb) return;
     const flt_struct& f = flt[0];

@@ -66,7 +66,7 @@ void build_masses() {
 void load_factors() {
     flt_struct& f = flt[0];
     constexpr float max_load = 1000.0f;
-    const float weight = f.m_total * con.g;  // the constant gravity, not the local one
+    const float weight = f.m_total * con.g;  // As given: standard gravity, not the local one
     f.g_nrml = fltlim((f.fnrml_prop_acf + f.fnrml_aero_acf + f.fnrml_gear_acf) / weight, -max_load, max_load);
     f.g_axil = fltlim((f.faxil_prop_acf + f.faxil_aero_acf + f.faxil_gear_acf) / weight, -max_load, max_load);
     f.g_side = fltlim((f.fside_prop_acf + f.fside_aero_acf + f.fside_gear_acf) / weight, -max_load, max_load);
@@ -116,7 +116,7 @@ void add_weight_shift() {
     f.g_total = pythag(f.ax, f.ay + con.lcl_g, f.az) / con.g;
 }
 
-// Degrees per second squared.
+// Degrees per second squared. As given: Euler's cross terms of the inertias are left out; the user's stability aid.
 void angular_acceleration() {
     flt_struct& f = flt[0];
     constexpr float max_accel = 10000.0f;
@@ -142,7 +142,7 @@ void carried_flight_motion() {
     f.vz = flt[1].vz;
 }
 
-// Shakes one axis; the draws are taken one by one, in a fixed order.
+// Shakes one axis, deg/s2, at 10 to 40 rad/s; the draws are taken one by one, in a fixed order. As given.
 static float buffet(float* phase) {
     *phase += flt_rand(1.0f, 4.0f) * mnw.prd_FM;
     *phase = fltwrap(*phase, 0.0f, con.pim2);
@@ -162,7 +162,7 @@ void tow_turbulence() {
     f.Rdot += buffet(&state.btime3);
 }
 
-// Standing still on its gear the aircraft's yaw would jitter between the tyres' side forces.
+// Standing still on its gear the aircraft's yaw would jitter between the tyres' side forces. As given.
 void arrest_yaw_at_rest() {
     flt_struct& f = flt[0];
     if (!(f.V_msc < 5.0f && f.fnrml_gear_acf > 0.5f * f.m_total * con.g)) return;
@@ -186,6 +186,7 @@ void integrate_rates() {
     state.vz.step(f.vz, f.az * step);
 }
 
+// As given: a crash takes 5 parts a second of all motion, a chute a tenth of the rates.
 void damp_crash_and_chute() {
     flt_struct& f = flt[0];
     if (mnw.totl_time < msc.crash_damp_timeout) {

@@ -61,7 +61,7 @@ struct rho_point {
     float r;  // kg/m3
 };
 
-// Feet and slugs per cubic foot.
+// Feet and slugs per cubic foot: the U.S. standard atmosphere, rounded; as given above 200,000 ft.
 static constexpr rho_point earth_rho_ft_slug[] = {
     {0, 0.0023769f},      {10000, 0.001756f},   {20000, 0.001267f},   {30000, 0.0008907f},
     {40000, 0.0005873f},  {50000, 0.0003639f},  {60000, 0.0002256f},  {70000, 0.0001399f},
@@ -74,6 +74,7 @@ static constexpr rho_point earth_rho_ft_slug[] = {
 };
 static_assert(std::size(earth_rho_ft_slug) == 31);
 
+// As given: a mean atmosphere of Mars.
 static constexpr rho_point mars_rho[] = {
     {-25000, 0.074f},    {0, 0.01505f},      {5000, 0.009861f},   {10000, 0.006319f},  {15000, 0.004034f},
     {20000, 0.002588f},  {25000, 0.001603f}, {30000, 0.0009217f}, {35000, 0.0005215f}, {40000, 0.0002699f},
@@ -117,6 +118,7 @@ struct temp_point {
     float t;  // Celsius
 };
 
+// Earth's is the standard atmosphere's, Mars' as given.
 static constexpr temp_point earth_temp[] = {
     {0, 15}, {11019, -56.5f}, {25100, -56.5f}, {47350, -2.5f}, {53445, -2.5f}, {80772, -92.5f},
 };

@@ -26,7 +26,7 @@ static void assign_towards(float& value, float target, float newpart, float max)
 void assign_wind_tbl(float newpart) {
     const float p = powf(atm.wind_tbl, 1.5f);
     for (int c = 0; c < 3; ++c) {
-        // all layers turn about layer 0, and the direction is limited, not wrapped
+        // As given: all layers turn about layer 0, and the direction is limited, not wrapped
         assign_towards(atm.set_wind_dir_mag[c], atm.set_wind_dir_mag[0] + p * flt_rand(-1.0f, 1.0f) * 90.0f,
                        newpart, 360.0f);
         assign_towards(atm.set_shear_dir[c], p * flt_rand(0.0f, 1.0f) * 150.0f, newpart, 180.0f);
@@ -51,6 +51,7 @@ static float trend_delta() {
     return delta;
 }
 
+// As given: shares a second of each setting.
 static void weather_trend() {
     if (!(flt_abs(atm.rate_change) > 0.01f)) return;
     const float delta = trend_delta();
@@ -141,6 +142,8 @@ void weather_step() {
 
 // -- local air and sea
 
+// Perfect gas: p = rho R T, a = sqrt(1.4 R T), total temperature (1 + .2 M2) T. As given: R is 287 on both
+// planets.
 static void local_air() {
     const double radius = con.planet_rad + flt[0].dob_y;
     const float ele = static_cast<float>(flt[0].dob_ele);
@@ -155,6 +158,7 @@ static void local_air() {
     con.lcl_T_cel_total = (1.0f + 0.2f * sqr(flt[0].AV_msc / con.lcl_a)) * T_kel - 273.15f;
 }
 
+// Deep-water waves, 1.34 knots times the root of the length in feet.
 static void sea() {
     atm.wave_length = atm.wave_height * atm.wave_length_to_height;
     atm.wave_speed = sqrtf(atm.wave_length * con.mtrstoft) * con.ktstomsc * 1.34f;

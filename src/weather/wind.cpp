@@ -2,6 +2,7 @@
 #include "weather/wind.h"
 
 #include "core/craft/veh.h"
+#include "core/math/geo3.h"
 #include "core/math/random.h"
 #include "core/program/alert.h"
 #include "core/program/clocks.h"
@@ -15,10 +16,6 @@
 
 wind_class wind;
 
-struct vec_struct {
-    float x, y, z;
-};
-
 // What the frames hand on to each other.
 struct wind_state_struct {
     // gust: targets are redrawn once a second
@@ -29,12 +26,12 @@ struct wind_state_struct {
     int burst_on_top;  // 1: the aircraft is under the core and is pressed down too
     float burst_strt_time, burst_stop_time;  // totl_time, s
     float burst_speed, burst_vertv;          // m/s
-    vec_struct base_msc;                     // smoothed wind without thermals, m/s
+    d3_struct base_msc;                      // smoothed wind without thermals, m/s
     // offsets of the turbulence field, m
-    vec_struct wind_os;           // integrated wind
-    vec_struct term_os, crnt_os;  // wander: target and present
-    double_float phase;           // in double: a float phase would stand still after some hours
-    float slope_vy;               // smoothed ridge lift, m/s
+    d3_struct wind_os;           // integrated wind
+    d3_struct term_os, crnt_os;  // wander: target and present
+    double_float phase;          // in double: a float phase would stand still after some hours
+    float slope_vy;              // smoothed ridge lift, m/s
 };
 static wind_state_struct state;
 
@@ -96,6 +93,7 @@ static void drift_clouds() {
     clou.blow_region_z(way * cos_deg(dir_mag - env.mag_var));
 }
 
+// As given: drawn anew each second, followed in half a second.
 static void gust() {
     if (mnw.puff1) {
         state.shr_term_spd_msc = flt_rand(-1.0f, 1.0f) * wind.base_shrspd_kts * con.ktstomsc;
@@ -107,7 +105,7 @@ static void gust() {
 }
 
 // Layer wind and gust. A direction names where the wind comes from: 270 moves the air to +x, 0 to +z.
-static vec_struct layer_wind() {
+static d3_struct layer_wind() {
     const float spd_msc = wind.base_wndspd_kts * con.ktstomsc + state.shr_crnt_spd_msc;
     const int dir_true =
         intwrap(intcut(wind.base_wnddir_mag - env.mag_var + state.shr_crnt_dir_true), 0, 359);
@@ -116,6 +114,7 @@ static vec_struct layer_wind() {
 
 // -- microburst
 
+// As given: 10 to 20 s, 30 to 90 knots, 2,000 to 8,000 ft/min.
 static void start_burst() {
     state.burst_type = int_rand(1, 4);
     state.burst_on_top = int_rand(0, 1);
@@ -134,7 +133,7 @@ static bool burst_begins() {
 }
 
 // A push from one of the four world directions that rises and dies as a half sine.
-static vec_struct burst_wind() {
+static d3_struct burst_wind() {
     if (state.burst_type == 0) {
         if (burst_begins()) start_burst();
         return {};  // the first frame of a burst adds nothing yet
@@ -193,6 +192,7 @@ static float cloud_turbulence() {
     return level_rat_acf;
 }
 
+// 0 to 1. As given.
 static float turbulence_strength() {
     const float top = fltmax2(atm.set_wind_alt_mtrs[2], 6000.0f) + 2000.0f;  // of the weather, m
     // halved at the ground, full from 20 m; fades below the top to a tenth
@@ -203,7 +203,7 @@ static float turbulence_strength() {
 
 // -- rising air
 
-// Cells of 200 m, fixed to the ground; on and off at once at a cell's edge.
+// m/s. As given: cells of 200 m, fixed to the ground; on and off at once at a cell's edge.
 static float thermal() {
     const float therm_prt_rand =
         interp_noise(static_cast<float>(flt[0].dob_x * 0.005), static_cast<float>(flt[0].dob_z * 0.005), 0) *
@@ -218,7 +218,7 @@ static float thermal() {
     return therm_vy;
 }
 
-// The wind's component into the slope below, gone at 1000 m above ground.
+// m/s: the wind's component into the slope below; as given gone at 1000 m above ground.
 static float ridge_lift() {
     const float new_slope_vy =
         (-state.base_msc.x * env.terrain_nrm[0] - env.terrain_nrm[2] * state.base_msc.z) *
@@ -233,8 +233,8 @@ void wind_class::per_cycle() {
     ret_wind_stats(static_cast<float>(flt[0].dob_ele), &base_wndspd_kts, &base_wnddir_mag, &base_shrspd_kts,
                    &base_shrdir_deg, &base_trblnc_lev);
     gust();
-    const vec_struct target = layer_wind();
-    const vec_struct burst = burst_wind();
+    const d3_struct target = layer_wind();
+    const d3_struct burst = burst_wind();
 
     const float rat = 2.0f * mnw.prd_FM;
     state.base_msc.x = closer_assymp(state.base_msc.x, target.x + burst.x, rat);

@@ -34,6 +34,13 @@ struct image {
         memcpy(&bits, &value, sizeof bits);
         word(at, bits);
     }
+    void surface(size_t en, float Croot, float Ctip, float sweep) {
+        word(wing + en * 1740 + 172, 2);
+        real(wing + en * 1740 + 176, Croot);
+        real(wing + en * 1740 + 180, Ctip);
+        real(wing + en * 1740 + 184, 5);
+        real(wing + en * 1740 + 220, sweep);
+    }
     void text(size_t at, const std::string& value) { bytes.replace(at, value.size(), value); }
 
     static constexpr size_t engn = 157149, wing = 158429, part = 255869, gear = 1396249, watt = 1397329,
@@ -69,6 +76,7 @@ TEST_F(acf_file_test, either_byte_order_gives_the_same_numbers_and_texts) {
         file.word(image::wing + 9 * 1740 + 172, 6);                   // els
         file.real(image::part + 94 * 12004 + 8764 + 4 * 719, 0.25f);  // st[19][17][1]
         file.word(image::gear + 9 * 108, 2);
+        file.real(image::gear + 9 * 108 + 36, 0.5f);  // tire_radius
         file.text(image::watt + 23 * 72, "rack.wpn");
         file.real(image::watt + 23 * 72 + 68, 12.0f);
         file.real(image::door + 19 * 452 + 448, 0.5f);
@@ -182,6 +190,25 @@ TEST_F(acf_file_test, fields_out_of_range_are_refused_and_named) {
         {[](image& f) { f.real(5 + 136336, 2.0f); }, "m_empty"},
         {[](image& f) { f.real(5 + 136340, -1.0f); }, "m_fuel_tot"},
         {[](image& f) { f.word(5 + 136448, 1); }, "Jxx_unitmass"},
+        // once flown, into divisions by zero
+        {[](image& f) { f.surface(18, 0.0f, 1.0f, 0.0f); }, "wing[18].Croot is 0, allowed is above 0"},
+        {[](image& f) { f.surface(20, 1.0f, -1.0f, 0.0f); }, "wing[20].Ctip is -1, allowed is above 0"},
+        {[](image& f) { f.surface(9, 1.0f, 1.0f, 95.0f); }, "wing[9].sweep1 is 95, allowed is -85 to 85"},
+        {[](image& f) {
+             f.word(5 + 10060, 1);  // a piston engine
+             f.word(5 + 10064, 1);
+             f.surface(0, 1.0f, 1.0f, 0.0f);
+         },
+         "engn[0].num_blades is 0, allowed is 1 and more"},
+        {[](image& f) { f.word(image::gear + 2 * 108, 2); }, "gear[2].tire_radius is 0, allowed is above 0"},
+        {[](image& f) { f.real(5 + 2128, -1.5f); }, "Gneg is -1.5"},
+        {[](image& f) {
+             f.word(5 + 10060, 1);
+             f.word(5 + 10064, 1);
+             f.word(image::engn, 5);
+             f.real(5 + 10080, 3.0f);
+         },
+         "idle_rat is 3, allowed is 0 to 2"},
     };
     for (const breach& b : breaches) {
         image file;

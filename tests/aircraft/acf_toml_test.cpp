@@ -91,7 +91,7 @@ TEST_F(acf_toml_test, every_field_of_the_block_has_a_section) {
     for (int r = 0; r < block.count; ++r) {
         const std::string name = block.rows[r].name;
         const bool of_instruments = name.rfind("ins_", 0) == 0;
-        EXPECT_EQ(acf_section_of(block.rows[r]) != nullptr,
+        EXPECT_EQ(acf_section_of(block.rows[r].name) != nullptr,
                   acf_is_designers(block.rows[r]) && !of_instruments)
             << name;
     }
@@ -241,6 +241,22 @@ washee = "hstab_right"
     EXPECT_FALSE(error.empty());
 }
 
+TEST_F(acf_toml_test, what_a_load_would_cut_off_or_refuse_is_told_with_its_line) {
+    std::string error;
+    const auto lines = [&](const std::string& text) {
+        acf_design_from_toml(folder.write("t.toml", text), 0, &error);
+        return error.substr(error.find("t.toml:"));
+    };
+    EXPECT_EQ(lines("[identity]\ntailnum = \"N123456\"\n"), "t.toml:2: tailnum has room for 6 bytes\n");
+    EXPECT_EQ(lines("[body.fuselage]\nstations = [{ z = 3 },\n{ z = 1 }]\n"),
+              "t.toml:3: stations run from nose to tail: this z lies ahead of the one before\n");
+    EXPECT_EQ(lines("[speeds]\nGneg = -2\n").substr(0, 22), "t.toml:2: Gneg is -2, ");
+    EXPECT_EQ(lines("[[gear]]\ngear_type = 1\n[[gear]]\ngear_type = 2\n"),
+              "t.toml:3: gear[1].tire_radius is 0, allowed is above 0\n");
+    EXPECT_EQ(lines("[weights]\nm_empty = 9\n[surface.9]\nsemilen_SEG = 4\nels = 11\n"),
+              "t.toml:5: wing[9].els is 11, allowed are 1 to 10\n");
+}
+
 // -- the programs
 class acf_programs_test : public acf_toml_test {
 protected:
@@ -255,11 +271,11 @@ protected:
 TEST_F(acf_programs_test, make_and_dump_are_inverse_byte_for_byte) {
     const std::string f = folder.path();
     folder.write("in.toml", sample_acf_toml);
-    ASSERT_EQ(run("acf_make --quiet " + f + "in.toml " + f + "a.acf"), 0) << output;
+    ASSERT_EQ(run("acf_make --quiet --install " + f + " " + f + "in.toml " + f + "a.acf"), 0) << output;
     EXPECT_EQ(output, "");
     ASSERT_EQ(run("acf_dump " + f + "a.acf " + f + "canonical.toml"), 0) << output;
     folder.write("sub/x", "");
-    ASSERT_EQ(run("acf_make --quiet " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
+    ASSERT_EQ(run("acf_make --quiet --install " + f + " " + f + "canonical.toml " + f + "sub/b.acf"), 0) << output;
     ASSERT_EQ(run("acf_dump " + f + "sub/b.acf"), 0);
     EXPECT_EQ(output, test::read_file(f + "canonical.toml"));
     EXPECT_TRUE(test::read_file(f + "a.acf") == test::read_file(f + "sub/b.acf"));
@@ -272,9 +288,9 @@ TEST_F(acf_programs_test, faults_are_told_and_leave_no_file) {
     EXPECT_EQ(output, f + "in.toml:2: unknown key \"Vne\"; did you mean \"Vne_kts\"?\n");
     folder.write("in.toml", "[speeds]\nVne_kts = 3\n[surface.wing1_right]\nsemilen_SEG = 4\nvarinc = 1\n");
     EXPECT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 1);
-    EXPECT_EQ(output, f + "in.toml: wing[9].els is 0, allowed are 1 to 10\n");
+    EXPECT_EQ(output, f + "in.toml:3: wing[9].els is 0, allowed are 1 to 10\n");
     folder.write("in.toml",
-                 "[speeds]\nVne_kts = 3\n[surface.wing1_right]\nels = 4\nsemilen_SEG = 4\nvarinc = 1\n");
+                 "[speeds]\nVne_kts = 3\n[surface.wing1_right]\nels = 4\nsemilen_SEG = 4\nCroot = 1\nCtip = 1\nvarinc = 1\n");
     EXPECT_EQ(run("acf_make " + f + "in.toml " + f + "a.acf"), 1);
     EXPECT_NE(output.find("inc2 is half the wanted travel"), std::string::npos);
     EXPECT_NE(output.find("This plane has no tail number!"), std::string::npos);

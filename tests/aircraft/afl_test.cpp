@@ -249,8 +249,12 @@ TEST_F(afl, part_takes_its_own_folder_first) {
         EXPECT_EQ(veh[2].afl[9].cm[1][1][4], -1.0f);
         EXPECT_EQ(veh[2].afl[9].Bpower, 3.0f);
     }
-    ASSERT_TRUE(load_foil_for_part("one.afl", 2, 9, 0, 0));
-    EXPECT_EQ(veh[2].afl[9].re_num[0][0], 3.0f);  // what stands beside the aircraft now is no foil
+    // what stands beside the aircraft now is no foil: the program's of that name must not fly in its place
+    EXPECT_FALSE(load_foil_for_part("one.afl", 2, 9, 0, 0));
+    const alert_lines& told = test::alerts.back().text;
+    EXPECT_NE(told.line[1].find("fleet"), std::string::npos) << told.line[1];
+    EXPECT_NE(told.line[2].find("common"), std::string::npos) << told.line[2];
+    EXPECT_NE(told.line[3].find("wing1_right"), std::string::npos) << "no texts are loaded: " << told.line[3];
 }
 
 TEST_F(afl, faulty_foil_ends_the_users_flight_and_only_warns_of_a_strangers) {

@@ -75,4 +75,27 @@ TEST_F(traffic, an_empty_slot_does_not_end_the_frame) {
     for (int p = 1; p < 3; ++p) EXPECT_EQ(veh[p].name[0], 0) << p;
     EXPECT_EQ(test::alerts.size(), 2u);  // one a file
 }
+
+// A tilt rotor left in the hover gave the next aircraft a disc without area and a propeller without mass.
+TEST_F(traffic, a_disc_that_hides_is_derived_after_an_aircraft_whose_vector_hid_it) {
+    constexpr int slot = 4;
+    test::fly_aircraft("Wren 160");
+    const std::string trainer = veh[0].path;
+    const float area = veh[0].wing[0].el_s[5], inertia = veh[0].engn[0].mi_prop_rpm;
+    ASSERT_GT(area, 0.0f);
+    init_paths(folder.path());
+    const std::string hiding = folder.write("Aircraft/General Aviation/Hides/h.acf", "");
+    snprintf(veh[9].path, sizeof veh[9].path, "%s", trainer.c_str());
+    ASSERT_TRUE(acf_read_record(9));
+    veh[9].hide_prop_at_90_vect = 1;
+    snprintf(veh[9].path, sizeof veh[9].path, "%s", hiding.c_str());
+    ASSERT_TRUE(IO_acf(1, 9, 0));
+    snprintf(veh[slot].path, sizeof veh[slot].path, "%s", hiding.c_str());
+    flt[slot].engn[0].vert_disc_vector = 90.0f;
+    flt[slot].dob_y = 1234.0;
+    ASSERT_TRUE(load_plane(slot));
+    EXPECT_EQ(veh[slot].wing[0].el_s[5], area);
+    EXPECT_EQ(veh[slot].engn[0].mi_prop_rpm, inertia);
+    EXPECT_EQ(flt[slot].dob_y, 1234.0) << "a peer's aircraft goes on where it was";
+}
 }  // namespace

@@ -20,6 +20,7 @@
 #include "stood_on.h"
 #include "weather/atmosphere.h"
 #include "world_make.h"
+#include "world_package.h"
 
 namespace {
 constexpr double metres = 111319.6;  // a degree of latitude
@@ -252,8 +253,7 @@ TEST_F(world_test, the_pair_meets_without_a_hole) {
 
     std::set<std::array<float, 3>> points[2];
     for (const int side : {0, 1})
-        for (const d3_struct& v : test::stood_on(load(34, -118 + side)))
-            points[side].insert({v.v[0], v.v[1], v.v[2]});
+        for (const d3_struct& v : test::stood_on(load(34, -118 + side))) points[side].insert({v.x, v.y, v.z});
     size_t common = 0;
     for (const auto& p : points[0]) common += points[1].count(p);
     EXPECT_EQ(common, 86u);
@@ -351,7 +351,7 @@ TEST_F(scene_test, loads_without_a_word_and_all_objects_stand_on_the_ground) {
         EXPECT_FALSE(terrain_is_wet(object->xyz[0], object->xyz[2], 26));
         double y = NAN;  // of the triangle around it, by areas
         for (size_t n = 0; n + 2 < ground.size() && std::isnan(y); n += 3) {
-            const float *a = ground[n].v, *b = ground[n + 1].v, *c = ground[n + 2].v;
+            const float *a = ground[n].xyz(), *b = ground[n + 1].xyz(), *c = ground[n + 2].xyz();
             if (fabs(a[0] - x) > 2500.0 || fabs(a[2] - z) > 2500.0) continue;
             const auto area = [](double x1, double z1, double x2, double z2) { return x1 * z2 - x2 * z1; };
             const double all = area(b[0] - a[0], b[2] - a[2], c[0] - a[0], c[2] - a[2]);
@@ -482,6 +482,39 @@ TEST_F(world_test, no_definition_holds_what_cannot_be_drawn) {
         }
     }
     EXPECT_GE(definitions, 12);
+}
+
+// One triangle on each border, its heights over the range of the file.
+tile_writer hut_at(int lon, double height, double nx = 0.0) {
+    tile_writer tile(34, lon, 0.0, 1000.0);
+    const unsigned grass = tile.terrain("grass.ter");
+    for (const double side : {0.0, 1.0}) {
+        tile.begin_patch(grass, tile_base);
+        const double in = lon + (side == 0.0 ? 0.1 : 0.9), border = lon + side;
+        const tile_point south{border, 34.4, height, nx, 0}, north{border, 34.5, height, nx, 0},
+            middle{in, 34.45, 50};
+        tile.triangles(side == 0.0 ? std::vector<tile_point>{south, north, middle}
+                                   : std::vector<tile_point>{north, south, middle});
+    }
+    return tile;
+}
+
+TEST_F(world_test, a_file_that_is_not_what_was_asked_for_and_borders_that_do_not_meet_are_refused) {
+    world_package made(package);
+    const auto refusal = [&](const tile_writer& tile) -> std::string {
+        try {
+            made.add_tile(tile);
+        } catch (const std::runtime_error& e) {
+            return std::string(e.what()).substr(std::string(e.what()).rfind(": ") + 2);
+        }
+        return "";
+    };
+    EXPECT_EQ(refusal(hut_at(-118, 1500)), "value 2 of row 2 is 1024 in the file instead of 1500");
+    EXPECT_EQ(refusal(hut_at(-118, 100, 1.25)), "value 3 of row 2 is 1 in the file instead of 1.25");
+    EXPECT_EQ(refusal(hut_at(-118, 100)), "");
+    EXPECT_EQ(refusal(hut_at(-117, 100.1)), "the border has a step");
+    EXPECT_EQ(refusal(hut_at(-119, 100, 0.01)), "the border has a crease");
+    EXPECT_EQ(refusal(hut_at(-119, 100)), "");
 }
 
 TEST_F(world_test, the_program_tells_what_it_makes_and_what_went_wrong) {

@@ -131,4 +131,21 @@ TEST_F(variant, gyrocopter_carries_itself_on_a_rotor_that_the_air_turns) {
     EXPECT_GT(f.Vh_fpm, -2000.0f);
 }
 
+// Ended in "nan!": an engine without inertia hung on its clutch, a gear of zero drove a disc without end.
+TEST_F(variant, of_zero_inertia_and_gear_takes_the_least_that_works) {
+    for (const char* name : {"Plover 420", "Wren 160"}) {
+        design(name, [](veh_struct& a) {
+            a.inertia_rat_prop = 0.0f;
+            for (veh_engn_struct& engn : a.engn) engn.prop_gear_rat = a.collective_EQ ? engn.prop_gear_rat : 0.0f;
+        });
+        EXPECT_NE(test::alerts.back().text.line[1].find("inertia_rat_prop"), std::string::npos);
+        place(v.collective_EQ ? 0.0f : 50.0f, 2.0f);
+        lab_set_power(0.6f);
+        lab_hold(20.0f, 1.0f / 40.0f);
+        EXPECT_NEAR(e.tacrad_ENGN, v.RSC_redline_ENGN, 0.35f * v.RSC_redline_ENGN) << name;
+        EXPECT_NEAR(e.tacrad_PROP * (v.collective_EQ ? v.engn[0].prop_gear_rat : 1.0f), e.tacrad_ENGN,
+                    0.05f * e.tacrad_ENGN)
+            << name;
+    }
+}
 }  // namespace

@@ -101,7 +101,7 @@ TEST_F(tile_test, the_edges_of_triangles_leave_no_gap) {
     using edge = std::array<float, 4>;
     const auto edge_at = [&](size_t i) {
         const d3_struct &a = corners[i], &b = corners[i % 3 == 2 ? i - 2 : i + 1];
-        return edge{a.v[0], a.v[2], b.v[0], b.v[2]};
+        return edge{a.x, a.z, b.x, b.z};
     };
     std::set<edge> all;
     for (size_t i = 0; i < corners.size(); ++i) all.insert(edge_at(i));
@@ -135,7 +135,7 @@ TEST_F(tile_test, neighbours_share_their_edge_exactly) {
             ASSERT_EQ(read_new_env(33 + row, row, -119 + column, column), 1);
     const auto places = [](const xdeg_struct& tile) {
         std::set<std::array<float, 3>> all;
-        for (const d3_struct& v : test::stood_on(tile)) all.insert({v.v[0], v.v[1], v.v[2]});
+        for (const d3_struct& v : test::stood_on(tile)) all.insert({v.x, v.y, v.z});
         return all;
     };
     const auto common = [&](const xdeg_struct& a, const xdeg_struct& b) {
@@ -154,10 +154,9 @@ TEST_F(tile_test, neighbours_share_their_edge_exactly) {
 TEST_F(tile_test, a_seam_of_many_vertices_takes_the_nearest_in_no_time) {
     constexpr int count = 60000;
     std::vector<d3_struct> kept;
-    const d3_struct up = {{0, 1, 0}};
+    const d3_struct up = {0, 1, 0};
     const auto place = [](int i) {  // all over the height of a steep seam, some twice
-        return d3_struct{
-            {46000.0f + static_cast<float>(i % 97), static_cast<float>(i), static_cast<float>(i % 30011)}};
+        return d3_struct{46000.0f + static_cast<float>(i % 97), static_cast<float>(i), static_cast<float>(i % 30011)};
     };
     for (int i = 0; i < count; ++i) {
         d3_struct at = place(i), nrm = up;
@@ -166,17 +165,17 @@ TEST_F(tile_test, a_seam_of_many_vertices_takes_the_nearest_in_no_time) {
     }
     const double start = clock() / static_cast<double>(CLOCKS_PER_SEC);
     for (int i = 0; i < count; ++i) {
-        d3_struct at = {{46000.3f - static_cast<float>(i % 2 * 92000), 0, static_cast<float>(i) * 0.7f}}, nrm;
+        d3_struct at = {46000.3f - static_cast<float>(i % 2 * 92000), 0, static_cast<float>(i) * 0.7f}, nrm;
         const d3_struct asked = at;
         handle_edge(2, 1, &at, &nrm, edge_take_left);
         if (i % 1999 != 0) continue;
         size_t best = 0;
         const auto distance = [&](size_t n) {
-            return pythag(kept[n].v[0] - asked.v[0], kept[n].v[2] - asked.v[2]);
+            return pythag(kept[n].x - asked.x, kept[n].z - asked.z);
         };
         for (size_t n = 1; n < kept.size(); ++n)
             if (distance(n) < distance(best)) best = n;
-        EXPECT_EQ(at.v[1], kept[best].v[1]) << i;
+        EXPECT_EQ(at.y, kept[best].y) << i;
     }
     EXPECT_LT(clock() / static_cast<double>(CLOCKS_PER_SEC) - start, 5.0) << "a search of all takes a minute";
 }
@@ -293,16 +292,16 @@ TEST_F(tile_test, layers_follow_their_definitions_and_patches_their_flags) {
 
 TEST_F(tile_test, triangles_without_area_on_the_map_are_drawn_but_not_stood_on) {
     ytest_pol_struct strip;
-    strip.geo = {{{0, 0, 0}}, {{0, 0, -10}}, {{10, 0, 0}}, {{10, 0, -10}}};
+    strip.geo = {{0, 0, 0}, {0, 0, -10}, {10, 0, 0}, {10, 0, -10}};
     const std::vector<d3_struct> v = strip.geo;
     decompose_polygon_to_triangles(strip, pol_strip);
     ASSERT_EQ(strip.geo.size(), 6u);
     const int expected[] = {0, 1, 2, 1, 3, 2};
     for (size_t i = 0; i < 6; ++i)
-        EXPECT_EQ(0, memcmp(strip.geo[i].v, v[static_cast<size_t>(expected[i])].v, sizeof strip.geo[i].v))
+        EXPECT_EQ(0, memcmp(&strip.geo[i], &v[static_cast<size_t>(expected[i])], sizeof strip.geo[i]))
             << i;
     ytest_pol_struct cliff;
-    cliff.geo = {{{0, 0, 0}}, {{0, 0, -100}}, {{90, 0, -100}}, {{90, 100, -99.5f}}};
+    cliff.geo = {{0, 0, 0}, {0, 0, -100}, {90, 0, -100}, {90, 100, -99.5f}};
     decompose_polygon_to_triangles(cliff, pol_fan);
     EXPECT_EQ(cliff.geo.size(), 3u) << "half a metre wide, a hundred high";
     ytest_pol_struct other;
@@ -338,7 +337,7 @@ TEST_F(tile_test, places_that_no_globe_has_make_a_file_bad) {
     DSF_BeginPrimitive(0, &state);
     DSF_AddPatchVertex(c, &state);
     EXPECT_FALSE(state.has_bad_geometry);
-    EXPECT_EQ(state.scene_cur_poly->nrm[0].v[1], 0.0f);
+    EXPECT_EQ(state.scene_cur_poly->nrm[0].y, 0.0f);
     clear_degree(&degree);
 }
 
@@ -355,7 +354,7 @@ TEST_F(tile_test, a_vertex_does_not_stand_off_by_the_steps_of_a_float_degree) {
         DSF_AddPatchVertex(c, &state);
         xdob_xyz_with_latlonel(&at[0], &at[1], &at[2], c[1], c[0], c[2]);
         for (int axis : {0, 2})
-            EXPECT_NEAR(state.scene_cur_poly->geo.back().v[axis], at[axis], 0.005) << "it was 0.35 m";
+            EXPECT_NEAR(state.scene_cur_poly->geo.back().at(axis), at[axis], 0.005) << "it was 0.35 m";
     }
     clear_degree(&xdeg[1][1]);
 }
@@ -392,6 +391,6 @@ TEST_F(tile_test, a_stray_or_empty_patch_takes_nothing_from_the_others) {
     EXPECT_EQ(degree.ytest_buckets.Total(), 2);
     EXPECT_TRUE(test::alerts.empty()) << "no sphere of an empty patch lies in bucket 0";
     const d3_struct at = test::stood_on(degree)[0];
-    EXPECT_TRUE(find_terrain_poly(at.v[0], at.v[2], 26));
+    EXPECT_TRUE(find_terrain_poly(at.x, at.z, 26));
 }
 }  // namespace

@@ -130,6 +130,7 @@ cd = 0.1
 
 [[gear]]
 gear_type = "two_abreast"
+tire_radius = 0.8
 steers = true
 leg_len = 4
 stat_def = 0.5
@@ -137,6 +138,7 @@ gear_z = 6
 
 [[gear]]
 gear_type = "one"
+tire_radius = 1.2
 leg_len = 5
 latE = 10
 gear_x = 6

@@ -48,19 +48,38 @@ TEST_F(acf_make, what_only_a_whole_load_shows_is_a_fault_also_of_a_quiet_run) {
     EXPECT_FALSE(fs::exists(out));
 }
 
+TEST_F(acf_make, a_typo_keeps_the_last_good_file_and_is_told_of_the_users_own) {
+    ASSERT_EQ(make("--quiet"), 0) << output;
+    const std::string good = test::read_file(out);
+    EXPECT_EQ(make("--quiet", "\"NACA 0009 (symmetrical).afl\"", "\"no such.afl\""), 1);
+    EXPECT_NE(output.find(folder.path() + "Aircraft/Lark/airfoils:no such.afl"), std::string::npos) << output;
+    EXPECT_NE(output.find("lark.acf hstab_left"), std::string::npos) << output;
+    EXPECT_EQ(output.find("making"), std::string::npos) << output;
+    EXPECT_EQ(make("", "Vne_kts = ", "Vne_kts = 0 #"), 1);
+    EXPECT_NE(output.find("plane in question is: " + out), std::string::npos) << output;
+    EXPECT_TRUE(good == test::read_file(out));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path() + "Aircraft/Lark"), {}), 1);
+}
+
 TEST_F(acf_make, without_airfoils_the_file_is_made_and_the_rest_left_out) {
     out = folder.path() + "lark.acf";
-    EXPECT_EQ(make(""), 0);
+    EXPECT_EQ(make("--install " + folder.path() + "Aircraft"), 0);
     EXPECT_NE(output.find("left out"), std::string::npos) << output;
     EXPECT_TRUE(fs::exists(out));
-    EXPECT_EQ(make("--install " + folder.path()), 0);
+    EXPECT_EQ(make(""), 0);  // those beside the tools
     EXPECT_GT(number_behind("wing area"), 9.0f) << output;
 }
 
 TEST_F(acf_make, the_example_of_the_guide_comes_out_as_printed_there) {
     const std::string guide = test::read_file(SOURCE_FOLDER "docs/aircraft-files.md");
-    const size_t first = guide.find("```toml\n") + 8;
-    source = guide.substr(first, guide.find("```", first) - first);
+    const auto text_from = [&](size_t at) {
+        const size_t first = guide.find("```toml\n", at) + 8;
+        return guide.substr(first, guide.find("```", first) - first);
+    };
+    const size_t engine = guide.find("## A piston engine");
+    source = text_from(0) + text_from(engine);
+    ASSERT_EQ(make("", "m_empty = 420\nm_max = 660", "m_empty = 540\nm_fuel_tot = 60\nm_max = 860"), 0) << output;
+    source = text_from(0);
     ASSERT_EQ(make(""), 0) << output;
     for (const char* line : {"wing area", "mean chord", "neutral point", "static margin", "stall speed"}) {
         const size_t at = output.find(line);

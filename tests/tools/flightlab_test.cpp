@@ -125,8 +125,42 @@ TEST(flightlab, puts_engines_on_a_stand_and_finds_steady_flights) {
     EXPECT_GT(states[0][6], states[1][6] + 2.0) << "slower needs more angle of attack";
     for (const auto& row : states)
         EXPECT_NEAR(row[4] - row[6], asin(300.0 / 196.85 / (row[0] * 0.5144)) * 57.3, 0.2);
-    EXPECT_EQ(lab("trim --speed 300 " + trainer).status, 1) << "not to be held";
+    const result fast = lab("trim --speed 300 " + trainer);
+    EXPECT_EQ(fast.status, 1) << "not to be held";
+    EXPECT_NE(fast.output.find("not steady: power lever at its stop"), std::string::npos) << fast.output;
     EXPECT_EQ(lab("bench " + sailplane).status, 1);
+}
+
+TEST(flightlab, a_long_run_goes_on_from_the_nearest_steady_state_and_a_flight_ends_on_the_ground) {
+    const result nearest = lab("fly --seconds 5 --restart --speed 150 " + trainer);
+    EXPECT_EQ(nearest.status, 0) << nearest.output;
+    EXPECT_NE(nearest.output.find("in its place"), std::string::npos) << nearest.output;
+    const result down = lab("fly --seconds 100000 --altitude 3000 " + sailplane);
+    EXPECT_EQ(down.status, 0);
+    EXPECT_NE(down.output.find("on the ground"), std::string::npos) << down.output;
+    EXPECT_LT(value_after(down.output, "", "flown"), 2000.0);
+}
+
+TEST(flightlab, the_report_knows_load_stall_and_rest_on_the_gear) {
+    const result light = lab("report " + trainer), heavy = lab("report --mass 2400 --cg 0.1 " + trainer);
+    ASSERT_EQ(heavy.status, 0) << heavy.output;
+    const auto number = [](const result& r, const char* heading, const char* name) {
+        return value_after(r.output, heading, name);
+    };
+    EXPECT_NEAR(number(heavy, "Mass", "mass "), 2400.0 * 0.453592, 1.0);
+    // the stall grows with the root of the mass, the margin shrinks by the shift over the mean chord
+    EXPECT_NEAR(number(heavy, "Stall", "equivalent airspeed") / number(light, "Stall", "equivalent airspeed"),
+                sqrt(2400.0 / 1950.0), 1e-3);
+    EXPECT_NEAR(number(light, "Balance", "margin, measured") - number(heavy, "Balance", "margin, measured"),
+                100.0 * 0.1 * 0.3048 / number(light, "Dimensions", "mean chord"), 0.4);
+    EXPECT_NEAR(number(heavy, "Stall", "at the largest mass"), 53.0 * 0.514444, 1.0);
+    EXPECT_EQ(heavy.output.find("WARNING"), std::string::npos);
+    EXPECT_NEAR(number(heavy, "At rest", "h_eqlbm)"), 4.75 * 0.3048, 1e-3);
+    EXPECT_NEAR(number(heavy, "At rest", "by the legs"), 4.75 * 0.3048, 0.05);
+    EXPECT_EQ(lab("report --mass 900 " + trainer).status, 2);
+    const result spin = lab("spin --side right " + trainer), stall = lab("stall --flaps 1 " + trainer);
+    EXPECT_NE(spin.output.find("to the right: a spin\n"), std::string::npos) << spin.output;
+    EXPECT_NEAR(number(stall, "flaps 1.00", "stall"), 42.3, 1.5);
 }
 
 TEST(flightlab, speaks_plainly_about_mistakes) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/lab/lab.h"
+#include "app/lab/lab_load.h"
 #include "app/lab/lab_steady.h"
 #include "commands.h"
 #include "core/craft/engn_kinds.h"
@@ -12,7 +13,6 @@
 #include "core/records/records.h"
 #include "csv.h"
 #include "flight/power/engine_control.h"
-#include "flight/power/levers.h"
 #include "plot.h"
 #include "start.h"
 
@@ -23,8 +23,8 @@ const char* const usage =
     "stand's\n"
     "height; then full power over heights and speeds, leaned for power and settled. Of all engines the first "
     "is "
-    "shown;\n"
-    "thrust is that of all engines and discs.\n";
+    "shown,\n"
+    "with the gauges that fit its kind; thrust is that of all engines and discs. The CSV has all columns.\n";
 
 const std::vector<const char*> columns = {
     "time_s",   "altitude_ft", "speed_kt",  "power_kW", "torque_Nm",  "thrust_N", "fuel_kgph", "engine_rpm",
@@ -107,6 +107,49 @@ cold_start start_and_run_up(double altitude_ft) {
     return c;
 }
 
+// What is shown of a reading, by the kind of the first engine: only gauges that such an engine has.
+enum fits : unsigned { fits_recip = 1, fits_turbine = 2, fits_jet = 4, fits_electric = 8, fits_rocket = 16 };
+constexpr unsigned fits_all = 31, fits_shaft = fits_recip | fits_turbine | fits_electric;
+struct column_struct {
+    const char* name;
+    size_t index;  // in the reading
+    int decimals;
+    unsigned fits;
+};
+constexpr column_struct shown[] = {
+    {"kW", 3, 1, fits_shaft},          {"N", 5, 0, fits_all},
+    {"kg/h", 6, 1, fits_all & ~fits_electric}, {"rpm", 7, 0, fits_shaft},
+    {"disc rpm", 8, 0, fits_shaft},    {"N1", 9, 1, fits_turbine | fits_jet},
+    {"N2", 10, 1, fits_jet},           {"EPR", 11, 3, fits_jet},
+    {"manifold", 12, 2, fits_recip},   {"ITT C", 13, 0, fits_turbine},
+    {"EGT F", 14, 0, fits_recip | fits_jet}, {"CHT F", 15, 0, fits_recip},
+    {"efficiency", 20, 3, fits_shaft},
+};
+
+unsigned kind_of_engine() {
+    if (en_is_recip(0, 0)) return fits_recip;
+    if (en_is_turbo(0, 0)) return fits_turbine;
+    if (en_is_elec(0, 0)) return fits_electric;
+    return en_is_jet(0, 0) ? fits_jet : fits_rocket;
+}
+
+bool is_shown(const column_struct& c) {
+    constexpr size_t efficiency = 20;  // of thrust along the flight, which no rotor makes
+    return (c.fits & kind_of_engine()) && !(c.index == efficiency && veh[0].collective_EQ);
+}
+
+void print_names(const char* first) {
+    printf("%s", first);
+    for (const column_struct& c : shown)
+        if (is_shown(c)) printf(" %10s", c.name);
+    printf("\n");
+}
+void print_values(const std::vector<double>& v) {
+    for (const column_struct& c : shown)
+        if (is_shown(c)) printf(" %10.*f", c.decimals, v[c.index]);
+    printf("\n");
+}
+
 void print_start(const cold_start& c) {
     if (c.idles < 0.0) {
         printf("The engine does not come to idle within three minutes.\n");
@@ -114,15 +157,11 @@ void print_start(const cold_start& c) {
     }
     printf("Cold start\n  lights after        %8.1f s\n  idles after         %8.1f s\n", c.lights, c.idles);
     printf("  full thrust after   %8.1f s from idle\n", c.full);
-    printf(
-        "               rpm       N1       N2       kW        N     kg/h    ITT C    EGT F    CHT F  "
-        "manifold\n");
-    const auto line = [](const char* name, const std::vector<double>& v) {
-        printf("  %-8s%8.0f %8.1f %8.1f %8.1f %8.0f %8.1f %8.0f %8.0f %8.0f  %8.2f\n", name, v[7], v[9],
-               v[10], v[3], v[5], v[6], v[13], v[14], v[15], v[12]);
-    };
-    line("idle", c.idle);
-    line("full", c.most);
+    print_names("        ");
+    printf("  idle  ");
+    print_values(c.idle);
+    printf("  full  ");
+    print_values(c.most);
 }
 
 // A stand has fuel without end.
@@ -130,17 +169,8 @@ void fill_tanks(const float (&m_fuel)[fuelDIM]) {
     for (int i = 0; i < fuelDIM; ++i) flt[0].m_fuel[i] = m_fuel[i];
 }
 
-// As a pilot leans for power.
-void lean_for_power() {
-    for (int en = 0; en < veh[0].num_engines; ++en) {
-        const flt_engn_struct& e = flt[0].engn[en];
-        const float rpm_rat = e.tacrad_ENGN / fltmax2(veh[0].RSC_redline_ENGN, 1.0f);
-        if (en_is_recip(0, en)) set_mixt(en, e.sigma - 0.4f + 0.2f * rpm_rat);
-    }
-}
-
 // Rows by height, then speed.
-std::vector<std::vector<double>> full_power_curves(const sweep& heights, const sweep& speeds) {
+std::vector<std::vector<double>> full_power_curves(const options& from, const sweep& heights, const sweep& speeds) {
     std::vector<std::vector<double>> rows;
     float m_fuel[fuelDIM];
     for (int i = 0; i < fuelDIM; ++i) m_fuel[i] = flt[0].m_fuel[i];
@@ -151,7 +181,7 @@ std::vector<std::vector<double>> full_power_curves(const sweep& heights, const s
             constexpr float dt = 1.0f / 40.0f;
             for (int part = 0; part < 30; ++part) {  // five minutes: cylinders take their time
                 fill_tanks(m_fuel);
-                lean_for_power();
+                if (!set_mixture(from)) lab_lean_engines();
                 lab_hold(10.0f, dt);
             }
             rows.push_back(reading(0.0, heights.at(h), speeds.at(s)));
@@ -160,12 +190,11 @@ std::vector<std::vector<double>> full_power_curves(const sweep& heights, const s
 }
 
 void print_curves(const std::vector<std::vector<double>>& rows) {
-    printf(
-        "\nFull power\n      ft    kt       kW         N     kg/h     rpm     N1    ITT C    EGT F    CHT F  "
-        "efficiency\n");
-    for (const auto& v : rows)
-        printf("%8.0f %5.0f %8.1f %9.0f %8.1f %7.0f %6.1f %8.0f %8.0f %8.0f  %10.3f\n", v[1], v[2], v[3],
-               v[5], v[6], v[8] > 0.0 ? v[8] : v[7], v[9], v[13], v[14], v[15], v[3] > 0.0 ? v[20] : 0.0);
+    print_names("\nFull power\n      ft    kt");
+    for (const auto& v : rows) {
+        printf("%8.0f %5.0f", v[1], v[2]);
+        print_values(v);
+    }
 }
 
 // Every height a curve: gnuplot parts them at an empty line.
@@ -211,13 +240,14 @@ void write_csv(const std::string& path, const std::vector<std::vector<double>>& 
 
 int bench_command(int argc, char** argv) {
     const options from(usage,
-                       {{"stand", "FT", "height of the cold start (300)"},
+                       with_load({{"stand", "FT", "height of the cold start (300)"},
                         {"altitude", "A:B:STEP", "heights of the curves, ft (300:20300:5000)"},
                         {"speed", "A:B:STEP", "true airspeeds of the curves, kt (0:150:25)"},
                         {"start-csv", "FILE", "write the cold start there"},
                         {"csv", "FILE", "write the curves there"},
                         {"plot", "FILE.png", "draw both, through gnuplot"},
-                        install_option},
+                        mixture_option,
+                        install_option}),
                        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     const std::string file = from.needed_file();
@@ -231,7 +261,7 @@ int bench_command(int argc, char** argv) {
     printf("%s, on a stand at %.0f ft\n", file.c_str(), stand_ft);
     print_start(c);
     if (c.idles < 0.0) return 1;
-    const std::vector<std::vector<double>> curves = full_power_curves(heights, speeds);
+    const std::vector<std::vector<double>> curves = full_power_curves(from, heights, speeds);
     print_curves(curves);
     if (from.has("start-csv")) write_csv(from.text("start-csv", ""), c.rows);
     if (from.has("csv")) write_csv(from.text("csv", ""), curves);

@@ -1,6 +1,8 @@
 // The subcommands. Each gives the exit status: 0 good, 1 a fault in the aircraft or its flight.
 #pragma once
 
+int stall_command(int argc, char** argv);
+int spin_command(int argc, char** argv);
 int hash_command(int argc, char** argv);
 int report_command(int argc, char** argv);
 int tunnel_command(int argc, char** argv);

@@ -13,6 +13,7 @@
 #include "aircraft/derive/derive.h"
 #include "app/lab/headless.h"
 #include "app/lab/lab.h"
+#include "app/lab/lab_load.h"
 #include "app/lab/lab_pilot.h"
 #include "app/lab/lab_steady.h"
 #include "commands.h"
@@ -31,7 +32,7 @@ const char* const usage =
     "times, # begins a remark. In place of a file: \"trim\" holds the trim, \"random\" walks all controls "
     "at\n"
     "random. With --pilot the lines are time in s, speed in kt, height in ft and heading, and a pilot flies\n"
-    "them, changing over at each time.\n";
+    "them, changing over at each time. The flight ends on the ground.\n";
 
 constexpr int controls = 6;      // pitch, roll, yaw, speed brake, flaps, power
 constexpr int pilot_values = 3;  // speed, height, heading
@@ -192,34 +193,83 @@ struct flight_sum {
     double height_lost, distance, energy_lost, wall;
     float max_g;
     int restarts;
+    double flown;    // s
+    bool on_ground;  // and ended there
 };
 
 bool has_engines() { return veh[0].num_engines > 0; }
 
-// Level flight or hover, or a glide without engines; gives the controls.
-lab_steady start_in_trim(const flight_order& order) {
-    if (!has_engines()) {
-        const float speed =
-            order.speed >= 0.0f ? order.speed : lab_performance(order.altitude).best_glide.speed;
-        const lab_trim t = lab_trim_glide(speed, order.altitude);
-        if (!t.found) throw flight_fault("no steady glide at this speed and height");
-        lab_fly_trim(t, order.altitude);
-        lab_steady glide{};
-        glide.ptch = t.elevator;
-        return glide;
-    }
+// A state to start from, and what kept one asked for from being steady.
+struct start_struct {
+    lab_steady controls;
+    bool found;
+    std::string why;
+};
+
+start_struct try_glide(float speed, float altitude) {
+    const lab_trim t = lab_trim_glide(speed, altitude);
+    if (t.found) lab_fly_trim(t, altitude);
+    start_struct start{{}, t.found, "no steady glide"};
+    start.controls.ptch = t.elevator;
+    return start;
+}
+
+start_struct try_level(float speed, float altitude) {
     lab_steady_order level;
-    level.altitude = order.altitude;
-    level.speed = order.speed >= 0.0f    ? order.speed
-                  : veh[0].collective_EQ ? 0.0f
-                                         : 1.5f * lab_performance(order.altitude).stall_speed;
+    level.altitude = altitude;
+    level.speed = speed;
     const lab_steady s = lab_find_steady(level);
-    if (!s.found) throw flight_fault("no steady level flight at this speed and height");
-    lab_fly_steady(s);
-    return s;
+    if (s.found) lab_fly_steady(s);
+    return {s, s.found, lab_why_unsteady(s)};
+}
+
+float wanted_speed(const flight_order& order) {
+    if (order.speed >= 0.0f) return order.speed;
+    if (has_engines() && veh[0].collective_EQ) return 0.0f;
+    const lab_polar polar = lab_performance(order.altitude);
+    return has_engines() ? 1.5f * polar.stall_speed : polar.best_glide.speed;
+}
+
+// Level flight or hover, or a glide without engines; gives the controls. With --restart the nearest speed that is
+// steady takes the place of one that is not, and that is told.
+lab_steady start_in_trim(const flight_order& order) {
+    const auto attempt = has_engines() ? try_level : try_glide;
+    const float wanted = wanted_speed(order);
+    const start_struct first = attempt(wanted, order.altitude);
+    if (first.found) return first.controls;
+    char text[200];
+    snprintf(text, sizeof text, "no steady %s at %.0f kt and %.0f ft: %s", has_engines() ? "level flight" : "glide",
+             wanted * con.msctokts, order.altitude * con.mtrstoft, first.why.c_str());
+    if (!order.restart) throw flight_fault(text);
+    const bool too_fast = first.controls.power > 0.999f, too_slow = first.controls.ptch > 0.999f;
+    constexpr int steps = 8, halvings = 3;
+    float off = wanted, found = -1.0f;
+    for (int i = 1; i <= steps && found < 0.0f; ++i)
+        for (const float factor : {0.85f, 1.18f}) {
+            if (too_fast && factor > 1.0f) continue;
+            if (too_slow && factor < 1.0f) continue;
+            const float speed = fltmax2(wanted, 5.0f) * powf(factor, static_cast<float>(i));
+            if (!attempt(speed, order.altitude).found) continue;
+            off = fltmax2(wanted, 5.0f) * powf(factor, static_cast<float>(i - 1));
+            found = speed;
+            break;
+        }
+    for (int i = 0; i < halvings && found >= 0.0f; ++i) {
+        const float middle = 0.5f * (off + found);
+        (attempt(middle, order.altitude).found ? found : off) = middle;
+    }
+    start_struct nearest{};
+    if (found >= 0.0f) nearest = attempt(found, order.altitude);
+    if (nearest.found) {
+        fprintf(stderr, "flightlab: %s; %.0f kt in its place\n", text, found * con.msctokts);
+        return nearest.controls;
+    }
+    throw flight_fault(std::string(text) + "; nor at any speed near it");
 }
 
 double energy_height() { return flt[0].dob_ele + 0.5 * flt[0].AV_msc * flt[0].AV_msc / con.g; }
+
+bool on_ground() { return flt[0].onground_any || flt[0].y_agl_mtr <= 0.0f; }
 
 constexpr double lowest_before_restart = 300.0;  // m above the sphere
 
@@ -230,7 +280,7 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
     const lab_steady trim = start_in_trim(order);
     lab_pilot pilot(trim.ptch, trim.roll, trim.hdng, trim.power);
     rand_seed(order.seed);
-    flight_sum sum{flt[0].dob_ele, 0.0, energy_height(), 0.0, 0.0f, 0};
+    flight_sum sum{flt[0].dob_ele, 0.0, energy_height(), 0.0, 0.0f, 0, 0.0, false};
     float control[controls] = {mnw.YK_ptch, mnw.YK_roll, mnw.YK_hdng, 0.0f, 0.0f, trim.power};
     const int frames = static_cast<int>(std::lround(order.seconds / headless_pass));
     const double every = order.rate > 0.0 ? 1.0 / order.rate : 1e30;
@@ -246,9 +296,14 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
         if (!order.pilot.empty()) follow_pilot(pilot, order.pilot, static_cast<float>(time));
         if (order.script == "random") walk_controls(control);
         headless_frame();
-        if (order.restart && flt[0].dob_ele < lowest_before_restart) {
+        if (order.restart && (flt[0].dob_ele < lowest_before_restart || on_ground())) {
             start_in_trim(order);
             ++sum.restarts;
+        }
+        sum.flown = time + headless_pass;
+        if (!order.restart && on_ground()) {
+            sum.on_ground = true;
+            break;
         }
         sum.distance += flt[0].AV_msc * headless_pass;
         sum.max_g = fltmax2(sum.max_g, fabsf(flt[0].g_nrml));
@@ -265,7 +320,8 @@ flight_sum fly_one(const flight_order& order, bool show_progress) {
 }
 
 void print_sum(const flight_order& order, const flight_sum& s) {
-    printf("flown           %10.1f s, %.0f times real time\n", order.seconds, order.seconds / s.wall);
+    printf("flown           %10.1f s, %.0f times real time\n", s.flown, s.flown / s.wall);
+    if (s.on_ground) printf("on the ground after that time\n");
     if (order.restart) {
         printf("restarts        %10d\nlargest load    %10.2f g\n", s.restarts, s.max_g);
         return;  // heights and distances belong to no single flight
@@ -289,6 +345,8 @@ void prepare(const options& from, const std::string& file, const flight_order& o
     start_lab(from, file);
     trap_float_faults();
     if (!order.weather) lab_still_air();
+    set_load(from);
+    if (from.has("mixture") && !set_mixture(from)) lab_lean_engines();
 }
 
 // Each run is a process of its own, so that a fault ends one run and not all.
@@ -334,12 +392,12 @@ int fly_many(const options& from, const std::string& file, const flight_order& o
 int fly_command(int argc, char** argv) {
     const options from(
         usage,
-        {{"seconds", "N", "how long (60)"},
+        with_load({{"seconds", "N", "how long (60)"},
          {"speed", "KT", "true airspeed of the start (1.5 of the stall, a hover, the best glide)"},
          {"altitude", "FT", "height of the start (6000)"},
          {"script", "FILE", "a script, trim or random (trim)"},
          {"pilot", "FILE", "speeds, heights and headings for a pilot to fly"},
-         {"restart", nullptr, "below 300 m start over in the trim, for long runs"},
+         {"restart", nullptr, "below 300 m start over in the trim, or the nearest there is, for long runs"},
          {"weather", nullptr, "the default weather in place of still air"},
          {"runs", "K", "number of flights (1); each takes the next seed"},
          {"jobs", "J", "flights at a time (2)"},
@@ -347,7 +405,8 @@ int fly_command(int argc, char** argv) {
          {"csv", "FILE", "the flight as a table; run k of many goes to FILE.k"},
          {"rate", "HZ", "rows a second (8)"},
          {"quiet", nullptr, "no summary and no progress"},
-         install_option},
+         {"mixture", "RATIO", "mixture levers, 0 to 1, or lean (full rich)"},
+         install_option}),
         argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     flight_order order;

@@ -12,6 +12,8 @@ const char* const usage =
     "flightlab bench FILE     engines on a stand: a cold start, and curves over height and speed\n"
     "flightlab trim FILE      controls and attitude of steady flights, helicopters too\n"
     "flightlab fly [FILE]     flights with a script of the controls, in parallel if wanted\n"
+    "flightlab stall FILE     a stall with the engines idle, and the way out\n"
+    "flightlab spin FILE      a spin, and the way out\n"
     "flightlab hash [FILE]    the state after a number of frames as one number\n"
     "flightlab COMMAND --help\n"
     "\n"
@@ -24,7 +26,8 @@ struct command_row {
 };
 constexpr command_row commands[] = {
     {"report", report_command}, {"tunnel", tunnel_command}, {"bench", bench_command},
-    {"trim", trim_command},     {"fly", fly_command},       {"hash", hash_command},
+    {"trim", trim_command},     {"fly", fly_command},       {"stall", stall_command},
+    {"spin", spin_command},     {"hash", hash_command},
 };
 }  // namespace
 

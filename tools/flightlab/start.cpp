@@ -6,18 +6,20 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <vector>
 
 #include "aircraft/deflect.h"
-#include "aircraft/file/acf_range.h"
 #include "aircraft/file/acf_toml_read.h"
 #include "aircraft/io_acf.h"
 #include "app/lab/headless.h"
 #include "app/lab/lab.h"
+#include "app/lab/lab_load.h"
 #include "core/disk/paths.h"
 #include "core/program/alert.h"
 #include "core/program/jobs.h"
@@ -45,10 +47,17 @@ void remove_scratch() {
     scratch.clear();
 }
 
+// What stands in the scratch folder for what the user named, the longer first.
+std::vector<std::pair<std::string, std::string>> scratch_names;
+
 void show_on_stderr(int, const alert_lines& text, int) {
     fflush(stdout);
-    for (const std::string& line : text.line)
+    for (std::string line : text.line) {
+        for (const auto& [scratched, named] : scratch_names)
+            for (size_t at = 0; (at = line.find(scratched, at)) != std::string::npos; at += named.size())
+                line.replace(at, scratched.size(), named);
         if (!line.empty()) fprintf(stderr, "flightlab: %s\n", line.c_str());
+    }
 }
 
 void end_with_fault(const alert_lines&) {
@@ -77,12 +86,11 @@ std::string compile(const fs::path& toml) {
     THREAD_Init();
     init_con();
     std::string error;
-    if (!acf_from_toml(toml.string(), source_slot, &error)) throw flight_fault(error);
-    const std::string fault = acf_admit(source_slot);
-    if (!fault.empty()) throw flight_fault(toml.string() + ": " + fault);
+    if (!acf_design_from_toml(toml.string(), source_slot, &error)) throw flight_fault(error);
     const fs::path foils = toml.parent_path() / "airfoils";
     if (fs::is_directory(foils)) fs::create_directory_symlink(foils, scratch / "airfoils");
     const std::string out = (scratch / toml.stem()).string() + ".acf";
+    scratch_names = {{out, toml.string()}, {scratch.string(), toml.parent_path().string()}};
     snprintf(veh[source_slot].path, sizeof veh[source_slot].path, "%s", out.c_str());
     if (!IO_acf(1, source_slot, 1)) throw flight_fault("cannot write " + out);
     return out;
@@ -145,6 +153,41 @@ void start_tunnel(const options& from, const std::string& file) {
     start_lab(from, file);
     trap_float_faults();
     lab_still_air();
+    set_load(from);
+}
+
+std::vector<option_row> with_load(std::vector<option_row> rows) {
+    const std::vector<option_row> load = {
+        {"mass", "LB", "mass in all, by the payload (as the simulator loads it)"},
+        {"fuel", "RATIO", "fuel, of full tanks (half)"},
+        {"cg", "FT", "centre of gravity, aft of the file's (0)"},
+        {"fail-engine", "N", "engine N, from 1 on, does not run"},
+    };
+    rows.insert(rows.end() - 1, load.begin(), load.end());
+    return rows;
+}
+
+void set_load(const options& from) {
+    lab_load load;
+    if (from.has("mass")) load.mass = static_cast<float>(from.number("mass", 0.0, 2.3, 1e7)) * con.lbstokgs;
+    load.fuel = static_cast<float>(from.number("fuel", -1.0, 0.0, 1.0));
+    load.cg_aft = static_cast<float>(from.number("cg", 0.0, -100.0, 100.0)) * con.fttomtrs;
+    load.failed_engine = from.whole("fail-engine", 0, 1, engnDIM) - 1;
+    if (load.failed_engine >= veh[0].num_engines)
+        throw wrong_use("--fail-engine: there are " + std::to_string(veh[0].num_engines) + " engines");
+    if (!lab_set_load(load)) {
+        const float least = lab_mass() - flt[0].m_fixed;
+        throw wrong_use("--mass: without payload it weighs " + std::to_string(std::lround(least * con.kgstolbs)) +
+                        " lb already; less fuel?");
+    }
+    if (load.cg_aft < veh[0].cgZ_fwd || load.cg_aft > veh[0].cgZ_aft)
+        fprintf(stderr, "flightlab: that centre of gravity lies outside its limits\n");
+}
+
+bool set_mixture(const options& from) {
+    if (from.text("mixture", "lean") == "lean") return false;
+    lab_set_mixture(static_cast<float>(from.number("mixture", 1.0, 0.0, 1.0)));
+    return true;
 }
 
 void set_flaps_and_brakes(float flaps, float brakes) {

@@ -55,14 +55,16 @@ std::vector<double> values_of(const lab_steady& s) {
             first.tacrad_ENGN * con.rsctorpm};
 }
 
-void print_rows(const std::vector<std::vector<double>>& rows) {
+void print_rows(const std::vector<std::vector<double>>& rows, const std::vector<std::string>& why) {
     printf(
         "   kt   ft/min   pitch    roll   alpha    elev    ailn    rudd   power      kW       N    kg/h    "
         "rpm\n");
-    for (const auto& v : rows)
+    for (size_t i = 0; i < rows.size(); ++i) {
+        const std::vector<double>& v = rows[i];
         printf("%5.0f %8.0f %7.2f %7.2f %7.2f %7.3f %7.3f %7.3f %7.3f %7.1f %7.0f %7.1f %6.0f%s\n", v[0],
                v[1], v[4], v[5], v[6], v[8], v[9], v[10], v[11], v[12], v[13], v[14], v[15],
-               v[3] > 0.0 ? "" : "  not steady");
+               why[i].empty() ? "" : ("  not steady: " + why[i]).c_str());
+    }
 }
 
 // The last picture shows what was found: the climb of a given power, else the fuel that the flight takes.
@@ -94,7 +96,7 @@ void draw(const std::string& path, const std::string& title, const std::vector<s
 
 int trim_command(int argc, char** argv) {
     const options from(usage,
-                       {{"speed", "A:B:STEP", "true airspeeds, kt; 0 is the hover (100)"},
+                       with_load({{"speed", "A:B:STEP", "true airspeeds, kt; 0 is the hover (100)"},
                         {"altitude", "FT", "height above the sphere (3000)"},
                         {"climb", "FPM", "rate of climb (0)"},
                         {"turn", "DEG", "rate of turn to the right, degrees a second (0)"},
@@ -102,7 +104,8 @@ int trim_command(int argc, char** argv) {
                         {"flaps", "RATIO", "flap handle, 0 to 1 (0)"},
                         {"csv", "FILE", "write the table there too"},
                         {"plot", "FILE.png", "draw it, through gnuplot"},
-                        install_option},
+                        mixture_option,
+                        install_option}),
                        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     const std::string file = from.needed_file();
@@ -115,7 +118,9 @@ int trim_command(int argc, char** argv) {
 
     start_tunnel(from, file);
     set_flaps_and_brakes(static_cast<float>(flaps), 0.0f);
+    const bool lean = !set_mixture(from);
     std::vector<std::vector<double>> rows;
+    std::vector<std::string> why;
     bool all_found = true;
     for (int i = 0; i < speeds.count(); ++i) {
         lab_steady_order order;
@@ -126,12 +131,14 @@ int trim_command(int argc, char** argv) {
         order.altitude = static_cast<float>(altitude_ft) * con.fttomtrs;
         order.turn_rate = static_cast<float>(turn);
         order.power = static_cast<float>(power);
+        order.lean = lean;
         const lab_steady s = lab_find_steady(order);
         all_found = all_found && s.found;
         rows.push_back(values_of(s));
+        why.push_back(lab_why_unsteady(s));
     }
     printf("%s, %.0f ft\n", file.c_str(), altitude_ft);
-    print_rows(rows);
+    print_rows(rows, why);
     if (from.has("csv")) {
         const file_ptr out = open_output(from.text("csv", ""));
         csv_header(out.get(), columns);

@@ -102,7 +102,7 @@ void draw(const std::string& path, const std::string& title, const std::vector<t
 
 int tunnel_command(int argc, char** argv) {
     const options from(usage,
-                       {{"alpha", "A:B:STEP", "angles of attack, degrees (-4:16:1)"},
+                       with_load({{"alpha", "A:B:STEP", "angles of attack, degrees (-4:16:1)"},
                         {"beta", "A:B:STEP", "sideslip angles, degrees (0)"},
                         {"speed", "KT", "true airspeed (60)"},
                         {"altitude", "FT", "height above the sphere (3000)"},
@@ -111,7 +111,7 @@ int tunnel_command(int argc, char** argv) {
                         {"span-at", "DEG", "angle of attack of the span loading (4)"},
                         {"csv", "FILE", "write the sweep there too"},
                         {"plot", "FILE.png", "draw it, through gnuplot"},
-                        install_option},
+                        install_option}),
                        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     const std::string file = from.needed_file();

@@ -4,10 +4,9 @@
 #include "aircraft/derive/derive.h"
 #include "aircraft/design/location.h"
 #include "aircraft/file/acf_fault.h"
-#include "core/disk/text_numbers.h"
+#include "aircraft/file/acf_layout.h"
 #include "core/math/num.h"
 #include "core/program/logs.h"
-#include "core/records/stl.h"
 
 static constexpr float area_min = 1.0e-6f;  // square metres; floor of divisors
 
@@ -85,9 +84,11 @@ void get_MI_S_body(int p, int en, int is_wpn, float x, float y, float z, float* 
         ACF_fault(p, "I have found a part with no frontal area!. This is bad news for the math engine!",
                   "This is the part with no frontal area, which you must give some area or remove from the "
                   "plane in Hullwright:",
-                  veh[p].name, is_wpn ? veh[p].watt[en].watt_name : stl.text[text_part + en]);
+                  veh[p].name, is_wpn ? veh[p].watt[en].watt_name : part_title(en));
 }
 
+// m2, kg, kg m2. As given: a blade is six tenths of its section's box, of aluminium, its radius of gyration
+// .707.
 void derive_prop_discs(int p) {
     for (int en = 0; en < veh[p].num_thrustpoints; ++en) {
         if (!has_this_thru(p, en, thru_disc)) continue;
@@ -116,7 +117,7 @@ void derive_prop_discs(int p) {
     }
 }
 
-// By kind, from power or thrust; kilograms.
+// By kind, from power or thrust; kilograms. As given.
 static float ret_engn_mass(int p, int en) {
     const veh_struct& acf = veh[p];
     const float power = acf.power_max * con.watttohp;    // hp
@@ -182,7 +183,7 @@ static void add_bodies(int p, float& wetted, inertia_struct& J) {
         veh_part_struct& part = veh[p].part[en];
         measure_body(p, en, part, wetted, J);
         if (in_report(p))
-            cyc << "body " << en << " " << stl.text[text_part + en] << ": frontal area " << part.area_frnt
+            cyc << "body " << en << " " << part_title(en) << ": frontal area " << part.area_frnt
                 << ", side " << part.area_side << ", plan " << part.area_nrml << ", centroid ("
                 << part.aero_x_os << ", " << part.aero_y_os << ", " << part.aero_z_os << ")\n";
     }

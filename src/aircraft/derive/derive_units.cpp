@@ -6,6 +6,7 @@
 #include <span>
 #include <type_traits>
 
+#include "aircraft/design/check.h"
 #include "aircraft/design/exists.h"
 #include "aircraft/foil/afl_file.h"
 #include "core/math/num.h"
@@ -168,8 +169,7 @@ void convert_block(int p) {
     }
     acf.max_press_diff *= con.enptomep * 144.0f;  // psi: 144 square inches to the square foot
 
-    // jets leave the ratio empty: no gearing
-    const float gear_rat = acf.engn[0].prop_gear_rat < 0.001f ? 1.0f : acf.engn[0].prop_gear_rat;
+    const float gear_rat = prop_gear_of(acf.engn[0]);
     acf.RSC_idlespeed_PROP = acf.RSC_idlespeed_ENGN / gear_rat;
     acf.RSC_redline_PROP = acf.RSC_redline_ENGN / gear_rat;
     acf.RSC_mingreen_PROP = acf.RSC_mingreen_ENGN / gear_rat;

@@ -37,7 +37,9 @@ static void flag_washed_elements(int p, int washee, int washer) {
     }
 }
 
-// Degrees of downwash that washer throws per unit of its lift coefficient, by its distance to washee.
+// Degrees of downwash that washer throws per unit of its lift coefficient. As given: a sum of four lines,
+// over the distance behind and above in semi-spans, aspect ratio and taper; half where the root chords
+// overlap.
 static float ret_spec_wash(int p, int washee, int washer) {
     const veh_wing_struct& ahead = veh[p].wing[washer];
     const float semilen = fltmax2(ahead.semilen_JND, 0.01f);

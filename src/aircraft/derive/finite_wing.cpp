@@ -8,10 +8,9 @@
 #include "aircraft/derive/oswald.h"
 #include "aircraft/design/location.h"
 #include "aircraft/file/acf_fault.h"
-#include "core/disk/text_numbers.h"
+#include "aircraft/file/acf_layout.h"
 #include "core/math/num.h"
 #include "core/program/logs.h"
-#include "core/records/stl.h"
 
 namespace {
 
@@ -78,7 +77,7 @@ planform_struct derive_planform(int p, int en, const wing_ends& ends) {
     wing.TR = tip.chord / root.chord;
     const float mean_chord = fltmax2(0.5f * (root.chord + tip.chord), 0.001f);
     wing.AR = fltmax2(2.0f * wing.semilen_JND / mean_chord, 0.5f);
-    // moves the aerodynamic centre from quarter to half chord
+    // moves the aerodynamic centre from quarter to half chord; as given, by sweep, taper and aspect ratio
     wing.delta_fac = interp(65.0f, 1.0f, 0.0f, 0.0f, plan.sweep_00_mac) *
                      interp(0.0f, 1.0f, 1.0f, 0.0f, wing.TR) * interp(0.5f, 1.0f, 10.0f, 0.0f, wing.AR);
     return plan;
@@ -121,8 +120,9 @@ void derive_efficiency(int p, int en, const planform_struct& plan, const bool* e
 }
 
 // Splits the loss of lift slope in two: the tables are read at a lower alpha and the result is scaled,
-// the alpha by twice as much. In double, since both ratios come close to 1 for slender wings. 0 when
-// the split does not give back the whole.
+// the alpha by twice as much. The whole is the lifting line's; as given the section's slope is 18 / pi, and
+// the moment has the factor of a swept wing. In double, since both ratios come close to 1 for slender wings.
+// 0 when the split does not give back the whole.
 int derive_ratios(int p, int en, const planform_struct& plan) {
     veh_wing_struct& wing = veh[p].wing[en];
     const double a0_theo = 18.0 / con.pi;
@@ -144,7 +144,7 @@ int derive_ratios(int p, int en, const planform_struct& plan) {
 void report_wing(int p, int en, const wing_ends& ends, const planform_struct& plan) {
     if (!in_report(p)) return;
     const veh_wing_struct& wing = veh[p].wing[en];
-    cyc << "surface " << en << " " << stl.text[text_part + en] << ": root (" << ends.root.x << ", " << ends.root.y
+    cyc << "surface " << en << " " << part_title(en) << ": root (" << ends.root.x << ", " << ends.root.y
         << ", " << ends.root.z << ") chord " << ends.root.chord << ", tip (" << ends.tip.x << ", "
         << ends.tip.y << ", " << ends.tip.z << ") chord " << ends.tip.chord << '\n'
         << "    element length " << wing.element_len << ", semi-length " << wing.semilen_JND << ", sweep "
@@ -175,7 +175,7 @@ int derive_finite_wings(int p) {
                                            plan.sweep_25_mac + plan.sweep_00_mac);
         if (numbers) derive_efficiency(p, en, plan, exists);
         if (!numbers || !derive_ratios(p, en, plan)) {
-            ACF_fault(p, "Finite wing reduction fail!", veh[p].name, stl.text[text_part + en], "");
+            ACF_fault(p, "Finite wing reduction fail!", veh[p].name, part_title(en), "");
             return 0;
         }
         report_wing(p, en, ends, plan);

@@ -11,7 +11,8 @@ static constexpr float washo_grid[washoDIM] = {0, 2, 5};
 static constexpr float sweep_grid[sweepDIM] = {-40, -25, 0, 25, 40, 70};
 static constexpr float taper_grid[taperDIM] = {0, 0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.7f, 1};
 
-// [aspect ratio][washout][sweep][taper]
+// [aspect ratio][washout, degrees][sweep of the quarter chord, degrees][taper]; as given, from a lifting-line
+// calculation.
 // clang-format off
 static constexpr float e_table[aspecDIM][washoDIM][sweepDIM][taperDIM] = {
     {   // aspect ratio 1

@@ -202,7 +202,7 @@ std::string zeros_of(int p) {
         if (!has_this_thru(p, en, thru_disc)) continue;
         const std::string number = " of thrust point " + std::to_string(en);
         if (v.engn[en].mi_prop_rpm < disc_divisor_min) note("the propeller's inertia" + number);
-        if (v.engn[en].prop_gear_rat < disc_divisor_min) note("prop_gear_rat" + number);
+        if (v.engn[en].prop_gear_rat < divisor_min) note("prop_gear_rat" + number);
     }
     return names;
 }

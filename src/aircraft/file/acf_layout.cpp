@@ -4,8 +4,11 @@
 #include <charconv>
 #include <cstring>
 #include <iterator>
+#include <unordered_map>
 
+#include "core/disk/text_numbers.h"
 #include "core/math/num.h"
+#include "core/records/stl.h"
 
 bool acf_is_designers(const veh_field_struct& row) {
     return row.role == veh_role_file || strcmp(row.name, "spec_wash") == 0 ||
@@ -69,11 +72,23 @@ static int block_offset(const char* name) {
     return -1;
 }
 
-const char* acf_section_of(const veh_field_struct& row) {
-    if (!acf_is_designers(row)) return nullptr;
-    for (const acf_section_struct& s : acf_sections())
-        if (row.offset >= block_offset(s.first) && row.offset <= block_offset(s.last)) return s.section;
-    return nullptr;
+static std::unordered_map<std::string_view, const char*> sections_by_field() {
+    std::unordered_map<std::string_view, const char*> found;
+    const veh_field_list list = veh_block_list();
+    for (const acf_section_struct& s : acf_sections()) {
+        const int first = block_offset(s.first), last = block_offset(s.last);
+        for (int r = 0; r < list.count; ++r) {
+            const veh_field_struct& row = list.rows[r];
+            if (row.offset >= first && row.offset <= last && acf_is_designers(row)) found[row.name] = s.section;
+        }
+    }
+    return found;
+}
+
+const char* acf_section_of(std::string_view field) {
+    static const auto sections = sections_by_field();
+    const auto found = sections.find(field);
+    return found == sections.end() ? nullptr : found->second;
 }
 
 // -- names of parts
@@ -100,6 +115,11 @@ std::string acf_part_name(int en) {
         return row.number < 0 ? row.stem : row.stem + std::to_string(row.number + en - row.first);
     }
     return "";
+}
+
+std::string part_title(int en) {
+    const std::string& title = stl.text[text_part + en];
+    return title.empty() ? acf_part_name(en) : title;
 }
 
 int acf_part_index(const std::string& name) {

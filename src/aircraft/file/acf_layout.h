@@ -3,6 +3,7 @@
 // Role: shared by reader and writer of the text form.
 #pragma once
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/craft/veh.h"
@@ -18,12 +19,16 @@ struct acf_section_struct {
     const char* last;
 };
 const std::vector<acf_section_struct>& acf_sections();
-// Heading of a block field; null for fields that no section shows.
-const char* acf_section_of(const veh_field_struct& row);
+// Heading of the block field of that name; null where no section shows it. By a hash: a text may hold
+// thousands of keys that no section knows.
+const char* acf_section_of(std::string_view field);
 
 // Name of part en ("wing1_right", "fuselage"), and back; the number itself is a name too. -1 for none.
 std::string acf_part_name(int en);
 int acf_part_index(const std::string& name);
+
+// The part in the user's language; where no texts are loaded its name above.
+std::string part_title(int en);
 
 // Name of a kind that the field stores as a number ("jet_high_bypass"), null when it has none.
 const char* acf_kind_name(const char* field, int value);

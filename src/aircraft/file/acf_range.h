@@ -4,5 +4,6 @@
 #include <string>
 
 // Ends the texts of slot p inside their fields, clears derived numbers that are not finite, and tests
-// the designer's fields. Gives the first field out of range with its value, or an empty text.
-std::string acf_admit(int p);
+// the designer's fields. Gives the first field out of range with its value, or an empty text; where field
+// is not null also the address of that field in the record.
+std::string acf_admit(int p, const void** field = nullptr);

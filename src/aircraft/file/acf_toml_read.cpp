@@ -8,8 +8,10 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <map>
 
 #include "aircraft/file/acf_layout.h"
+#include "aircraft/file/acf_range.h"
 #include "core/craft/veh.h"
 #include "core/math/num.h"
 
@@ -19,17 +21,18 @@ constexpr double float_limit = 1e9;  // as the border of the aircraft file has i
 // One record whose fields the keys of a table name. Of the block only one section is open at a time.
 struct open_record {
     unsigned char* first;
+    size_t size;
     veh_field_list fields;
     const char* section = nullptr;
 };
 template <class T>
 open_record record_of(T& record, veh_field_list fields) {
-    return {reinterpret_cast<unsigned char*>(&record), fields};
+    return {reinterpret_cast<unsigned char*>(&record), sizeof record, fields};
 }
 
 bool is_open(const open_record& record, const veh_field_struct& row) {
     if (!record.section) return acf_is_designers(row);
-    const char* section = acf_section_of(row);
+    const char* section = acf_section_of(row.name);
     return section && strcmp(section, record.section) == 0;
 }
 
@@ -52,6 +55,8 @@ size_t name_distance(const std::string& a, const std::string& b) {
 // What may have been meant, as the end of a message: a name that goes on where this one stops, or the one
 // that differs least.
 std::string meant(const std::string& name, const std::vector<std::string>& known) {
+    constexpr size_t longest = 60;  // no field's name is as long
+    if (name.size() > longest) return "";
     size_t least = 2 + name.size() / 4;
     std::string best;
     for (const std::string& other : known) {
@@ -66,8 +71,10 @@ std::string meant(const std::string& name, const std::vector<std::string>& known
 
 class reader {
 public:
-    reader(std::string file, int p) : file_(std::move(file)), p_(p), v_(veh[p]) {}
+    reader(std::string file, int p, bool as_design)
+        : file_(std::move(file)), p_(p), as_design_(as_design), v_(veh[p]) {}
     void read(const toml::table& root);
+    void test_ranges();
     std::string errors();  // in the order of the text
 
 private:
@@ -103,8 +110,15 @@ private:
 
     std::string file_;
     int p_;
+    bool as_design_;  // refuses what a load would cut off or refuse
     veh_struct& v_;
     std::vector<std::pair<int, std::string>> faults_;  // line, message
+    std::map<const void*, int> lines_;                 // of the fields, by their place in the record
+    struct table_place {
+        const unsigned char *first, *end;
+        int line;
+    };
+    std::vector<table_place> tables_;  // records of which a table was read: for fields that it leaves out
     bool described_[partDIM] = {};                     // parts that have a table
 };
 
@@ -180,6 +194,11 @@ void reader::read_level(const toml::node& node, const veh_field_struct& row, uns
         read_level((*array)[i], row, first + static_cast<int>(i) * below, level + 1, below);
 }
 
+// Bytes of a text that a load keeps, where they are fewer than the field has; else 0.
+int kept_of(const std::string& name) {
+    return name == "tailnum" ? 6 : name == "author" || name == "descrip" ? 112 : 0;
+}
+
 // A string, or the bytes of one that is not UTF-8.
 void reader::read_text(const toml::node& node, const std::string& name, char* first, int size) {
     std::string text;
@@ -195,8 +214,9 @@ void reader::read_text(const toml::node& node, const std::string& name, char* fi
     } else {
         return fault(node.source(), name + " has to be a text in quotes");
     }
-    if (text.size() >= static_cast<size_t>(size))
-        return fault(node.source(), name + " has room for " + std::to_string(size - 1) + " bytes");
+    const int kept = as_design_ && kept_of(name) ? kept_of(name) + 1 : size;
+    if (text.size() >= static_cast<size_t>(kept))
+        return fault(node.source(), name + " has room for " + std::to_string(kept - 1) + " bytes");
     if (text.find('\0') != std::string::npos)
         return fault(node.source(), name + " must not hold a zero byte");
     memset(first, 0, static_cast<size_t>(size));
@@ -214,11 +234,8 @@ void reader::unknown_key(const toml::key& key, const std::vector<open_record>& r
                          const names& other_keys) {
     const std::string name(key.str());
     const std::string text = "unknown key \"" + name + "\"";
-    const veh_field_list block = veh_block_list();
-    for (int r = 0; r < block.count; ++r)
-        if (name == block.rows[r].name && acf_section_of(block.rows[r]))
-            return fault(key.source(),
-                         text + " here; it belongs into [" + acf_section_of(block.rows[r]) + "]");
+    if (const char* section = acf_section_of(name))
+        return fault(key.source(), text + " here; it belongs into [" + section + "]");
     names known = other_keys;
     for (const open_record& record : records)
         for (int r = 0; r < record.fields.count; ++r)
@@ -228,6 +245,10 @@ void reader::unknown_key(const toml::key& key, const std::vector<open_record>& r
 
 void reader::read_fields(const toml::table& table, const std::vector<open_record>& records,
                          const names& other_keys) {
+    for (const open_record& record : records)
+        if (!record.section)
+            tables_.push_back(
+                {record.first, record.first + record.size, static_cast<int>(table.source().begin.line)});
     for (const auto& [key, node] : table) {
         if (std::find(other_keys.begin(), other_keys.end(), key.str()) != other_keys.end()) continue;
         bool found = false;
@@ -235,6 +256,7 @@ void reader::read_fields(const toml::table& table, const std::vector<open_record
             for (int r = 0; r < record.fields.count && !found; ++r) {
                 const veh_field_struct& row = record.fields.rows[r];
                 if (key.str() != row.name || !is_open(record, row)) continue;
+                lines_[record.first + row.offset] = static_cast<int>(node.source().begin.line);
                 read_field(node, row, record.first + row.offset);
                 found = true;
             }
@@ -352,8 +374,11 @@ void reader::read_body(const toml::table& table, int en) {
         return fault(stations->source(), "r_dim has to be even, from 8 to " + std::to_string(part_rDIM));
     body.s_dim = static_cast<int>(rings->size());
     for (int s = 0; s < body.s_dim; ++s)
-        if (const toml::table* ring = table_at((*rings)[static_cast<size_t>(s)], "a station"))
+        if (const toml::table* ring = table_at((*rings)[static_cast<size_t>(s)], "a station")) {
             read_ring(*ring, body, s);
+            if (s > 0 && body.geo_xyz[s][0][2] < body.geo_xyz[s - 1][0][2])
+                fault(ring->source(), "stations run from nose to tail: this z lies ahead of the one before");
+        }
 }
 
 void reader::read_parts(const toml::node& node, int first, int last) {
@@ -474,7 +499,7 @@ void reader::read_section(const std::string& section, const toml::node& node) {
     else if (section == "downwash")
         read_downwash(node);
     else if (const toml::table* table = table_at(node, "[" + section + "]"))
-        read_fields(*table, {{reinterpret_cast<unsigned char*>(&v_), veh_block_list(), section.c_str()}});
+        read_fields(*table, {{reinterpret_cast<unsigned char*>(&v_), sizeof v_, veh_block_list(), section.c_str()}});
 }
 
 bool is_heading(const std::string& name) {
@@ -497,9 +522,20 @@ void reader::read(const toml::table& root) {
     }
     copy_surfaces();
 }
+
+void reader::test_ranges() {
+    const void* field = nullptr;
+    const std::string text = acf_admit(p_, &field);
+    if (text.empty()) return;
+    int line = 0;
+    for (const table_place& table : tables_)
+        if (field >= table.first && field < table.end) line = table.line;
+    if (const auto own = lines_.find(field); own != lines_.end()) line = own->second;
+    faults_.push_back({line, file_ + (line ? ":" + std::to_string(line) : "") + ": " + text + "\n"});
+}
 }  // namespace
 
-int acf_from_toml(const std::string& toml_path, int p, std::string* error) {
+static int read_text(const std::string& toml_path, int p, bool as_design, std::string* error) {
     error->clear();
     clear_acf(p);
     toml::table root;
@@ -510,8 +546,18 @@ int acf_from_toml(const std::string& toml_path, int p, std::string* error) {
                  std::string(fault.description()) + "\n";
         return 0;
     }
-    reader text(toml_path, p);
+    reader text(toml_path, p, as_design);
     text.read(root);
     *error = text.errors();
+    if (!error->empty() || !as_design) return error->empty();
+    text.test_ranges();
+    *error = text.errors();
     return error->empty();
+}
+
+int acf_from_toml(const std::string& toml_path, int p, std::string* error) {
+    return read_text(toml_path, p, false, error);
+}
+int acf_design_from_toml(const std::string& toml_path, int p, std::string* error) {
+    return read_text(toml_path, p, true, error);
 }

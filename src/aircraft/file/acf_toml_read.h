@@ -8,3 +8,6 @@
 // Reads a text into slot p, emptied before. Returns 1, or 0 with every fault in error, one a line, each
 // with file and line.
 int acf_from_toml(const std::string& toml_path, int p, std::string* error);
+
+// The same as a design that is to fly: what a load would cut off (texts) or refuse (acf_admit) is a fault too.
+int acf_design_from_toml(const std::string& toml_path, int p, std::string* error);

@@ -4,21 +4,21 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <filesystem>
 #include <limits>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include "aircraft/file/acf_fault.h"
+#include "aircraft/file/acf_layout.h"
 #include "aircraft/foil/afl_polar.h"
 #include "core/craft/veh.h"
 #include "core/disk/files.h"
 #include "core/disk/paths.h"
-#include "core/disk/text_numbers.h"
 #include "core/math/num.h"
 #include "core/program/alert.h"
 #include "core/records/mnw.h"
-#include "core/records/stl.h"
 
 static constexpr int afl_versions[] = {700, 650, 641, 613, 363};  // in the order in which they are tried
 static constexpr int afl_device = 1234;                           // type code of every foil file
@@ -272,10 +272,16 @@ int load_foil_for_part(const std::string& foil_name, int p, int en, int RT, int 
 
     auto foil = std::make_unique<afl_struct>();
     alert_lines fault;
-    if (!read_afl(*foil, 0, 0, beside, fault) && !read_afl(*foil, 0, 0, common, fault)) {
-        ACF_fault(p, "An airfoil file could not be found! The airfoil paths I checked are:", beside, common,
-                  std::string(veh[p].name) + " " + stl.text[text_part + en]);
-        return 0;
+    const std::string user = std::string(veh[p].name) + " " + part_title(en);
+    if (!read_afl(*foil, 0, 0, beside, fault)) {
+        // A designer's own foil that cannot be read: the program's of that name must not silently fly in its place.
+        std::error_code ignored;
+        const bool unread = std::filesystem::is_regular_file(set_dir_chars(beside), ignored);
+        if (unread || !read_afl(*foil, 0, 0, common, fault)) {
+            ACF_fault(p, "An airfoil file could not be found! The airfoil paths I checked are:", beside, common,
+                      user + (unread ? ": the first one has a wrong version" : ""));
+            return 0;
+        }
     }
     if (!fault.line[0].empty()) {
         ACF_fault(p, fault.line[0], fault.line[1], fault.line[2], fault.line[3]);

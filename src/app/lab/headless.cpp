@@ -3,6 +3,8 @@
 
 #include <string.h>
 
+#include <filesystem>
+
 #include "aircraft/file/acf_fault.h"
 #include "app/app_update.h"
 #include "app/frame.h"
@@ -11,6 +13,7 @@
 #include "app/slots/warnings.h"
 #include "app/start/load_plane.h"
 #include "app/world_flight.h"
+#include "core/disk/paths.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/program/clocks.h"
@@ -25,6 +28,7 @@
 #include "platform/window.h"
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
+#include "ui/text/language.h"
 #include "weather/wind.h"
 
 namespace {
@@ -43,6 +47,10 @@ void headless_start(const std::string& install_folder, const std::string& acf_fi
     for (void (*reset)() : resets) reset();
     init_records(install_folder, logs);
     init_gen();
+    // where they have been built: what is told of an aircraft names its parts
+    if (std::error_code ignored;
+        std::filesystem::is_regular_file(set_dir_chars(txt_path + "english:Tarvane.txt"), ignored))
+        MACIBM_read_texts();
     have_done_first_update = 1;
     const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;
     snprintf(veh[0].path, sizeof veh[0].path, "%s", path.c_str());

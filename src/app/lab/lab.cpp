@@ -94,9 +94,18 @@ void lab_place_moving(const lab_flight& at, float the, float turn_rate) {
     set_velocity(0.0f, at.speed * sin_deg(at.gamma), -at.speed * cos_deg(at.gamma));
 }
 
+// Engines that ran before leave their slipstream in the state; in the tunnel nothing would let it die out.
+static void clear_wash() {
+    for (flt_engn_struct& e : flt[0].engn) {
+        e.thrust = e.DVinc = e.side_wash = 0.0f;
+        for (float& ring : e.RING_DVinc) ring = 0.0f;
+    }
+}
+
 lab_coeffs lab_tunnel(const lab_flight& at) {
     constexpr int settle = 4;  // downwash and spanwise load lag by one step each
     lab_place(at);
+    clear_wash();
     for (int i = 0; i < settle; ++i) tunnel_step();
     const flt_struct& f = flt[0];
     const aircraft_summary_struct size = aircraft_summary(0);
@@ -109,8 +118,9 @@ lab_coeffs lab_tunnel(const lab_flight& at) {
     c.CD = f.drag_path_axis / force;
     c.CY = f.side_path_axis / force;
     c.Cl = f.L / (force * size.span);
-    c.Cm = f.M / (force * size.mean_chord);
-    c.Cn = f.N / (force * size.span);
+    // about the present centre of gravity, which the user may have shifted
+    c.Cm = (f.M + f.fnrml_aero_acf * f.cgz_ref_to_default) / (force * size.mean_chord);
+    c.Cn = (f.N + f.fside_aero_acf * f.cgz_ref_to_default) / (force * size.span);
     return c;
 }
 
@@ -217,7 +227,7 @@ lab_stability lab_slopes(const lab_flight& at) {
     s.Cn_beta = right.Cn - left.Cn;
     s.Cl_beta = right.Cl - left.Cl;
     s.static_margin = s.CL_alpha != 0.0f ? -s.Cm_alpha / s.CL_alpha : 0.0f;
-    s.z_neutral = s.static_margin * aircraft_summary(0).mean_chord;
+    s.z_neutral = s.static_margin * aircraft_summary(0).mean_chord + flt[0].cgz_ref_to_default;
     return s;
 }
 
@@ -225,6 +235,7 @@ lab_polar lab_performance(float altitude) {
     lab_polar p{};
     lab_flight at;
     at.altitude = altitude;
+    set_elevator(0.0f);
     for (at.alpha = 0.0f; at.alpha < 24.0f; at.alpha += 0.25f) {
         const float CL = lab_tunnel(at).CL;
         if (CL > p.CL_max) {

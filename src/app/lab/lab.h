@@ -54,7 +54,7 @@ struct lab_stability {
     float CL_alpha, Cm_alpha;      // per degree
     float Cn_beta, Cl_beta;        // per degree
     float static_margin;           // chords
-    float z_neutral;               // m aft of the centre of gravity
+    float z_neutral;               // m aft of the file's centre of gravity
 };
 lab_stability lab_slopes(const lab_flight& at);
 
@@ -63,6 +63,7 @@ struct lab_polar {
     float stall_speed;             // m/s at the present mass, 1 g
     lab_trim best_glide, min_sink;
 };
+// Elevator neutral for the largest lift, flaps and brakes as they stand.
 lab_polar lab_performance(float altitude);
 
 float lab_mass();  // kg, with fuel and load

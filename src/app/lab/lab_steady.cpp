@@ -2,8 +2,10 @@
 #include "app/lab/lab_steady.h"
 
 #include <math.h>
+#include <stdio.h>
 
 #include "app/lab/lab.h"
+#include "app/lab/lab_load.h"
 #include "core/craft/engn_kinds.h"
 #include "core/math/axes.h"
 #include "core/math/num.h"
@@ -122,6 +124,10 @@ constexpr float spin_tolerance = 0.02f;   // deg/s2
 constexpr float beta_tolerance = 0.05f;   // degrees
 constexpr float settle_dt = 1.0f / 40.0f, settle_seconds = 10.0f, first_settle_seconds = 40.0f;
 
+float tolerance_of(int residual) {
+    return residual < 3 ? accel_tolerance : residual < 6 ? spin_tolerance : beta_tolerance;
+}
+
 class steady_search {
 public:
     explicit steady_search(const lab_steady_order& order)
@@ -139,7 +145,7 @@ public:
             residuals(s, res);
             float worst = 0.0f;
             for (const float r : res) worst = fltmax2(worst, fabsf(r));
-            if (worst < best.worst) best = answer(s, worst);
+            if (worst < best.worst) best = answer(s, res, worst);
             if (worst < 1.0f) {
                 best.found = true;
                 break;
@@ -176,6 +182,7 @@ private:
         lab_place_moving(flight_of(s), s.u[u_the], order_.turn_rate);
         set_controls(s.u[u_ptch], s.u[u_roll], s.u[u_hdng], order_.by_trims);
         lab_set_power(power_of(s));
+        if (order_.lean) lab_lean_engines();
         lab_hold(seconds, settle_dt);
     }
 
@@ -245,7 +252,7 @@ private:
         return true;
     }
 
-    lab_steady answer(const state& s, float worst) const {
+    lab_steady answer(const state& s, const float* res, float worst) const {
         lab_steady r{};
         r.at = flight_of(s);
         r.at.alpha = flt[0].alpha;
@@ -256,8 +263,10 @@ private:
         r.hdng = s.u[u_hdng];
         r.by_trims = order_.by_trims;
         r.power = power_of(s);
+        r.power_given = power_given_;
         r.turn_rate = order_.turn_rate;
         r.worst = worst;
+        for (int i = 0; i < unknowns; ++i) r.left[i] = res[i] * tolerance_of(i);
         return r;
     }
 
@@ -265,6 +274,27 @@ private:
     bool power_given_;
 };
 }  // namespace
+
+std::string lab_why_unsteady(const lab_steady& s) {
+    if (s.found) return "";
+    std::string why;
+    const auto at_stop = [&why](const char* control, float value, float least) {
+        if (value > 0.999f || value < least + 0.001f) why += std::string(control) + " at its stop, ";
+    };
+    at_stop("elevator", s.ptch, -1.0f);
+    at_stop("aileron", s.roll, -1.0f);
+    at_stop("rudder", s.hdng, -1.0f);
+    if (!s.power_given) at_stop("power lever", s.power, 0.0f);
+    int most = 0;
+    for (int i = 1; i < unknowns; ++i)
+        if (fabsf(s.left[i]) / tolerance_of(i) > fabsf(s.left[most]) / tolerance_of(most)) most = i;
+    static const char* const names[unknowns] = {
+        "g forward", "g upward", "g to the right", "deg/s2 nose up", "deg/s2 right wing down", "deg/s2 nose right",
+        "degrees of sideslip"};
+    char left[80];
+    snprintf(left, sizeof left, "%+.3g %s left", static_cast<double>(s.left[most]), names[most]);
+    return why + left;
+}
 
 lab_steady lab_find_steady(const lab_steady_order& order) { return steady_search(order).run(); }
 

@@ -1,5 +1,7 @@
 // Steady flights found, and the controls and engines of the user's aircraft set for them.
 #pragma once
+#include <string>
+
 #include "app/lab/lab.h"
 
 // Sets the yoke and pedals so that the commands FC_ptch, FC_roll, FC_hdng come out as given, -1 to 1.
@@ -24,6 +26,7 @@ struct lab_steady_order {
     float turn_rate = 0.0f;   // degrees per second, right
     float power = -1.0f;      // power lever, 0 to 1; negative: to be found
     bool by_trims = false;    // yoke and pedals rest, the three trims hold the controls
+    bool lean = false;        // piston engines leaned for power
 };
 struct lab_steady {
     bool found;
@@ -32,8 +35,16 @@ struct lab_steady {
     float ptch, roll, hdng;   // commands FC_*, or the trims
     bool by_trims;
     float power, turn_rate;
+    bool power_given;         // by the order, not found
     float worst;              // largest residual, in tolerances
+    // What is left of the accelerations, forward, up, right in g, about pitch, roll, yaw in deg/s2, and of the
+    // sideslip in degrees.
+    float left[7];
 };
+
+// In words what keeps a state from being steady and by how much: controls at their stops, what is left most. Empty
+// for one that is.
+std::string lab_why_unsteady(const lab_steady& state);
 
 // By Newton steps on the forces of the whole aircraft, engines and discs settled in each state.
 lab_steady lab_find_steady(const lab_steady_order& order);

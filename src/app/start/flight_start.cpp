@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "aircraft/deflect.h"
+#include "aircraft/design/check.h"
 #include "app/start/load_plane.h"
 #include "atc/controllers.h"
 #include "core/craft/engn_kinds.h"
@@ -183,8 +184,7 @@ void set_engine(int en, const start_state& s) {
     e.pitch_deg_ref = s.on_ground ? fine : 0.5f * (fine + coarse);
     if (s.running && v.linked_prop_EQ) {
         e.tacrad_ENGN = v.RSC_redline_ENGN;
-        e.tacrad_PROP =
-            v.RSC_redline_PROP * v.engn[0].prop_gear_rat / fltmax2(v.engn[en].prop_gear_rat, 0.001f);
+        e.tacrad_PROP = v.RSC_redline_PROP * prop_gear_of(v.engn[0]) / prop_gear_of(v.engn[en]);
     }
     if (is_gyr_rotor(0, en) || veh[0].engn[en].prop_type == prop_lift_fan) e.tacrad_PROP = 0.0f;
 }

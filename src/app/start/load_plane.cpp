@@ -68,12 +68,34 @@ int read_or_default(int p) {
     return 0;
 }
 
+// What the last aircraft of the slot did (vectors, sweep, failures) must not decide which parts of the next one
+// exist while it is derived: nothing is vectored, so every disc is there. Only the place and the motion stay,
+// since a peer or a plugin may exchange an aircraft in flight.
+void clear_flight_state(int p) {
+    flt_struct& f = flt[p];
+    const int update_type = f.update_type, ip_from_int = f.ip_from_int;
+    const float last_time_rcvd = f.last_time_rcvd;
+    const double place[] = {f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele};
+    const float velocity[] = {f.vx, f.vy, f.vz}, angles[] = {f.psi, f.the, f.phi};
+    float q[4];
+    memcpy(q, f.q, sizeof q);
+    clear_flt(p);
+    f.update_type = update_type;
+    f.ip_from_int = ip_from_int;
+    f.last_time_rcvd = last_time_rcvd;
+    f.dob_x = place[0], f.dob_y = place[1], f.dob_z = place[2];
+    f.dob_lat = place[3], f.dob_lon = place[4], f.dob_ele = place[5];
+    f.vx = velocity[0], f.vy = velocity[1], f.vz = velocity[2];
+    f.psi = angles[0], f.the = angles[1], f.phi = angles[2];
+    memcpy(f.q, q, sizeof q);
+}
+
 void clear_limits() { stg.over_g = stg.over_vne = stg.over_vfe = stg.over_vle = 0; }
 }  // namespace
 
 int load_plane(int p) {
     stg.num_acf = intmax2(stg.num_acf, p + 1);
-    memset(flt[p].fail_stat, 0, sizeof flt[p].fail_stat);
+    clear_flight_state(p);
     name_from_path(p);
     const int result = read_or_default(p);
     if (!result) return 0;

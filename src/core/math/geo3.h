@@ -1,7 +1,9 @@
-// Small geometry in double: points, vectors, lines, planes.
+// Small geometry: points, vectors, lines, planes in double; one triple and its box in float.
 #pragma once
 #include <cmath>
 #include <vector>
+
+#include "core/math/num.h"
 
 struct Vector3 {
     double dx = 0.0, dy = 0.0, dz = 0.0;
@@ -64,4 +66,37 @@ struct Plane3 {
 
 private:
     double height(const Point3& p) const { return n.dx * p.x + n.dy * p.y + n.dz * p.z; }
+};
+
+// -- in float
+
+// A point or a vector: a vertex of a tile, a force on a disc, a wind.
+struct d3_struct {
+    float x = 0.0f, y = 0.0f, z = 0.0f;
+    d3_struct operator+(const d3_struct& b) const { return {x + b.x, y + b.y, z + b.z}; }
+    d3_struct operator*(float k) const { return {x * k, y * k, z * k}; }
+    float dot(const d3_struct& b) const { return x * b.x + y * b.y + z * b.z; }
+    float at(int axis) const { return axis == 0 ? x : axis == 1 ? y : z; }
+    // The three in a row, for OpenGL.
+    const float* xyz() const { return &x; }
+};
+static_assert(sizeof(d3_struct) == 3 * sizeof(float));
+
+// Box that grows around what is put into it.
+struct box_struct {
+    float min_x = 9.9e+09f, min_y = 9.9e+09f, min_z = 9.9e+09f;
+    float max_x = -9.9e+09f, max_y = -9.9e+09f, max_z = -9.9e+09f;
+    void grow(const d3_struct& at) {
+        min_x = fltmin2(min_x, at.x);
+        min_y = fltmin2(min_y, at.y);
+        min_z = fltmin2(min_z, at.z);
+        max_x = fltmax2(max_x, at.x);
+        max_y = fltmax2(max_y, at.y);
+        max_z = fltmax2(max_z, at.z);
+    }
+    bool empty() const { return min_x > max_x; }
+    d3_struct size() const { return {max_x - min_x, max_y - min_y, max_z - min_z}; }
+    d3_struct centre() const {
+        return {0.5f * (min_x + max_x), 0.5f * (min_y + max_y), 0.5f * (min_z + max_z)};
+    }
 };

@@ -34,15 +34,16 @@ struct atm_struct {
     float therm_vvi_fpm;         // 0 to 1500
     float therm_alt_ft;          // above ground
     int rway_fric_code;          // 0 dry, 1 wet, 2 very wet
-    int rway_patchy;
-    int meteorite_code;
-    int plot_aurora;
+    int rway_patchy;             // 0 or 1: the runway is wet in patches
+    int meteorite_code;          // how many shooting stars, 0 none
+    int plot_aurora;             // 0 or 1: northern lights
     char weather_seed;           // 0 to 127
-    HTTPClient* rwx_download_object;
-    int download_rwx, has_rwx, use_rwx;
+    // weather reports; weather step, weather screen
+    HTTPClient* rwx_download_object;  // owned, null between downloads
+    int download_rwx, has_rwx, use_rwx;  // 0 or 1: reports are wanted, are there, set the weather
     float rwx_check_minutes;     // 5 to 60
     float rwx_next_check_time;   // real_time
-    float rwx_percent_downloaded;
+    float rwx_percent_downloaded;  // 0 to 100
     float rwx_max_vis_nm;        // 5 to 25
     int prim_layer;              // layer that counts as the main deck
     float level_rat_acf;         // cloud density at the aircraft, 0 to 1

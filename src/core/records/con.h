@@ -26,33 +26,33 @@ struct con_struct {
     float lcl_a;            // speed of sound, m/s
     float lcl_g;            // gravity, m/s2
     // numbers
-    float pi, pim2, pid2;
+    float pi, pim2, pid2;  // pi, its double, its half
     float R;                 // gas constant of air, J/(kg K), on both planets
     float c;                 // speed of light, m/s
     float g;                 // standard gravity of the system, 9.79828 m/s2
-    float lb_per_gallon_gas;
+    float lb_per_gallon_gas;  // 6.25, petrol
     // conversions; each pair is a factor and its inverse
-    float lbstokgs, kgstolbs;
-    float fttomtrs, mtrstoft;
-    float hptowatt, watttohp;
-    float radtodeg, degtorad;
-    float ktstofps, fpstokts;
-    float ktstomsc, msctokts;
-    float rpmtorsc, rsctorpm;
-    float fpmtomsc, msctofpm;
-    float nmtomtrs, mtrstonm;
-    float sftosmtr, smtrtosf;
-    float lbstontn, ntntolbs;
-    float ftlbtonm, nmtoftlb;
+    float lbstokgs, kgstolbs;  // 0.4535925
+    float fttomtrs, mtrstoft;  // 0.3048
+    float hptowatt, watttohp;  // 745.7
+    float radtodeg, degtorad;  // 180 / pi
+    float ktstofps, fpstokts;  // 1.68781
+    float ktstomsc, msctokts;  // knots to m/s
+    float rpmtorsc, rsctorpm;  // rpm to rad/s
+    float fpmtomsc, msctofpm;  // ft/min to m/s
+    float nmtomtrs, mtrstonm;  // 6076.1155 ft
+    float sftosmtr, smtrtosf;  // ft2 to m2
+    float lbstontn, ntntolbs;  // pounds of force to N
+    float ftlbtonm, nmtoftlb;  // ft lb to N m
     float endtomed, medtoend;  // slug/ft3 to kg/m3
     float enptomep, meptoenp;  // lb/ft2 to Pa
     float enItomtI, mtltoenl;  // lb ft2 to kg m2
-    float nm_to_sm, sm_to_nm;
-    float pasto_hg, hg_topas;  // inches of mercury
-    float milto_hg, hg_tomil;
-    float lbhtokgs, kgstolbh;
+    float nm_to_sm, sm_to_nm;  // nautical to statute miles, 1.150779
+    float pasto_hg, hg_topas;  // Pa to inches of mercury
+    float milto_hg, hg_tomil;  // millibars to inches of mercury
+    float lbhtokgs, kgstolbh;  // lb/h to kg/s
     // the user's display choice
-    int metric_temp, metric_press;
+    int metric_temp, metric_press;  // 0 or 1: Celsius, hectopascals are shown; preferences
 };
 extern con_struct con;
 

@@ -4,7 +4,7 @@
 #pragma once
 
 struct double_float {
-    double now = 0.0;
+    double now = 0.0;    // the value itself, in the unit of the published one
     float seen = 0.0f;  // what was published last
 
     // Sets both.

@@ -12,28 +12,36 @@ struct d3_struct;
 constexpr int checkDIM = 176;
 
 struct ren_struct {
-    float view_xyz[3];          // eye, world frame, m
-    float view_ele_msl, view_ele_agl;
-    float final_the, final_psi, final_phi;
-    float sin_final_the, cos_final_the, sin_final_psi, cos_final_psi, sin_final_phi, cos_final_phi;
-    float cockpit_the, cockpit_psi, cockpit_phi;
+    // the eye and its view; views
+    float view_xyz[3];            // eye, world frame, m
+    float view_ele_msl, view_ele_agl;  // its height above the sphere and above ground, m
+    float final_the, final_psi, final_phi;  // pitch, true heading, roll of the view, degrees
+    float sin_final_the, cos_final_the, sin_final_psi, cos_final_psi, sin_final_phi, cos_final_phi;  // of these
+    float cockpit_the, cockpit_psi, cockpit_phi;  // view from the aircraft's axes, degrees
     float FOV;                  // horizontal field of view, degrees
-    int vert1, vert2;
+    int vert1, vert2;           // 0 or 1: turned by -90, by 90 degrees about the line of sight; preferences
     int view_type_act;          // view_code
     int is_viewer;              // this machine only shows another's flight
-    int trans_panel, mouse_look, sunglasses_on, night_vision_on, show_path;
-    float current_alpha;
-    int wpn_to_track, elum_renders, draw_shadows, stars_are_vis;
-    float glare_rat;
-    float apt_lite_rat, hud_brt, pan_brt, ins_brt;
+    int trans_panel;            // 0 or 1: the panel can be seen through; commands
+    int mouse_look;             // 0 or 1: the mouse turns the view; commands
+    int sunglasses_on, night_vision_on;  // 0 or 1; commands
+    int show_path;              // drawing of flown paths, 0 none; commands
+    float current_alpha;        // of all that is drawn in one colour now, 0 to 1; frame
+    int wpn_to_track;           // weapon that the view follows, -1 none; weapons
+    int elum_renders;           // pictures of one frame for several screens, 0 to 4; preferences
+    int draw_shadows;           // 0 or 1; rendering screen
+    int stars_are_vis;          // 0 or 1; sky
+    float glare_rat;            // blinding by the sun, 0 to 1; frame
+    float apt_lite_rat, hud_brt, pan_brt, ins_brt;  // brightness: airports, HUD, panel, instruments, 0 to 1; panel
     float deg_per_mtr_x, deg_per_mtr_z;  // at the region's centre
     int num_fas_finds, num_slo_finds;   // terrain queries of this frame
-    // what each asker of the terrain found last: tile, patch, list and triangle; a runway's piece
-    int is_set[checkDIM], is_wet[checkDIM], i_lat[checkDIM], i_lon[checkDIM];
-    ytest_patch_struct* i_patch[checkDIM];
-    ytest_pol_struct* i_pol[checkDIM];
-    d3_struct *i_geo0[checkDIM], *i_geo1[checkDIM], *i_geo2[checkDIM];
-    int apt_wrl[checkDIM], rwy_wrl[checkDIM], rwy_geo[checkDIM], rwy_pol[checkDIM];
-    int num_tex_units, max_iso;
+    // what each asker of the terrain found last; terrain queries
+    int is_set[checkDIM], is_wet[checkDIM];   // 0 or 1: the triangle below holds; it is water
+    int i_lat[checkDIM], i_lon[checkDIM];     // its tile in the region, from the south-west
+    ytest_patch_struct* i_patch[checkDIM];    // its patch
+    ytest_pol_struct* i_pol[checkDIM];        // its list
+    d3_struct *i_geo0[checkDIM], *i_geo1[checkDIM], *i_geo2[checkDIM];  // its corners
+    int apt_wrl[checkDIM], rwy_wrl[checkDIM], rwy_geo[checkDIM], rwy_pol[checkDIM];  // piece of a runway: airport to polygon
+    int num_tex_units, max_iso;  // what OpenGL has: texture units, anisotropy; start
 };
 extern ren_struct ren;

@@ -48,8 +48,9 @@ panel_edges panel(const veh_part_struct& body, int s, int r) {
             0.5f * (c[2] - a[2] + d[2] - b[2])};
 }
 
-// Above the speed of sound wave drag comes from how much the surface turns from one station to the
-// next; the constant is skin friction.
+// Above the speed of sound wave drag comes from how much the surface turns from one station to the next, by
+// Ackeret's linear theory. As given: the flow's own angles count half, a blunt nose can come out with a pull,
+// and skin friction is the same at any speed.
 body_force supersonic_panels(const veh_part_struct& body, const body_flow& flow) {
     constexpr float skin_friction = 0.0023f;
     const float machno_use = fltlim(flow.v_msc / con.lcl_a, 1.5f, 3.0f);
@@ -87,6 +88,8 @@ void air_at_point(const float place[3], float vel[3]) {
 }
 }  // namespace
 
+// As given: a body across the flow is a cylinder of .27, its compressibility Prandtl and Glauert's held at
+// Mach .8 with a rise behind.
 void get_body_coeffs(float s_frn, float s_sid, float s_top, float cd_0, float v_msc, float alph_rad,
                      float* sublift, float beta_rad, float* subside, float angl_rad, float* subdrag) {
     const float mach = v_msc / con.lcl_a;
@@ -146,6 +149,8 @@ static float tyre_multiplier(int gear_type) {
     }
 }
 
+// As given: bluff coefficients of strut, tyre and doors over frontal areas of the leg's sizes; a fairing
+// leaves a tenth of the tyres.
 void aero_gear_drag() {
     const bool retracts = veh[0].gear_retract;
     for (int en = 0; en < gearDIM; ++en) {
@@ -168,6 +173,7 @@ void aero_gear_drag() {
     aero_forcerep("gear drag");
 }
 
+// A flat plate: .615 is half of 1.23.
 void aero_speedbrake_doors() {
     if (!(flt[0].sbrk_rat > 0.0f)) return;
     for (const veh_door_struct& door : veh[0].sbrk) {
@@ -192,6 +198,8 @@ static void swing_chute(const float vel[3], float Q) {
         stg.chute_vector_wrl[axis] = closer_assymp(stg.chute_vector_wrl[axis], target[axis], rat_new);
 }
 
+// As given: the dynamic pressure lacks its half, and the drag acts along the path, whatever the chute's own
+// direction.
 void aero_chute() {
     if (!(veh[0].chute_area > 0.0f) || !stg.chute_on) {
         stg.chute_deploy_rat = 0.0f;

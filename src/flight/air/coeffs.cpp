@@ -87,7 +87,8 @@ coeff_set section_coeffs(int en, int el, int bld) {
     return blend(0.0f, root, static_cast<float>(wing.els), tip, el + 0.5f);
 }
 
-// In a sideslip a wing flies more and more along its span, until its aspect ratio is the inverse.
+// In a sideslip a wing flies more and more along its span, until its aspect ratio is the inverse. As given:
+// by the cosine.
 float sideslip_aspect_ratio(int en) {
     const veh_wing_struct& wing = veh[0].wing[en];
     if (en <= part_thru_last) return wing.AR;
@@ -96,6 +97,10 @@ float sideslip_aspect_ratio(int en) {
 }
 }  // namespace
 
+// Sources: compressibility is Prandtl and Glauert's, held at Mach .85; induced drag cl2 / (pi e AR) of the
+// lifting line. As given: an uneven span loses lift by its load factor and gains drag by it; drag rise 2.5 (M
+// - Md)2 with Md less .2 cl; a delta wing's moment of a quarter of its lift; ice, ratio 0 to 1, costs a third
+// of the lift and makes five times the drag.
 void Fco_subsonic(float trat, float drag_div, float Mach, float modcl, float modcd, float modcm, float* cl,
                   float* cd, float* cm, int en, int el, int bld) {
     const veh_wing_struct& wing = veh[0].wing[en];
@@ -173,6 +178,8 @@ static float table_index(float alpha) {
     return interp(20.0f, 560.0f, 179.0f, 719.0f, alpha);
 }
 
+// As given: between 20 and 90 degrees the wing's alpha, stretched about zero lift, goes over to the
+// section's.
 void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, int RT, int Re, int el,
                         int bld) {
     if (!intrange(en, 0, wingDIM - 1)) return MACIBM_fatal("FOIL INDEX out of range!");
@@ -213,6 +220,8 @@ void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, in
     flow.stalled = wing.alpha_max * slat_effect < alpha;
 }
 
+// Ackeret's linear theory on a double wedge. As given: Mach is held from 1.1 to 3, each facet counts half the
+// chord, the moment is that of a centre of pressure at half chord, and blades have no controls.
 void Fco_supersonic(float trat, float Mach, float modcl, float modcd, float modcm, float* cl, float* cd,
                     float* cm, int en, int el, int bld) {
     constexpr float skin_friction = 0.0046f;

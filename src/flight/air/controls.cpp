@@ -45,7 +45,7 @@ struct increments {
     float al = 0.0f, cl = 0.0f, cd = 0.0f, cm = 0.0f;
 };
 
-// How far flexible seals and gaps let the control act, by the aircraft's smoothing class.
+// How far seals and gaps let the control act, by the aircraft's smoothing class. As given, ratios.
 float smoothness(int con_smooth) {
     switch (con_smooth) {
         case 0:
@@ -59,6 +59,8 @@ float smoothness(int con_smooth) {
     }
 }
 
+// Degrees of alpha, coefficients. As given: the power of the chord ratio, nine tenths of the lift, drag with the
+// square of the degrees, half the lift as moment.
 increments hinged_surface(float def, float crat, float con_mult, float lift_slope, float al_D_al0) {
     increments inc;
     inc.al = -def * powf(crat, 0.9f) * con_mult;
@@ -68,7 +70,7 @@ increments hinged_surface(float def, float crat, float con_mult, float lift_slop
     return inc;
 }
 
-// Half the effect of a hinged surface on lift, but its whole moment, and the drag of a plate.
+// As given: half the effect of a hinged surface on lift, but its whole moment. The drag is a flat plate's, 1.23.
 increments spoiler(increments hinged, float def, float crat) {
     hinged.al *= 0.5f;
     hinged.cl *= 0.5f;
@@ -95,7 +97,7 @@ increments flap(int which, float def, float crat, float lift_slope, float al_D_a
     return inc;
 }
 
-// What the wing is like where a flap has come off.
+// What the wing is like where a flap has come off. As given; the drag is the section's thickness.
 increments missing_flap(int en, int el, float crat) {
     increments inc;
     inc.cl = -0.2f * crat * flt[0].wing[en].alpha_el[el][0];
@@ -121,6 +123,7 @@ float control_crat(int p, int en, float el, int control) {
     return control_chord / fltmax2(chord(el), 0.001f);
 }
 
+// Shares of the effect at 90 degrees. As given: lift bends at 20 and 45 degrees, drag goes with the sine.
 float flap_cl_rat(float def_deg) {
     if (def_deg < 20.0f) return extrap(0.0f, 0.0f, 20.0f, 0.7f, def_deg);
     if (def_deg < 45.0f) return interp(20.0f, 0.7f, 45.0f, 0.8f, def_deg);

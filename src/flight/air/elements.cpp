@@ -34,6 +34,7 @@ float ret_ge_hgt_mtrs(int en) {
     return y_wrl + static_cast<float>(flt[0].dob_y) - flt[0].terrain_y_cg;
 }
 
+// Factors, 2 and 0 at no height to 1 at a chord's and a span's. As given: the fourth root.
 void aero_ground_effect() {
     for (flt_wing_struct& w : flt[0].wing) w.CL_grndeffect = w.CD_grndeffect = 1.0f;
     for (int en = 0; en <= part_wing_last; ++en) {
@@ -137,7 +138,7 @@ control_mods controls_of_element(int en, int el) {
     return mod;
 }
 
-// The wake of a stalled wing comes and goes.
+// The wake of a stalled wing comes and goes. As given: at 10 rad/s.
 float stalled_flicker() { return fabsf(sinf(10.0f * mnw.totl_time)); }
 
 void one_element(const wash_list& washes, int en, int el) {
@@ -195,6 +196,7 @@ void aero_elements() {
     aero_forcerep("wings and pylons");
 }
 
+// Degrees. As given: it falls with the cosine of the dihedrals' difference and ends at Mach 1.
 void aero_downwash() {
     for (int washee = part_wing_first; washee <= part_wing_last; ++washee)
         for (float& d : flt[0].wing[washee].downwash_deg) d = 0.0f;
@@ -227,6 +229,7 @@ static float centroid_of_Q(const veh_wing_struct& wing, const flt_wing_struct& n
     return scale > 0.0f ? fltlim(moment / scale, 0.0f, 1.0f) : 0.5f;
 }
 
+// Load factor, 1 for an even load to 0 for one at the tip. As given: the root.
 void aero_spanwise_load() {
     for (int en = 0; en < wingDIM; ++en) {
         if (!has_this_wing(0, en)) continue;

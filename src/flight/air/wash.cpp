@@ -38,6 +38,8 @@ static float swirl_sign(int en, int prop_en, const float rel_vec[3]) {
     return s;
 }
 
+// m/s. As given: full to three quarters of the disc's radius, none from five quarters; swirl grows with the
+// distance.
 static void add_one_wash(const wash_struct& w, int en, const float place[3], float* axilv, float* normv) {
     constexpr float no_length = 1e-6f;  // below it a direction has no meaning
     const flt_engn_struct& engn = flt[0].engn[w.en];

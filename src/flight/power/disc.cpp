@@ -8,6 +8,7 @@
 #include "aircraft/design/location.h"
 #include "core/craft/engn_kinds.h"
 #include "core/math/axes.h"
+#include "core/math/geo3.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/program/alert.h"
@@ -21,17 +22,10 @@
 #include "weather/wind.h"
 
 namespace {
-struct vec {
-    float x, y, z;
-};
-vec operator+(const vec& a, const vec& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-vec operator*(const vec& a, float k) { return {a.x * k, a.y * k, a.z * k}; }
-float dot(const vec& a, const vec& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-
 // The moments of a force at a place, in the sense of the force sums.
 struct moments {
     float L = 0.0f, M = 0.0f, N = 0.0f;
-    void add(const vec& force, const vec& place) {
+    void add(const d3_struct& force, const d3_struct& place) {
         L += force.x * place.y - force.y * place.x;
         M += force.z * place.y - force.y * place.z;
         N += force.z * place.x - force.x * place.z;
@@ -40,16 +34,15 @@ struct moments {
 
 // The disc's unit vectors in aircraft axes.
 struct disc_axes {
-    vec rgt, up, aft;
-    vec to_disc(const vec& v) const { return {dot(v, rgt), dot(v, up), dot(v, aft)}; }
-    vec to_veh(const vec& v) const { return rgt * v.x + up * v.y + aft * v.z; }
+    d3_struct rgt, up, aft;
+    d3_struct to_disc(const d3_struct& v) const { return {v.dot(rgt), v.dot(up), v.dot(aft)}; }
+    d3_struct to_veh(const d3_struct& v) const { return rgt * v.x + up * v.y + aft * v.z; }
 };
 
-vec unit_vector(int en, float x, float y, float z) {
-    vec v;
+d3_struct unit_vector(int en, float x, float y, float z) {
+    d3_struct v;
     disc_to_veh(x, y, z, &v.x, &v.y, &v.z, 0, en);
-    if (!fltrange(pythag(v.x, v.y, v.z), 0.99f, 1.01f))
-        MACIBM_fatal("Thrust vector orientation error!");
+    if (!fltrange(pythag(v.x, v.y, v.z), 0.99f, 1.01f)) MACIBM_fatal("Thrust vector orientation error!");
     return v;
 }
 
@@ -68,8 +61,8 @@ struct disc_run {
     bool apply_cyclic_def = false, apply_disc_tilt = false, steer_disc = false;
     bool cw = true;
     bool no_axial_air = false;  // a lift fan behind closed doors
-    vec hub_rotation{};         // air speed at the hub from the aircraft's rotation, aircraft axes
-    vec v_prop{};               // relative wind at the hub, disc axes
+    d3_struct hub_rotation{};   // air speed at the hub from the aircraft's rotation, aircraft axes
+    d3_struct v_prop{};         // relative wind at the hub, disc axes
     float dirty_fac = 1.0f;     // inflow of disturbed air over that of clean air
     float air_rand = 0.0f;      // random part of it in vortex ring
     float control_rat = 1.0f;   // share of cyclic that acts
@@ -81,7 +74,7 @@ struct disc_run {
 void air_at_hub(disc_run& r) {
     const flt_struct& f = flt[0];
     inc_v(&r.hub_rotation.x, &r.hub_rotation.y, &r.hub_rotation.z, r.now.XYZ[0], r.now.XYZ[1], r.now.XYZ[2]);
-    const vec air = vec{f.vx_air_on_acf, f.vy_air_on_acf, f.vz_air_on_acf} + r.hub_rotation;
+    const d3_struct air = d3_struct{f.vx_air_on_acf, f.vy_air_on_acf, f.vz_air_on_acf} + r.hub_rotation;
     r.v_prop = r.axes.to_disc(air);
     if (!is_lift_fan(0, r.en)) return;
     r.v_prop.x = r.v_prop.y = 0.0f;
@@ -89,8 +82,9 @@ void air_at_hub(disc_run& r) {
     if (r.no_axial_air) r.v_prop.z = 0.0f;
 }
 
-// A rotor hovering in its own turbulence has half as much inflow again as in clean air; near the ground
-// less, and side flow clears the disc.
+// A rotor hovering in its own turbulence has half as much inflow again as in clean air; near the ground less,
+// and side flow clears the disc. As given, in knots; so is the vortex ring's range of descent, in sixths of
+// the wash.
 void dirty_air(disc_run& r) {
     const float v_prop_coord_aft_aero = r.v_prop.z + 0.5f * r.now.DVinc;
     const float clear_v_kts = pythag(r.v_prop.x, r.v_prop.y, v_prop_coord_aft_aero) * con.msctokts;
@@ -140,7 +134,7 @@ void cyclic(disc_run& r) {
 // -- the elements
 // Where a position lies, in disc axes. On a steered disc the position follows the rotation, so that the force
 // comes out a quarter turn behind the air that makes it: the rotor's 90 degrees of lag.
-vec point_on_disc(const disc_run& r, int bld, float arm) {
+d3_struct point_on_disc(const disc_run& r, int bld, float arm) {
     enum side { top, right, bottom, left };
     static constexpr side plain[bladDIM] = {top, right, bottom, left};
     static constexpr side steered_cw[bladDIM] = {right, bottom, left, top};
@@ -188,7 +182,7 @@ station station_of(const disc_run& r, int el) {
 // Air and blade at one position, and the sense of its drag in the disc's plane.
 struct position_terms {
     float rotationspeed, cyclic, DVnormal;
-    vec drag_direction;
+    d3_struct drag_direction;
 };
 
 position_terms terms_at(const disc_run& r, const station& s, int bld) {
@@ -207,13 +201,13 @@ position_terms terms_at(const disc_run& r, const station& s, int bld) {
     }
 }
 
-// Wind through the disc at a place. The hub's rotation speed counts along the aircraft's axis, also for a
-// disc that does not point along it.
-float air_through(const disc_run& r, const vec& place) {
+// Wind through the disc at a place. As given: the hub's rotation speed counts along the aircraft's axis, also
+// for a disc that does not point along it.
+float air_through(const disc_run& r, const d3_struct& place) {
     if (r.no_axial_air) return 0.0f;
-    vec air;
+    d3_struct air;
     wind.ret_wind_acf(place.x, place.y, place.z, &air.x, &air.y, &air.z);
-    return dot(air, r.axes.aft) + r.hub_rotation.z;
+    return air.dot(r.axes.aft) + r.hub_rotation.z;
 }
 
 float vortex_gust(const disc_run& r, const station& s, int bld) {
@@ -222,9 +216,9 @@ float vortex_gust(const disc_run& r, const station& s, int bld) {
 }
 
 // A blade that meets the ground stops its disc for good.
-void strike(disc_run& r, const vec& place) {
+void strike(disc_run& r, const d3_struct& place) {
     const flt_struct& f = flt[0];
-    vec wrl;
+    d3_struct wrl;
     veh_to_wrl(place.x, place.y, place.z, &wrl.x, &wrl.y, &wrl.z, 0);
     if (!(wrl.y + f.dob_y < f.terrain_y_cg)) return;
     if (terrain_is_wet(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), 0)) return;
@@ -237,9 +231,9 @@ void strike(disc_run& r, const vec& place) {
 float one_position(disc_run& r, const station& s, int bld) {
     flt_struct& f = flt[0];
     flt_wing_struct& flow = f.wing[r.en];
-    const vec point = point_on_disc(r, bld, s.arm);
-    const vec hub{r.now.XYZ[0], r.now.XYZ[1], r.now.XYZ[2]};
-    const vec place = hub + r.axes.to_veh(point);
+    const d3_struct point = point_on_disc(r, bld, s.arm);
+    const d3_struct hub{r.now.XYZ[0], r.now.XYZ[1], r.now.XYZ[2]};
+    const d3_struct place = hub + r.axes.to_veh(point);
 
     const position_terms t = terms_at(r, s, bld);
     const float rotationspeed = s.turn_speed + t.rotationspeed;
@@ -267,9 +261,9 @@ float one_position(disc_run& r, const station& s, int bld) {
     r.now.thrust -= faxil_disc;
     r.now.drag_TRQ += s.arm * disc_anti_rot;
 
-    const vec thrust_disc{0.0f, 0.0f, faxil_disc};
-    const vec force_disc = thrust_disc + t.drag_direction * disc_anti_rot;
-    const vec force = r.axes.to_veh(force_disc);
+    const d3_struct thrust_disc{0.0f, 0.0f, faxil_disc};
+    const d3_struct force_disc = thrust_disc + t.drag_direction * disc_anti_rot;
+    const d3_struct force = r.axes.to_veh(force_disc);
     f.fside_prop_acf += force.x;
     f.fnrml_prop_acf += force.y;
     f.faxil_prop_acf += force.z;
@@ -295,7 +289,8 @@ void all_elements(disc_run& r) {
 }
 
 // -- moments of a disc that tilts
-// The rate at which the hub's moment precesses the disc, rad/s: chased, but never past.
+// The rate at which the hub's moment precesses the disc, rad/s: chased, but never past. As given: it takes
+// half of the step.
 float precession(float rate_now, float hub_moment, float rate_from_acf, float mi, float tacrad) {
     const float term = hub_moment / (fltmax2(fabsf(tacrad), 1.0f) * mi) - rate_from_acf;
     const float next = rate_now + hub_moment / mi * mnw.prd_FM;
@@ -360,9 +355,9 @@ void steered_moments(disc_run& r) {
     f.N += r.hub_on_cog.N;
 }
 
-// Gyroscopic moments of a plain disc. Their senses are fixed so: a propeller turning clockwise seen from
-// behind answers a yaw to the right with the nose up and a pitch up with a yaw to the left, and each rate is
-// damped.
+// Gyroscopic moments of a plain disc. As given: their senses are fixed so that a propeller turning clockwise
+// seen from behind answers a yaw to the right with the nose up and a pitch up with a yaw to the left, and
+// each rate is damped.
 moments gyroscopic(const disc_run& r) {
     const flt_struct& f = flt[0];
     const disc_axes& a = r.axes;
@@ -386,7 +381,7 @@ void plain_moments(disc_run& r) {
 }
 
 // -- what the disc shows
-// The thrust of the coning blades is lessened by their mass in kilograms, as a number.
+// As given: the thrust of the coning blades, N, is lessened by their mass in kilograms.
 float cone_target(const disc_run& r) {
     constexpr float most = 8.0f * 0.01745329f;  // rad
     const float force_up = fallout(r.now.thrust - r.kind.prop_mass, -0.01f, 0.01f);
@@ -395,6 +390,7 @@ float cone_target(const disc_run& r) {
     return fltlim(atanf(force_up / force_out), -most, most);
 }
 
+// As given: swirl, m/s, is a quarter of the wash for what the propeller wastes.
 void coning_and_wash(disc_run& r) {
     flt_engn_struct& e = r.now;
     e.cone_rad = is_rotor(0, r.en) ? closer_assymp(e.cone_rad, cone_target(r), mnw.prd_FM) : 0.0f;
@@ -404,8 +400,9 @@ void coning_and_wash(disc_run& r) {
 }
 }  // namespace
 
+// Momentum theory, m/s. As given: the mass flow is counted with the whole increment at the disc, not half of
+// it, and settles in a second.
 float get_dv_total(float dv_total_now, float t, float s, float vgeo) {
-    // the whole increment is counted at the disc, not half of it
     const float v_thru_disc = fallout(vgeo + dv_total_now, -1.0f, 1.0f);
     const float mass_flow = fltmax2(con.lcl_r_met, 0.001f) * fltmax2(s, 1e-4f) * fabsf(v_thru_disc);
     return closer_assymp(dv_total_now, t / mass_flow, mnw.prd_FM);

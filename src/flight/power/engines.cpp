@@ -1,15 +1,14 @@
 // The engine step: fuel, combustion, density, temperatures, torque or spool, fuel flow, gauges, battery load.
 #include "flight/power/engines.h"
 
-#include "flight/power/engine_control.h"
-#include "flight/power/levers.h"
-#include "flight/power/thrust.h"
-
 #include "aircraft/design/exists.h"
 #include "aircraft/electrics.h"
 #include "core/math/num.h"
 #include "core/records/records.h"
 #include "flight/force/trace.h"
+#include "flight/power/engine_control.h"
+#include "flight/power/levers.h"
+#include "flight/power/thrust.h"
 #include "flight/weapons/weapons.h"
 
 namespace {
@@ -95,6 +94,8 @@ bool feed(int en, int burn_fuel) {
 }
 
 // -- combustion
+// As given: what a piston engine needs to fire (ratios of mixture, idle speed and ice); 1 percent of spool
+// holds a flame.
 void burn(engine_run& r) {
     flt_engn_struct& e = r.now;
     const int en = r.en;
@@ -117,6 +118,8 @@ void burn(engine_run& r) {
 }
 
 // -- density ratio that the engine sees
+// Over 1.225 kg/m3. As given: the ram of low and high bypass, and the loss beyond the inlet's Mach number.
+// The shock is the density jump across a normal shock in air of gamma 1.4.
 float jet_sigma(int en) {
     const float mach = flt[0].Mach, air = con.lcl_sig;
     float sigma = air + turbo_now(0.0f, veh[0].max_boost_pas_jet);
@@ -131,6 +134,7 @@ float jet_sigma(int en) {
     return sigma;
 }
 
+// Over 1.225 kg/m3. As given: a tenth is lost to carburettor heat, .15 on one magneto.
 float prop_sigma(int en) {
     constexpr float ram_per_pas = 7.401925e-06f;  // three quarters of the dynamic pressure, in atmospheres
     const flt_engn_struct& e = flt[0].engn[en];
@@ -147,6 +151,7 @@ float engine_sigma(int en) {
     return fltmax2(prop_sigma(en), 0.0f);
 }
 
+// Inches of mercury. As given: the temperature at sea level stands for the temperature here.
 void manifold_pressure(engine_run& r) {
     flt_engn_struct& e = r.now;
     const float temp_rat = (con.sl_T_cel + 273.15f) * inv_T_sl_kel;
@@ -159,6 +164,8 @@ void manifold_pressure(engine_run& r) {
 }
 
 // -- fuel ratios
+// Mixture over best power, ratios. As given: best power leans with density and engine speed; power falls
+// slowly on the rich side, with the square on the lean one; the temperature has its peak at best power.
 void recip_ratios(engine_run& r) {
     flt_engn_struct& e = r.now;
     const float mix_max_powr = e.sigma - 0.4f + 0.2f * r.rpm_rat;
@@ -171,7 +178,8 @@ void recip_ratios(engine_run& r) {
     r.temp_rat = fltlim(sqrtf(0.5f + 0.5f * e.thro_use) * (0.85f - off_temp), 0.0f, 2.0f);
 }
 
-// A hot start at low spool speed, then the temperature of the torque.
+// A hot start at low spool speed (percent), then the temperature of the torque, as ratios. As given, also the
+// steep rise over the last tenth of the throttle.
 void turbine_ratios(engine_run& r) {
     const flt_engn_struct& e = r.now;
     r.flow_rat = r.powr_rat = 1.0f;
@@ -194,12 +202,14 @@ void fuel_ratios(engine_run& r) {
         r.flow_rat = r.powr_rat = r.temp_rat = 1.0f;
 }
 
-// Share of the cylinder temperature that the airstream takes away, deg F: knots and metres per second are
-// summed as they are.
+// As given: what the airstream takes from the cylinder temperature, deg F, is a sum of knots and metres per
+// second.
 float cooling_by_speed(const flt_engn_struct& e) {
     return flt[0].AV_sig_kts + e.DVinc - veh[0].V_ref_ms * con.msctokts;
 }
 
+// ITT in Celsius, the others in deg F whatever the gauge shows; they settle in 1, 100 and 50 s. As given:
+// shares of the gauges' limits.
 void temperatures(engine_run& r) {
     flt_engn_struct& e = r.now;
     const veh_struct& v = veh[0];
@@ -219,6 +229,7 @@ void temperatures(engine_run& r) {
 struct idle_and_starter {
     float idle, starter;
 };
+// Idle as a share of the throttle, the starter's torque over full torque. As given, by kind of engine.
 idle_and_starter idle_of(int en) {
     const float ir = veh[0].idle_rat[stg.idle_speed[en] ? 1 : 0];
     switch (veh[0].engn[en].engn_type) {
@@ -237,6 +248,7 @@ idle_and_starter idle_of(int en) {
     }
 }
 
+// As given: by wire the throttle holds idle speed and redline with a gain of 5 per redline.
 void throttle_and_starter(engine_run& r) {
     const veh_struct& v = veh[0];
     const flt_engn_struct& e = r.now;
@@ -254,7 +266,8 @@ void throttle_and_starter(engine_run& r) {
 }
 
 // -- spools and torque
-// Moves a gas generator's spool (percent): demand of its fuel control, windmilling, friction, starter.
+// Moves a gas generator's spool, percent: demand of its fuel control, windmilling, friction, starter. As
+// given: all torques are ratios, and 75 percent a second is the spool time's measure.
 void turn_spool(const engine_run& r, float& N, float N_wind, float gliding_k) {
     const flt_engn_struct& e = r.now;
     const float fadec_N = 100.0f * signpow(e.burning_rat * r.throttle, 0.33f);
@@ -266,12 +279,14 @@ void turn_spool(const engine_run& r, float& N, float N_wind, float gliding_k) {
          fltmax2(veh[0].spool_time_jet, divisor_min) * mnw.prd_FM * 75.0f;
 }
 
+// As given: the fan turns with the cube of the core.
 void jet_spools(engine_run& r) {
     const bool high_bypass = veh[0].engn[r.en].engn_type == engn_jet_hi;
     turn_spool(r, r.now.N2, r.now.N1, high_bypass ? 0.15f : 0.05f);
     r.now.N1 = 100.0f * signcube(r.now.N2 / 100.0f);
 }
 
+// As given, over full torque: gas power with the cube of its spool, less half the cube of the output speed.
 void free_turbine_torque(engine_run& r) {
     flt_engn_struct& e = r.now;
     turn_spool(r, e.N1, e.N1, 0.25f);
@@ -282,13 +297,15 @@ void free_turbine_torque(engine_run& r) {
                veh[0].trq_max_eng;
 }
 
-// Cylinders shake a slow engine. The angle's unit is turned to radians and then by two pi once more.
+// Cylinders shake a slow engine, over full torque. As given: the angle is turned to radians and then by two
+// pi more.
 float compression_torque(const flt_engn_struct& e) {
     const float strength = interp(0.0f, 0.2f, veh[0].RSC_idlespeed_ENGN, 0.0f, e.tacrad_ENGN);
     return sinf(con.pim2 * (e.prop_ang_deg * con.degtorad)) * strength;
 }
 
-// Engines whose torque comes straight to the shaft.
+// Engines whose torque comes straight to the shaft; ratios to full torque. As given: the fifth root about
+// redline, friction, pumping; a dry engine drags with ten times its speed ratio.
 void shaft_torque(engine_run& r) {
     flt_engn_struct& e = r.now;
     const float rpm_driv_rat = signpow(1.0f - fabsf(r.rpm_rat - 1.0f), 0.2f);
@@ -336,6 +353,7 @@ void fuel_flow(engine_run& r) {
     chase(e.FF_kgs, FF, 5.0f);
 }
 
+// As given: pressures go with the root of the pump's speed.
 void oil_and_fuel_pressure(engine_run& r) {
     flt_engn_struct& e = r.now;
     constexpr float oil_lasts = 240.0f;  // s after the leak
@@ -347,7 +365,7 @@ void oil_and_fuel_pressure(engine_run& r) {
     e.oil_lube_rat = leaking ? fltmax2(e.oil_lube_rat - mnw.prd_FM / oil_lasts, 0.0f) : 1.0f;
 }
 
-// Sum of the consumers, as a rate of the battery's full charge.
+// Sum of the consumers, shares of a full battery in 100 s. As given.
 float bus_load(bool starting) {
     const flt_struct& f = flt[0];
     const struct {
@@ -390,6 +408,8 @@ void trace_engine(const engine_run& r) {
 }
 }  // namespace
 
+// Atmospheres. As given: it fills up to sea level's density, and fades where the air is thinner than a tenth
+// of that.
 float turbo_now(float ramair_boost, float max_boost_pas) {
     constexpr float pas_to_atm = 9.869233e-06f;
     const float most = max_boost_pas * pas_to_atm + ramair_boost;
@@ -397,6 +417,8 @@ float turbo_now(float ramair_boost, float max_boost_pas) {
     return boost * interp(0.0f, 0.0f, 0.1f, 1.0f, con.lcl_sig);
 }
 
+// kg/s. As given: idle's share by kind; turbines burn with the root of the density; a burner's share burns
+// twice.
 float fuelburn_kgpersec(float pow_thr, int en) {
     const veh_struct& v = veh[0];
     const flt_engn_struct& e = flt[0].engn[en];

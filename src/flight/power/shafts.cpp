@@ -13,7 +13,7 @@
 namespace {
 constexpr float least_engine_inertia = 1e-6f;  // kg m2
 
-float gear_of(int en) { return fltmax2(veh[0].engn[en].prop_gear_rat, disc_divisor_min); }
+float gear_of(int en) { return prop_gear_of(veh[0].engn[en]); }
 // A disc that the file left without mass gets what the shaft's steps need to stay stable: of the order of the
 // engine's torque over the disc's speed.
 float inertia_of(int en) {
@@ -126,7 +126,8 @@ bool clutch_engaged(int en) {
     return stg.clutch_trq_engag;
 }
 
-// What the clutch can pass. Linked shafts overrun their engines; a piston engine's friction clutch slips in.
+// What the clutch can pass, N m; as given one and a half times full torque. Linked shafts overrun their
+// engines; a piston engine's friction clutch slips in.
 torque_limits clutch_limits(int en) {
     const veh_struct& v = veh[0];
     const float most = 1.5f * v.trq_max_eng;
@@ -149,10 +150,10 @@ float get_clutch_TRQ(int en, float rsc_prop_side) {
     const veh_struct& v = veh[0];
     flt_engn_struct& e = flt[0].engn[en];
     const torque_limits lim = clutch_limits(en);
-    // a stiff spring between engine and shaft
+    // As given: a stiff spring between engine and shaft, ten times full torque at a slip of redline
     const float slip = (e.tacrad_ENGN - rsc_prop_side) / fltmax2(v.RSC_redline_ENGN, 1.0f);
     const float trq_clutch = fltlim(e.TRQ_nm + slip * 10.0f * v.trq_max_eng, lim.lo, lim.hi);
-    const float inertia = v.engn[en].mi_engn_rpm * v.inertia_rat_prop;
+    const float inertia = v.engn[en].mi_engn_rpm * inertia_rat_of(v);
     e.omegadot_ENGN = (e.TRQ_nm - trq_clutch) / fltmax2(inertia, least_engine_inertia);
 
     const float before = e.tacrad_ENGN;
@@ -167,6 +168,8 @@ float get_clutch_TRQ(int en, float rsc_prop_side) {
     return trq_clutch - v.trans_loss * v.trq_max_eng * sign(e.tacrad_PROP);
 }
 
+// As given: the engine's speed, .85 rad/s and the rotor's are summed to a ratio, held to .5 or 1.5 of full
+// torque.
 float get_TRQ_to_gyr_rotor(int en, float system_omega) {
     if (!stg.pre_rotating) return 0.0f;
     const float act = flt[0].engn[en].tacrad_PROP;

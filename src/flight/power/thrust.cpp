@@ -41,6 +41,9 @@ static tapped_shares shares_of(int en) {
     return s;
 }
 
+// As given: thrust goes with the cube of N1 from the ram drag of a dead engine; a reverser turns half of it.
+// The power in the stream is thrust times the speed that momentum gives it through the face; three quarters
+// can be tapped.
 void do_a_jet(int en) {
     const veh_struct& v = veh[0];
     flt_struct& f = flt[0];
@@ -57,7 +60,6 @@ void do_a_jet(int en) {
     const tapped_shares s = shares_of(en);
     e.thrust =
         total_thrust * (1.0f - s.lift_fan) * (1.0f - s.blown_flap) * (1.0f - s.pre_rotation) + burn_thrust;
-    // power in the stream: thrust times the speed that momentum gives it through the face
     const float stream =
         0.75f * total_thrust * signsqrt(total_thrust / (fltmax2(con.lcl_r_met, 0.001f) * face));
     f.lift_fan_total_power += stream * s.lift_fan;
@@ -70,6 +72,7 @@ void do_a_jet(int en) {
     apply_thrust(en);
 }
 
+// N. As given: straight lines over density between sea level, the nozzle's own height and vacuum.
 float get_rocket_thrust(int en) {
     // at sea level of the standard the line ends here, whatever the table of the air says
     constexpr float rho_sl = 1.225f;

@@ -50,9 +50,9 @@ void send_vertex(const scene_pol_struct& pol, size_t n, int format) {
                 glMultiTexCoord2fv(GL_TEXTURE0 + unit,
                                    coordinates(row.unit[unit] == first ? pol.color : pol.alpha, n));
         if (row.level) glColor4f(1.0f, 1.0f, 1.0f, n < pol.level.size() ? pol.level[n] : 0.0f);
-        if (n < pol.nrm.size()) glNormal3fv(pol.nrm[n].v);
+        if (n < pol.nrm.size()) glNormal3fv(pol.nrm[n].xyz());
     }
-    glVertex3fv(pol.geo[n].v);
+    glVertex3fv(pol.geo[n].xyz());
 }
 
 bool ends_at_once(int type) { return type != pol_triangles && type != pol_quads; }

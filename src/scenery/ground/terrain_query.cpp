@@ -12,13 +12,13 @@
 namespace {
 // -- is the point in it? Each remembers the triangle it found.
 
-float edge_length(const d3_struct& a, const d3_struct& b) { return pythag(b.v[0] - a.v[0], b.v[2] - a.v[2]); }
+float edge_length(const d3_struct& a, const d3_struct& b) { return pythag(b.x - a.x, b.z - a.z); }
 
 // On the inner side of the edge from a to b of a shape that runs clockwise from above. In double, so that a
 // point on the edge of two triangles is never outside of both by rounding.
 bool inside_cw_reg(const d3_struct& a, const d3_struct& b, double x, double z) {
-    const double dx = static_cast<double>(b.v[0]) - a.v[0], dz = static_cast<double>(b.v[2]) - a.v[2];
-    return (x - a.v[0]) * dz - (z - a.v[2]) * dx <= 0.0;
+    const double dx = static_cast<double>(b.x) - a.x, dz = static_cast<double>(b.z) - a.z;
+    return (x - a.x) * dz - (z - a.z) * dx <= 0.0;
 }
 
 // Tiles are cleaned of such triangles while they load; their inside has no meaning.
@@ -138,16 +138,16 @@ float sea_surface(float x, float z) {
 float mesh_surface(float x, float z, int checker) {
     constexpr float least_run = 1.0f;  // square metres
     const d3_struct &g1 = *ren.i_geo0[checker], &g2 = *ren.i_geo1[checker], &g3 = *ren.i_geo2[checker];
-    const float dx12 = g2.v[0] - g1.v[0], dz12 = g2.v[2] - g1.v[2];
-    const float dx13 = g3.v[0] - g1.v[0], dz13 = g3.v[2] - g1.v[2];
-    const float dy12 = g2.v[1] - g1.v[1], dy13 = g3.v[1] - g1.v[1];
+    const float dx12 = g2.x - g1.x, dz12 = g2.z - g1.z;
+    const float dx13 = g3.x - g1.x, dz13 = g3.z - g1.z;
+    const float dy12 = g2.y - g1.y, dy13 = g3.y - g1.y;
     const float runx = dx13 * dz12 - dx12 * dz13, runz = dz13 * dx12 - dz12 * dx13;
-    if (fabsf(runx) < least_run || fabsf(runz) < least_run) return g1.v[1];
+    if (fabsf(runx) < least_run || fabsf(runz) < least_run) return g1.y;
     const float rise_x = dy13 * dz12 - dy12 * dz13, rise_z = dy13 * dx12 - dy12 * dx13;
     const float nx = -rise_x / runx, nz = -rise_z / runz;
     constexpr float least_up = 0.01f;  // past 45 degrees a unit normal of these slopes would not exist
     set3(env.terrain_nrm, nx, sqrtf(fltmax2(1.0f - nx * nx - nz * nz, least_up)), nz);
-    set3(env.terrain_ctr, g1.v[0], g1.v[1], g1.v[2]);
+    set3(env.terrain_ctr, g1.x, g1.y, g1.z);
     return y_on_plane(x, z);
 }
 }  // namespace

@@ -12,15 +12,6 @@
 
 xdeg_struct xdeg[xdeg_lons][xdeg_lats];
 
-void box_struct::grow(const d3_struct& at) {
-    min_x = fltmin2(min_x, at.v[0]);
-    min_y = fltmin2(min_y, at.v[1]);
-    min_z = fltmin2(min_z, at.v[2]);
-    max_x = fltmax2(max_x, at.v[0]);
-    max_y = fltmax2(max_y, at.v[1]);
-    max_z = fltmax2(max_z, at.v[2]);
-}
-
 // -- what the buckets ask
 
 void scene_patch_bucket_traits::GetObjectBounds(const scene_patch_struct* patch, Point2& p1, Point2& p2) {

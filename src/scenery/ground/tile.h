@@ -14,17 +14,6 @@
 struct d2_struct {
     float v[2];
 };
-struct d3_struct {
-    float v[3];
-};
-
-// Box that grows around what is put into it.
-struct box_struct {
-    float min_x = 9.9e+09f, min_y = 9.9e+09f, min_z = 9.9e+09f;
-    float max_x = -9.9e+09f, max_y = -9.9e+09f, max_z = -9.9e+09f;
-    void grow(const d3_struct& at);
-};
-
 // -- drawn
 
 // OpenGL's numbers of primitives.

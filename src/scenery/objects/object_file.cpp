@@ -11,6 +11,7 @@
 
 #include "core/disk/mapfile.h"
 #include "core/disk/paths.h"
+#include "core/math/geo3.h"
 #include "core/math/num.h"
 #include "core/program/alert.h"
 #include "core/program/logs.h"
@@ -313,30 +314,20 @@ object_read read_object_file(const std::string& full_path, vec_mod_struct* mod, 
 // -- size
 
 namespace {
-struct box_struct {
-    float low[3], high[3];
-    float side(int axis) const { return high[axis] - low[axis]; }
-};
-
 bool is_vertex(int code) { return intrange(code, obj_vert_light, obj_vert_movie); }
 
+// No size at the origin without a vertex.
 box_struct box_of(const vec_lod_struct& lod) {
-    box_struct box = {};
-    bool empty = true;
-    for (const vec_act_struct& act : lod.vec_act) {
-        if (!is_vertex(act.act)) continue;
-        for (int i = 0; i < 3; ++i) {
-            box.low[i] = empty ? act.dat[i] : fltmin2(box.low[i], act.dat[i]);
-            box.high[i] = empty ? act.dat[i] : fltmax2(box.high[i], act.dat[i]);
-        }
-        empty = false;
-    }
+    box_struct box;
+    for (const vec_act_struct& act : lod.vec_act)
+        if (is_vertex(act.act)) box.grow({act.dat[0], act.dat[1], act.dat[2]});
+    if (box.empty()) box.grow({});
     return box;
 }
 
 // As far as it is a pixel and a half wide on the present screen. A top that lies flat counts a seventh.
 float default_far_sqr(const box_struct& box) {
-    const float dx = box.side(0), dy = box.side(1), dz = box.side(2);
+    const auto [dx, dy, dz] = box.size();
     const float width = fltmax2(fltmax2(fltmin2(dy, dz), fltmin2(dx, dz) / 7.0f), fltmin2(dx, dy));
     const float radius = 0.5f * width;
     const float half_view = tan_deg(0.5f * fallout(ren.FOV, -1.0f, 1.0f));  // no view is set before the start
@@ -347,8 +338,9 @@ float default_far_sqr(const box_struct& box) {
 void find_object_bounds(vec_mod_struct* mod) {
     vec_lod_struct& lod = mod->vec_lod[0];
     const box_struct box = box_of(lod);
-    for (int i = 0; i < 3; ++i) mod->cull_center_xyz[i] = 0.5f * (box.low[i] + box.high[i]);
-    mod->cull_radius = pythag(box.side(0), box.side(1), box.side(2));
+    const d3_struct centre = box.centre(), size = box.size();
+    for (int i = 0; i < 3; ++i) mod->cull_center_xyz[i] = centre.at(i);
+    mod->cull_radius = pythag(size.x, size.y, size.z);
     if (lod.dis_near_sqr == 0.0f && lod.dis_far_sqr == -1.0f) lod.dis_far_sqr = default_far_sqr(box);
 }
 

@@ -79,9 +79,9 @@ void ExtrudeToPatch(int polyType, int count, const float* xyz, const float* sts,
     scene_patch_struct_temp& geometry = *helper.current_patch->temp;
     scene_pol_struct& pol = primitive_of(geometry, polyType);
     for (int n = 0; n < count; ++n) {
-        const d3_struct at = {{xyz[3 * n], xyz[3 * n + 1], xyz[3 * n + 2]}};
+        const d3_struct at = {xyz[3 * n], xyz[3 * n + 1], xyz[3 * n + 2]};
         pol.geo.push_back(at);
-        if (pol.pol_type != pol_lines_strip) pol.nrm.push_back({{0.0f, 1.0f, 0.0f}});
+        if (pol.pol_type != pol_lines_strip) pol.nrm.push_back({0.0f, 1.0f, 0.0f});
         if (sts) pol.color.push_back({{sts[2 * n], sts[2 * n + 1]}});
         geometry.grow(at);
     }

@@ -24,15 +24,15 @@ struct water_grid {
 
 d3_struct sea_level(double lat, double lon) {
     d3_struct at;
-    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], lat, lon, 0.0);
+    xyz_with_latlonel(&at.x, &at.y, &at.z, lat, lon, 0.0);
     return at;
 }
 
 // The planet's own normal, in the frame of the region's centre.
 d3_struct sea_normal(double lat, double lon) {
     const double x = sin((lon - ref_lon()) * dob_degtorad), z = sin((ref_lat() - lat) * dob_degtorad);
-    return {{static_cast<float>(x), static_cast<float>(sqrt(fmax(1.0 - x * x - z * z, 0.0))),
-             static_cast<float>(z)}};
+    return {static_cast<float>(x), static_cast<float>(sqrt(fmax(1.0 - x * x - z * z, 0.0))),
+            static_cast<float>(z)};
 }
 
 void meet_neighbours(int i, int j, water_vertex* v) {
@@ -61,8 +61,8 @@ void find_bounds(Point2* min, Point2* max) {
     for (const double lat : {0.0, 1.0})
         for (const double lon : {0.0, 0.5, 1.0}) {
             const d3_struct at = sea_level(g_lat_file + lat, g_lon_file + lon);
-            *min = {fmin(min->x, at.v[0]), fmin(min->y, at.v[2])};
-            *max = {fmax(max->x, at.v[0]), fmax(max->y, at.v[2])};
+            *min = {fmin(min->x, at.x), fmin(min->y, at.z)};
+            *max = {fmax(max->x, at.x), fmax(max->y, at.z)};
         }
 }
 

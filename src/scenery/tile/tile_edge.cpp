@@ -31,7 +31,7 @@ void part(const std::vector<d3_struct>& geo, uint32_t* first, uint32_t* last, in
     uint32_t* const middle = first + (last - first) / 2;
     const int axis = axes[depth % 2];
     std::nth_element(first, middle, last,
-                     [&](uint32_t a, uint32_t b) { return geo[a].v[axis] < geo[b].v[axis]; });
+                     [&](uint32_t a, uint32_t b) { return geo[a].at(axis) < geo[b].at(axis); });
     part(geo, first, middle, depth + 1);
     part(geo, middle + 1, last, depth + 1);
 }
@@ -42,10 +42,10 @@ void build(const std::vector<d3_struct>& geo, edge_tree* tree) {
     order.resize(geo.size());
     std::iota(order.begin(), order.end(), 0u);
     std::sort(order.begin(), order.end(), [&](uint32_t a, uint32_t b) {
-        return std::tie(geo[a].v[0], geo[a].v[2], a) < std::tie(geo[b].v[0], geo[b].v[2], b);
+        return std::tie(geo[a].x, geo[a].z, a) < std::tie(geo[b].x, geo[b].z, b);
     });
     const auto same = [&](uint32_t a, uint32_t b) {
-        return geo[a].v[0] == geo[b].v[0] && geo[a].v[2] == geo[b].v[2];
+        return geo[a].x == geo[b].x && geo[a].z == geo[b].z;
     };
     order.erase(std::unique(order.begin(), order.end(), same), order.end());
     part(geo, order.data(), order.data() + order.size(), 0);
@@ -62,22 +62,22 @@ struct nearest_vertex {
 
     float to_box(const box_struct& box) const {
         const auto beyond = [](float at, float min, float max) { return at - fltlim(at, min, max); };
-        return pythag(beyond(to.v[0], box.min_x, box.max_x), beyond(to.v[2], box.min_z, box.max_z));
+        return pythag(beyond(to.x, box.min_x, box.max_x), beyond(to.z, box.min_z, box.max_z));
     }
     // box: around the range.
     void search(const uint32_t* first, const uint32_t* last, int depth, const box_struct& box) {
         if (first == last || to_box(box) > distance) return;
         const uint32_t* const middle = first + (last - first) / 2;
         const d3_struct& at = geo[*middle];
-        const float here = pythag(at.v[0] - to.v[0], at.v[2] - to.v[2]);
+        const float here = pythag(at.x - to.x, at.z - to.z);
         if (here < distance || (here == distance && *middle < index && index != UINT32_MAX)) {
             distance = here;
             index = *middle;
         }
         const int axis = axes[depth % 2];
         box_struct below = box, above = box;
-        (axis == 0 ? below.max_x : below.max_z) = (axis == 0 ? above.min_x : above.min_z) = at.v[axis];
-        const bool is_below = to.v[axis] < at.v[axis];
+        (axis == 0 ? below.max_x : below.max_z) = (axis == 0 ? above.min_x : above.min_z) = at.at(axis);
+        const bool is_below = to.at(axis) < at.at(axis);
         if (is_below) search(first, middle, depth + 1, below);
         search(middle + 1, last, depth + 1, above);
         if (!is_below) search(first, middle, depth + 1, below);

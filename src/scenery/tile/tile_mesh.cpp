@@ -65,21 +65,21 @@ void meet_neighbours(double lon, double lat, d3_struct* geo, d3_struct* nrm) {
 void grow_tile(DSF_LoadState& state, const d3_struct& at) {
     constexpr double room = 100.0;  // metres
     for (int axis = 0; axis < 3; ++axis) {
-        state.minxyz[axis] = fmin(state.minxyz[axis], at.v[axis] - room);
-        state.maxxyz[axis] = fmax(state.maxxyz[axis], at.v[axis] + room);
+        state.minxyz[axis] = fmin(state.minxyz[axis], at.at(axis) - room);
+        state.maxxyz[axis] = fmax(state.maxxyz[axis], at.at(axis) + room);
     }
 }
 
 d3_struct local_place(double lon, double lat, double ele) {
     d3_struct at;
-    xyz_with_latlonel(&at.v[0], &at.v[1], &at.v[2], lat, lon, ele);
+    xyz_with_latlonel(&at.x, &at.y, &at.z, lat, lon, ele);
     return at;
 }
 
 // The stored normal is x and z of a unit vector that points up.
 d3_struct normal_with_xz(double x, double z) {
-    return {{static_cast<float>(x), static_cast<float>(sqrt(fmax(1.0 - x * x - z * z, 0.0))),
-             static_cast<float>(z)}};
+    return {static_cast<float>(x), static_cast<float>(sqrt(fmax(1.0 - x * x - z * z, 0.0))),
+            static_cast<float>(z)};
 }
 }  // namespace
 
@@ -144,7 +144,7 @@ void DSF_AddPatchVertex(double* coordinates, void* ref) {
 bool zero_area_tri(const d3_struct& v0, const d3_struct& v1, const d3_struct& v2) {
     constexpr float least = 1.0f;  // metre
     const auto side = [](const d3_struct& a, const d3_struct& b) {
-        return pythag(b.v[0] - a.v[0], b.v[2] - a.v[2]);
+        return pythag(b.x - a.x, b.z - a.z);
     };
     return side(v0, v1) < least || side(v1, v2) < least || side(v2, v0) < least;
 }

@@ -133,7 +133,9 @@ void log_free_index(const std::string& path) {
     xer << path << " lowest free text index=" << (lowest < textDIM ? lowest : 9999) << '\n';
 }
 
-void read_texts() {
+}  // namespace
+
+void MACIBM_read_texts() {
     const std::string path = txt_path + language_folder() + "Tarvane.txt";
     for (std::string& text : stl.text) text.clear();
     XMappedFile file;
@@ -148,6 +150,7 @@ void read_texts() {
 }
 
 // -- menus
+namespace {
 std::string menu_text(std::string_view text) {
     return stl.glyph_text ? char_string_to_int_string(std::string(text)) : std::string(text);
 }
@@ -201,7 +204,7 @@ void MACIBM_setupforlang(int hard_reset) {
     stl.glyph_text = mnw.lang == lang_korean && load_korean_glyphs(men_path + "Korean:menu_text.png");
     MACIBM_clear_menus(2);
     MACIBM_read_menus("Tarvane.txt");
-    read_texts();
+    MACIBM_read_texts();
     if (hard_reset) {
         load_region(1);
         init_flt_0(start_airport, place_runway);

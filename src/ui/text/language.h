@@ -17,6 +17,8 @@ constexpr int languageDIM = 7;
 // Strings and menus of mnw.lang. hard_reset also loads the user's aircraft and the region again and starts
 // the flight anew, so that names made of strings follow.
 void MACIBM_setupforlang(int hard_reset);
+// The strings alone.
+void MACIBM_read_texts();
 // Menus from the language's folder, numbered in the order of the file.
 void MACIBM_read_menus(const std::string& name);
 
