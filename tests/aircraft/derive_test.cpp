@@ -41,13 +41,17 @@ protected:
 
 // -- efficiency
 TEST_F(derive, oswald_table_is_whole) {
-    double sum = 0.0;
+    double sum = 0.0, weighted = 0.0, weight = 0.0;
     for (float aspec : {1, 5, 10, 25, 60})
         for (float washo : {0, 2, 5})
             for (float sweep : {-40, -25, 0, 25, 40, 70})
-                for (float taper : {0.0f, 0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.7f, 1.0f})
-                    sum += static_cast<double>(ret_e(aspec, washo, sweep, taper));
+                for (float taper : {0.0f, 0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.7f, 1.0f}) {
+                    const double e = ret_e(aspec, washo, sweep, taper);
+                    sum += e;
+                    weighted += (weight += 0.001) * e;  // tells the order of a row too
+                }
     EXPECT_NEAR(sum, 655.482, 1e-4);
+    EXPECT_NEAR(weighted, 228.72034, 1e-4);
     EXPECT_FLOAT_EQ(ret_e(1, 0, -40, 0), 0.941f);
     EXPECT_FLOAT_EQ(ret_e(60, 5, 70, 1), 0.801f);
     EXPECT_FLOAT_EQ(ret_e(10, 2, 25, 0.4f), 0.997f);
@@ -55,6 +59,17 @@ TEST_F(derive, oswald_table_is_whole) {
     EXPECT_NEAR(ret_e(7.5f, 0, 0, 0.5f), 0.5f * (0.994f + 0.995f), 1e-6f);  // between two aspect ratios
     EXPECT_NEAR(ret_e(10, 3.5f, 25, 0.6f), 0.25f * (0.993f + 0.979f + 0.992f + 1.000f), 1e-6f);
     EXPECT_EQ(test::expect_fatal([] { ret_e(NAN, 0, 0, 0); }).line[0], "Out of bounds e-search!");
+}
+
+// Four quadrants of a surface that is linear along each axis, and beyond their ends.
+TEST_F(derive, nine_points_give_back_a_bilinear_surface) {
+    const float x[3] = {1, 2, 4}, y[3] = {-1, 3, 5};
+    const auto z = [](float at_x, float at_y) { return 1 + 2 * at_x + 3 * at_y + 4 * at_x * at_y; };
+    for (const float at_x : {0.0f, 1.5f, 2.0f, 3.0f, 6.0f})
+        for (const float at_y : {-2.0f, 0.0f, 3.0f, 4.0f, 9.0f})
+            EXPECT_NEAR(interp9(x[0], x[1], x[2], y[0], y[1], y[2], z(1, -1), z(2, -1), z(4, -1), z(1, 3),
+                                z(2, 3), z(4, 3), z(1, 5), z(2, 5), z(4, 5), at_x, at_y),
+                        z(at_x, at_y), 1e-3f);
 }
 
 // -- finite wings
@@ -81,6 +96,15 @@ TEST_F(derive, single_wing_has_its_textbook_numbers) {
     make(3);
     EXPECT_GT(veh[3].wing[9].AR, 50000.0f);
     EXPECT_NEAR(veh[3].wing[9].cl_D_cl0, 1.0f, 1e-4f);
+}
+
+// A pylon has no stall angle of its own to be stretched.
+TEST_F(derive, a_slat_on_a_pylon_stretches_nothing) {
+    veh[0].slat_inc = 5.0f;
+    design::surface(0, 40, {0, 0, 0, 2, 2, 2});
+    veh[0].wing[40].slat[0] = 1;
+    make();
+    EXPECT_EQ(veh[0].wing[40].slat_effect, 1.0f);
 }
 
 TEST_F(derive, delta_wing_and_its_sweeps) {
@@ -371,6 +395,10 @@ TEST_F(derive, fault_ends_the_users_load_and_empties_a_strangers_slot) {
     const alert_lines lines = test::expect_fatal([] { derive_model(0); });
     EXPECT_EQ(lines.line[0], "Finite wing reduction fail!");
     EXPECT_NE(lines.line[2].find("4 stat_def"), std::string::npos);
+    clear_acf(0);
+    hangar.place(0);
+    for (float& place : veh[0].door[3].xyz) place = NAN;
+    EXPECT_EQ(test::expect_fatal([] { derive_model(0); }).line[2], "veh_door_struct 3 xyz");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "aircraft/deflect.h"
 #include "aircraft/derive/derive.h"
 #include "aircraft/design/autoset.h"
+#include "core/program/logs.h"
 #include "flying.h"
 #include "random_aircraft.h"
 
@@ -80,6 +81,8 @@ TEST(recorded_design, is_derived_as_it_was) {
                 for (veh_engn_struct& e : v.engn)
                     test::draw(veh_engn_list(), &e, "engn_type", 0, engn_kinds - 1);
                 v.manual_rad_gyr = test::chance(0.2);
+                v.cgZ_fwd = v.cgZ + test::any(-3, 1);
+                v.cgZ_aft = v.cgZ + test::any(-1, 3);
                 if (test::chance(0.5)) return;
                 fill_zeros(veh_block_list(), &v);
                 for (veh_engn_struct& e : v.engn) fill_zeros(veh_engn_list(), &e);
@@ -95,6 +98,28 @@ TEST(recorded_design, is_derived_as_it_was) {
     for (const std::string& label : labels) {
         r.column(label);
         for (const auto& [name, sum] : columns[label]) r.value(name, "sum", sum, 1e-6);
+    }
+}
+
+TEST(recorded_design, is_reported_as_it_was) {
+    test::recorded r("report");
+    test::temp_folder folder;
+    for (const std::string& name : test::aircraft_names()) {
+        const auto base = test::as_designed(name);
+        cyc.close();
+        cyc.open(folder.path() + name);
+        stg.over_g = stg.over_vne = stg.over_vfe = stg.over_vle = 1;
+        ACF_autoset(0);
+        derive_model(0);
+        cyc.close();
+        r.column(name.substr(0, 4));
+        r.text(test::read_file(folder.path() + name));
+        r.value("exceeded", "count", stg.over_g + stg.over_vne + stg.over_vfe + stg.over_vle, 1.0);
+        const flt_struct& f = flt[0];
+        r.value("load", "kg",
+                f.m_fuel[0] + 2.0 * f.m_fuel[1] + 3.0 * f.m_fuel[2] + 4.0 * f.m_fixed + 5.0 * f.m_jettison,
+                1.0);
+        r.value("hobs_time", "s", mnw.hobs_time, 1.0);
     }
 }
 

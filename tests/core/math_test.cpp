@@ -164,6 +164,7 @@ TEST_F(by_hand, draws_are_those_of_the_published_generator) {
     EXPECT_NEAR(sum / randratDIM, 0.5, 0.02);
     randrat[7] = 0.74f;
     EXPECT_EQ(flt_seedrand(2, 6, 10007), 2 + 4 * 0.74f);
+    EXPECT_EQ(flt_seedrand(2, 6, 0), 2 + 4 * randrat[0]);
     EXPECT_EQ(int_seedrand(2, 5, 10007), 4);
     EXPECT_EQ(test::expect_fatal([] { int_seedrand(0, 1, -1); }).line[0], "Cannot pass in negative int rand seed!");
 }
@@ -204,6 +205,8 @@ TEST_F(by_hand, places_courses_and_times) {
     EXPECT_EQ(zulu_from_locl(), 3600 * 20);
     mnw.sys_offset_hours = 1;
     EXPECT_EQ(zulu_from_locl(), 3600 * 21);
+    mnw.locl_time = 3600 * 23;
+    EXPECT_EQ(zulu_from_locl(), 3600 * 8) << "a day further";
     mnw.zulu_time = 3600 * 3;
     EXPECT_EQ(locl_from_zulu(), 3600 * 18);
     mnw.zulu_time = 3600 * 9;
@@ -233,5 +236,27 @@ TEST_F(by_hand, vectors_and_planes) {
     EXPECT_TRUE(plane.on_normal_side({0, 0, 5.1}));
     EXPECT_FALSE(plane.on_normal_side({0, 0, 5}));
     EXPECT_EQ((Segment3{{1, 2, 3}, {3, 5, 9}}.squared_length()), 49);
+    EXPECT_EQ((Vector3{1, 2, 3} * 2.0).dot({1, 10, 100}), 642);
+    EXPECT_EQ((Point3{} - Point3{1, 2, 3}).dot({1, 10, 100}), -321);
+    EXPECT_EQ(Point2{}.x + 10 * Point2{}.y + 100 * Plane3{}.ndotp + 1000 * Sphere3{}.radius, 0);
+}
+
+// Frames at the equator, the second a way to the east of the first: what was east there points up here by the sine.
+TEST_F(by_hand, frames_apart_along_the_equator_lean_away_from_each_other) {
+    double q[4], x = 1.0, y = 0.0, z = 0.0;
+    frame_shift_quat(0.0, 0.0, 0.0, 90.0, q);
+    shift_xyz_quat(q, &x, &y, &z, 1);
+    EXPECT_NEAR(x, 0.0, 1e-12);
+    EXPECT_NEAR(y, 1.0, 1e-12);
+    EXPECT_NEAR(z, 0.0, 1e-12);
+    // level to the north in the region's frame it has its right wing up 30 degrees to the east
+    env.lat_sou = -1.0f;
+    env.lon_wes = -1.5f;
+    const float level[4] = {1.0f, 0.0f, 0.0f, 0.0f};
+    float psi, the, phi;
+    quat_to_local_euler(level, 0.0, 30.0, &psi, &the, &phi);
+    EXPECT_NEAR(fltwrap(psi, -180.0f, 180.0f), 0.0f, 1e-4f);
+    EXPECT_NEAR(the, 0.0f, 1e-4f);
+    EXPECT_NEAR(phi, -30.0f, 1e-4f);
 }
 }  // namespace

@@ -132,25 +132,6 @@ TEST_F(disc, the_downgoing_blade_pulls_harder_and_gyroscopes_answer_in_their_sen
     }
 }
 
-TEST_F(disc, opposite_twins_mirror_each_other) {
-    fly("Dunlin 400");
-    lab_flight at;
-    at.speed = 55.0f;
-    at.alpha = 6.0f;
-    lab_place(at);
-    f.Qrad = 0.2f;
-    sums s{};
-    for (int i = 0; i < 800; ++i) {
-        for (int en : {0, 1}) f.engn[en].TRQ_nm = 400.0f;
-        s = pass(do_all_props);
-    }
-    const float arm = fabsf(v.part[0].part_x), thrust = f.engn[0].thrust + f.engn[1].thrust;
-    EXPECT_GT(thrust, 2000.0f);
-    EXPECT_FLOAT_EQ(f.engn[0].thrust, f.engn[1].thrust);
-    EXPECT_LT(fabsf(s.L) + fabsf(s.N), 1e-3f * thrust * arm);
-    EXPECT_LT(fabsf(s.side), 1e-3f * thrust);
-}
-
 // -- shafts
 TEST_F(disc, torque_reacts_on_the_airframe_about_the_axis_of_the_disc) {
     fly("Wren 160");
@@ -309,26 +290,6 @@ TEST_F(disc, cyclic_tilts_the_rotor_and_turns_the_helicopter_with_the_stick) {
 }
 
 // -- what befalls a disc
-TEST_F(disc, a_blade_in_the_ground_stops_and_fails_its_disc) {
-    fly("Plover 420");
-    const float tip_of_tail = v.part[1].part_y - v.wing[1].semilen_SEG;
-    const auto strikes = [&](int en, float height) {
-        move(0.0f, 0.0f, height);
-        f.fail_stat[fail_tail_drive] = f.fail_stat[fail_engine] = f.fail_stat[fail_engine + 1] = 0;
-        f.engn[en].tacrad_PROP = f.engn[en].tacrad_ENGN = 100.0f;
-        turn(en);
-        return f.engn[en].tacrad_PROP == 0.0f && f.engn[en].tacrad_ENGN == 0.0f;
-    };
-    EXPECT_FALSE(strikes(1, 0.1f - tip_of_tail));
-    EXPECT_FALSE(f.fail_stat[fail_tail_drive]);
-    EXPECT_TRUE(strikes(1, -0.1f - tip_of_tail));
-    EXPECT_EQ(f.fail_stat[fail_tail_drive], fail_active);
-    EXPECT_FALSE(f.fail_stat[fail_engine + 1]);
-    EXPECT_FALSE(strikes(0, 1.0f)) << "the main rotor is above";
-    EXPECT_TRUE(strikes(0, -0.5f - v.part[0].part_y));
-    EXPECT_EQ(f.fail_stat[fail_engine], fail_active);
-}
-
 TEST_F(disc, a_disc_hidden_at_ninety_degrees_is_not_there) {
     fly("Wren 160");
     v.hide_prop_at_90_vect = 1;

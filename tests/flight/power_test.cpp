@@ -126,7 +126,8 @@ TEST_P(powered, climbs_by_its_excess_of_thrust) {
     const float speed = good_speed(true);
     const lab_steady s = steady(speed, 1.0f);
     lab_fly_steady(s);
-    // thrust works along the nose, drag along the path, that of the slipstream with it
+    lab_hold(2.0f);
+    // thrust works along the nose, drag along the path, the slipstream's on the aircraft too
     const float excess = thrust_of_all() * cos_deg(s.at.alpha) - flt[0].drag_path_axis;
     const float climb = speed * sin_deg(s.at.gamma);
     EXPECT_GT(climb, 1.0f);

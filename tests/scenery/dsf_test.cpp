@@ -465,7 +465,8 @@ TEST(dsf, a_file_is_good_or_not) {
     EXPECT_EQ(record.lines, lines{"property sim/west=-118"});
     testing::internal::CaptureStdout();
     for (const std::string& path : {folder.write("bad.dsf", "TARVEDSF"), folder.write("empty.dsf", ""),
-                                    folder.path(), folder.path() + "none.dsf"})
+                                    folder.write("long.dsf", std::string(4 << 20, 'x')), folder.path(),
+                                    folder.path() + "none.dsf"})
         EXPECT_EQ(DSFReadFile(path.c_str(), &tell, &record), 1);
     testing::internal::GetCapturedStdout();
 }

@@ -1,8 +1,10 @@
 #include "recorded.h"
 
+#include <ctype.h>
 #include <gtest/gtest.h>
 #include <math.h>
 #include <stdlib.h>
+#include <string.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -34,6 +36,26 @@ void recorded::value(const std::string& name, const std::string& unit, double v,
         place->second = {unit, size, std::vector<double>(labels_.size())};
     }
     place->second.values.back() = v;
+}
+
+void recorded::text(const std::string& lines) {
+    std::map<std::string, double> sums;
+    std::istringstream in(lines);
+    for (std::string line; getline(in, line);) {
+        line.resize(std::min(line.find("(/"), line.size()));  // a path is of this machine
+        std::string label = line.substr(0, line.find(':'));
+        label.erase(std::remove_if(label.begin(), label.end(), [](char c) { return !isalpha(c); }),
+                    label.end());
+        double& sum = sums[label.empty() ? "ruler" : label.substr(0, 60)];
+        for (char& c : line)
+            if (strchr(",;()", c)) c = ' ';
+        std::istringstream words(line);
+        double weight = 1.0, number;
+        for (std::string word; words >> word;)
+            if (std::istringstream(word) >> number) sum += (weight += 1.0) * number;
+        sum += 1.0;
+    }
+    for (const auto& [label, sum] : sums) value(label, "-", sum, 0.1);
 }
 
 static bool all_zero(const std::vector<double>& values) {

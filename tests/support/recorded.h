@@ -22,6 +22,10 @@ public:
     // is of the value, of its size or of a hundredth of the largest of its row.
     void value(const std::string& name, const std::string& unit, double v, double size);
 
+    // Of a text of the system: each line's letters up to the first colon, and the weighted sum of its
+    // numbers.
+    void text(const std::string& lines);
+
 private:
     struct row {
         std::string unit;

@@ -85,18 +85,6 @@ TEST_F(atmosphere_test, temperature_follows_the_standard_and_shifts_with_the_day
     EXPECT_NEAR(find_current_rho_rat(), 1.0f, 1e-4f);
 }
 
-TEST_F(atmosphere_test, travel_between_planets) {
-    set_planet_specs(1);
-    atm.cld_type[0] = 5, atm.use_rwx = 1, atm.rain_set = 1.0f;
-    set_planet_weather(1);
-    EXPECT_EQ(atm.cld_type[0] + atm.use_rwx, 0);
-    EXPECT_EQ(atm.rain_set, 0.0f);
-    set_planet_specs(7);  // no such planet
-    EXPECT_EQ(env.planet, 0);
-    EXPECT_NEAR(con.planet_deg_mtrs, 111120.0f, 0.5f);
-    EXPECT_NEAR(con.sl_P_pas * con.pasto_hg, nav.baro_setting_HG, 0.005f);
-}
-
 TEST_F(atmosphere_test, local_air_at_the_aircraft) {
     set_planet_specs(0);
     local_air_step();

@@ -103,6 +103,14 @@ TEST_F(wind_test, turbulence_is_three_sines_an_axis) {
     EXPECT_LT(std::fabs(at(0, 0, 0).dy - at(0.01f, 0, 0).dy), 0.01);
 }
 
+// After a day a sum of floats would add nothing, or too much.
+TEST_F(wind_test, phase_of_the_field_never_stalls) {
+    mnw.prd_FM = 0.001f;
+    wind.totl_os_t = 100000.0f;
+    settle(100000);
+    EXPECT_NEAR(wind.totl_os_t, 100100.0f, 0.02f);
+}
+
 TEST_F(wind_test, aircraft_axes) {
     wind.final_X_msc = 4.0f, wind.final_Y_msc = -1.0f, wind.final_Z_msc = 7.0f, wind.final_trb_rat = 0.3f;
     flt[0].dob_x = 1234.0, flt[0].dob_y = 800.0, flt[0].dob_z = -4321.0;
