@@ -40,7 +40,8 @@ struct group {
 #define G(name) {#name, &flt_gear_struct::name}
 #define W(name) {#name, &flt_wing_struct::name}
 const std::vector<group<flt_struct>> of_aircraft = {
-    {"-", 0.01, {F(FC_ptch), F(FC_roll), F(FC_hdng), F(sbrk_rqst), F(sbrk_rat), F(swdi_rat),
+    {"-", 0.01, {F(FC_ptch), F(FC_roll), F(FC_hdng), F(sbrk_rqst), F(sbrk_rat),
+        F(swdi_rqst), F(swdi_rat), F(vect_rqst),
         F(handle_rat_req), F(handle_rat_act), F(slat_rat), F(fla1_rat), F(fla2_rat), F(vect_rat),
         F(elev_trim), F(ailn_trim), F(rudd_trim), F(disp_rat), F(blown_flap_engage_rat), F(Mach), F(C_m),
         F(C_n), F(cl_overall), F(cd_overall), F(l_o_d)}},
@@ -237,7 +238,7 @@ void draw_engine_state() {
     spread(-0.2, 0.2, {&f.cgz_ref_to_default});
     for (int slot : {1, 3, 4, 6, 31, 44, 48, 49, 50, 52, 53})
         if (test::chance(0.1)) f.fail_stat[slot] = fail_active;
-    for (int station : {3, 5}) {
+    for (int station : {0, 5}) {
         v.wpn[station].type = test::chance(0.3) ? 23 : 0;
         v.wpn[station].fuel_warhead_mass_now = any(1, 40);
         v.wpn[station].total_weapon_mass_now = 50;
@@ -484,6 +485,7 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
         env.mag_var = 10.0f;
     });
     ai("cruise", "Dunlin 400", [] {});
+    ai("just_off", "Wren 160", [] { place(45.0f, 3.0f, 15.0f); });
     ai("slow_climb", "Wren 160", [] {
         place(1.2f * veh[0].V_ref_ms, 5.0f, 80.0f);
         flt[0].Vh_fpm = 500.0f;
