@@ -35,7 +35,8 @@ const char* const usage =
     "A body may list stations = [{ z = 0, y = 0, w = 1, h = 1.2, n = 2 }, ...] in place of geo_xyz.\n"
     "The result is loaded again, range-checked and checked as a design; then it is loaded whole with its\n"
     "airfoils, and areas, balance and stall speed are shown; --quiet shows faults alone. The airfoils are\n"
-    "those below DIR; without --install below the folder in whose Aircraft the result lies, else in Orvelle/\n"
+    "those below DIR; without --install below the folder in whose Aircraft the result lies, else in "
+    "Orvelle/\n"
     "beside the tools. Only a result without fault takes the place of OUT.acf.\n"
     "Exit status: 0 good, 1 fault in the aircraft, 2 wrong use.\n";
 
@@ -103,11 +104,11 @@ bool same_bytes(int p, int q) {
     return true;
 }
 
-// The result is made beside its place and takes it only when all is well. Global: a fatal alert ends the program
-// without unwinding.
+// The result is made beside its place and takes it only when all is well. Global: a fatal alert ends the
+// program without unwinding.
 struct result_struct {
-    std::string out;      // as the user named it
-    std::string making;   // where it is made, in the same folder, whose airfoils it finds
+    std::string out;                     // as the user named it
+    std::string making;                  // where it is made, in the same folder, whose airfoils it finds
     std::string user_name, making_name;  // both without the folder
 };
 result_struct result;
@@ -159,8 +160,8 @@ void remind(int p) {
                    acf_part_name(en).c_str());
 }
 
-// The install folder with a closing "/": the one named, else the one in whose Aircraft the file lies, else the
-// one that is built beside the tools, else none.
+// The install folder with a closing "/": the one named, else the one in whose Aircraft the file lies, else
+// the one that is built beside the tools, else none.
 std::string install_folder(const std::string& named, const std::string& acf) {
     fs::path folder = named;
     if (named.empty())

@@ -13,7 +13,7 @@
 #include "core/program/seams.h"
 #include "core/records/mnw.h"
 #include "core/records/records.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/screenshot.h"
 #include "draw/type.h"

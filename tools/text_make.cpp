@@ -2,6 +2,7 @@
 // strings. It stands alone: the library needs that header before it can be built.
 #include <toml++/toml.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -353,7 +354,19 @@ private:
             bytes[l] += std::to_string(code) + " " + text_of(entry, l, key, longest) + "\n";
     }
 
+    // Every glyph of the Korean file becomes two bytes, up to the key's bracket; an entry of fixed width holds ten.
+    static void check_glyphs(const toml::node& node, const std::string& text, size_t longest) {
+        constexpr size_t narrow_glyphs_max = 10;
+        const size_t bracket = std::min(text.find('['), text.size());
+        size_t glyphs = 0;
+        for (size_t i = 0; i < bracket; ++i) glyphs += (text[i] & 0xC0) != 0x80;
+        const bool is_narrow = longest == narrow_text_max;
+        if (2 * glyphs + text.size() - bracket > text_max || (is_narrow && glyphs > narrow_glyphs_max))
+            fault(node, "too many glyphs: " + text);
+    }
+
     std::string text_of(const toml::table& row, int language, const std::string& key, size_t longest) {
+        const bool in_korean_file = language == korean;  // whosever text stands there
         const toml::node* node = node_of(row, language);
         if (!node || !node->is_string()) {
             fault(row, std::string("no text for ") + languages[language].folder);
@@ -364,7 +377,10 @@ private:
         if (text.find_first_of("[|{") != std::string::npos)
             fault(*node, "\"[\", \"|\" and \"{\" have a meaning");
         if (!key.empty()) text += "[" + drawn(row, key, english);
-        if (text.size() > longest) fault(*node, "longer than " + std::to_string(longest) + ": " + text);
+        if (in_korean_file)
+            check_glyphs(*node, text, longest);
+        else if (text.size() > longest)
+            fault(*node, "longer than " + std::to_string(longest) + ": " + text);
         return text;
     }
 };

@@ -9,8 +9,9 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
+#include "draw/images/interface_layout.h"
 #include "draw/images/screenshot.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
@@ -55,18 +56,18 @@ void right_column(shown& v) {
     BTN_big_name_list(win_generic_list, 370.0f, 270.0f, 240.0f, 220.0f, &v.line, &v.line, 0, 40, nullptr,
                       line_name);
     BTN_pan_zoom(420.0f, 215.0f);
-    BTN_frame1(4, 540.0f, 220.0f, 140.0f, col_white);
-    BTN_frame1(5, 510.0f, 220.0f, 80.0f, col_white);
+    BTN_frame1(strip_progress_track, 540.0f, 220.0f, 140.0f, col_white);
+    BTN_frame1(strip_progress_fill, 510.0f, 220.0f, 80.0f, col_white);
     OGL_string(col_help, 480.0f, 190.0f, "Running text wraps at the end of its words when a width is given.",
                140.0f, charset_text);
 }
 
 void boxes() {
     static const char* const names[] = {"12", "13", "14", "15", "16", "17", "18"};
-    for (int kind = 12; kind <= 18; ++kind) {
-        const float x = 660.0f + 165.0f * static_cast<float>((kind - 12) % 2);
-        BTN_frame2(kind, x, 560.0f - 120.0f * static_cast<float>((kind - 12) / 2), 130.0f, 90.0f,
-                   names[kind - 12]);
+    for (int kind = box_window_plain; kind <= box_last; ++kind) {
+        const float x = 660.0f + 165.0f * static_cast<float>((kind - box_window_plain) % 2);
+        BTN_frame2(kind, x, 560.0f - 120.0f * static_cast<float>((kind - box_window_plain) / 2), 130.0f, 90.0f,
+                   names[kind - box_window_plain]);
     }
 }
 
@@ -88,21 +89,21 @@ void draw_sheet(shown& v) {
     OGL_view_2d();
     seam.draw_background();
     stl.win_name = "All widgets";
-    BTN_fillwin(1, 19);
+    BTN_fillwin(1, fill_nothing);
     float x2, y2;
-    BTN_subwin(34.0f, 16, 10.0f, 160.0f, 340.0f, 520.0f, "Values", &x2, &y2);
-    BTN_subwin(34.0f, 16, 360.0f, 160.0f, 280.0f, 520.0f, "Choices", &x2, &y2);
-    BTN_subwin(34.0f, 16, 650.0f, 20.0f, 350.0f, 660.0f, "Boxes and figures", &x2, &y2);
+    BTN_subwin(34.0f, box_panel, 10.0f, 160.0f, 340.0f, 520.0f, "Values", &x2, &y2);
+    BTN_subwin(34.0f, box_panel, 360.0f, 160.0f, 280.0f, 520.0f, "Choices", &x2, &y2);
+    BTN_subwin(34.0f, box_panel, 650.0f, 20.0f, 350.0f, 660.0f, "Boxes and figures", &x2, &y2);
     for (int i = 0; i < 3; ++i)
         BTN_tab(i, 0, &v.tab, i, i == 0 ? "this tab" : i == 1 ? "another" : "a third");
     left_column(v);
     right_column(v);
     boxes();
     figures();
-    for (int kind : {2, 3, 9, 10})
+    for (int kind : {strip_button, strip_button_pressed, strip_field, strip_popup})
         BTN_frame1(kind,
-                   80.0f + 80.0f * static_cast<float>(kind == 10  ? 5
-                                                      : kind == 9 ? 4
+                   80.0f + 80.0f * static_cast<float>(kind == strip_popup ? 5
+                                                      : kind == strip_field ? 4
                                                                   : kind),
                    120.0f, 60.0f, col_white);
 }

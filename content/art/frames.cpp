@@ -63,10 +63,10 @@ void button(canvas& c, int kind, bool pressed) {
 }
 
 void progress(canvas& c) {
-    cairo_t* cr = c.open("frame 4", frame1_pieces[4].at);
+    cairo_t* cr = c.open("frame 4", frame1_pieces[strip_progress_track].at);
     hollow(cr, {0.0, 1.0, 28.0, 15.0, 7.0}, hex(0x1a2129), hex(0x0f1419));
     c.close();
-    cr = c.open("frame 5", frame1_pieces[5].at);
+    cr = c.open("frame 5", frame1_pieces[strip_progress_fill].at);
     const plate bar = {2.0, 3.0, 24.0, 11.0, 5.0};
     c.shadow(bar, 2.0, 0.5);
     fill_gradient(cr, bar, accent_deep, accent);
@@ -88,23 +88,23 @@ void sliders(canvas& c) {
     cairo_pattern_destroy(g);
     c.close();
 
-    cr = c.open("frame 7", frame1_pieces[7].at);
+    cr = c.open("frame 7", frame1_pieces[strip_slider_track].at);
     hollow(cr, {1.0, 8.0, 63.0, 9.0, 4.5}, hex(0x1a2129), hex(0x0f1419));
     c.close();
-    cr = c.open("frame 8", frame1_pieces[8].at);
+    cr = c.open("frame 8", frame1_pieces[strip_slider_fill].at);
     const plate bar = {2.0, 6.0, 12.0, 5.0, 2.5};
     fill_gradient(cr, bar, hex(0xa8a8a8), hex(0xffffff));
     c.close();
 }
 
 void field(canvas& c) {
-    cairo_t* cr = c.open("frame 9", frame1_pieces[9].at);
+    cairo_t* cr = c.open("frame 9", frame1_pieces[strip_field].at);
     hollow(cr, {1.0, 3.0, 49.0, 21.0, 4.0}, hex(0x161d24), sunk);
     c.close();
 }
 
 void popup(canvas& c) {
-    const frame_piece& f = frame1_pieces[10];
+    const frame_piece& f = frame1_pieces[strip_popup];
     cairo_t* cr = c.open("frame 10", f.at);
     const plate key = {1.0, 3.0, f.at.dx - 2.0, 21.0, 5.0};
     c.shadow({key.x + 1.0, key.y - 1.0, key.dx - 2.0, key.dy, 5.0}, 3.0, 0.55);
@@ -126,7 +126,7 @@ void popup(canvas& c) {
 }
 
 void large_bar(canvas& c) {
-    cairo_t* cr = c.open("frame 11", frame1_pieces[11].at);
+    cairo_t* cr = c.open("frame 11", frame1_pieces[strip_large_bar].at);
     const plate bar = {3.0, 6.0, 94.0, 48.0, 8.0};
     c.shadow({bar.x, bar.y - 2.0, bar.dx, bar.dy, 8.0}, 4.0, 0.6);
     raised(cr, bar, hex(0x1d242c), hex(0x35414d), 0.35);
@@ -146,7 +146,7 @@ void box_shadow(canvas& c, const box_piece& b, const plate& p, double strength) 
 }
 
 void window(canvas& c, int kind, bool title) {
-    const box_piece& b = frame2_pieces[kind - 11];
+    const box_piece& b = frame2_pieces[kind - box_window];
     cairo_t* cr = c.open("frame " + std::to_string(kind), b.at);
     const plate p = box_plate(b, 7.0);
     box_shadow(c, b, p, 0.85);
@@ -171,7 +171,7 @@ void window(canvas& c, int kind, bool title) {
 }
 
 void sunk_panel(canvas& c) {
-    const box_piece& b = frame2_pieces[13 - 11];
+    const box_piece& b = frame2_pieces[box_sunk - box_window];
     cairo_t* cr = c.open("frame 13", b.at);
     const plate p = box_plate(b, 5.0);
     c.shadow({p.x, p.y, p.dx, p.dy, 5.0}, 4.0, 0.35);
@@ -184,7 +184,7 @@ void sunk_panel(canvas& c) {
 }
 
 void help_box(canvas& c) {
-    const box_piece& b = frame2_pieces[14 - 11];
+    const box_piece& b = frame2_pieces[box_help - box_window];
     cairo_t* cr = c.open("frame 14", b.at);
     const plate p = box_plate(b, 6.0);
     box_shadow(c, b, p, 0.8);
@@ -197,7 +197,7 @@ void help_box(canvas& c) {
 }
 
 void glass(canvas& c) {
-    const box_piece& b = frame2_pieces[15 - 11];
+    const box_piece& b = frame2_pieces[box_glass - box_window];
     cairo_t* cr = c.open("frame 15", b.at);
     const plate p = box_plate(b, 8.0);
     box_shadow(c, b, p, 0.6);
@@ -214,7 +214,7 @@ void glass(canvas& c) {
 }
 
 void group_panel(canvas& c) {
-    const box_piece& b = frame2_pieces[16 - 11];
+    const box_piece& b = frame2_pieces[box_panel - box_window];
     cairo_t* cr = c.open("frame 16", b.at);
     const plate p = box_plate(b, 6.0);
     rim(cr, {p.x - 1.0, p.y - 1.0, p.dx + 2.0, p.dy + 2.0, 7.0}, {0, 0, 0, 0.25});
@@ -228,7 +228,7 @@ void group_panel(canvas& c) {
 }
 
 void menu_box(canvas& c) {
-    const box_piece& b = frame2_pieces[17 - 11];
+    const box_piece& b = frame2_pieces[box_menu - box_window];
     cairo_t* cr = c.open("frame 17", b.at);
     const plate p = box_plate(b, 3.0);  // round corners end within the border
     box_shadow(c, b, p, 0.8);
@@ -240,7 +240,7 @@ void menu_box(canvas& c) {
 }
 
 void small_box(canvas& c) {
-    const box_piece& b = frame2_pieces[18 - 11];
+    const box_piece& b = frame2_pieces[box_small - box_window];
     cairo_t* cr = c.open("frame 18", b.at);
     const plate p = box_plate(b, 4.0);
     box_shadow(c, b, p, 0.8);

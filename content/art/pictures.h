@@ -14,5 +14,8 @@ void draw_controls(canvas& c);
 void draw_list_icons(canvas& c);
 void draw_cursors(canvas& c);
 void draw_map_icons(canvas& c);
+// korean.cpp: the glyphs of a menu file's texts, each where ui/text/korean.cpp will look for it.
+constexpr int korean_size = 1024;
+void draw_korean(canvas& c, const std::string& menu_file);
 // intro.cpp: the start-up picture.
 void draw_intro(canvas& c);

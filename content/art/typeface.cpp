@@ -122,6 +122,24 @@ glyph_bitmap mono_glyph(int code) {
     return g;
 }
 
+korean_bitmap korean_glyph(unsigned code) {
+    constexpr int size = 12, base = 2;  // pixels an em; rows of a cell below the base line
+    FT_Face f = face("NanumGothic", "Regular", "fonts-nanum");
+    FT_Set_Pixel_Sizes(f, size, size);
+    if (FT_Load_Char(f, code, FT_LOAD_RENDER | FT_LOAD_TARGET_LIGHT) || FT_Get_Char_Index(f, code) == 0)
+        throw std::runtime_error("character " + std::to_string(code) + " is missing in NanumGothic");
+    const FT_Bitmap& bits = f->glyph->bitmap;
+    const int dx = static_cast<int>(bits.width), dy = static_cast<int>(bits.rows);
+    if (dx > korean_cell || dy > korean_cell)
+        throw std::runtime_error("character " + std::to_string(code) + " is larger than its cell");
+    const int left = (korean_cell - dx) / 2;
+    const int foot = std::clamp(f->glyph->bitmap_top - dy + base, 0, korean_cell - dy);
+    korean_bitmap out = {};
+    for (int r = 0; r < dy; ++r)
+        for (int c = 0; c < dx; ++c) out.alpha[foot + dy - 1 - r][left + c] = bits.buffer[r * bits.pitch + c];
+    return out;
+}
+
 cairo_font_face_t* lettering_face() {
     static cairo_font_face_t* f =
         cairo_ft_font_face_create_for_ft_face(face("B612", "Regular", "fonts-b612"), 0);

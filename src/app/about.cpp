@@ -7,6 +7,7 @@
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "draw/gl/ogl.h"
+#include "draw/images/interface_layout.h"
 #include "draw/type.h"
 #include "draw/widgets/frames.h"
 #include "draw/widgets/widgets.h"
@@ -21,11 +22,11 @@ std::string version_line(version_query& query) {
 }
 
 void draw(const std::string& version) {
-    constexpr int with_bar = 1, inner = 16;
+    constexpr int with_bar = 1;
     constexpr float in = 30.0f, top = 250.0f, line = 14.0f;
     OGL_view_2d();
     seam.draw_background();
-    BTN_fillwin(with_bar, inner);
+    BTN_fillwin(with_bar, box_panel);
     float y = top;
     const auto put = [&](const std::string& text) {
         OGL_string(37, in, y, text, mnw.win_dx - 2.0f * in, charset_text);

@@ -13,20 +13,31 @@
 #include "draw/widgets/frames.h"
 #include "draw/widgets/widgets.h"
 #include "ui/screens/start_screen.h"
+#include "ui/text/korean.h"
+#include "ui/text/language.h"
 
 namespace {
-const char* const languages[] = {"|English", "|French", "|German",    "|Italian",
-                                 "|Spanish", "|Korean", "|Portuguese"};
+// By mnw.lang, each in its own language with the letters that the fonts have; Korean has glyphs of its own.
+const char* const languages[] = {"English", "Francais", "Deutsch", "Italiano", "Espanol", "한국어", "Portugues"};
 
 // Set by the first frame that the button is clicked in.
 bool accepted;
+int korean_glyphs;
 
 void language_buttons() {
-    constexpr float x = 150.0f, top = 168.0f, apart = 18.0f;
+    constexpr float x = 150.0f, top = 168.0f, apart = 18.0f, glyphs_in = 14.0f;
     OGL_string(37, 40.0f, top, "Language:", no_wrap, charset_text);
     int at = 0;
-    for (const char* language : languages) {
-        BTN_is_int(x, top - apart * static_cast<float>(at), &mnw.lang, at, language);
+    for (const std::string language : languages) {
+        const float y = top - apart * static_cast<float>(at);
+        if (at != lang_korean) {
+            BTN_is_int(x, y, &mnw.lang, at, "|" + language);
+        } else if (korean_glyphs) {
+            BTN_is_int(x, y, &mnw.lang, at, "");
+            OGL_string(37, x + glyphs_in, y - 1.0f, char_string_to_int_string(language), no_wrap, charset_korean);
+        } else {
+            BTN_is_int(x, y, &mnw.lang, at, "|Korean");
+        }
         ++at;
     }
 }
@@ -39,15 +50,17 @@ void lines(const alert_lines& text) {
 }
 
 void draw(const alert_lines& text, int type) {
-    constexpr int without_bar = 0, nothing_more = 19;
-    constexpr float button_up = 18.0f;
+    constexpr int without_bar = 0;
+    constexpr float button_up = 18.0f, tick_x = 22.0f, tick_y = 38.0f;
     OGL_view_2d();
     seam.draw_background();
-    BTN_fillwin(without_bar, nothing_more);
+    BTN_fillwin(without_bar, fill_nothing);
     if (type == alert_language)
         language_buttons();
     else
         lines(text);
+    if (type == alert_message && alert_tick.ticked)
+        BTN_bool(tick_x, tick_y, alert_tick.ticked, "|" + alert_tick.label, 0);
     const std::string label = type == alert_language      ? "Accept"
                               : stl.text[text_ok].empty() ? "OK"
                                                           : stl.text[text_ok];
@@ -67,6 +80,7 @@ void show(int close_to, const alert_lines& text, int type) {
     const float mx = mnw.mx, my = mnw.my;
     if (type == alert_sys_event) check_sys_event = 1;
     return_hit = 0;
+    if (type == alert_language) korean_glyphs = load_korean_glyphs();
     MACIBM_startwind(win_alrt, "alert");
     wait_for_user(text, type);
     check_sys_event = return_hit = 0;

@@ -43,6 +43,7 @@ void ai_changes_aircraft() {
     state.next_aircraft = mnw.totl_time + flt_rand(300.0f, 600.0f);
     get_random_plane(0);
     init_flt_0(start_airport, place_runway);
+    begin_user_flight_steady(start_airport);
 }
 
 void fill_empty_slots() {

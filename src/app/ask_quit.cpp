@@ -15,11 +15,11 @@ namespace {
 enum answer { open_yet, yes, no };
 
 answer draw() {
-    constexpr int without_bar = 0, nothing_more = 19;
+    constexpr int without_bar = 0;
     constexpr float button_up = 18.0f, text_up = 100.0f, in = 20.0f;
     OGL_view_2d();
     seam.draw_background();
-    BTN_fillwin(without_bar, nothing_more);
+    BTN_fillwin(without_bar, fill_nothing);
     OGL_string(37, in, text_up, stl.text[text_ask_quit], mnw.win_dx - 2.0f * in, charset_text);
     if (BTN_action(0.3f * mnw.win_dx, button_up, 0, 1, stl.text[text_yes]) || return_hit) return yes;
     if (BTN_action(0.7f * mnw.win_dx, button_up, 0, 1, stl.text[text_no])) return no;

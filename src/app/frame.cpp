@@ -9,7 +9,8 @@
 #include "core/program/logs.h"
 #include "core/program/seams.h"
 #include "core/records/records.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
+#include "draw/images/interface_layout.h"
 #include "draw/images/screenshot.h"
 #include "net/messages.h"
 #include "platform/window.h"
@@ -36,7 +37,8 @@ struct frame_state {
     };
     bool clock_started = false;
     float last_time_sec = 0.0f;                        // time_sec of the last pass
-    int cntr_FM = 0, cntr_UI = 0;                      // passes in flight and in windows
+    int cntr_FM = 0, cntr_UI = 0;                      // passes in flight and in windows without a break
+    int passes_FM = 0;                                 // all passes in flight
     double last_time_FM = 0.0, last_time_UI = 0.0;     // clocks.real at the last adaption
     double proof_time = 0.0;                           // clocks.real at the fifth pass
     float old_mx = 0.0f, old_my = 0.0f;                // mouse of the last pass
@@ -87,21 +89,30 @@ void adapt_period(int* counter, double* last_time, float* ratio, float* period, 
     *last_time = clocks.real.now;
 }
 
+// After a break the count begins anew, so that a measure is always of ten passes and never of the break.
+void restart_count(int* counter, double* last_time) {
+    *counter = 1;
+    *last_time = clocks.real.now;
+}
+
 void adapt_time_steps() {
     constexpr float FM_min = 0.001f, FM_max = 0.08f, UI_min = 0.0001f, UI_max = 9999.9f;
-    if (mnw.top_win == win_fly) {
+    const bool flies = mnw.top_win == win_fly, asks = intrange(mnw.top_win, win_alrt, win_save);
+    if (flies) {
+        ++state.passes_FM;
         adapt_period(&state.cntr_FM, &state.last_time_FM, &mnw.rt_rat_FM, &mnw.prd_FM, FM_min, FM_max);
-        state.last_time_UI = clocks.real.now;
-        return;
+    } else {
+        restart_count(&state.cntr_FM, &state.last_time_FM);
     }
-    state.last_time_FM = clocks.real.now;  // a long stay in a window is not one long frame
-    if (!intrange(mnw.top_win, win_alrt, win_save))
+    if (flies || asks)
+        restart_count(&state.cntr_UI, &state.last_time_UI);
+    else
         adapt_period(&state.cntr_UI, &state.last_time_UI, &mnw.rt_rat_UI, &mnw.prd_UI, UI_min, UI_max);
 }
 
 void frame_rate_proof() {
-    if (state.cntr_FM == 5) state.proof_time = clocks.real.now;
-    if (state.cntr_FM == 6 && clocks.real.now - state.proof_time < 0.4) mnw.framerateOK = 1;
+    if (state.passes_FM == 5) state.proof_time = clocks.real.now;
+    if (state.passes_FM == 6 && clocks.real.now - state.proof_time < 0.4) mnw.framerateOK = 1;
 }
 
 // -- mouse
@@ -131,7 +142,7 @@ void pulse_colours() {
 
 void choose_cursor() {
     constexpr float idle = 10.0f;  // s without movement
-    if (mnw.real_time - mnw.m_move_time > idle) mnw.cursor_type = 1;
+    if (mnw.real_time - mnw.m_move_time > idle) mnw.cursor_type = cursor_hidden;
 }
 
 bool window_is_modal() { return mnw.top_win == win_about || intrange(mnw.top_win, win_alrt, win_save); }
@@ -140,7 +151,6 @@ bool window_is_modal() { return mnw.top_win == win_about || intrange(mnw.top_win
 void reset_frame() { state = {}; }
 
 void MACIBM_event_proc() {
-    constexpr int sound_click = 222;
     set_periodic_flags();
     profile_chart("init", 0);
     clear_input_flags();
@@ -156,7 +166,7 @@ void MACIBM_event_proc() {
     mouse_timing();
     pulse_colours();
     frame_rate_proof();
-    mnw.cursor_type = 0;
+    mnw.cursor_type = cursor_of_system;
     ren.num_fas_finds = ren.num_slo_finds = 0;
     menus_follow_mouse();
     profile_chart("menu", 0);
@@ -178,7 +188,7 @@ void MACIBM_event_proc() {
 
 void profile_chart(const char* loc, int is_last) {
     if (!mnw.track_cpu || mnw.top_win != win_fly) return;
-    const double now = 0.001 * static_cast<double>(seam.epoch_millisec());
+    const double now = 1e-6 * static_cast<double>(seam.epoch_microsec());
     if (state.frame_start == 0.0) state.frame_start = state.last_mark = now;
     xer << loc << ": " << now - state.last_mark << '\n';
     state.last_mark = now;

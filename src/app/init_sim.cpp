@@ -1,7 +1,6 @@
 // Start-up in its fixed order, and shutdown.
 #include "app/init_sim.h"
 
-#include <chrono>
 #include <fstream>
 
 #include "app/alert_show.h"
@@ -19,6 +18,7 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/widgets/menus.h"
@@ -216,22 +216,17 @@ void init_devices() {
     MACIBM_showinit("Starting application.");
 }
 
-long long clock_microseconds() {
-    using namespace std::chrono;
-    return duration_cast<microseconds>(system_clock::now().time_since_epoch()).count();
-}
-
 // Up to 99 values, as many as the clock says.
 void draw_dummy_values() {
     constexpr long long largest_seed = 32000;
-    long long seed = clock_microseconds();
+    long long seed = seam.epoch_microsec();
     while (seed > largest_seed) seed /= 2;
     for (long long i = 0; i < seed % 100; ++i) rand31();
 }
 
 // Every start for a user has a wind, weather and traffic of its own; a run without one repeats.
 void MACIBM_init(const std::string& install_folder) {
-    if (seam.has_user) rand_seed(static_cast<unsigned>(clock_microseconds()));
+    if (seam.has_user) rand_seed(static_cast<unsigned>(seam.epoch_microsec()));
     init_records(install_folder);
     if (seam.has_user) draw_dummy_values();
     open_window();
@@ -265,6 +260,7 @@ void init_records(const std::string& install_folder, log_target logs) {
     THREAD_Init();
     init_con();
     ren.current_alpha = 1.0f;
+    colours_init();
     default_screen();
     alert_seam.finish = MACIBM_finishup;
     scenery_draw = scenery_draw_gl;
@@ -304,7 +300,7 @@ void init_sim(const std::string& install_folder) {
     load_other_aircraft();
     start_network_if_used();
     init_flt_0(start_airport, stg.start_ramp ? place_ramp : place_runway);
-    begin_user_flight_steady();
+    begin_user_flight_steady(start_airport);
     choose_first_window();
 }
 

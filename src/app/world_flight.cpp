@@ -88,8 +88,8 @@ void run_systems() {
 void ai_views() {
     if (!msc.ai_views || !(mnw.totl_time > state.time_vew_change)) return;
     state.time_vew_change = mnw.totl_time + flt_rand(10.0f, 30.0f);
-    APP_handlemenu(int_rand(1500, 1525));
-    if (ren.view_type_act <= 1515) APP_handlemenu(view_fwd_panel);
+    APP_handlemenu(int_rand(view_fwd_panel, view_fwd_bare));
+    if (ren.view_type_act <= view_inside_last) APP_handlemenu(view_fwd_panel);
 }
 
 // Wires, catapults and tows: what lets go and what starts.
@@ -143,7 +143,7 @@ void limit_consequences() {
 
 bool inside_overcast() {
     for (int layer = 0; layer < 2; ++layer)
-        if (atm.cld_type[layer] == 5 && atm.base_h_MSL[layer] < flt[0].dob_y &&
+        if (atm.cld_type[layer] == cld_overcast && atm.base_h_MSL[layer] < flt[0].dob_y &&
             flt[0].dob_y < atm.tops_h_MSL[layer])
             return true;
     return false;

@@ -7,7 +7,7 @@
 #include "core/program/alert.h"
 #include "core/program/seams.h"
 #include "core/records/mnw.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
 

@@ -57,22 +57,22 @@ static void run_engines(int iter) {
     }
 }
 
-// One axis each by rocket_mode: 402 to 407 are plus and minus aft, right, up.
+// One axis each by rocket_mode.
 static void manoeuvring_rockets() {
     if (!(mnw.totl_time < flt[0].rocket_timeout)) return;
     const float* thrust = veh[0].puff_xyz;
     switch (flt[0].rocket_mode) {
-        case 402:
+        case rocket_aft:
             return addFaprop(0, thrust[2], 0.0f, 0.0f);
-        case 403:
+        case rocket_forward:
             return addFaprop(0, -thrust[2], 0.0f, 0.0f);
-        case 404:
+        case rocket_right:
             return addFsprop(0, thrust[0], 0.0f, 0.0f);
-        case 405:
+        case rocket_left:
             return addFsprop(0, -thrust[0], 0.0f, 0.0f);
-        case 406:
+        case rocket_up:
             return addFnprop(0, thrust[1], 0.0f, 0.0f);
-        case 407:
+        case rocket_down:
             return addFnprop(0, -thrust[1], 0.0f, 0.0f);
         default:
             return;

@@ -68,9 +68,8 @@ bool scan_recording() {
 
 // Warnings and spoken texts recorded between the last frame and this.
 void play_cues(float from, float to) {
-    constexpr int first_cue_sound = 121;
     for (const warn_struct& cue : pat.warn)
-        if (from < cue.time && cue.time <= to) soun.SOUND_set(cue.warn_index + first_cue_sound, 1.0f, 1.0f);
+        if (from < cue.time && cue.time <= to) soun.SOUND_set(cue.warn_index + sound_free_first, 1.0f, 1.0f);
     for (const text_struct& cue : pat.text)
         if (from < cue.time && cue.time <= to) stl.verbal_string = cue.text_str;
 }

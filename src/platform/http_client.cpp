@@ -1,9 +1,16 @@
 // The exchange: request, then whatever the server answers.
 #include "platform/http_client.h"
 
+#include <stdio.h>
+#include <unistd.h>
+
 #include <algorithm>
 
+#include "core/disk/paths.h"
+
 namespace {
+std::string beside(const std::string& path) { return path + ".part"; }
+
 std::string request_text(const char* url, bool is_post, const FieldMap& fields, int content_length) {
     std::string text = std::string(is_post ? "POST " : "GET ") + url + " HTTP/1.1\r\n";
     for (const auto& [name, value] : fields) text.append(name).append(": ").append(value).append("\r\n");
@@ -15,7 +22,8 @@ std::string request_text(const char* url, bool is_post, const FieldMap& fields, 
 HTTPClient::HTTPClient(const char* inServerIP, unsigned short inPort, const char* inURL, bool inIsPost,
                        const FieldMap& inExtraFields, const char* inContentBuffer, int inContentBufferLength,
                        const char* inDestFile)
-    : mAnswer(inDestFile) {
+    : mDestFileName(inDestFile ? set_dir_chars(inDestFile) : ""),
+      mAnswer(inDestFile ? beside(mDestFileName).c_str() : nullptr) {
     const unsigned long address = PCSBSocket::LookupAddress(inServerIP);
     if (address == 0) {
         mAnswer.mResponseNum = -1;
@@ -29,6 +37,11 @@ HTTPClient::HTTPClient(const char* inServerIP, unsigned short inPort, const char
     mSocket->Connect(address, inPort);
 }
 
+HTTPClient::~HTTPClient() {
+    mAnswer.CloseFile();
+    if (!mDestFileName.empty()) unlink(beside(mDestFileName).c_str());
+}
+
 void HTTPClient::DoProcessing() {
     if (!mSocket) return;
     if (mSocket->GetStatus() == pcsbstatus_Connected) {
@@ -36,7 +49,19 @@ void HTTPClient::DoProcessing() {
         receive_waiting();
     }
     // at once, so that whoever sees the end finds the whole file
-    if (IsDone()) mAnswer.CloseFile();
+    if (IsDone()) settle_file();
+}
+
+void HTTPClient::settle_file() {
+    mAnswer.CloseFile();
+    if (mDestFileName.empty()) return;
+    const bool good_number = mAnswer.mResponseNum >= 200 && mAnswer.mResponseNum <= 300;
+    const std::string written = beside(mDestFileName);
+    if (GetStatus() == httpstatus_Done && good_number && GotWhole())
+        cannot_place = rename(written.c_str(), mDestFileName.c_str()) != 0;
+    else
+        unlink(written.c_str());
+    mDestFileName.clear();
 }
 
 void HTTPClient::send_waiting() {
@@ -61,7 +86,7 @@ void HTTPClient::receive_waiting() {
 }
 
 HTTPClient_Status HTTPClient::GetStatus() {
-    if (!mSocket || mAnswer.mFailed) return httpstatus_Error;
+    if (!mSocket || mAnswer.mFailed || cannot_place) return httpstatus_Error;
     switch (mSocket->GetStatus()) {
         case pcsbstatus_Error:
             return httpstatus_Error;

@@ -20,10 +20,12 @@ enum HTTPClient_Status : int {
 
 class HTTPClient {
 public:
-    // A null inDestFile keeps the body in memory.
+    // A null inDestFile keeps the body in memory. A file is written beside its place and takes it only as the whole
+    // body of a good answer: whatever else comes leaves the file that was there.
     HTTPClient(const char* inServerIP, unsigned short inPort, const char* inURL, bool inIsPost,
                const FieldMap& inExtraFields, const char* inContentBuffer, int inContentBufferLength,
                const char* inDestFile);
+    ~HTTPClient();
 
     void DoProcessing();  // one step: at most one write and one read of 1024 bytes
     HTTPClient_Status GetStatus();
@@ -44,9 +46,12 @@ private:
     bool output_waits() const { return out_sent < mOutBuf.size(); }
     void send_waiting();
     void receive_waiting();
+    void settle_file();
 
     std::unique_ptr<PCSBSocket> mSocket;  // none when the host was not found
     std::vector<char> mOutBuf;            // what remains to send, behind out_sent
     size_t out_sent = 0;
+    std::string mDestFileName;  // as the system spells it; empty once the file is settled
+    bool cannot_place = false;  // the file could not take its place
     http_answer mAnswer;
 };

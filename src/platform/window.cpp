@@ -294,7 +294,9 @@ int MACIBM_getcontext() {
     dpy = XOpenDisplay(nullptr);
     if (!dpy) return 0;
     XSetIOErrorHandler(display_lost);
-    if (!choose_visual()) {
+    const int screen = DefaultScreen(dpy);
+    const bool is_large = DisplayWidth(dpy, screen) >= XRES && DisplayHeight(dpy, screen) >= YRES;
+    if (!is_large || !choose_visual()) {
         window_close();
         return 0;
     }

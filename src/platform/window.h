@@ -10,7 +10,7 @@ extern int linkey_shft, linkey_ctrl;  // shift and control are down
 extern int window_generation;  // counts contexts: what lives in one is made anew when this moves
 
 // Opens the display and makes the window of x_res_now by y_res_now with its context current; 0 when
-// there is no display, no GL or no fitting visual.
+// there is no display, no GL or no fitting visual, or the screen is smaller than the virtual one.
 int MACIBM_getcontext();
 // With set_res_now set and the window present, gives it the size x_res_now by y_res_now. Always 1.
 int MACIBM_setres(int init_call);

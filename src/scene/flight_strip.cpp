@@ -13,7 +13,7 @@
 #include "core/records/env.h"
 #include "core/records/flt.h"
 #include "core/records/mnw.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/primitives.h"
 #include "draw/type.h"

@@ -48,7 +48,7 @@ void set_planet_weather(int planet) {
         atm.vis_rep = 0.5f * max_vis_ter_mtrs[0];
         return;
     }
-    atm.cld_type[0] = atm.cld_type[1] = 0;
+    atm.cld_type[0] = atm.cld_type[1] = cld_none;
     atm.vis_rep = max_vis_ter_mtrs[1];
     atm.rain_set = atm.tstm_set = 0.0f;
     atm.use_rwx = 0;
@@ -140,8 +140,6 @@ float find_temp_cel(float h) {
 
 // -- clouds
 
-static constexpr int cld_scattered = 3, cld_overcast = 5;
-
 float ret_min_layer_thick_mtrs(int layer) {
     return atm.cld_type[intlim(layer, 0, 1)] >= cld_scattered ? 914.4f : 0.0f;
 }
@@ -152,7 +150,7 @@ void limit_cloud_typ_rat(int hard_clouds) {
         if (hard_clouds)
             *set = fltmin2(*set, max_precip);
         else if (*set > max_precip)
-            atm.cld_type[0] = intlim(atm.cld_type[0] + 1, 0, cld_overcast);
+            atm.cld_type[0] = intlim(atm.cld_type[0] + 1, cld_none, cld_overcast);
     }
 }
 
@@ -162,8 +160,8 @@ void init_weather_defaults() {
     constexpr float wind_alt_ft[3] = {5000.0f, 7500.0f, 25000.0f};
     atm.vis_frmult = 1.0f;  // the governor only multiplies, so 0 would stay
     atm.vis_rep = 10.0f * con.nmtomtrs;
-    atm.cld_type[0] = 1;
-    atm.cld_type[1] = 0;
+    atm.cld_type[0] = cld_thin;
+    atm.cld_type[1] = cld_none;
     atm.base_h_MSL[0] = atm.tops_h_MSL[0] = 8500.0f * con.fttomtrs;
     atm.base_h_MSL[1] = atm.tops_h_MSL[1] = 12000.0f * con.fttomtrs;
     for (int c = 0; c < 3; ++c) {

@@ -77,7 +77,7 @@ static void limit_layers() {
     hold(atm.tops_h_MSL[1], atm.base_h_MSL[1] + ret_min_layer_thick_mtrs(1), top);
     // only an overcast has free thickness
     for (int layer = 0; layer < 2; ++layer)
-        if (atm.cld_type[layer] != 5)
+        if (atm.cld_type[layer] != cld_overcast)
             atm.tops_h_MSL[layer] = atm.base_h_MSL[layer] + ret_min_layer_thick_mtrs(layer);
 }
 
@@ -93,7 +93,7 @@ static void limit_wind_layers() {
 
 void limit_weather() {
     // packets and files may hold any type; from here on it counts as an index
-    for (int& type : atm.cld_type) type = intlim(type, 0, 5);
+    for (int& type : atm.cld_type) type = intlim(type, cld_none, cld_overcast);
     limit_layers();
     limit_cloud_typ_rat(0);
     atm.vis_rep = fltlim(atm.vis_rep, 100.0f, max_vis_ter_mtrs[env.planet == 1]);
@@ -150,7 +150,8 @@ static void local_air() {
     con.lcl_g = static_cast<float>(con.planet_mu / (radius * radius));
     con.lcl_T_cel = find_temp_cel(ele);
     con.lcl_r_met = find_standard_rho(env.planet, ele) * find_current_rho_rat();
-    // a day set far too cold would stand below absolute zero aloft
+    // Decided: air is held at 1 K; a day set far too cold would stand below absolute zero aloft, and the
+    // speed of sound is the root of its temperature.
     const float T_kel = fltmax2(con.lcl_T_cel + 273.15f, 1.0f);
     con.lcl_P_pas = con.lcl_r_met * con.R * T_kel;
     con.lcl_sig = con.lcl_r_met * inv_rho_sl;
@@ -192,7 +193,7 @@ void randomise_weather() {
     atm.base_h_MSL[1] = random_layer_height(1.0f, 1.25f, cloud_strength);
     atm.tops_h_MSL[1] = random_layer_height(1.25f, 1.5f, cloud_strength);
     for (int& type : atm.cld_type)
-        type = intcut(interp(1.0f, 5.0f, 0.0f, 0.0f, flt_rand(0.5f, 2.0f) * cloud_strength));
+        type = intcut(interp(1.0f, cld_overcast, 0.0f, cld_none, flt_rand(0.5f, 2.0f) * cloud_strength));
     atm.vis_rep =
         interp(1.0f, 100.0f, 0.0f, max_vis_ter_mtrs[env.planet == 1], flt_rand(0.5f, 1.0f) * cloud_strength);
     con.sl_T_cel = flt_rand(-10.0f, 30.0f);
@@ -222,7 +223,7 @@ void limit_atm_border() {
     for (int i = 0; i < 2; ++i) {
         limit_border({&atm.base_h_MSL[i], layer_ft[i] * con.fttomtrs, -any, any});
         limit_border({&atm.tops_h_MSL[i], layer_ft[i] * con.fttomtrs, -any, any});
-        atm.cld_type[i] = intlim(atm.cld_type[i], 0, 5);
+        atm.cld_type[i] = intlim(atm.cld_type[i], cld_none, cld_overcast);
     }
     for (int c = 0; c < 3; ++c) {
         limit_border({&atm.set_wind_alt_mtrs[c], alt_ft[c] * con.fttomtrs, -1e5f, 1e6f});
@@ -305,7 +306,7 @@ void weather_screen_rules(weather_screen_struct& last) {
     wet_runway(last.old_rain);
     report_switches(last);
     if (env.planet == 1) {  // no clouds, no water, no reports
-        atm.cld_type[0] = atm.cld_type[1] = 0;
+        atm.cld_type[0] = atm.cld_type[1] = cld_none;
         atm.rain_set = atm.tstm_set = 0.0f;
         atm.use_rwx = 0;
     }

@@ -138,7 +138,8 @@ static d3_struct burst_wind() {
         if (burst_begins()) start_burst();
         return {};  // the first frame of a burst adds nothing yet
     }
-    // a replay moves the time both ways: outside its own span a burst is over
+    // Decided: a burst also ends before its start, since a replay moves the time backward too and the half
+    // sine of the push would go on with the other sign.
     if (!fltrange(mnw.totl_time, state.burst_strt_time, state.burst_stop_time)) {
         state.burst_type = 0;
         return {};
@@ -186,7 +187,7 @@ static void move_field() {
 static float cloud_turbulence() {
     float level_rat_acf = atm.level_rat_acf;
     for (int layer = 0; layer < 2; ++layer)
-        if (atm.cld_type[layer] == 5 &&
+        if (atm.cld_type[layer] == cld_overcast &&
             fltrange(ren.view_ele_msl, atm.base_h_MSL[layer], atm.tops_h_MSL[layer]))
             level_rat_acf = fltlim(2.0f * (level_rat_acf - 0.5f), 0.0f, 1.0f);
     return level_rat_acf;

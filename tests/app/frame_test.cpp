@@ -91,6 +91,29 @@ TEST_F(frame, a_stay_in_a_window_keeps_the_step_and_stops_the_flight) {
     EXPECT_GT(mnw.totl_time, totl);
 }
 
+TEST_F(frame, a_short_stay_in_a_window_or_alert_does_not_move_the_step) {
+    pass(407, 0.03);  // in the middle of a count of ten
+    const float step = mnw.prd_FM;
+    for (const int window : {win_wxr, win_alrt}) {
+        MACIBM_startwind(window, "test");
+        pass(30, 0.03);
+        MACIBM_startwind(win_fly, "test");
+        pass(12, 0.03);
+        EXPECT_NEAR(mnw.prd_FM, step, 0.01f * step) << window;
+    }
+}
+
+TEST_F(frame, the_profile_tells_microseconds) {
+    const test::temp_folder folder;
+    close_logs();
+    xer.open(folder.path() + "Error.out");
+    mnw.track_cpu = 1;
+    seam.drain_events = [] { step_virtual_clock(0.00025); };
+    pass(2, 0.0);
+    xer.close();
+    EXPECT_NE(test::read_file(folder.path() + "Error.out").find("event: 0.000250\n"), std::string::npos);
+}
+
 TEST_F(frame, paused_time_stands_but_the_weather_is_still_limited) {
     mnw.paused = 1;
     const float totl = mnw.totl_time, miss = mnw.miss_time;

@@ -19,6 +19,7 @@ namespace {
 const std::string resolution_file =
     std::string(INSTALL_FOLDER) + "Resources/Preferences/Orvelle 8 Resolution.prf";
 const std::string servers_file = std::string(INSTALL_FOLDER) + "Resources/Preferences/servers.txt";
+const std::string notes_file = std::string(INSTALL_FOLDER) + "Resources/Preferences/notes.txt";
 
 class program : public ::testing::Test {
 protected:
@@ -29,6 +30,8 @@ protected:
         ASSERT_EQ(flock(lock_, LOCK_EX), 0);
         before_ = std::filesystem::exists(resolution_file) ? test::read_file(resolution_file) : "";
         servers_before_ = test::read_file(servers_file);
+        notes_before_ = test::read_file(notes_file);
+        std::filesystem::remove(notes_file);
         setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
         setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
     }
@@ -42,6 +45,10 @@ protected:
             std::filesystem::remove(resolution_file);
         else
             write_resolution(before_);
+        if (notes_before_.empty())
+            std::filesystem::remove(notes_file);
+        else
+            write_text(notes_file, notes_before_);
         if (servers_before_.empty())
             std::filesystem::remove(servers_file);
         else
@@ -120,7 +127,7 @@ protected:
     const test::temp_folder folder_;
     pid_t pid_ = -1;
     int lock_ = -1;
-    std::string before_, servers_before_;
+    std::string before_, servers_before_, notes_before_;
 };
 
 const char* const english = "I\n801 version\n1024\n768\n32\n1\n0\n1\n0.02\n0.02\n";
@@ -137,8 +144,13 @@ TEST_F(program, asks_for_the_language_once_tells_its_notes_and_flies) {
     ASSERT_TRUE(comes([] { return std::filesystem::exists(resolution_file); }));
     EXPECT_EQ(test::read_file(resolution_file).substr(0, 30), "I\n801 version\n1024\n768\n32\n1\n1\n");
     ASSERT_TRUE(comes([&] { return difference(asked, shoot("notes.png"), "100x140+400+300") > 100; }));
+    drive("mousemove 334 452 click 1");  // never again
+    usleep(300000);
     drive("key Return");
     EXPECT_TRUE(comes([&] { return flies(); }));
+    quit();
+    start();
+    EXPECT_TRUE(comes([&] { return flies(); })) << "without a question";
     quit();
 }
 

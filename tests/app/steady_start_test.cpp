@@ -3,9 +3,11 @@
 
 #include "app/lab/headless.h"
 #include "core/math/num.h"
+#include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "flying.h"
+#include "ui/text/language.h"
 
 namespace {
 class steady_start : public ::testing::TestWithParam<const char*> {};
@@ -27,6 +29,26 @@ TEST_P(steady_start, flies_straight_and_level_for_half_a_minute_with_the_hands_o
     }
     EXPECT_NEAR(flt[0].dob_ele, height, glides ? 60.0 : 30.0);
     EXPECT_LT(fabsf(fltwrap(flt[0].psi - heading, -180.0f, 180.0f)), 15.0f);
+}
+
+TEST(user_start, an_airport_a_place_on_the_planet_and_a_language_begin_a_trimmed_flight) {
+    test::fly_aircraft("Wren 160");
+    seam.has_user = 1;
+    const auto flies_level = [](const char* after) {
+        for (int i = 0; i < 5 * 64; ++i) headless_frame();
+        EXPECT_LT(fabsf(flt[0].Vh_fpm), 300.0f) << after;
+        EXPECT_LT(fabsf(flt[0].phi), 5.0f) << after;
+    };
+    mnw.top_win = win_apt;
+    MACIBM_startwind(win_fly, "select airport");
+    flies_level("airport");
+    stg.cus_lat = static_cast<float>(flt[0].dob_lat), stg.cus_lon = static_cast<float>(flt[0].dob_lon);
+    mnw.top_win = win_wrl;
+    MACIBM_startwind(win_fly, "planet region");
+    flies_level("planet");
+    MACIBM_setupforlang(1);
+    flies_level("language");
+    seams_headless();
 }
 
 INSTANTIATE_TEST_SUITE_P(aircraft, steady_start,

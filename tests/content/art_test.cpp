@@ -9,6 +9,7 @@
 #include "draw/font_table.h"
 #include "draw/images/interface_layout.h"
 #include "support.h"
+#include "ui/text/korean.h"
 
 namespace {
 
@@ -56,6 +57,28 @@ const picture& image() {
 std::string bytes_of(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+TEST(art, every_glyph_of_the_korean_menus_has_ink_and_no_two_are_alike) {
+    const picture glyphs = read_picture("../menus/Korean/menu_text.png");
+    ASSERT_EQ(glyphs.dx, 1024);
+    std::set<std::string> cells, seen;
+    const std::string menus = bytes_of(INSTALL_FOLDER "Resources/menus/korean/Tarvane.txt");
+    for (size_t at = 0; at < menus.size(); at += (menus[at] & 0xF0) == 0xE0 ? 3 : 1)
+        if ((menus[at] & 0xF0) == 0xE0) cells.insert(char_string_to_int_string(menus.substr(at, 3)));
+    EXPECT_GT(cells.size(), 100u);
+    for (const std::string& pair : cells) {
+        const int cell = 127 * pair[0] + pair[1] - 128, s = cell % 40 * 13, t = cell / 40 * 13;
+        std::string ink;
+        int dark = 0;
+        for (int y = 0; y < 13; ++y)
+            for (int x = 0; x < 13; ++x) {
+                ink += static_cast<char>(glyphs.at(s + x, t + y).a);
+                dark += glyphs.at(s + x, t + y).a > 100;
+            }
+        EXPECT_GT(dark, 8) << cell;
+        EXPECT_TRUE(seen.insert(ink).second) << cell;
+    }
 }
 
 TEST(art, pictures_have_their_sizes_and_gamma_and_come_out_the_same_again) {
@@ -124,23 +147,23 @@ void expect_no_seam(const piece& p, int from, int to, bool across) {
 }
 
 TEST(art, stretched_pieces_repeat_without_a_seam_and_shadows_fade_out) {
-    for (int kind = 0; kind < 12; ++kind) {
-        if (kind == 6) continue;
+    for (int kind = 0; kind < strip_kinds; ++kind) {
+        if (kind == strip_upright) continue;
         SCOPED_TRACE(kind);
         const frame_piece& f = frame1_pieces[kind];
         expect_no_seam(f.at, f.border, f.at.dx - f.border, true);
     }
     expect_no_seam(frame0_piece.at, frame0_piece.border, frame0_piece.at.dy - frame0_piece.border, false);
-    for (int kind = 11; kind <= 18; ++kind) {
+    for (int kind = box_window; kind <= box_last; ++kind) {
         SCOPED_TRACE(kind);
-        const piece& p = frame2_pieces[kind - 11].at;
+        const piece& p = frame2_pieces[kind - box_window].at;
         const int from = p.dx * 2 / 5, to = (p.dx * 3 + 4) / 5;
         expect_no_seam(p, from, to, true);
         expect_no_seam(p, from, to, false);
         EXPECT_GE(image().at(p.s + p.dx / 2, p.t + p.dy / 2).a, 200);
-        if (frame2_pieces[kind - 11].sides < 6) continue;
+        if (frame2_pieces[kind - box_window].sides < 6) continue;
         int before = 0;  // from the outer edge to the plate it only gets darker
-        for (int i = 0; i < frame2_pieces[kind - 11].bottom; ++i) {
+        for (int i = 0; i < frame2_pieces[kind - box_window].bottom; ++i) {
             const int dark = image().at(p.s + p.dx / 2, p.t + i).a;
             EXPECT_GE(dark, before);
             EXPECT_LE(dark, i == 0 ? 16 : 255);
@@ -195,7 +218,7 @@ TEST(art, pressed_held_and_set_states_can_be_told_apart) {
                               {piece_digit_upper, piece_digit_upper_hover},
                               {piece_digit_lower, piece_digit_lower_hover},
                               {piece_tab, piece_tab_on},
-                              {frame1_pieces[2].at, frame1_pieces[3].at},
+                              {frame1_pieces[strip_button].at, frame1_pieces[strip_button_pressed].at},
                               {cursor_tile(4, 1), cursor_tile(5, 1)},
                               {cursor_tile(4, 0), cursor_tile(5, 0)}};
     for (const auto& [a, b] : pairs) {
@@ -239,7 +262,7 @@ TEST(art, text_colours_are_readable_on_what_they_stand_on) {
         piece under;  // where text stands; its lightest texel counts
     };
     const auto box = [](int kind, short from, short to) {
-        const piece& p = frame2_pieces[kind - 11].at;
+        const piece& p = frame2_pieces[kind - box_window].at;
         return piece{static_cast<short>(p.s + p.dx * 2 / 5), static_cast<short>(p.t + from), 4,
                      static_cast<short>(to - from)};
     };

@@ -32,6 +32,19 @@ TEST_F(alert, alerts_do_not_nest) {
     EXPECT_TRUE(test::alerts.empty());
 }
 
+TEST_F(alert, before_the_window_stands_every_alert_ends_with_sorry) {
+    alert_seam.show = nullptr;
+    for (const int type : {alert_message, alert_fatal}) {
+        ::testing::internal::CaptureStdout();
+        try {
+            MACIBM_alert(0, "one", "", "", "four", type);
+        } catch (const test::fatal&) {
+        }
+        const std::string said = ::testing::internal::GetCapturedStdout();
+        EXPECT_EQ(said, "Orvelle Error:\none\n\n\n\n\n\nfour\n\nSorry.\n") << type;
+    }
+}
+
 TEST_F(alert, a_fatal_one_goes_to_the_log_first_and_a_data_fault_shows_once) {
     const test::temp_folder folder;
     xer.open(folder.path() + "Error.out");

@@ -86,8 +86,7 @@ TEST_F(kit, quaternion_and_euler_angles_say_the_same) {
             for (const float phi : {-170.0f, -20.0f, 0.0f, 90.0f}) {
                 float q[4], a, b, c;
                 init_quaternion(psi, the, phi, q);
-                for (float& v : q) v *= 1.1f;  // drifted from unit length
-                quat_to_euler(q, &a, &b, &c);  // brings the length back, for the next call
+                for (float& v : q) v *= 1.1f;  // the angles of a drifted one are those of unit length
                 quat_to_euler(q, &a, &b, &c);
                 EXPECT_NEAR(fltwrap(a - psi, -180, 180), 0.0f, 2e-3f);
                 EXPECT_NEAR(b, the, 2e-3f);

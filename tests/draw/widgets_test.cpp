@@ -4,6 +4,7 @@
 #include <GL/gl.h>
 #include <string.h>
 
+#include <filesystem>
 #include <vector>
 
 #include "core/disk/paths.h"
@@ -11,7 +12,7 @@
 #include "core/program/seams.h"
 #include "core/records/mnw.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/primitives.h"
@@ -153,12 +154,13 @@ TEST_F(widgets, digit_boxes_step_by_their_place_and_keep_their_range) {
 
 TEST_F(widgets, a_list_opens_over_its_control_and_gives_the_choice) {
     int sel = 1;
-    const auto list = [&] { return BTN_textlist(400.0f, 400.0f, &sel, "-zero-one-two-three", "label|"); };
+    const auto list = [&] { return BTN_textlist(400.5f, 400.9f, &sel, "-zero-one-two-three", "label|"); };
     mouse(400.0f, 403.0f, 1);
     EXPECT_EQ(list(), 0);
     ASSERT_EQ(mnw.menu_up, menu_popup);
     ASSERT_EQ(menu[menu_popup].item.size(), 4u);
     const item_struct now = menu[menu_popup].item[1], last = menu[menu_popup].item[3];
+    EXPECT_EQ(active_popup_code, 1024 * 400 + 400 + 922) << "1024 y + x, cut after the sum";
     EXPECT_LE(now.itemy1, 403);
     EXPECT_GE(now.itemy2, 400) << "the present item lies under the control";
     EXPECT_GT(lit(picture(last.itemx1, last.itemy1, last.itemx2, last.itemy2, [] { menus_draw(); })), 10);
@@ -222,6 +224,47 @@ TEST_F(widgets, a_text_field_takes_the_keys_and_return) {
     EXPECT_EQ(mnw.top_win, win_snd) << "the window stays";
 }
 
+TEST_F(widgets, lists_of_places_are_searched_by_name_and_by_identifier) {
+    place_ids = {nullptr, [](int i) { return std::string(1, static_cast<char>('z' - i)) + (i == 7 ? "q" : "qqq"); }};
+    int centre = 3, lit_line = 3;
+    std::string name;
+    const auto list = [&] {
+        return BTN_big_name_list(win_apt_list, 100.0f, 300.0f, 0.0f, 0.0f, &centre, &lit_line, 0, 20, &name,
+                                 [](int i) { return "Field " + std::string(1, static_cast<char>('a' + i)); });
+    };
+    const auto type_at = [&](float y, const std::string& text) {
+        mouse(165.0f, y, 1);
+        list();
+        mouse_away();
+        for (const char c : text) input_gate_key(key_use_char, c, 1);
+        return list();
+    };
+    EXPECT_EQ(type_at(282.0f, "field f"), 1);
+    EXPECT_EQ(lit_line, 5);
+    EXPECT_EQ(type_at(256.0f, "SQ"), 1) << "identifiers are in no order";
+    EXPECT_EQ(lit_line, 7);
+    EXPECT_EQ(type_at(256.0f, "X"), 0) << "none begins so";
+    EXPECT_EQ(centre, 7);
+    place_ids = {};
+}
+
+TEST_F(widgets, windows_of_frame_kind_11_bring_their_close_boxes) {
+    const auto boxes = [](int kind) {
+        return lit(picture(8, 750, 24, 766, [kind] { BTN_frame2(kind, 0.0f, 0.0f, 1024.0f, 768.0f, ""); }));
+    };
+    const int window = boxes(11);
+    mnw.top_win = win_open;
+    EXPECT_NE(window, boxes(11)) << "a dialog has none";
+}
+
+TEST_F(widgets, an_interface_image_of_another_size_is_refused) {
+    const test::temp_folder folder;
+    init_paths(folder.path());
+    std::filesystem::create_directories(folder.path() + "Resources/bitmaps");
+    std::filesystem::copy(INSTALL_FOLDER "Resources/bitmaps/blank.png", folder.path() + "Resources/bitmaps/interface.png");
+    EXPECT_EQ(test::expect_fatal(load_interface_images).line[2], "It is 16 by 16 pixels.");
+}
+
 TEST_F(widgets, wrong_kinds_end_with_their_texts) {
     const struct {
         void (*call)();
@@ -277,6 +320,12 @@ TEST_F(widgets, all_is_green_through_the_intensifier) {
     ren.night_vision_on = 0;
     const auto red = picture(90, 90, 160, 120, label);
     EXPECT_GT(lit(green), 30);
+    ren.night_vision_on = 1;
+    OGL_setstate(fog_off, 0, lit_off, al_none, depth_no_read, depth_no_write);
+    ren.night_vision_on = 0;
+    float left[4];
+    glGetFloatv(GL_CURRENT_COLOR, left);
+    EXPECT_TRUE(left[0] == 0.0f && left[1] == 1.0f && left[2] == 0.0f) << "what has no colour of its own";
     for (size_t i = 0; i < green.size(); i += 3) {
         EXPECT_EQ(green[i] + green[i + 2], 0);
         EXPECT_EQ(red[i + 1] + red[i + 2], 0);

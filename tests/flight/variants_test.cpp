@@ -136,7 +136,8 @@ TEST_F(variant, of_zero_inertia_and_gear_takes_the_least_that_works) {
     for (const char* name : {"Plover 420", "Wren 160"}) {
         design(name, [](veh_struct& a) {
             a.inertia_rat_prop = 0.0f;
-            for (veh_engn_struct& engn : a.engn) engn.prop_gear_rat = a.collective_EQ ? engn.prop_gear_rat : 0.0f;
+            for (veh_engn_struct& engn : a.engn)
+                engn.prop_gear_rat = a.collective_EQ ? engn.prop_gear_rat : 0.0f;
         });
         EXPECT_NE(test::alerts.back().text.line[1].find("inertia_rat_prop"), std::string::npos);
         place(v.collective_EQ ? 0.0f : 50.0f, 2.0f);

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 
 #include "http_server.h"
@@ -141,14 +142,31 @@ TEST_F(http_client, a_file_is_whole_on_disk_when_the_end_is_seen) {
     EXPECT_EQ(client->GetPercentDone(), 100.0f);
 }
 
+TEST_F(http_client, an_answer_that_is_missing_broken_or_left_keeps_the_good_file) {
+    const test::temp_folder folder;
+    const std::string file = folder.write("body.bin", "good");
+    for (const char* path : {"/missing", "/cut-header", "/cut-body", "/endless-header", "/never"}) {
+        const auto client = ask(path, file.c_str());
+        finish(*client, strcmp(path, "/never") ? 10.0 : 0.1);
+    }
+    EXPECT_EQ(test::read_file(file), "good");
+    const std::filesystem::directory_iterator names(folder.path());
+    EXPECT_EQ(std::distance(begin(names), end(names)), 1) << "nothing is left beside it";
+    finish(*ask("/plain", file.c_str()));
+    EXPECT_EQ(test::read_file(file), "hello\n");
+}
+
 TEST_F(http_client, a_file_that_cannot_be_written_is_an_error) {
     const test::temp_folder folder;
-    const std::string nowhere = folder.path() + "missing folder/file";
-    for (const std::string& file : {nowhere, std::string("/dev/full")}) {
+    std::filesystem::create_directories(folder.path() + "taken/by a folder");
+    for (const std::string name : {"missing folder/file", "full", "taken"}) {
+        const std::string file = folder.path() + name;
         for (const char* path : {"/big", "/plain"}) {  // one fails as it is written, one as it is closed
+            ASSERT_EQ(symlink("/dev/full", (folder.path() + "full.part").c_str()), 0);
             const auto client = ask(path, file.c_str());
             ASSERT_TRUE(finish(*client));
             EXPECT_EQ(client->GetStatus(), httpstatus_Error) << file << path;
+            unlink((folder.path() + "full.part").c_str());
         }
     }
 }

@@ -101,6 +101,11 @@ static int horizon_row(const picture& p, int x) {
 // The pixels that a tangent of 1 covers from the middle of the picture, at 45 degrees across.
 static double pixels_per_tangent(const picture& p) { return 0.5 * p.width / std::tan(22.5 * dob_degtorad); }
 
+TEST(window, a_screen_below_1024_by_768_gets_none) {
+    const test::xvfb small("800x600x24");
+    EXPECT_EQ(MACIBM_getcontext(), 0);
+}
+
 TEST_F(window_test, horizon_stands_where_pitch_and_height_put_it) {
     for (const double ele : {100.0, 1000.0, 10000.0}) {
         place(ref_lat(), ref_lon(), ele);  // where the world's y is the local vertical

@@ -3,6 +3,7 @@
 
 #include <atomic>
 
+#include "core/program/logs.h"
 #include "core/records/records.h"
 #include "nav_folder.h"
 #include "scenery/nav/nav_lookup.h"
@@ -27,6 +28,22 @@ protected:
         strcpy(vec_apt[0].rwy.emplace_back().num_str, num_str);
     }
 };
+
+TEST_F(planet_nav_test, thousands_of_faulty_airports_of_a_package_ask_for_one_return) {
+    std::string rows;
+    for (int i = 0; i < 3000; ++i) rows += "1 100 0 0 BARE field " + std::to_string(i) + "\n";
+    folder.write("apt.dat", "715", test::airport("BBBB", "b", 20, 20));
+    folder.write_package("faulty", rows);
+    DSF_ScanSceneryFolder();
+    xer.open(folder.path() + "Error.out");
+    read_planet_nav();
+    xer.close();
+    ASSERT_EQ(test::alerts.size(), 1u);
+    EXPECT_EQ(test::alerts[0].text.line[2], "BARE field 0") << "the first as the example";
+    EXPECT_EQ(test::alerts[0].text.line[3].rfind("3000 of this kind in ", 0), 0u);
+    const std::string log = test::read_file(folder.path() + "Error.out");
+    EXPECT_NE(log.find("BARE field 2999"), std::string::npos);
+}
 
 TEST_F(planet_nav_test, custom_airports_take_the_place_of_default_ones) {
     folder.write("apt.dat", "715",

@@ -12,6 +12,8 @@
 #include "core/math/random.h"
 #include "core/program/jobs.h"
 #include "core/program/seams.h"
+#include "core/records/ren.h"
+#include "draw/gl/colours.h"
 
 namespace test {
 
@@ -29,6 +31,8 @@ void fresh() {
     THREAD_Init();
     clear_records();
     init_con();
+    ren.current_alpha = 1.0f;
+    colours_init();
     scenery_draw = scenery_draw_gl;
     seams_headless();
     rand_seed(1);

@@ -23,7 +23,7 @@ static std::string read_number(int fd) {
     }
 }
 
-xvfb::xvfb() {
+xvfb::xvfb(const char* screen) {
     int ends[2];
     if (pipe(ends) != 0) throw std::runtime_error("no pipe");
     pid_ = fork();
@@ -31,7 +31,7 @@ xvfb::xvfb() {
         prctl(PR_SET_PDEATHSIG, SIGTERM);  // also when the test dies
         close(ends[0]);
         const std::string fd = std::to_string(ends[1]);
-        execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1600x1200x24", "-nolisten", "tcp",
+        execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", screen, "-nolisten", "tcp",
                "-noreset", nullptr);
         _exit(127);
     }

@@ -9,7 +9,8 @@ namespace test {
 
 class xvfb {
 public:
-    xvfb();   // starts the server and points DISPLAY at it; throws when there is none
+    // Starts the server and points DISPLAY at it; throws when there is none.
+    explicit xvfb(const char* screen = "1600x1200x24");
     ~xvfb();  // ends it, and gives DISPLAY back
 
 private:

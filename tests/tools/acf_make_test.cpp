@@ -78,7 +78,8 @@ TEST_F(acf_make, the_example_of_the_guide_comes_out_as_printed_there) {
     };
     const size_t engine = guide.find("## A piston engine");
     source = text_from(0) + text_from(engine);
-    ASSERT_EQ(make("", "m_empty = 420\nm_max = 660", "m_empty = 540\nm_fuel_tot = 60\nm_max = 860"), 0) << output;
+    ASSERT_EQ(make("", "m_empty = 420\nm_max = 660", "m_empty = 540\nm_fuel_tot = 60\nm_max = 860"), 0)
+        << output;
     source = text_from(0);
     ASSERT_EQ(make(""), 0) << output;
     for (const char* line : {"wing area", "mean chord", "neutral point", "static margin", "stall speed"}) {

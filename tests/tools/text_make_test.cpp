@@ -90,6 +90,7 @@ TEST_F(text_make, menus_have_places_codes_and_parents_that_fit) {
     expect_fault("menus", menu(0, entry(1, "b")), "this place has the code 0");
     expect_fault("menus", menu(0, entry(0, std::string(40, 'x'))), "longer than 39");
     expect_fault("menus", bar + menu(2, entry(2100, std::string(27, 'x'))), "longer than 26");
+    expect_fault("menus", bar + menu(2, entry(2100, "short", "ko = \"가나다라마바사아자차카\", ")), "too many glyphs");
     expect_fault("menus", menu(0, entry(0, "-b")), "begins like a separator");
     expect_fault("menus", menu(0, entry(0, "a[b")), "have a meaning");
     expect_fault("menus", menu(0, "\"x\""), "neither an entry nor a separator");

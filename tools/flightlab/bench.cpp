@@ -116,15 +116,23 @@ struct column_struct {
     int decimals;
     unsigned fits;
 };
+// clang-format off
 constexpr column_struct shown[] = {
-    {"kW", 3, 1, fits_shaft},          {"N", 5, 0, fits_all},
-    {"kg/h", 6, 1, fits_all & ~fits_electric}, {"rpm", 7, 0, fits_shaft},
-    {"disc rpm", 8, 0, fits_shaft},    {"N1", 9, 1, fits_turbine | fits_jet},
-    {"N2", 10, 1, fits_jet},           {"EPR", 11, 3, fits_jet},
-    {"manifold", 12, 2, fits_recip},   {"ITT C", 13, 0, fits_turbine},
-    {"EGT F", 14, 0, fits_recip | fits_jet}, {"CHT F", 15, 0, fits_recip},
+    {"kW",         3,  1, fits_shaft},
+    {"N",          5,  0, fits_all},
+    {"kg/h",       6,  1, fits_all & ~fits_electric},
+    {"rpm",        7,  0, fits_shaft},
+    {"disc rpm",   8,  0, fits_shaft},
+    {"N1",         9,  1, fits_turbine | fits_jet},
+    {"N2",         10, 1, fits_jet},
+    {"EPR",        11, 3, fits_jet},
+    {"manifold",   12, 2, fits_recip},
+    {"ITT C",      13, 0, fits_turbine},
+    {"EGT F",      14, 0, fits_recip | fits_jet},
+    {"CHT F",      15, 0, fits_recip},
     {"efficiency", 20, 3, fits_shaft},
 };
+// clang-format on
 
 unsigned kind_of_engine() {
     if (en_is_recip(0, 0)) return fits_recip;
@@ -170,7 +178,8 @@ void fill_tanks(const float (&m_fuel)[fuelDIM]) {
 }
 
 // Rows by height, then speed.
-std::vector<std::vector<double>> full_power_curves(const options& from, const sweep& heights, const sweep& speeds) {
+std::vector<std::vector<double>> full_power_curves(const options& from, const sweep& heights,
+                                                   const sweep& speeds) {
     std::vector<std::vector<double>> rows;
     float m_fuel[fuelDIM];
     for (int i = 0; i < fuelDIM; ++i) m_fuel[i] = flt[0].m_fuel[i];
@@ -217,7 +226,8 @@ void draw(const std::string& path, const std::string& title, const cold_start& c
                 "\nset xlabel 'time from cold, s'\nset ylabel '" + (jet ? "N1, percent" : "engine, rpm") +
                 "'\nplot $start using 1:" + spool +
                 " with lines notitle\nset ylabel 'thrust, N'\nplot $start using 1:6 with lines notitle\n"
-                "set key bottom right\nset ylabel 'temperatures'\nplot $start using 1:15 with lines title 'EGT F', $start using "
+                "set key bottom right\nset ylabel 'temperatures'\nplot $start using 1:15 with lines title "
+                "'EGT F', $start using "
                 "1:14 with lines "
                 "title 'ITT C', $start using 1:16 with lines title 'CHT F'\n"
                 "set xlabel 'true airspeed, kt'\nset palette defined (0 'navy', 1 'orange')\nset cblabel "
@@ -241,13 +251,13 @@ void write_csv(const std::string& path, const std::vector<std::vector<double>>& 
 int bench_command(int argc, char** argv) {
     const options from(usage,
                        with_load({{"stand", "FT", "height of the cold start (300)"},
-                        {"altitude", "A:B:STEP", "heights of the curves, ft (300:20300:5000)"},
-                        {"speed", "A:B:STEP", "true airspeeds of the curves, kt (0:150:25)"},
-                        {"start-csv", "FILE", "write the cold start there"},
-                        {"csv", "FILE", "write the curves there"},
-                        {"plot", "FILE.png", "draw both, through gnuplot"},
-                        mixture_option,
-                        install_option}),
+                                  {"altitude", "A:B:STEP", "heights of the curves, ft (300:20300:5000)"},
+                                  {"speed", "A:B:STEP", "true airspeeds of the curves, kt (0:150:25)"},
+                                  {"start-csv", "FILE", "write the cold start there"},
+                                  {"csv", "FILE", "write the curves there"},
+                                  {"plot", "FILE.png", "draw both, through gnuplot"},
+                                  mixture_option,
+                                  install_option}),
                        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     const std::string file = from.needed_file();

@@ -230,16 +230,17 @@ float wanted_speed(const flight_order& order) {
     return has_engines() ? 1.5f * polar.stall_speed : polar.best_glide.speed;
 }
 
-// Level flight or hover, or a glide without engines; gives the controls. With --restart the nearest speed that is
-// steady takes the place of one that is not, and that is told.
+// Level flight or hover, or a glide without engines; gives the controls. With --restart the nearest speed
+// that is steady takes the place of one that is not, and that is told.
 lab_steady start_in_trim(const flight_order& order) {
     const auto attempt = has_engines() ? try_level : try_glide;
     const float wanted = wanted_speed(order);
     const start_struct first = attempt(wanted, order.altitude);
     if (first.found) return first.controls;
     char text[200];
-    snprintf(text, sizeof text, "no steady %s at %.0f kt and %.0f ft: %s", has_engines() ? "level flight" : "glide",
-             wanted * con.msctokts, order.altitude * con.mtrstoft, first.why.c_str());
+    snprintf(text, sizeof text, "no steady %s at %.0f kt and %.0f ft: %s",
+             has_engines() ? "level flight" : "glide", wanted * con.msctokts, order.altitude * con.mtrstoft,
+             first.why.c_str());
     if (!order.restart) throw flight_fault(text);
     const bool too_fast = first.controls.power > 0.999f, too_slow = first.controls.ptch > 0.999f;
     constexpr int steps = 8, halvings = 3;
@@ -393,20 +394,21 @@ int fly_command(int argc, char** argv) {
     const options from(
         usage,
         with_load({{"seconds", "N", "how long (60)"},
-         {"speed", "KT", "true airspeed of the start (1.5 of the stall, a hover, the best glide)"},
-         {"altitude", "FT", "height of the start (6000)"},
-         {"script", "FILE", "a script, trim or random (trim)"},
-         {"pilot", "FILE", "speeds, heights and headings for a pilot to fly"},
-         {"restart", nullptr, "below 300 m start over in the trim, or the nearest there is, for long runs"},
-         {"weather", nullptr, "the default weather in place of still air"},
-         {"runs", "K", "number of flights (1); each takes the next seed"},
-         {"jobs", "J", "flights at a time (2)"},
-         {"seed", "S", "of the random walk (1)"},
-         {"csv", "FILE", "the flight as a table; run k of many goes to FILE.k"},
-         {"rate", "HZ", "rows a second (8)"},
-         {"quiet", nullptr, "no summary and no progress"},
-         {"mixture", "RATIO", "mixture levers, 0 to 1, or lean (full rich)"},
-         install_option}),
+                   {"speed", "KT", "true airspeed of the start (1.5 of the stall, a hover, the best glide)"},
+                   {"altitude", "FT", "height of the start (6000)"},
+                   {"script", "FILE", "a script, trim or random (trim)"},
+                   {"pilot", "FILE", "speeds, heights and headings for a pilot to fly"},
+                   {"restart", nullptr,
+                    "below 300 m start over in the trim, or the nearest there is, for long runs"},
+                   {"weather", nullptr, "the default weather in place of still air"},
+                   {"runs", "K", "number of flights (1); each takes the next seed"},
+                   {"jobs", "J", "flights at a time (2)"},
+                   {"seed", "S", "of the random walk (1)"},
+                   {"csv", "FILE", "the flight as a table; run k of many goes to FILE.k"},
+                   {"rate", "HZ", "rows a second (8)"},
+                   {"quiet", nullptr, "no summary and no progress"},
+                   {"mixture", "RATIO", "mixture levers, 0 to 1, or lean (full rich)"},
+                   install_option}),
         argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     flight_order order;

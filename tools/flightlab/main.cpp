@@ -25,9 +25,8 @@ struct command_row {
     int (*run)(int argc, char** argv);
 };
 constexpr command_row commands[] = {
-    {"report", report_command}, {"tunnel", tunnel_command}, {"bench", bench_command},
-    {"trim", trim_command},     {"fly", fly_command},       {"stall", stall_command},
-    {"spin", spin_command},     {"hash", hash_command},
+    {"report", report_command}, {"tunnel", tunnel_command}, {"bench", bench_command}, {"trim", trim_command},
+    {"fly", fly_command},       {"stall", stall_command},   {"spin", spin_command},   {"hash", hash_command},
 };
 }  // namespace
 

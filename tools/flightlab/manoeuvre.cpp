@@ -12,12 +12,14 @@
 namespace {
 const char* const stall_usage =
     "flightlab stall FILE [options]\n"
-    "Slows down by a knot a second with the engines idle and the wings held level until the stick is back or\n"
+    "Slows down by a knot a second with the engines idle and the wings held level until the stick is back "
+    "or\n"
     "the wing has stalled for three seconds, then eases the stick and gives full power. Airspeeds are\n"
     "equivalent; the stall is that of 1 g.\n";
 const char* const spin_usage =
     "flightlab spin FILE [options]\n"
-    "Engines idle, stick back past the stall, full pedal to one side, held for 25 s; then opposite pedal and\n"
+    "Engines idle, stick back past the stall, full pedal to one side, held for 25 s; then opposite pedal "
+    "and\n"
     "the stick forward of neutral. The last ten seconds before are the spin. Airspeeds are equivalent.\n";
 
 void line(const char* name, double value, const char* unit) {
@@ -75,8 +77,7 @@ int spin_command(int argc, char** argv) {
     if (side != "left" && side != "right") throw wrong_use("--side: left or right");
     const float altitude = static_cast<float>(from.number("altitude", 8200.0, 5000.0, 100000.0) * 0.3048);
     start(from, file);
-    const float stall_kt =
-        lab_performance(altitude).stall_speed * std::sqrt(con.lcl_sig) * con.msctokts;
+    const float stall_kt = lab_performance(altitude).stall_speed * std::sqrt(con.lcl_sig) * con.msctokts;
     const lab_spin_sum s = lab_fly_spin(side == "left" ? -1.0f : 1.0f, altitude);
     if (!s.flown) throw flight_fault("no steady flight at 1.1 of the stall speed to begin with");
     printf("%s, to the %s: %s\n", file.c_str(), side.c_str(), kind_of_spin(s, stall_kt));

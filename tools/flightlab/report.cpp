@@ -67,7 +67,9 @@ void print_balance(const aircraft_summary_struct& size, const lab_stability& slo
     line("static margin, geometry", 100.0f * size.static_margin, "% of the mean chord");
     line("static margin, measured", 100.0f * slopes.static_margin, "% of the mean chord");
     line("lift slope", slopes.CL_alpha, "per degree");
-    const auto sign_told = [](bool stable) { return stable ? "per degree: stable" : "per degree: NOT stable"; };
+    const auto sign_told = [](bool stable) {
+        return stable ? "per degree: stable" : "per degree: NOT stable";
+    };
     line("pitch stiffness Cm alpha", slopes.Cm_alpha, sign_told(slopes.Cm_alpha < 0.0f));
     line("yaw stiffness Cn beta", slopes.Cn_beta, sign_told(slopes.Cn_beta < 0.0f));
     line("dihedral effect Cl beta", slopes.Cl_beta, sign_told(slopes.Cl_beta > 0.0f));
@@ -150,8 +152,8 @@ bool print_power(float altitude, float level_speed, bool lean) {
     return hover.found;
 }
 
-// Level flight at three quarters of the rated power, or a jet's power lever at three quarters, and how far full tanks
-// carry at it. The power of level flight grows with the cube of the speed, about.
+// Level flight at three quarters of the rated power, or a jet's power lever at three quarters, and how far
+// full tanks carry at it. The power of level flight grows with the cube of the speed, about.
 void print_cruise(float altitude, float first_speed, bool lean) {
     heading("Cruise at 75 percent power");
     const bool jet = has_this_engn(0, 0, engn_jet);
@@ -204,7 +206,8 @@ void print_stall(const char* title, float altitude, float flaps, float told_kts)
     speed("true airspeed", polar.stall_speed);
     const float tunnel_kts = polar.stall_speed * std::sqrt(con.lcl_sig) * con.msctokts;
     line("equivalent airspeed", tunnel_kts / con.msctokts, "m/s", tunnel_kts, "kt");
-    if (flaps > 0.0f && polar.best_glide.found) line("best glide ratio", polar.best_glide.CL / polar.best_glide.CD, "");
+    if (flaps > 0.0f && polar.best_glide.found)
+        line("best glide ratio", polar.best_glide.CL / polar.best_glide.CD, "");
     if (veh[0].collective_EQ) return;
     const float mass = lab_mass();
     const lab_stall_sum s = lab_fly_stall(polar, altitude);

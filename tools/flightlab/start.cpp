@@ -177,8 +177,8 @@ void set_load(const options& from) {
         throw wrong_use("--fail-engine: there are " + std::to_string(veh[0].num_engines) + " engines");
     if (!lab_set_load(load)) {
         const float least = lab_mass() - flt[0].m_fixed;
-        throw wrong_use("--mass: without payload it weighs " + std::to_string(std::lround(least * con.kgstolbs)) +
-                        " lb already; less fuel?");
+        throw wrong_use("--mass: without payload it weighs " +
+                        std::to_string(std::lround(least * con.kgstolbs)) + " lb already; less fuel?");
     }
     if (load.cg_aft < veh[0].cgZ_fwd || load.cg_aft > veh[0].cgZ_aft)
         fprintf(stderr, "flightlab: that centre of gravity lies outside its limits\n");

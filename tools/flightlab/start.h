@@ -4,13 +4,13 @@
 
 extern const option_row install_option;
 
-// The options, with those of the load in front of the last one: mass, fuel, centre of gravity, a failed engine. They
-// are put into effect by start_tunnel, or by set_load behind start_lab.
+// The options, with those of the load in front of the last one: mass, fuel, centre of gravity, a failed
+// engine. They are put into effect by start_tunnel, or by set_load behind start_lab.
 std::vector<option_row> with_load(std::vector<option_row> rows);
 void set_load(const options& from);
 
-// --mixture, of commands that run engines: true when the lever is given, and set now; false for "lean", the default
-// of those that measure.
+// --mixture, of commands that run engines: true when the lever is given, and set now; false for "lean", the
+// default of those that measure.
 const option_row mixture_option = {"mixture", "RATIO", "mixture levers, 0 to 1, or lean (lean)"};
 bool set_mixture(const options& from);
 

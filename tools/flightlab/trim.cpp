@@ -97,15 +97,15 @@ void draw(const std::string& path, const std::string& title, const std::vector<s
 int trim_command(int argc, char** argv) {
     const options from(usage,
                        with_load({{"speed", "A:B:STEP", "true airspeeds, kt; 0 is the hover (100)"},
-                        {"altitude", "FT", "height above the sphere (3000)"},
-                        {"climb", "FPM", "rate of climb (0)"},
-                        {"turn", "DEG", "rate of turn to the right, degrees a second (0)"},
-                        {"power", "RATIO", "power lever, 0 to 1; the climb is found"},
-                        {"flaps", "RATIO", "flap handle, 0 to 1 (0)"},
-                        {"csv", "FILE", "write the table there too"},
-                        {"plot", "FILE.png", "draw it, through gnuplot"},
-                        mixture_option,
-                        install_option}),
+                                  {"altitude", "FT", "height above the sphere (3000)"},
+                                  {"climb", "FPM", "rate of climb (0)"},
+                                  {"turn", "DEG", "rate of turn to the right, degrees a second (0)"},
+                                  {"power", "RATIO", "power lever, 0 to 1; the climb is found"},
+                                  {"flaps", "RATIO", "flap handle, 0 to 1 (0)"},
+                                  {"csv", "FILE", "write the table there too"},
+                                  {"plot", "FILE.png", "draw it, through gnuplot"},
+                                  mixture_option,
+                                  install_option}),
                        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     const std::string file = from.needed_file();

@@ -103,15 +103,15 @@ void draw(const std::string& path, const std::string& title, const std::vector<t
 int tunnel_command(int argc, char** argv) {
     const options from(usage,
                        with_load({{"alpha", "A:B:STEP", "angles of attack, degrees (-4:16:1)"},
-                        {"beta", "A:B:STEP", "sideslip angles, degrees (0)"},
-                        {"speed", "KT", "true airspeed (60)"},
-                        {"altitude", "FT", "height above the sphere (3000)"},
-                        {"flaps", "RATIO", "flap handle, 0 to 1 (0)"},
-                        {"sbrk", "RATIO", "speed brakes, 0 to 1 (0)"},
-                        {"span-at", "DEG", "angle of attack of the span loading (4)"},
-                        {"csv", "FILE", "write the sweep there too"},
-                        {"plot", "FILE.png", "draw it, through gnuplot"},
-                        install_option}),
+                                  {"beta", "A:B:STEP", "sideslip angles, degrees (0)"},
+                                  {"speed", "KT", "true airspeed (60)"},
+                                  {"altitude", "FT", "height above the sphere (3000)"},
+                                  {"flaps", "RATIO", "flap handle, 0 to 1 (0)"},
+                                  {"sbrk", "RATIO", "speed brakes, 0 to 1 (0)"},
+                                  {"span-at", "DEG", "angle of attack of the span loading (4)"},
+                                  {"csv", "FILE", "write the sweep there too"},
+                                  {"plot", "FILE.png", "draw it, through gnuplot"},
+                                  install_option}),
                        argc, argv);
     if (from.wants_help()) return from.print_help(), 0;
     const std::string file = from.needed_file();

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
 

@@ -183,9 +183,9 @@ static void add_bodies(int p, float& wetted, inertia_struct& J) {
         veh_part_struct& part = veh[p].part[en];
         measure_body(p, en, part, wetted, J);
         if (in_report(p))
-            cyc << "body " << en << " " << part_title(en) << ": frontal area " << part.area_frnt
-                << ", side " << part.area_side << ", plan " << part.area_nrml << ", centroid ("
-                << part.aero_x_os << ", " << part.aero_y_os << ", " << part.aero_z_os << ")\n";
+            cyc << "body " << en << " " << part_title(en) << ": frontal area " << part.area_frnt << ", side "
+                << part.area_side << ", plan " << part.area_nrml << ", centroid (" << part.aero_x_os << ", "
+                << part.aero_y_os << ", " << part.aero_z_os << ")\n";
     }
 }
 

@@ -22,8 +22,8 @@ inline float prop_gear_of(const veh_engn_struct& engn) {
 }
 
 // Multiplier of an engine's inertia. In place of zero stands the least that steps of 1/64 s can follow: the
-// clutch is a spring of ten times the greatest torque over the redline speed, the inertia 0.4 of that quotient,
-// and half the spring's rate times the step is 0.2 of it.
+// clutch is a spring of ten times the greatest torque over the redline speed, the inertia 0.4 of that
+// quotient, and half the spring's rate times the step is 0.2 of it.
 inline float inertia_rat_of(const veh_struct& v) {
     constexpr float least_followed = 0.2f;
     return v.inertia_rat_prop < divisor_min ? least_followed : v.inertia_rat_prop;

@@ -79,7 +79,8 @@ static std::unordered_map<std::string_view, const char*> sections_by_field() {
         const int first = block_offset(s.first), last = block_offset(s.last);
         for (int r = 0; r < list.count; ++r) {
             const veh_field_struct& row = list.rows[r];
-            if (row.offset >= first && row.offset <= last && acf_is_designers(row)) found[row.name] = s.section;
+            if (row.offset >= first && row.offset <= last && acf_is_designers(row))
+                found[row.name] = s.section;
         }
     }
     return found;
@@ -92,27 +93,10 @@ const char* acf_section_of(std::string_view field) {
 }
 
 // -- names of parts
-namespace {
-struct part_names {
-    int first, last;
-    const char* stem;
-    int number;  // of the first one, -1 for a name without a number
-};
-const part_names names_of_parts[] = {
-    {0, 7, "engine", 0},         {8, 8, "wing1_left", -1},    {9, 9, "wing1_right", -1},
-    {10, 10, "wing2_left", -1},  {11, 11, "wing2_right", -1}, {12, 12, "wing3_left", -1},
-    {13, 13, "wing3_right", -1}, {14, 14, "wing4_left", -1},  {15, 15, "wing4_right", -1},
-    {16, 16, "hstab_left", -1},  {17, 17, "hstab_right", -1}, {18, 19, "vstab", 1},
-    {20, 39, "surface", 20},     {40, 47, "pylon_upper", 0},  {48, 55, "pylon_lower", 0},
-    {56, 56, "fuselage", -1},    {57, 76, "body", 57},        {77, 84, "nacelle", 0},
-    {85, 94, "fairing", 0},
-};
-}  // namespace
-
 std::string acf_part_name(int en) {
-    for (const part_names& row : names_of_parts) {
+    for (const part_range_struct& row : part_ranges) {
         if (en < row.first || en > row.last) continue;
-        return row.number < 0 ? row.stem : row.stem + std::to_string(row.number + en - row.first);
+        return row.number < 0 ? row.name : row.name + std::to_string(row.number + en - row.first);
     }
     return "";
 }

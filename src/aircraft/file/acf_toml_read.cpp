@@ -119,7 +119,7 @@ private:
         int line;
     };
     std::vector<table_place> tables_;  // records of which a table was read: for fields that it leaves out
-    bool described_[partDIM] = {};                     // parts that have a table
+    bool described_[partDIM] = {};     // parts that have a table
 };
 
 void reader::fault(const toml::source_region& at, const std::string& text) {
@@ -499,7 +499,8 @@ void reader::read_section(const std::string& section, const toml::node& node) {
     else if (section == "downwash")
         read_downwash(node);
     else if (const toml::table* table = table_at(node, "[" + section + "]"))
-        read_fields(*table, {{reinterpret_cast<unsigned char*>(&v_), sizeof v_, veh_block_list(), section.c_str()}});
+        read_fields(*table,
+                    {{reinterpret_cast<unsigned char*>(&v_), sizeof v_, veh_block_list(), section.c_str()}});
 }
 
 bool is_heading(const std::string& name) {

@@ -9,5 +9,6 @@
 // with file and line.
 int acf_from_toml(const std::string& toml_path, int p, std::string* error);
 
-// The same as a design that is to fly: what a load would cut off (texts) or refuse (acf_admit) is a fault too.
+// The same as a design that is to fly: what a load would cut off (texts) or refuse (acf_admit) is a fault
+// too.
 int acf_design_from_toml(const std::string& toml_path, int p, std::string* error);

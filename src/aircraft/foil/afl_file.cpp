@@ -274,12 +274,13 @@ int load_foil_for_part(const std::string& foil_name, int p, int en, int RT, int 
     alert_lines fault;
     const std::string user = std::string(veh[p].name) + " " + part_title(en);
     if (!read_afl(*foil, 0, 0, beside, fault)) {
-        // A designer's own foil that cannot be read: the program's of that name must not silently fly in its place.
+        // A designer's own foil that cannot be read: the program's of that name must not silently fly in its
+        // place.
         std::error_code ignored;
         const bool unread = std::filesystem::is_regular_file(set_dir_chars(beside), ignored);
         if (unread || !read_afl(*foil, 0, 0, common, fault)) {
-            ACF_fault(p, "An airfoil file could not be found! The airfoil paths I checked are:", beside, common,
-                      user + (unread ? ": the first one has a wrong version" : ""));
+            ACF_fault(p, "An airfoil file could not be found! The airfoil paths I checked are:", beside,
+                      common, user + (unread ? ": the first one has a wrong version" : ""));
             return 0;
         }
     }

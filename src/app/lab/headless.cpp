@@ -22,6 +22,7 @@
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "draw/images/screenshot.h"
+#include "draw/widgets/widgets.h"
 #include "flight/instruments.h"
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
@@ -37,7 +38,7 @@ void (*const resets[])() = {
     reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
     reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
     wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke,
-    reset_clicks,
+    reset_clicks,     reset_widgets,
 };
 }  // namespace
 

@@ -46,7 +46,8 @@ bearing legs_bear(float height, float the) {
     for (int g = 0; g < gearDIM; ++g) {
         if (!has_this_gear(0, g)) continue;
         const veh_gear_struct& gear = veh[0].gear[g];
-        const float y = gear.gear_y - gear.leg_len * cos_deg(gear.latE) * cos_deg(gear.lonE) - gear.tire_radius;
+        const float y =
+            gear.gear_y - gear.leg_len * cos_deg(gear.latE) * cos_deg(gear.lonE) - gear.tire_radius;
         const float z = gear.gear_z + gear.leg_len * cos_deg(gear.latE) * sin_deg(gear.lonE);
         const float depth = fltmax2(-(height + y * c - z * s), 0.0f);
         sum.force += gear.scon * depth;
@@ -74,8 +75,8 @@ lab_rest lab_rest_on_gear() {
         tail_heavy += flt[0].m_fuel[tank] * con.g * veh[0].tank_xyz[tank][2];
     const auto moment = [&](float the) { return legs_bear(height_at(the, weight), the).moment + tail_heavy; };
     if (!(legs_bear(-50.0f, 0.0f).force > weight)) return {false, 0.0f, 0.0f};
-    // A nose that stands higher loads the legs behind, which press it down: there the rest is stable. Far enough
-    // up the legs are ahead of the weight, and it falls over.
+    // A nose that stands higher loads the legs behind, which press it down: there the rest is stable. Far
+    // enough up the legs are ahead of the weight, and it falls over.
     constexpr float step = 0.5f, most = 20.0f;  // degrees
     float nose_down = 0.0f;
     while (nose_down > -most && moment(nose_down) < 0.0f) nose_down -= step;

@@ -3,10 +3,10 @@
 #pragma once
 
 struct lab_load {
-    float mass = -1.0f;     // kg in all, by the payload; negative: as loaded
-    float fuel = -1.0f;     // of full tanks, 0 to 1; negative: as loaded
-    float cg_aft = 0.0f;    // m behind the centre of gravity of the file
-    int failed_engine = -1; // index of an engine that does not run; negative: all run
+    float mass = -1.0f;      // kg in all, by the payload; negative: as loaded
+    float fuel = -1.0f;      // of full tanks, 0 to 1; negative: as loaded
+    float cg_aft = 0.0f;     // m behind the centre of gravity of the file
+    int failed_engine = -1;  // index of an engine that does not run; negative: all run
 };
 // False when the empty aircraft and its fuel are already heavier than the mass.
 bool lab_set_load(const lab_load& load);

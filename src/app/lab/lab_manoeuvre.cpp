@@ -29,8 +29,8 @@ bool start_at(float speed, float altitude) {
 float wings_level() { return fltlim(-0.03f * flt[0].phi - 0.02f * flt[0].P, -1.0f, 1.0f); }
 float rotation() { return pythag(flt[0].P, flt[0].Q, flt[0].R); }
 
-// Slows down until the stick has been full back, or the wing beyond its stall, for three seconds. Never pushes to
-// keep to the knot a second.
+// Slows down until the stick has been full back, or the wing beyond its stall, for three seconds. Never
+// pushes to keep to the knot a second.
 void slow_down(float ptch, float alpha_max, lab_stall_sum& s) {
     constexpr float slower = 0.5144f;  // m/s2: a knot a second
     float aim = flt[0].AV_msc, held = 0.0f;

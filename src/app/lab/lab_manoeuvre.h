@@ -12,8 +12,8 @@ struct lab_stall_sum {
     float bank;         // largest on the way, degrees: a wing that drops
     float height_lost;  // from there to level flight
 };
-// From 1.3 of the stall speed of lab_performance, engines idle, one knot a second slower with the wings held level;
-// then the stick eased forward, full power. Flaps as they stand.
+// From 1.3 of the stall speed of lab_performance, engines idle, one knot a second slower with the wings held
+// level; then the stick eased forward, full power. Flaps as they stand.
 lab_stall_sum lab_fly_stall(const lab_polar& polar, float altitude);
 
 struct lab_spin_sum {
@@ -25,6 +25,6 @@ struct lab_spin_sum {
     float height_lost;               // from opposite rudder to level flight
     float fastest, heaviest;         // on the way out
 };
-// Engines idle, the stick eased back past the stall, all pedal to one side (1 right, -1 left) as it comes, held
-// for 25 s in all; then opposite rudder.
+// Engines idle, the stick eased back past the stall, all pedal to one side (1 right, -1 left) as it comes,
+// held for 25 s in all; then opposite rudder.
 lab_spin_sum lab_fly_spin(float side, float altitude);

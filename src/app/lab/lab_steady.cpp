@@ -288,9 +288,13 @@ std::string lab_why_unsteady(const lab_steady& s) {
     int most = 0;
     for (int i = 1; i < unknowns; ++i)
         if (fabsf(s.left[i]) / tolerance_of(i) > fabsf(s.left[most]) / tolerance_of(most)) most = i;
-    static const char* const names[unknowns] = {
-        "g forward", "g upward", "g to the right", "deg/s2 nose up", "deg/s2 right wing down", "deg/s2 nose right",
-        "degrees of sideslip"};
+    static const char* const names[unknowns] = {"g forward",
+                                                "g upward",
+                                                "g to the right",
+                                                "deg/s2 nose up",
+                                                "deg/s2 right wing down",
+                                                "deg/s2 nose right",
+                                                "degrees of sideslip"};
     char left[80];
     snprintf(left, sizeof left, "%+.3g %s left", static_cast<double>(s.left[most]), names[most]);
     return why + left;

@@ -1,6 +1,10 @@
 // The steady flight of the start: found by the lab's search, in the place where the aircraft is.
 #include "app/lab/steady_start.h"
 
+#include <math.h>
+
+#include <vector>
+
 #include "app/lab/lab.h"
 #include "app/lab/lab_steady.h"
 #include "core/math/axes.h"
@@ -31,18 +35,31 @@ void put_back(const flt_struct& before) {
     cache_attitude(0);
     cache_air(0);
 }
+
+// Speeds to try, m/s. The speed of an airport's start is slow with the flaps up: the nose stands high; a glider keeps
+// to it. A speed that the user has chosen comes first, then those of the aircraft. None is above its redline.
+std::vector<float> speeds_to_try(bool chosen, float now) {
+    constexpr float faster[] = {1.3f, 1.15f, 1.0f, 1.5f}, glider[] = {1.0f, 1.1f, 1.2f, 1.3f};
+    const float redline = veh[0].Vne_kts > 0.0f ? veh[0].Vne_kts * con.ktstomsc : INFINITY;
+    std::vector<float> speeds;
+    const auto add = [&](float speed) {
+        if (speed < redline) speeds.push_back(speed);
+    };
+    if (chosen) add(now);
+    for (const float factor : veh[0].num_engines > 0 ? faster : glider)
+        add(factor * (chosen ? veh[0].V_ref_ms : now));
+    return speeds;
+}
 }  // namespace
 
-bool start_steady() {
-    // the speed of the start is slow with the flaps up: the nose stands high; a glider keeps to it
-    constexpr float faster[] = {1.3f, 1.15f, 1.0f, 1.5f}, glider[] = {1.0f, 1.1f, 1.2f, 1.3f};
+bool start_steady(bool chosen_speed) {
     // the wind rises over some seconds of its own steps: it has done so when the flight begins
     constexpr int wind_steps = 1000;
     for (int i = 0; i < wind_steps; ++i) weather_step();
     const flt_struct before = flt[0];
     const lab_in_place in_place;
-    for (const float factor : veh[0].num_engines > 0 ? faster : glider) {
-        const lab_steady steady = lab_find_steady(order_for(factor * before.V_msc));
+    for (const float speed : speeds_to_try(chosen_speed, before.V_msc)) {
+        const lab_steady steady = lab_find_steady(order_for(speed));
         if (!steady.found) {
             flt[0] = before;
             continue;
@@ -55,6 +72,6 @@ bool start_steady() {
     return false;
 }
 
-void begin_user_flight_steady() {
-    if (seam.has_user && !msc.ai_flys && !stg.parkbrake) start_steady();
+void begin_user_flight_steady(int type_start1) {
+    if (seam.has_user && !msc.ai_flys && !stg.parkbrake) start_steady(type_start1 == start_custom);
 }

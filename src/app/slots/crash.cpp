@@ -55,13 +55,13 @@ void explain_the_crash() {
 }
 
 void restart_after_crash() {
-    constexpr int sound_crash = 44;
     constexpr float stand_still = 4.0f;  // s; the picture stands, no frames
     soun.SOUND_stop();
-    soun.SOUND_set(sound_crash, 1.0f, 1.0f);
+    soun.SOUND_set(sound_boom_4, 1.0f, 1.0f);
     seam.wait(stand_still);
     explain_the_crash();
     init_flt_0(start_airport, place_runway);
+    begin_user_flight_steady(start_airport);
 }
 }  // namespace
 

@@ -122,7 +122,8 @@ bool over_wet_surface(int p) {
            terrain_is_wet(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), checker_spray);
 }
 
-// The wash lifts spray where it reaches the water.
+// The wash lifts spray where it reaches the water: decided as within two of its radii of the wet surface,
+// since no formula weakens it with height and an aircraft at cruise must not trail spray over the sea.
 void emit_spray(int p) {
     const flt_struct& f = flt[p];
     if (veh[p].num_thrustpoints <= 0 || !over_wet_surface(p)) return;

@@ -10,22 +10,6 @@
 #include "sound/sound.h"
 
 namespace {
-enum warn_sound : int {
-    sound_stall = 34,
-    sound_gear = 35,
-    sound_sink = 46,
-    sound_pullup = 47,
-    sound_gear_up = 48,
-    sound_caution = 52,
-    sound_height_first = 53,
-    sound_outer = 66,
-    sound_middle_dot = 67,
-    sound_middle_dash = 68,
-    sound_inner = 69,
-    sound_chatter_first = 71,
-    sound_chatter_last = 120,
-};
-
 // What was heard and seen last; outlives a flight.
 struct warning_state {
     float next_chatter = -1.0f;  // real_time; below 0 before the first
@@ -57,7 +41,7 @@ void height_calls() {
     const float h = (flt[0].y_agl_mtr - veh[0].h_eqlbm) * con.mtrstoft;
     for (int i = 0; i < 11; ++i) {
         const bool below = h < heights_ft[i];
-        if (below && !was_below[i] && !flt[0].onground_all) play(sound_height_first + i);
+        if (below && !was_below[i] && !flt[0].onground_all) play(sound_height_1000 + i);
         was_below[i] = below;
     }
 }
@@ -120,7 +104,7 @@ bool gear_horn_on() {
 
 void horns() {
     horn(veh[0].has_stallwarn && flt[0].stall_warning, &state.o_stal_warn, sound_stall);
-    horn(gear_horn_on(), &state.o_gear_warn, sound_gear);
+    horn(gear_horn_on(), &state.o_gear_warn, sound_gear_warning);
 }
 
 void low_rotor() {

@@ -300,7 +300,6 @@ void clear_histories() {
 }
 
 void set_attitude_and_view(const start_state& s) {
-    constexpr int view_tower = 1517;
     constexpr float model_mass_lb = 100.0f;
     flt_struct& f = flt[0];
     f.psi = s.psi;
@@ -311,7 +310,7 @@ void set_attitude_and_view(const start_state& s) {
     ren.view_xyz[0] = static_cast<float>(f.dob_x);
     ren.view_xyz[1] = static_cast<float>(f.dob_y);
     ren.view_xyz[2] = static_cast<float>(f.dob_z);
-    if (veh[0].m_max * con.kgstolbs < model_mass_lb) APP_handlemenu(view_tower);
+    if (veh[0].m_max * con.kgstolbs < model_mass_lb) APP_handlemenu(view_runway);
     APP_handlemenu(view_fwd_panel);
 }
 

@@ -68,9 +68,9 @@ int read_or_default(int p) {
     return 0;
 }
 
-// What the last aircraft of the slot did (vectors, sweep, failures) must not decide which parts of the next one
-// exist while it is derived: nothing is vectored, so every disc is there. Only the place and the motion stay,
-// since a peer or a plugin may exchange an aircraft in flight.
+// What the last aircraft of the slot did (vectors, sweep, failures) must not decide which parts of the next
+// one exist while it is derived: nothing is vectored, so every disc is there. Only the place and the motion
+// stay, since a peer or a plugin may exchange an aircraft in flight.
 void clear_flight_state(int p) {
     flt_struct& f = flt[p];
     const int update_type = f.update_type, ip_from_int = f.ip_from_int;

@@ -1,4 +1,4 @@
-// Sizes that every subsystem agrees on, and the small enumerations of the part index space.
+// Sizes that every subsystem agrees on, and small enumerations.
 // Role: included by all records; knows nothing of them.
 #pragma once
 
@@ -35,20 +35,6 @@ constexpr int failDIM = 172;      // failure slots
 constexpr int insDIM = 300;       // instruments of a panel
 constexpr int aflDIM = 721;       // entries of a polar table
 constexpr int boatDIM = 5;        // ships
-
-// The 95 parts share one index space; first and last index of each kind, both inclusive.
-enum part_range : int {
-    part_thru_first = 0, part_thru_last = 7,       // thrust points; wing[] describes one blade
-    part_wing_first = 8, part_wing_last = 39,      // lifting surfaces: downwash, ground effect
-    part_main_last = 15,                           // wings 1 to 4
-    part_hstb_left = 16, part_hstb_right = 17,     // horizontal stabiliser
-    part_vstb_first = 18, part_vstb_last = 19,     // fins
-    part_pylo_first = 40, part_pylo_last = 55,     // pylons: forces, no downwash
-    part_pylo_low = 48,                            // first lower pylon
-    part_body_first = 56, part_body_last = 76,     // bodies; 56 is the fuselage
-    part_nace_first = 77, part_nace_last = 84,     // nacelle of thrust point n at 77 + n
-    part_fair_first = 85, part_fair_last = 94,     // fairing of gear n at 85 + n
-};
 
 // How a slot moves (flt[p].update_type).
 enum update_kind : int {

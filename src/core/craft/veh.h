@@ -13,7 +13,7 @@
 #include <cstddef>
 
 #include "core/craft/afl.h"
-#include "core/craft/dims.h"
+#include "core/craft/part_ranges.h"
 
 enum veh_role : int { veh_role_file, veh_role_load, veh_role_run, veh_role_spare };
 

@@ -94,8 +94,8 @@ int opensave_takeit(int n, int file_type) {
 int opensave_getitems(int file_type) {
     if (wrk_path.empty() || !is_a_dir_char(wrk_path.back())) {
         MACIBM_alert(mnw.top_win, "Working path does not appear to be a directory!", wrk_path, "", "",
-                     alert_fatal);
-        return 0;
+                     alert_message);
+        wrk_path = app_path;
     }
     int n = 0;
     for (const entry& found : read_folder(set_dir_chars(wrk_path))) {

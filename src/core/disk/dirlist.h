@@ -11,7 +11,7 @@ extern std::string g_path[g_fileDIM];  // wrk_path + name, folders with a closin
 extern int g_file_type[g_fileDIM];     // file_type by the name's ending, 1 for folders, 0 unknown
 
 // Lists wrk_path, sorted by name, and gives the number of items; of a larger folder the first thousand.
-// A wrk_path without a closing separator is fatal.
+// A wrk_path without a closing separator is told and becomes app_path.
 int opensave_getitems(int file_type);
 
 // Does entry n belong into a list of this type? Sets its g_file_type, unless it is a folder.

@@ -31,6 +31,7 @@ enum text_number : int {
     text_about_credits_2 = 33,
     text_about_credits_3 = 34,
     text_start_note = 40,  // and 2 more
+    text_notes_off = 43,
     text_title_airport = 102,
     text_title_data = 103,
     text_title_weather = 104,
@@ -115,6 +116,7 @@ inline constexpr text_run_struct text_runs[] = {
     {text_about_credits_2, 1},
     {text_about_credits_3, 1},
     {text_start_note, 3},
+    {text_notes_off, 1},
     {text_title_airport, 1},
     {text_title_data, 1},
     {text_title_weather, 1},

@@ -60,13 +60,14 @@ void mul_quat(const float* q1, const float* q2, float* q) {
 }
 
 void quat_to_euler(float* q, float* psi_deg, float* the_deg, float* phi_deg) {
+    // a length off by a rounding would tilt the pitch near the zenith, where the arcsine is steep
+    const float by_len = 1.0f / sqrtf(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
+    for (int i = 0; i < 4; ++i) q[i] *= by_len;
     const float b11 = q[0] * q[0] + q[1] * q[1] - q[2] * q[2] - q[3] * q[3];
     const float b12 = 2.0f * (q[0] * q[3] + q[1] * q[2]);
     const float b13 = 2.0f * (q[1] * q[3] - q[0] * q[2]);
     const float b23 = 2.0f * (q[0] * q[1] + q[2] * q[3]);
     const float b33 = q[0] * q[0] - q[1] * q[1] - q[2] * q[2] + q[3] * q[3];
-    const float len = sqrtf(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
-    for (int i = 0; i < 4; ++i) q[i] /= len;
     *psi_deg = fltwrap(atan2_deg(b12, b11), 0.0f, 360.0f);
     *the_deg = fltwrap(-asin_deg(b13), -180.0f, 180.0f);
     *phi_deg = fltwrap(atan2_deg(b23, b33), -180.0f, 180.0f);

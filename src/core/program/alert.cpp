@@ -12,6 +12,7 @@
 #include "core/records/mnw.h"
 
 alert_seam_struct alert_seam;
+alert_tick_struct alert_tick;
 int g_done = 0;
 int check_sys_event = 0;
 
@@ -52,12 +53,51 @@ void __MACIBM_alert(int close_to, std::string C_string1, std::string C_string2, 
     if (type == alert_fatal) end_process(text);
 }
 
-void data_fault(std::string s1, std::string s2, std::string s3, std::string s4, const char* file, int line) {
+static void show_once(const alert_lines& text, const char* file, int line) {
     static std::set<std::string> shown;
-    const alert_lines text{{s1, s2, s3, s4}};
-    log_lines(file, line, text);
+    const auto& [s1, s2, s3, s4] = text.line;
     if (shown.insert(s1 + '\n' + s2 + '\n' + s3 + '\n' + s4).second)
         __MACIBM_alert(mnw.top_win, s1, s2, s3, s4, alert_message, file, line);
+}
+
+static faults_of_file* open_file = nullptr;
+
+static bool on_main_thread() { return !THREAD_IsInited() || THREAD_IsMainThread(); }
+
+void data_fault(std::string s1, std::string s2, std::string s3, std::string s4, const char* file, int line) {
+    const alert_lines text{{s1, s2, s3, s4}};
+    log_lines(file, line, text);
+    if (on_main_thread() && open_file)
+        open_file->add(text.line, file, line);
+    else
+        show_once(text, file, line);
+}
+
+faults_of_file::faults_of_file(const std::string& path)
+    : path(path), outer(on_main_thread() ? open_file : nullptr) {
+    if (on_main_thread()) open_file = this;
+}
+
+faults_of_file::~faults_of_file() {
+    if (!on_main_thread()) return;
+    open_file = outer;
+    for (const kind& k : kinds) {
+        alert_lines text{{k.line[0], k.line[1], k.line[2], k.line[3]}};
+        if (k.number > 1) {
+            if (!text.line[3].empty()) text.line[2] += " " + text.line[3];
+            text.line[3] = std::to_string(k.number) + " of this kind in " + path + ". The file Error.out has them all.";
+        }
+        show_once(text, k.file, k.at);
+    }
+}
+
+void faults_of_file::add(const std::string (&text)[4], const char* file, int at) {
+    for (kind& k : kinds)
+        if (k.line[0] == text[0]) {
+            ++k.number;
+            return;
+        }
+    kinds.push_back({{text[0], text[1], text[2], text[3]}, file, at, 1});
 }
 
 XException::XException(std::string c1, std::string c2, std::string c3, std::string c4, const char* file,

@@ -3,6 +3,7 @@
 // application sets; without them an alert prints.
 #pragma once
 #include <string>
+#include <vector>
 
 enum alert_type : int {
     alert_language = 0,  // language chooser; the strings are ignored
@@ -24,6 +25,36 @@ void __MACIBM_alert(int close_to, std::string C_string1, std::string C_string2, 
 // shows each distinct message once as type 2, and lets the caller go on with its substitute.
 void data_fault(std::string s1, std::string s2, std::string s3, std::string s4, const char* file, int line);
 #define MACIBM_data_fault(s1, s2, s3, s4) data_fault(s1, s2, s3, s4, __FILE__, __LINE__)
+
+// While one lives, the data faults of the main thread are those of its file: each goes to "Error.out" at once, and
+// when it ends, each kind of them (their first line) is shown once, as its first fault had it and with their number.
+class faults_of_file {
+public:
+    explicit faults_of_file(const std::string& path);
+    ~faults_of_file();
+    faults_of_file(const faults_of_file&) = delete;
+    faults_of_file& operator=(const faults_of_file&) = delete;
+
+private:
+    friend void data_fault(std::string, std::string, std::string, std::string, const char*, int);
+    struct kind {
+        std::string line[4];  // of the first
+        const char* file;     // not owned
+        int at, number;
+    };
+    void add(const std::string (&text)[4], const char* file, int at);
+
+    const std::string path;
+    faults_of_file* const outer;  // the one that was open before
+    std::vector<kind> kinds;
+};
+
+// A tick box that alerts of type 2 have below their text while `ticked` is set.
+struct alert_tick_struct {
+    std::string label;
+    int* ticked = nullptr;
+};
+extern alert_tick_struct alert_tick;
 
 struct alert_lines {
     std::string line[4];

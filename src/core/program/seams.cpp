@@ -9,21 +9,24 @@ seam_struct seam;
 static double virtual_seconds;
 
 static long long virtual_millisec() { return static_cast<long long>(virtual_seconds * 1000.0); }
+static long long virtual_microsec() { return static_cast<long long>(virtual_seconds * 1e6); }
 static void virtual_wait(float seconds) { virtual_seconds += seconds; }
 static void nothing() {}
 static void no_pointer(int) {}
 static void no_sound(int, float, float) {}
 static void no_datagram(int, const void*, int) {}
 
-static long long system_millisec() {
+static long long system_microsec() {
     using namespace std::chrono;
-    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+    return duration_cast<microseconds>(system_clock::now().time_since_epoch()).count();
 }
+static long long system_millisec() { return system_microsec() / 1000; }
 static void system_wait(float seconds) { std::this_thread::sleep_for(std::chrono::duration<float>(seconds)); }
 
 void seams_headless() {
     virtual_seconds = 0.0;
     seam = {.epoch_millisec = virtual_millisec,
+            .epoch_microsec = virtual_microsec,
             .wait = virtual_wait,
             .drain_events = nothing,
             .swap_buffers = nothing,
@@ -41,11 +44,13 @@ void seams_headless() {
 
 void seams_real_clock() {
     seam.epoch_millisec = system_millisec;
+    seam.epoch_microsec = system_microsec;
     seam.wait = system_wait;
 }
 
 void seams_virtual_clock() {
     seam.epoch_millisec = virtual_millisec;
+    seam.epoch_microsec = virtual_microsec;
     seam.wait = virtual_wait;
 }
 

@@ -6,6 +6,7 @@
 struct seam_struct {
     // clock
     long long (*epoch_millisec)();        // milliseconds since the epoch
+    long long (*epoch_microsec)();        // the same clock, finer
     void (*wait)(float seconds);          // sleeps; a virtual clock jumps
     // window system
     void (*drain_events)();               // all pending events into mnw

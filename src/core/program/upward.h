@@ -46,7 +46,7 @@ int load_plane(int p);
 // Starts the user's flight anew.
 void init_flt_0(int type_start1, int type_start2);
 // Trims the flight that has just started in the air, where there is a pilot to take it over.
-void begin_user_flight_steady();
+void begin_user_flight_steady(int type_start1);
 
 enum start_code : int {
     start_airport = 608, start_custom = 1200, start_grass = 4200, start_dirt = 4201, start_gravel = 4202,

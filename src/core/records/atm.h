@@ -5,8 +5,18 @@
 
 class HTTPClient;
 
+// Clouds of a layer, in the order of their density; numbers of preferences and messages.
+enum cloud_kind : int {
+    cld_none = 0,
+    cld_thin = 1,        // flat sheets
+    cld_thin_dense = 2,
+    cld_scattered = 3,   // from here on a layer has thickness and can rain
+    cld_broken = 4,
+    cld_overcast = 5,    // the one whose thickness is free
+};
+
 struct atm_struct {
-    int cld_type[2];          // 0 none, 1 and 2 thin sheets, 3 scattered, 4 broken, 5 overcast; layer 0 is lower
+    int cld_type[2];          // cloud_kind; layer 0 is lower
     float base_h_MSL[2];      // m
     float tops_h_MSL[2];      // m
     float vis_frmult;         // visibility multiplier of the frame-rate governor, 0.1 to 1

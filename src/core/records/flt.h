@@ -3,7 +3,7 @@
 // Axes: world x east, y up, z south, metres from the region's centre; aircraft x right, y up, z aft.
 // L, M, N are the moments about aircraft z, x, y in that order, N m.
 #pragma once
-#include "core/craft/dims.h"
+#include "core/craft/part_ranges.h"
 
 // One wing-like part (blade, surface, pylon).
 struct flt_wing_struct {
@@ -80,6 +80,16 @@ struct flt_gear_struct {
     float term_omega;                    // rad/s at which it would roll; contact
     float tire_steer;                    // steering angle, degrees; steer_nosewheel
     float gear_psi, gear_the, gear_phi;  // direction of the leg, degrees
+};
+
+// Manoeuvring rockets, by where they push the aircraft.
+enum manoeuvring_rocket : int {
+    rocket_aft = 402,
+    rocket_forward = 403,
+    rocket_right = 404,
+    rocket_left = 405,
+    rocket_up = 406,
+    rocket_down = 407,
 };
 
 struct flt_struct {
@@ -162,7 +172,7 @@ struct flt_struct {
     int onground_any, onground_all;  // 0 or 1: any gear, all gear on a surface; contact
     int stall_warning, lo_rotor_warning;  // 0 or 1; behind both half steps, warnings
     int ai_app_mode;               // what the AI pilot is about
-    int rocket_mode;               // 402 to 407 selects a manoeuvring rocket
+    int rocket_mode;               // manoeuvring_rocket; any other number fires none
     int is_dumping_water;          // 0 or 1: the bomber's doors are open
     float rocket_timeout, prop_ospeed_test_timeout;  // totl_time until which they act, s
     float jato_left;               // s of thrust

@@ -2,7 +2,34 @@
 #pragma once
 
 // Views by their command codes.
-enum view_code : int { view_fwd_panel = 1500 };
+#define VIEW_CODES(X)                                                                            \
+    X(fwd_panel, 1500)                                                                           \
+    X(look_down, 1501)                                                                           \
+    X(left_45, 1505)                                                                             \
+    X(right_45, 1506)                                                                            \
+    X(left_90, 1507)                                                                             \
+    X(right_90, 1508)                                                                            \
+    X(left_135, 1509)                                                                            \
+    X(right_135, 1510)                                                                           \
+    X(back, 1511)                                                                                \
+    X(up_left, 1512)                                                                             \
+    X(up_right, 1513)                                                                            \
+    X(down, 1514)                                                                                \
+    X(tower, 1516)                                                                               \
+    X(runway, 1517)                                                                              \
+    X(chase, 1519)                                                                               \
+    X(circle, 1520)                                                                              \
+    X(still_spot, 1521)                                                                          \
+    X(moving_spot, 1522)                                                                         \
+    X(fwd_hud, 1524)                                                                             \
+    X(fwd_bare, 1525)                                                                            \
+    X(weapon, 1540)
+#define VIEW_NUMBER(name, number) view_##name = number,
+enum view_code : int {
+    VIEW_CODES(VIEW_NUMBER) view_inside_last = 1515,  // the end of those from inside with the panel
+    view_marked_last = 1529,                          // the end of the codes that a menu marks as views
+};
+#undef VIEW_NUMBER
 
 struct ytest_patch_struct;
 struct ytest_pol_struct;

@@ -10,6 +10,7 @@
 #include "core/program/logs.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
+#include "draw/gl/colours.h"
 #include "platform/window.h"
 
 static void set_switch(GLenum which, bool on) {
@@ -56,7 +57,7 @@ void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW) {
     set_switch(GL_ALPHA_TEST, al == al_test || al == al_both);
     set_switch(GL_DEPTH_TEST, deR == depth_read);
     glDepthMask(deW == depth_write);
-    glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
+    OGL_setcolorINDEX(col_state, 1.0f);
 }
 
 static void put_switch(GLenum which, bool on) {
@@ -66,7 +67,8 @@ static void put_switch(GLenum which, bool on) {
         glDisable(which);
 }
 
-// The present state cannot be asked here: it is not the one in which the list will run.
+// The present state cannot be asked here, nor what colours pass through: they are not those in which the list will
+// run.
 void OGL_setstate_in_list(int fog, int tex, int lit, int al, int deR, int deW) {
     if (!arguments_hold(fog, tex, lit, al, deR, deW)) return;
     put_switch(GL_FOG, fog == fog_on);

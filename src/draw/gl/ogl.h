@@ -18,7 +18,7 @@ enum ogl_switch : int {
 };
 
 // tex: number of texture units in use, 0 to 6, held to what the driver has. Any other value than those
-// above is fatal. Ends with a white colour of full alpha: set a colour after this call, never before.
+// above is fatal. Ends with the colour row col_state (white; green under night vision): set a colour after this call, never before.
 void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW);
 // The same while a display list is compiled: every switch goes into the list, whatever the present state,
 // which stays as it is.

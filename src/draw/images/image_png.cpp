@@ -121,6 +121,18 @@ bool read_picture(png_source* source, const std::string& path, image_struct* ima
 }
 }  // namespace
 
+// The first chunk follows the signature: its length and name, then width and height, most significant byte first.
+bool png_size(const std::string& path, unsigned* dx, unsigned* dy) {
+    constexpr size_t size_at = 16, number_bytes = 4;
+    const unsigned char* bytes = nullptr;
+    const XMappedFile file(set_dir_chars(path).c_str(), &bytes);
+    if (!bytes || file.size() < size_at + 2 * number_bytes) return false;
+    if (png_sig_cmp(bytes, 0, signature_bytes) != 0) return false;
+    *dx = png_get_uint_32(bytes + size_at);
+    *dy = png_get_uint_32(bytes + size_at + number_bytes);
+    return true;
+}
+
 int load_png_into_scratch(const std::string& path, image_struct* image) {
     const std::string png_path = with_ending(path, ".png");
     const unsigned char* bytes = nullptr;

@@ -2,6 +2,7 @@
 // Role: the one table that the program which draws the image and the widgets which show it share. Pixels of the
 // 512 x 512 image, s from its left edge, t from its BOTTOM row: row t of the image is row 511 - t of the file.
 #pragma once
+#include <array>
 
 constexpr int interface_size = 512;
 
@@ -19,21 +20,33 @@ struct frame_piece {
     short shadow;  // how far the image reaches past the control, both ends
     short height;
 };
-// By kind; kind 6 stands upright and is frame0_piece.
-constexpr frame_piece frame1_pieces[12] = {
-    {10, {1, 487, 100, 25}, 0, 26},    // 0 menu bar
-    {20, {102, 487, 100, 25}, 0, 26},  // 1 top bar of a window
-    {10, {304, 486, 52, 26}, 0, 26},   // 2 button
-    {10, {304, 459, 52, 26}, 0, 26},   // 3 pressed button
-    {10, {112, 161, 28, 16}, 0, 16},   // 4 progress track
-    {10, {83, 161, 28, 16}, 0, 16},    // 5 progress fill
-    {0, {0, 0, 0, 0}, 0, 0},           // 6 is no horizontal strip
-    {10, {240, 242, 65, 24}, 0, 24},   // 7 slider track
-    {7, {289, 219, 16, 16}, 0, 16},    // 8 slider fill, white: takes the colour of the call
-    {10, {262, 133, 51, 26}, 2, 26},   // 9 field
-    {26, {357, 487, 68, 25}, 2, 26},   // 10 pop-up, its arrow in the right end
-    {25, {339, 0, 100, 56}, 0, 56},    // 11 large bar
-};
+// Name, number, border, piece (s, t, dx, dy), shadow, height. Number 6 is the upright strip below.
+#define STRIP_KINDS(X)                                                                           \
+    X(menu_bar, 0, 10, 1, 487, 100, 25, 0, 26)                                                   \
+    X(top_bar, 1, 20, 102, 487, 100, 25, 0, 26)                                                  \
+    X(button, 2, 10, 304, 486, 52, 26, 0, 26)                                                    \
+    X(button_pressed, 3, 10, 304, 459, 52, 26, 0, 26)                                            \
+    X(progress_track, 4, 10, 112, 161, 28, 16, 0, 16)                                            \
+    X(progress_fill, 5, 10, 83, 161, 28, 16, 0, 16)                                              \
+    X(slider_track, 7, 10, 240, 242, 65, 24, 0, 24)                                              \
+    X(slider_fill, 8, 7, 289, 219, 16, 16, 0, 16) /* white: takes the colour of the call */      \
+    X(field, 9, 10, 262, 133, 51, 26, 2, 26)                                                     \
+    X(popup, 10, 26, 357, 487, 68, 25, 2, 26) /* its arrow in the right end */                   \
+    X(large_bar, 11, 25, 339, 0, 100, 56, 0, 56)
+
+#define STRIP_NUMBER(name, number, border, s, t, dx, dy, shadow, height) strip_##name = number,
+enum strip_kind : int { STRIP_KINDS(STRIP_NUMBER) strip_upright = 6, strip_kinds = 12 };
+#undef STRIP_NUMBER
+
+// By kind; without a piece where the number is no horizontal strip.
+constexpr auto frame1_pieces = [] {
+    std::array<frame_piece, strip_kinds> table{};
+#define STRIP_ROW(name, number, border, s, t, dx, dy, shadow, height) \
+    table[number] = {border, {s, t, dx, dy}, shadow, height};
+    STRIP_KINDS(STRIP_ROW)
+#undef STRIP_ROW
+    return table;
+}();
 constexpr frame_piece frame0_piece = {10, {102, 248, 20, 40}, 4, 40};  // upright: borders and shadow at its foot and head
 
 // A box stretched both ways, with borders of 0.4 of the piece; the shadows reach past the control.
@@ -41,23 +54,59 @@ struct box_piece {
     piece at;
     short sides, bottom, top;
 };
-// By kind, from 11.
-constexpr box_piece frame2_pieces[8] = {
-    {{1, 358, 100, 100}, 9, 14, 4},    // 11 window with its title bar, 20 high
-    {{102, 358, 100, 100}, 9, 14, 4},  // 12 window without
-    {{203, 358, 100, 100}, 9, 14, 4},  // 13 sunk panel
-    {{304, 358, 100, 100}, 9, 14, 4},  // 14 help box
-    {{405, 358, 100, 100}, 9, 14, 4},  // 15 glass over a picture: start-up, alerts
-    {{1, 289, 68, 68}, 2, 2, 2},       // 16 panel in a window
-    {{70, 315, 42, 42}, 8, 13, 2},     // 17 menu
-    {{440, 12, 44, 44}, 6, 9, 4},      // 18 small box
-};
+// Name, number, piece (s, t, dx, dy), shadows at the sides, the bottom and the top. In the order of their numbers.
+#define BOX_KINDS(X)                                                                             \
+    X(window, 11, 1, 358, 100, 100, 9, 14, 4) /* with its title bar, 20 high */                  \
+    X(window_plain, 12, 102, 358, 100, 100, 9, 14, 4)                                            \
+    X(sunk, 13, 203, 358, 100, 100, 9, 14, 4)                                                    \
+    X(help, 14, 304, 358, 100, 100, 9, 14, 4)                                                    \
+    X(glass, 15, 405, 358, 100, 100, 9, 14, 4) /* over a picture: start-up, alerts */            \
+    X(panel, 16, 1, 289, 68, 68, 2, 2, 2) /* in a window */                                      \
+    X(menu, 17, 70, 315, 42, 42, 8, 13, 2)                                                       \
+    X(small, 18, 440, 12, 44, 44, 6, 9, 4)
+
+#define BOX_NUMBER(name, number, s, t, dx, dy, sides, bottom, top) box_##name = number,
+enum box_kind : int { BOX_KINDS(BOX_NUMBER) };
+#undef BOX_NUMBER
+#define BOX_ROW(name, number, s, t, dx, dy, sides, bottom, top) {{s, t, dx, dy}, sides, bottom, top},
+// By kind, from box_window.
+constexpr box_piece frame2_pieces[] = {BOX_KINDS(BOX_ROW)};
+#undef BOX_ROW
+constexpr int box_last = box_small;
 
 // -- tiles
 
 constexpr piece cursor_tile(int column, int row) {  // 6 columns, 2 rows
     return {static_cast<short>(200 + 32 * column), static_cast<short>(293 + 32 * row), 30, 30};
 }
+// Name, number, column and row of the tile, and of the tile while the mouse drags.
+#define OWN_CURSORS(X)                                     \
+    X(turn_left, 2, 0, 1, 0, 1)                            \
+    X(turn_right, 3, 1, 1, 1, 1)                           \
+    X(turn_left_fast, 4, 0, 0, 0, 0)                       \
+    X(turn_right_fast, 5, 1, 0, 1, 0)                      \
+    X(push_down, 6, 2, 1, 2, 1)                            \
+    X(push_up, 7, 3, 1, 3, 1)                              \
+    X(push_left, 8, 2, 0, 2, 0)                            \
+    X(push_right, 9, 3, 0, 3, 0)                           \
+    X(hand_pointing, 10, 4, 1, 5, 1)                       \
+    X(hand_grasping, 11, 4, 0, 5, 0)
+
+#define CURSOR_NUMBER(name, number, column, row, held_column, held_row) cursor_##name = number,
+enum cursor_kind : int {
+    cursor_of_system = 0,
+    cursor_hidden = 1,
+    OWN_CURSORS(CURSOR_NUMBER) cursor_own_first = cursor_turn_left,
+    cursor_own_last = cursor_hand_grasping,
+};
+#undef CURSOR_NUMBER
+struct cursor_row {
+    int column, row, held_column, held_row;
+};
+#define CURSOR_ROW(name, number, column, row, held_column, held_row) {column, row, held_column, held_row},
+constexpr cursor_row cursor_rows[] = {OWN_CURSORS(CURSOR_ROW)};  // from cursor_own_first
+#undef CURSOR_ROW
+
 constexpr piece map_icon_cell(int i, int j) {  // 5 columns, 4 rows
     return {static_cast<short>(378 + 18 * i), static_cast<short>(220 + 18 * j), 14, 16};
 }

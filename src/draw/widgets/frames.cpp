@@ -6,11 +6,12 @@
 #include "core/math/num.h"
 #include "core/program/alert.h"
 #include "core/records/mnw.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/images/interface_layout.h"
 #include "draw/images/tman.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
+#include "draw/widgets/widgets.h"
 
 namespace {
 // To an even number.
@@ -55,7 +56,7 @@ int stretch(float length, float border, float piece, stretch_part* parts) {
 }
 
 void BTN_frame0(int type, float x_center, float y_center, float dy_control) {
-    if (type != 6) return MACIBM_fatal("Bad BTN_frame0 call!");
+    if (type != strip_upright) return MACIBM_fatal("Bad BTN_frame0 call!");
     if (x_center != floorf(x_center)) return MACIBM_fatal("BTN_frame0 non-int x_center!");
     if (y_center != floorf(y_center)) return MACIBM_fatal("BTN_frame0 non-int y_center!");
     const frame_piece& f = frame0_piece;
@@ -65,9 +66,9 @@ void BTN_frame0(int type, float x_center, float y_center, float dy_control) {
 }
 
 void BTN_frame1(int type, float x_center, float y_center, float dx_control, int color) {
-    if (!intrange(type, 0, 11) || type == 6) return MACIBM_fatal("Bad BTN_frame1 call!");
+    if (!intrange(type, strip_menu_bar, strip_large_bar) || type == strip_upright) return MACIBM_fatal("Bad BTN_frame1 call!");
     const frame_piece& f = frame1_pieces[type];
-    if (type <= 1) y_center -= 3.0f;
+    if (type <= strip_top_bar) y_center -= 3.0f;
     const float half = 0.5f * (fltnear(dx_control) + 2.0f * f.shadow);
     const float x = static_cast<float>(intround(x_center));
     const float low = static_cast<float>(intround(y_center)) - 0.5f * static_cast<float>(f.height);
@@ -76,15 +77,16 @@ void BTN_frame1(int type, float x_center, float y_center, float dx_control, int 
 }
 
 void BTN_frame2(int type, float x, float y, float dx, float dy, const std::string& label0) {
-    if (!intrange(type, 11, 18)) return MACIBM_fatal("Bad BTN_frame2 call!");
-    const box_piece& f = frame2_pieces[type - 11];
+    if (!intrange(type, box_window, box_last)) return MACIBM_fatal("Bad BTN_frame2 call!");
+    const box_piece& f = frame2_pieces[type - box_window];
     const float border = 0.4f * f.at.dx;
     draw_stretched({x - f.sides, y - f.bottom, x + dx + f.sides, y + dy + f.top}, f.at.s, f.at.t, f.at.dx,
                    f.at.dy, border, border, col_white);
-    const float down = type == 11 ? 13.0f : 16.0f;
-    const int colour = type == 15 ? col_help : type == 11 ? col_title : col_widget;
+    const float down = type == box_window ? 13.0f : 16.0f;
+    const int colour = type == box_glass ? col_help : type == box_window ? col_title : col_widget;
     if (!label0.empty())
         OGL_string(colour, x + 0.5f * (dx - str_dx(label0)), y + dy - down, label0, no_wrap, charset_text);
+    if (type == box_window && mnw.top_win != win_fly && !intrange(mnw.top_win, win_alrt, win_save)) BTN_zap_boxes(0);
 }
 
 label_parts label0to12h(const std::string& label0) {

@@ -2,11 +2,11 @@
 #pragma once
 #include <string>
 
-// A vertical strip, kind 6 only; a centre between pixels is fatal.
+// The kinds stand in draw/images/interface_layout.h. A vertical strip, strip_upright only; a centre between pixels is fatal.
 void BTN_frame0(int type, float x_center, float y_center, float dy_control);
-// A horizontal strip, kinds 0 to 5 and 7 to 11.
+// A horizontal strip, strip_kind.
 void BTN_frame1(int type, float x_center, float y_center, float dx_control, int color);
-// A box, kinds 11 to 18, with its label at the top.
+// A box, box_kind, with its label at the top; box_window brings the close boxes of a window that has them.
 void BTN_frame2(int type, float x, float y, float dx, float dy, const std::string& label0);
 
 // "left|right{xhelp": the parts of a label; x is one character that callers may use.

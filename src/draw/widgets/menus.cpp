@@ -7,7 +7,7 @@
 #include "core/program/upward.h"
 #include "core/records/mnw.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/images/interface_layout.h"
 #include "draw/images/tman.h"
 #include "draw/primitives.h"
@@ -207,7 +207,7 @@ bool bar_is_wanted() {
 
 void draw_bar() {
     constexpr float text_in = 10.0f, text_up = 6.0f, half_bar = 9.0f;
-    BTN_frame1(0, 0.5f * (mnw.x1_pix + mnw.x2_pix), YRES + mnw.y_off - half_bar, mnw.x2_pix - mnw.x1_pix,
+    BTN_frame1(strip_menu_bar, 0.5f * (mnw.x1_pix + mnw.x2_pix), YRES + mnw.y_off - half_bar, mnw.x2_pix - mnw.x1_pix,
                col_white);
     if (mnw.menu_up < 0) stl.help_message = stl.text[text_help_menu_bar];
     for (int m = 0; m <= menu_popup - 1; ++m) {
@@ -298,7 +298,7 @@ void draw_open_menu(int m) {
     const screen_box b = union_of(own);
     if (b.x2 <= b.x1) return;
     constexpr float pad = 3.0f;
-    BTN_frame2(17, b.x1 - pad, b.y1 - pad, b.x2 - b.x1 + 2.0f * pad, b.y2 - b.y1 + 2.0f * pad, "");
+    BTN_frame2(box_menu, b.x1 - pad, b.y1 - pad, b.x2 - b.x1 + 2.0f * pad, b.y2 - b.y1 + 2.0f * pad, "");
     // columns are parted by a line
     for (size_t i = 1; i < own.item.size(); ++i) {
         const float x = own.item[i].itemx1;

@@ -4,10 +4,12 @@
 #include <math.h>
 #include <stdio.h>
 #include <string.h>
+#include <strings.h>
 
 #include <vector>
 
 #include "core/disk/dirlist.h"
+#include "core/disk/files.h"
 #include "core/disk/text_numbers.h"
 #include "core/math/num.h"
 #include "core/program/alert.h"
@@ -16,7 +18,7 @@
 #include "core/program/upward.h"
 #include "core/records/mnw.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/images/interface_layout.h"
 #include "draw/images/tman.h"
 #include "draw/primitives.h"
@@ -54,13 +56,12 @@ void draw_labels(float x, float y, float half, const label_parts& label) {
 // -- buttons and boxes
 int BTN_action(float x_center, float y_center, int pressed, int show_press, const std::string& label0) {
     constexpr float margin = 21.0f, half_height = 10.0f, text_down = 3.0f;
-    constexpr int kind_up = 2, kind_pressed = 3;
     const label_parts label = label0to12h(label0);
     const float dx = str_dx(label.left) + margin, half = 0.5f * dx;
     const bool in =
         hovers(x_center - half, y_center - half_height, x_center + half, y_center + half_height, label.help);
     const auto draw = [&](bool down) {
-        BTN_frame1(down ? kind_pressed : kind_up, x_center, y_center, dx, col_white);
+        BTN_frame1(down ? strip_button_pressed : strip_button, x_center, y_center, dx, col_white);
         if (in && !down)
             OGL_fillrect(col_white, 0.1f, x_center - half + 2.0f, y_center - half_height + 1.0f, dx - 4.0f,
                          2.0f * half_height - 2.0f);
@@ -116,7 +117,6 @@ int BTN_xbyt(float x, float y, unsigned char* var, unsigned char target, const s
 // -- digit boxes, centred at x
 namespace {
 constexpr float digit_dx = 10.0f, digit_in = 2.0f, field_middle = 3.0f;
-constexpr int kind_field = 9;
 
 struct field {
     float left;
@@ -300,7 +300,6 @@ void scroll_popup(float x, float y, float width, const std::vector<std::string>&
 }  // namespace
 
 int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const std::string& label0) {
-    constexpr int kind_popup = 10;
     constexpr float margin = 34.0f, arrow_in = 10.0f;
     const std::vector<std::string> items = list_items(stl_list);
     if (items.empty()) return 0;
@@ -315,12 +314,12 @@ int BTN_textlist(float x, float y, int* sel, const std::string& stl_list, const 
     const float half = 0.5f * width;
     const int last = static_cast<int>(items.size()) - 1;
     const bool in = hovers(x - half, y - 8.0f, x + half, y + 14.0f, label.help);
-    BTN_frame1(kind_popup, x, y + field_middle, width, col_white);
+    BTN_frame1(strip_popup, x, y + field_middle, width, col_white);
     if (in) centre_piece(piece_popup_arrow, x + half - arrow_in, y + field_middle);
     OGL_string(col_widget, x - half + 6.0f, y, items[intlim(*sel, 0, last)], no_wrap, charset_text);
     draw_labels(x, y, half, label);
 
-    const int code = 1024 * intround(y) + intround(x);  // ties an open list to its control
+    const int code = intcut(1024.0f * y + x);  // ties an open list to its control
     if (mnw.menu_up == menu_popup && active_popup_code == code) scroll_popup(x, y, width, items, sel);
     if (clicked(in)) {
         active_popup_code = code;
@@ -354,7 +353,7 @@ int BTN_tab(int col, int row, int* tab_variable, int tab_sel, const std::string&
 // -- sliders
 int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float data2, float* data,
                     int allow_change, const std::string& label0, const std::string& overwrite) {
-    constexpr int kind_track = 7, kind_fill = 8, no_bar = 11;
+    constexpr int no_bar = col_black;
     constexpr float least_span = 0.01f, zone = 10.0f, zone_grabbed = 20.0f, text_up = 12.0f;
     static const float* grabbed;
     if (!mnw.now_dragging) grabbed = nullptr;
@@ -375,9 +374,9 @@ int BTN_horz_slider(float x, float y, float dx_max, int col, float data1, float 
         changed = *data != before;
     }
     const float ratio = fltlim((*data - data1) / (data2 - data1), 0.0f, 1.0f);
-    BTN_frame1(kind_track, x + 0.5f * dx_max, y, dx_max, col_white);
+    BTN_frame1(strip_slider_track, x + 0.5f * dx_max, y, dx_max, col_white);
     if (col != no_bar && ratio > 0.02f)
-        BTN_frame1(kind_fill, x + 0.5f * dx_max * ratio, y, dx_max * ratio, col);
+        BTN_frame1(strip_slider_fill, x + 0.5f * dx_max * ratio, y, dx_max * ratio, col);
     if (allow_change) centre_piece(grabbed == data ? piece_knob_held : piece_knob, x + dx_max * ratio, y);
     if (!label.left.empty()) BTN_util_draw_label(x - 8.0f, y - 3.0f, side_left_of, label.left);
     if (!label.right.empty()) BTN_util_draw_label(x + dx_max + 12.0f, y - 3.0f, side_right_of, label.right);
@@ -410,7 +409,7 @@ int BTN_vert_slider(float x_center, float lo_y, float hi_y, int lo_ind, int hi_i
     if (down && (mnw.mouse_clicked || held)) ++*center_index;
     *center_index = intlim(*center_index, lo_ind, intmax2(lo_ind, hi_ind));
 
-    BTN_frame0(6, static_cast<float>(intround(x_center)), static_cast<float>(intround(0.5f * (low + high))),
+    BTN_frame0(strip_upright, static_cast<float>(intround(x_center)), static_cast<float>(intround(0.5f * (low + high))),
                high - low);
     centre_piece(up && mnw.now_dragging ? piece_arrow_up_pressed : piece_arrow_up, x_center, hi_y - arrow);
     centre_piece(down && mnw.now_dragging ? piece_arrow_down_pressed : piece_arrow_down, x_center,
@@ -459,7 +458,7 @@ int BTN_enterstring(float x, float y, std::string* input, int dim, int this_fiel
     if (flying)
         OGL_grayrect(x - half - 4.0f, y - 6.0f, x + half + 4.0f, y + 12.0f, 0.5f);
     else
-        BTN_frame1(kind_field, x, y + field_middle, dx + 8.0f, col_white);
+        BTN_frame1(strip_field, x, y + field_middle, dx + 8.0f, col_white);
     const int colour = flying ? col_help : col_digits;
     OGL_string(colour, x - half, y, *input, no_wrap, charset_text);
     if (focused)
@@ -473,7 +472,7 @@ int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_pa
     constexpr float dx = 200.0f, half = 0.5f * dx, icon = 14.0f;
     const label_parts label = label0to12h(label0);
     const bool in = hovers(x - half - 2.0f * icon, y - 8.0f, x + half, y + 14.0f, label.help);
-    BTN_frame1(kind_field, x, y + field_middle, dx, col_white);
+    BTN_frame1(strip_field, x, y + field_middle, dx, col_white);
     centre_piece(in && mnw.now_dragging ? piece_select_file_pressed : piece_select_file, x - half - icon,
                  y + field_middle);
     OGL_string(col_digits, x - half + 6.0f, y, *stl_file, no_wrap, charset_text);
@@ -488,16 +487,15 @@ int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_pa
 namespace {
 const piece& icon_of_file(int n) {
     if (!intrange(n, 0, g_fileDIM - 1)) return piece_icon_file;
-    constexpr int folder = 1, aircraft = 2, picture_bmp = 6, picture_png = 17, sound = 16;
     switch (g_file_type[n]) {
-        case folder:
+        case ftype_folder:
             return piece_icon_folder;
-        case aircraft:
+        case ftype_acf:
             return piece_icon_aircraft;
-        case picture_bmp:
-        case picture_png:
+        case ftype_bmp:
+        case ftype_png:
             return piece_icon_picture;
-        case sound:
+        case ftype_wav:
             return piece_icon_sound;
         default:
             return piece_icon_file;
@@ -505,7 +503,43 @@ const piece& icon_of_file(int n) {
 }
 
 bool sorts_before(const std::string& a, const std::string& b) { return strcasecmp(a.c_str(), b.c_str()) < 0; }
+
+// What is being typed below a list of places. A search by name ends one by identifier.
+struct place_search {
+    std::string id;
+};
+place_search search;
+
+// To the first entry that does not sort before the text.
+int search_name(float x, float y, int* at, int first, int last, std::string* typed, std::string (*fetchFunc)(int)) {
+    constexpr int letters = 30;
+    if (!BTN_enterstring(x, y, typed, letters, field_search_name, stl.text[text_search_name])) return 0;
+    search.id.clear();
+    int i = first;
+    while (i < last && sorts_before(fetchFunc(i), *typed)) ++i;
+    *at = i;
+    return 1;
+}
+
+// To the entry of that identifier, while it is being typed to the first that begins so. Identifiers are in no order.
+int search_id(float x, float y, int* at, int first, int last, std::string (*fetchId)(int)) {
+    constexpr int letters = 4;
+    if (!BTN_enterstring(x, y, &search.id, letters, field_search_id, stl.text[text_search_id]) || search.id.empty()) return 0;
+    int found = -1;
+    for (int i = first; i <= last; ++i) {
+        const std::string id = fetchId(i);
+        if (strncasecmp(id.c_str(), search.id.c_str(), search.id.size()) != 0) continue;
+        if (found < 0 || id.size() == search.id.size()) found = i;
+        if (id.size() == search.id.size()) break;
+    }
+    if (found < 0) return 0;
+    *at = found;
+    return 1;
+}
 }  // namespace
+
+place_ids_struct place_ids;
+void reset_widgets() { search = {}; }
 
 int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* ctr_index, int* hil_index,
                       int ind1, int ind2, std::string* str_input, std::string (*fetchFunc)(int)) {
@@ -520,15 +554,18 @@ int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* c
     if (!(dx > 0.0f)) dx = default_dx;
     if (!(dy > 0.0f)) dy = default_dy;
     const float middle = y + 0.5f * dy;
-    BTN_frame2(16, x, y, dx, dy, "");
+    BTN_frame2(box_panel, x, y, dx, dy, "");
     int changed = 0;
-    // typing goes to the first entry that does not sort before the text
-    constexpr int name_field = 9001;
-    if (str_input && of_places && BTN_enterstring(x + 0.5f * dx, y - 18.0f, str_input, 30, name_field, "")) {
-        int i = ind1;
-        while (i < ind2 && sorts_before(fetchFunc(i), *str_input)) ++i;
-        *ctr_index = *hil_index = i;
-        changed = 1;
+    if (of_places) {
+        // one above the other, their left ends in line
+        constexpr float name_down = 18.0f, id_down = 44.0f, id_left = 78.0f;
+        const float at_x = x + 0.5f * dx;
+        std::string (*const id_of)(int) = win_type == win_nav_list ? place_ids.navaid : place_ids.airport;
+        int found = 0, at = 0;
+        if (str_input) found = search_name(at_x, y - name_down, &at, ind1, ind2, str_input, fetchFunc);
+        if (id_of) found |= search_id(at_x - id_left, y - id_down, &at, ind1, ind2, id_of);
+        if (found) *ctr_index = *hil_index = at;
+        changed = found;
     }
     const bool in = mouse_in(x, y, x + dx - 2.0f * bar, y + dy);
     if (clicked(in)) {
@@ -583,13 +620,11 @@ void BTN_zap_boxes(int pressed) {
 }
 
 void BTN_fillwin(int bar, int fill_type) {
-    constexpr int with_bar = 11, without_bar = 12, top_strip = 1, nothing_more = 19;
     constexpr float in = 10.0f;
-    BTN_frame2(bar ? with_bar : without_bar, 0.0f, 0.0f, mnw.win_dx, mnw.win_dy, bar ? stl.win_name : "");
-    if (bar && mnw.top_win != win_fly && !intrange(mnw.top_win, win_alrt, win_save)) BTN_zap_boxes(0);
-    if (fill_type == 1)
-        BTN_frame1(top_strip, 0.5f * mnw.win_dx, mnw.win_dy - 30.0f, mnw.win_dx - 2.0f * in, col_white);
-    else if (fill_type != nothing_more)
+    BTN_frame2(bar ? box_window : box_window_plain, 0.0f, 0.0f, mnw.win_dx, mnw.win_dy, bar ? stl.win_name : "");
+    if (fill_type == fill_top_strip)
+        BTN_frame1(strip_top_bar, 0.5f * mnw.win_dx, mnw.win_dy - 30.0f, mnw.win_dx - 2.0f * in, col_white);
+    else if (fill_type != fill_nothing)
         BTN_frame2(fill_type, in, in, mnw.win_dx - 2.0f * in, mnw.win_dy - 2.0f * in - (bar ? 14.0f : 0.0f),
                    "");
 }

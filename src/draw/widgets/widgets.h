@@ -45,12 +45,25 @@ int BTN_select_file(float x, float y, std::string* stl_file, std::string* stl_pa
 // Scrolling list of lines; win_type tells what the lines are. fetchFunc gives the name of an index.
 int BTN_big_name_list(int win_type, float x, float y, float dx, float dy, int* ctr_index, int* hil_index,
                       int ind1, int ind2, std::string* str_input, std::string (*fetchFunc)(int));
+// The identifier behind a line of the lists of places, for their second search field: given by those who fill the
+// lists, by the index that fetchFunc gets. Without it there is no such field.
+struct place_ids_struct {
+    std::string (*navaid)(int) = nullptr;
+    std::string (*airport)(int) = nullptr;
+};
+extern place_ids_struct place_ids;
+// Text fields of the widgets themselves, as mnw.entry_field has them.
+enum widget_field : int { field_search_name = 9001, field_search_id = 9002 };
+void reset_widgets();
+
 void BTN_pan_zoom(float x, float y);
 
 // Opens the file dialog; type selects folder and filter. The file and path come back when the user chose one.
 void dialog_opensave(int open_save, int file_type, std::string* file, std::string* path);
 
 // -- windows
+// What fills a window below its bar: one of these, or a box_kind 10 in from the edges.
+enum window_fill : int { fill_top_strip = 1, fill_nothing = 19 };
 void BTN_fillwin(int bar, int fill_type);
 void BTN_subwin(float tab_dy, int win_type, float x, float y, float dx, float dy, const std::string& str,
                 float* x2, float* y2);

@@ -234,6 +234,8 @@ void read_power_levers() {
         prop.assigned = 1;
         auto_set_thro_prop(handle, &thro.axis, &prop.axis);
     }
+    // Decided: where no axis is the collective, the throttle axis is, for every aircraft with a rotor that
+    // has one (collective_EQ); its throttles then stay with keys and panel.
     if (!stick_has_use(axis_coll) && veh[0].collective_EQ && has_collective_range()) {
         coll = thro;
         thro.assigned = 0;

@@ -172,7 +172,8 @@ station station_of(const disc_run& r, int el) {
     // a quarter turn takes 90 degrees over this; none at rest
     const float quarters_per_sec = r.now.tacrad_PROP * con.radtodeg / 90.0f;
     s.flap_ptch_msc = s.flap_roll_msc = 0.0f;
-    // without cyclic pitch the blades turn in the plane of their tilted hub and do not flap
+    // Decided: no flapping term for pure disc tilt; without cyclic pitch the blades turn in the plane of
+    // their tilted hub and do not flap.
     if (!r.apply_cyclic_def) return s;
     s.flap_ptch_msc = sin_deg(r.now.cyclic_elev_blad_alph) * s.X_arm_mtr * quarters_per_sec;
     s.flap_roll_msc = sin_deg(r.now.cyclic_ailn_blad_alph) * s.X_arm_mtr * quarters_per_sec;

@@ -14,8 +14,8 @@ namespace {
 constexpr float least_engine_inertia = 1e-6f;  // kg m2
 
 float gear_of(int en) { return prop_gear_of(veh[0].engn[en]); }
-// A disc that the file left without mass gets what the shaft's steps need to stay stable: of the order of the
-// engine's torque over the disc's speed.
+// Decided: a disc that the file left without mass has a floor of inertia, what the shaft's steps need to stay
+// stable: of the order of the engine's torque over the disc's speed.
 float inertia_of(int en) {
     const float mi = veh[0].engn[en].mi_prop_rpm;
     if (mi >= disc_divisor_min) return mi;
@@ -83,7 +83,8 @@ void drive_linked(float* POINT_driv_TRQ) {
     }
 }
 
-// Every engine its own disc. A pre-rotated rotor without an engine has the jets' power.
+// Every engine its own disc. Decided: a pre-rotated rotor without an engine is driven by its own torque, the
+// one that drive_by_jets makes of the power that is given off for it; no other drives it.
 void drive_each(float* POINT_driv_TRQ) {
     for (int en = 0; en < veh[0].num_thrustpoints; ++en) {
         if (!has_disc(en) || is_lift_fan(0, en)) continue;
@@ -127,7 +128,8 @@ bool clutch_engaged(int en) {
 }
 
 // What the clutch can pass, N m; as given one and a half times full torque. Linked shafts overrun their
-// engines; a piston engine's friction clutch slips in.
+// engines; a piston engine's friction clutch slips in. Decided: the friction clutch sets its limits first and a
+// failed clutch passes nothing whatever they are, so that its lever keeps moving while the failure lasts.
 torque_limits clutch_limits(int en) {
     const veh_struct& v = veh[0];
     const float most = 1.5f * v.trq_max_eng;

@@ -9,7 +9,7 @@
 #include "core/program/alert.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"

@@ -259,6 +259,7 @@ int IO_apt(int IO_type, const std::string& custom_path) {
         apt_hash.clear();
     }
     const size_t before = vec_apt.size();
+    const faults_of_file faults(path);
     nav_file file(path, ftype_apt, "715");
     const bool good = file.ok() && append_airports(file) > 0;
     enter_in_hash(before);

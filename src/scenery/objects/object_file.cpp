@@ -460,24 +460,6 @@ bool colour_holds(const vec_act_struct& act, float low, float high) {
            fltrange(act.dat[5], low, high);
 }
 
-// Shows the first of an object and logs all.
-class colour_faults {
-public:
-    colour_faults(const char* what, const char* rule, const std::string& path)
-        : what(what), rule(rule), path(path) {}
-    void tell() {
-        if (told++ == 0)
-            MACIBM_data_fault(what, rule, path, "");
-        else
-            xer << what << '\n' << rule << '\n' << path << '\n';
-    }
-
-private:
-    const char *what, *rule;
-    const std::string& path;
-    int told = 0;
-};
-
 void tell_homeless(int code) {
     char line[40];
     snprintf(line, sizeof line, "crt_typ=%8.0f", static_cast<double>(code));
@@ -487,14 +469,15 @@ void tell_homeless(int code) {
 
 void check_object(const vec_mod_struct& mod) {
     constexpr float lamp_low = -1.0f, lamp_high = 9.9f;
-    colour_faults points("You have a custom object with a point color out of range!",
-                         "Point colors must be 0 to 10 in r, g, and b, with certain exceptions.", mod.path);
-    colour_faults lines("You have a custom object with a line color out of range!",
-                        "Line colors must be 0 to 10 in r, g, and b.", mod.path);
+    const faults_of_file faults(mod.path);
     for (const vec_lod_struct& lod : mod.vec_lod) {
         for (const vec_act_struct& act : lod.vec_act) {
-            if (act.act == obj_vert_light && !colour_holds(act, lamp_low, lamp_high)) points.tell();
-            if (act.act == obj_vert_line && !colour_holds(act, 0.0f, 1.0f)) lines.tell();
+            if (act.act == obj_vert_light && !colour_holds(act, lamp_low, lamp_high))
+                MACIBM_data_fault("You have a custom object with a point color out of range!",
+                                  "Point colors must be 0 to 10 in r, g, and b, with certain exceptions.", mod.path, "");
+            if (act.act == obj_vert_line && !colour_holds(act, 0.0f, 1.0f))
+                MACIBM_data_fault("You have a custom object with a line color out of range!",
+                                  "Line colors must be 0 to 10 in r, g, and b.", mod.path, "");
             const bool has_home = is_display_command(act.act) || is_action_command(act.act);
             if (!has_home && act.act != obj_lod && act.act != obj_other_attr) tell_homeless(act.act);
         }

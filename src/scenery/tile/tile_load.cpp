@@ -69,6 +69,7 @@ bool read_candidate(const std::string& path, DSF_LoadState* state) {
     XMappedFile file;
     if (!file.retry(set_dir_chars(path).c_str())) return false;
     state->file_path = path;
+    const faults_of_file faults(path);
     DSFCallbacks_t table = callbacks;
     const int error = DSFReadMem(reinterpret_cast<const char*>(file.begin()),
                                  reinterpret_cast<const char*>(file.end()), &table, state);

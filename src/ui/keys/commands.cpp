@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "aircraft/deflect.h"
+#include "core/disk/mapfile.h"
 #include "core/disk/paths.h"
 #include "core/math/num.h"
 #include "core/program/alert.h"
@@ -38,7 +39,7 @@ constexpr command_row commands[] = {
     {cmd_about, MACIBM_about},
     {cmd_quit, quit},
     {view_fwd_panel, forward_view},
-    {view_night_vision, night_vision},
+    {cmd_night_vision, night_vision},
     {cmd_trace, write_trace},
     {cmd_screenshot, picture},
     {cmd_kick_pitch, kick_pitch},
@@ -82,17 +83,29 @@ std::vector<std::string> all_aircraft() {
 
 void start_over() {
     init_flt_0(start_airport, place_runway);
-    begin_user_flight_steady();
+    begin_user_flight_steady(start_airport);
+}
+
+// The default aircraft stands under two paths: its own and that of the fallback.
+bool is_same_aircraft(const std::string& a, const std::string& b) {
+    XMappedFile one, other;
+    return one.retry(a.c_str()) && other.retry(b.c_str()) && one.size() == other.size() &&
+           std::equal(one.begin(), one.end(), other.begin());
 }
 
 // The one behind the present one, the first behind the last.
 void next_aircraft() {
     const std::vector<std::string> paths = all_aircraft();
     if (paths.empty()) return;
-    const auto now = std::find(paths.begin(), paths.end(), set_dir_chars(veh[0].path));
-    const bool last = now == paths.end() || now + 1 == paths.end();
-    snprintf(veh[0].path, sizeof veh[0].path, "%s", last ? paths.front().c_str() : (now + 1)->c_str());
-    if (load_plane(0)) start_over();
+    const std::string now = set_dir_chars(veh[0].path);
+    size_t next = static_cast<size_t>(std::find(paths.begin(), paths.end(), now) - paths.begin());
+    for (size_t tried = 0; tried < paths.size(); ++tried) {
+        next = next + 1 < paths.size() ? next + 1 : 0;
+        if (is_same_aircraft(now, paths[next])) continue;
+        snprintf(veh[0].path, sizeof veh[0].path, "%s", paths[next].c_str());
+        if (load_plane(0)) start_over();
+        return;
+    }
 }
 
 // 1,000 m up, gliding, with engines that have never run.

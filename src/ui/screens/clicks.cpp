@@ -9,7 +9,7 @@
 #include "core/records/mnw.h"
 #include "core/records/net.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/interface_layout.h"
 #include "draw/images/tman.h"
@@ -82,7 +82,7 @@ void draw_help() {
     const float left = mnw.x1_pix - mnw.win_x + edge, right = mnw.x2_pix - mnw.win_x - edge - dx;
     const float low = mnw.y1_pix - mnw.win_y + edge, high = mnw.y2_pix - mnw.win_y - edge - dy;
     const float x = fltlim(mnw.mx + 16.0f, left, right), y = fltlim(mnw.my - dy - 16.0f, low, high);
-    BTN_frame2(14, x, y, dx, dy, "");
+    BTN_frame2(box_help, x, y, dx, dy, "");
     OGL_string(col_help, x + in, y + dy - 20.0f, text, dx - 2.0f * in, charset_text);
 }
 
@@ -97,35 +97,13 @@ void draw_yoke_hint() {
 }
 
 piece cursor_of(int cursor_type) {
-    const int held = mnw.now_dragging ? 1 : 0;
-    switch (cursor_type) {
-        case 2:
-            return cursor_tile(0, 1);
-        case 3:
-            return cursor_tile(1, 1);
-        case 4:
-            return cursor_tile(0, 0);
-        case 5:
-            return cursor_tile(1, 0);
-        case 6:
-            return cursor_tile(2, 1);
-        case 7:
-            return cursor_tile(3, 1);
-        case 8:
-            return cursor_tile(2, 0);
-        case 9:
-            return cursor_tile(3, 0);
-        case 10:
-            return cursor_tile(4 + held, 1);
-        default:
-            return cursor_tile(4 + held, 0);
-    }
+    const cursor_row& c = cursor_rows[cursor_type - cursor_own_first];
+    return mnw.now_dragging ? cursor_tile(c.held_column, c.held_row) : cursor_tile(c.column, c.row);
 }
 
 void draw_cursor() {
-    constexpr int first_own = 2, last_own = 11;
     constexpr float half = 15.0f;
-    if (!intrange(mnw.cursor_type, first_own, last_own)) return;
+    if (!intrange(mnw.cursor_type, cursor_own_first, cursor_own_last)) return;
     const piece p = cursor_of(mnw.cursor_type);
     OGL_piece(tex_interface, col_white, 1.0f, mnw.mx - half, mnw.my - half, mnw.mx + half, mnw.my + half, p.s,
               p.t, p.s + p.dx, p.t + p.dy);
@@ -137,6 +115,6 @@ void overlay_draw() {
     draw_yoke_hint();
     menus_draw();
     draw_help();
-    seam.show_pointer(mnw.cursor_type == 0);
+    seam.show_pointer(mnw.cursor_type == cursor_of_system);
     draw_cursor();
 }

@@ -10,8 +10,9 @@
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
 #include "core/records/stl.h"
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
+#include "draw/images/image_png.h"
 #include "draw/images/interface_layout.h"
 #include "draw/images/tman.h"
 #include "draw/primitives.h"
@@ -34,11 +35,21 @@ void interface_is_missing() {
                  bmp_path + "interface.png", alert_fatal);
 }
 
+// Every piece and colour has its place in a picture of one size.
+bool interface_has_its_size(const std::string& path) {
+    unsigned dx, dy;
+    if (!png_size(path, &dx, &dy) || (dx == interface_size && dy == interface_size)) return true;
+    const std::string side = std::to_string(interface_size);
+    MACIBM_alert(0, "The graphics interface file has the wrong size!", path,
+                 "It is " + std::to_string(dx) + " by " + std::to_string(dy) + " pixels.",
+                 "It must be " + side + " by " + side + ".", alert_fatal);
+    return false;
+}
+
 // Rows of the colour table that stand as single pixels in the image, in scratch_array.
 void read_palette() {
-    constexpr int image_dx = 512;
     const auto take = [](int row, int s, int t) {
-        const unsigned char* p = scratch_array + 4 * (t * image_dx + s);
+        const unsigned char* p = scratch_array + 4 * (t * interface_size + s);
         OGL_assigncolor(row, p[0] / 255.0f, p[1] / 255.0f, p[2] / 255.0f);
     };
     for (const palette_texel& p : palette_texels) take(p.row, p.s, p.t);
@@ -50,20 +61,20 @@ void read_palette() {
 }  // namespace
 
 void load_interface_images() {
-    colours_init();
     if (!seam.has_display) return;
     const std::string interface_png = bmp_path + "interface.png";
     if (!tman.load_texture(0, load_scratch, 0, filter_rgba, interface_png)) return interface_is_missing();
+    if (!interface_has_its_size(interface_png)) return;
     read_palette();
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
     tman.load_texture(1, load_ogl, tex_blank, filter_rgba, bmp_path + "blank.png");
     tman.load_texture(1, load_ogl, tex_interface, filter_rgba, interface_png);
 }
 
-int load_korean_glyphs(const std::string& path) {
+int load_korean_glyphs() {
     if (!seam.has_display) return 0;
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
-    return tman.load_texture(0, load_ogl, tex_menu_text, filter_rgba, path) != 0;
+    return tman.load_texture(0, load_ogl, tex_menu_text, filter_rgba, men_path + "Korean:menu_text.png") != 0;
 }
 
 // -- background
@@ -106,7 +117,6 @@ void OGL_plot_background() {
 void start_lights_allowed(int allowed) { lights_allowed = allowed; }
 
 void MACIBM_showinit(const char* init_string) {
-    constexpr int kind_box = 15, kind_track = 4, kind_fill = 5;
     constexpr float box_x = 10.0f, box_y = 31.0f, box_dx = 310.0f, box_dy = 206.0f;
     constexpr float bar_x1 = 8.0f, bar_x2 = 1016.0f, bar_y = 15.0f, text_in = 20.0f;
     if (!lights_allowed || !drawing()) return;
@@ -114,7 +124,7 @@ void MACIBM_showinit(const char* init_string) {
     mnw.win_x = mnw.win_y = 0.0f;
     OGL_view_2d();
     OGL_plot_background();
-    BTN_frame2(kind_box, box_x, box_y, box_dx, box_dy, "This is Orvelle Version 8.00");
+    BTN_frame2(box_glass, box_x, box_y, box_dx, box_dy, "This is Orvelle Version 8.00");
     float line_y = box_y + box_dy - 48.0f;
     for (const int number : {1155, 1156, 1157}) {
         OGL_string(col_help, box_x + text_in, line_y, stl.text[number], box_dx - 2.0f * text_in,
@@ -123,8 +133,8 @@ void MACIBM_showinit(const char* init_string) {
             10.0f * static_cast<float>(wrapped_lines(stl.text[number], box_dx - 2.0f * text_in)) + 12.0f;
     }
     const float ratio = fltlim(0.01f * static_cast<float>(++steps), 0.02f, 1.0f), span = bar_x2 - bar_x1;
-    BTN_frame1(kind_track, 0.5f * (bar_x1 + bar_x2), bar_y, span, col_white);
-    BTN_frame1(kind_fill, bar_x1 + 0.5f * span * ratio, bar_y, span * ratio, col_white);
+    BTN_frame1(strip_progress_track, 0.5f * (bar_x1 + bar_x2), bar_y, span, col_white);
+    BTN_frame1(strip_progress_fill, bar_x1 + 0.5f * span * ratio, bar_y, span * ratio, col_white);
     OGL_string(col_step, bar_x1 + 4.0f, 0.0f, init_string, no_wrap, charset_text);
     OGL_sbuf();
     mnw.win_x = x;

@@ -16,6 +16,7 @@
 #include "net/messages.h"
 #include "scenery/ground/region.h"
 #include "scenery/nav/nav_tables.h"
+#include "ui/keys/commands.h"
 #include "ui/screens/start_screen.h"
 
 namespace {
@@ -78,7 +79,7 @@ void size_and_title(int top_win) {
 
 // A recording that was loaded plays as soon as its window closes.
 void start_loaded_replay() {
-    constexpr int cmd_replay = 1535, transport_play = 5;
+    constexpr int transport_play = 5;
     mnw.totl_time = 0.0f;
     mnw.locl_time = pat.start_time_of_day;
     if (mnw.replay_mode)
@@ -106,15 +107,17 @@ void enter_window(int now) {
     }
 }
 
-// Two callers mean more than a window.
+// Choosing an airport or a place on the planet begins a flight there.
 void start_flight_for(const std::string& from_str, int old, int now) {
     if (from_str == "select airport") {
         if (net.use_ip[ip_master_ios]) return send_airport_to_instructor(place_runway);
         load_region(0);
         init_flt_0(start_airport, stg.start_ramp ? place_ramp : place_runway);
+        begin_user_flight_steady(start_airport);
     } else if (from_str == "planet region" && old == win_wrl && now == win_fly) {
         check_for_shift(stg.cus_lat, stg.cus_lon);
         init_flt_0(start_custom, 0);
+        begin_user_flight_steady(start_custom);
     }
 }
 }  // namespace

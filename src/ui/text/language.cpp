@@ -81,20 +81,10 @@ bool split(std::string_view line, numbered_line& out) {
 }
 
 // -- faults
-// Of one file the first is told to the user; a file that is no text could have thousands.
-struct fault_list {
-    const std::string& path;
-    int count = 0;
-
-    void add(const char* what, std::string_view line) {
-        constexpr size_t shown = 80;
-        if (++count == 1)
-            MACIBM_data_fault(what, path, std::string(line.substr(0, shown)), "I go on without that line.");
-    }
-    ~fault_list() {
-        if (count) xer << path << " faulty lines=" << count << '\n';
-    }
-};
+void tell_line(const char* what, const std::string& path, std::string_view line) {
+    constexpr size_t shown = 80;
+    MACIBM_data_fault(what, path, std::string(line.substr(0, shown)), "I go on without that line.");
+}
 
 void fatal(const char* what, const std::string& path, const char* advice = "") {
     MACIBM_alert(mnw.top_win, what, path, advice, "", alert_fatal);
@@ -102,16 +92,16 @@ void fatal(const char* what, const std::string& path, const char* advice = "") {
 
 // -- strings
 // False ends the file.
-bool take_text(fault_list& faults, std::string_view line, std::vector<char>& taken) {
+bool take_text(const std::string& path, std::string_view line, std::vector<char>& taken) {
     numbered_line in;
     if (without_blanks(line).empty()) return true;
     if (!split(line, in)) {
-        faults.add("A line of the text file has no number!", line);
+        tell_line("A line of the text file has no number!", path, line);
         return true;
     }
     if (in.number < 0) return false;
     if (in.number >= textDIM) {
-        fatal("Too many text strings!", faults.path);
+        fatal("Too many text strings!", path);
         return false;
     }
     std::string& text = stl.text[in.number];
@@ -120,7 +110,7 @@ bool take_text(fault_list& faults, std::string_view line, std::vector<char>& tak
         return false;
     }
     if (in.text.size() > text_len_max)
-        faults.add("A line of the text file is too long!", line);
+        tell_line("A line of the text file is too long!", path, line);
     else
         text = in.text;
     taken[in.number] = 1;
@@ -142,9 +132,9 @@ void MACIBM_read_texts() {
     if (!file.retry(set_dir_chars(path).c_str())) return fatal("Could not open text file!", path);
     line_reader lines(file);
     std::vector<char> taken(textDIM);
-    fault_list faults{path};
+    const faults_of_file faults(path);
     std::string_view line;
-    while (lines.next(line) && take_text(faults, line, taken)) {
+    while (lines.next(line) && take_text(path, line, taken)) {
     }
     log_free_index(path);
 }
@@ -164,28 +154,28 @@ bool parent_exists(int64_t parent, int m) {
 }
 
 // Entries up to an empty line; for a menu that could not be made they are passed over.
-void read_entries(line_reader& lines, fault_list& faults, int m, bool made) {
-    // without their image Korean texts are plain
-    const int is_name = mnw.lang == lang_korean && !stl.glyph_text;
+void read_entries(line_reader& lines, const std::string& path, int m, bool made) {
     std::string_view line;
     for (int i = 0; lines.next_filled(line);) {
         numbered_line in;
         if (!made) continue;
         if (!split(line, in) || in.number < 0 || in.number > INT_MAX)
-            faults.add("An entry of the menu file has no code!", line);
+            tell_line("An entry of the menu file has no code!", path, line);
         else
-            MACIBM_append_menu(m, i++, static_cast<int>(in.number), menu_text(in.text), is_name);
+            MACIBM_append_menu(m, i++, static_cast<int>(in.number), menu_text(in.text), 0);
     }
 }
 }  // namespace
 
 void MACIBM_read_menus(const std::string& name) {
-    const std::string path = men_path + language_folder() + name;
+    // without their glyphs Korean menus could not be read
+    const bool is_plain = mnw.lang == lang_korean && !stl.glyph_text;
+    const std::string path = men_path + (is_plain ? folders[lang_english] : language_folder()) + name;
     XMappedFile file;
     if (!file.retry(set_dir_chars(path).c_str()))
         return fatal("Cannot open file!", path, "Trash this copy and re-install Tarvane.");
     line_reader lines(file);
-    fault_list faults{path};
+    const faults_of_file faults(path);
     std::string_view line;
     lines.next(line);  // says what the file is
     for (int m = 0; lines.next_filled(line); ++m) {
@@ -194,19 +184,20 @@ void MACIBM_read_menus(const std::string& name) {
         if (made)
             MACIBM_create_menu(m, static_cast<int>(in.number), menu_text(in.text));
         else
-            faults.add("A menu of the menu file has no parent!", line);
-        read_entries(lines, faults, m, made);
+            tell_line("A menu of the menu file has no parent!", path, line);
+        read_entries(lines, path, m, made);
     }
 }
 
 void MACIBM_setupforlang(int hard_reset) {
     if (hard_reset) load_plane(0);
-    stl.glyph_text = mnw.lang == lang_korean && load_korean_glyphs(men_path + "Korean:menu_text.png");
+    stl.glyph_text = mnw.lang == lang_korean && load_korean_glyphs();
     MACIBM_clear_menus(2);
     MACIBM_read_menus("Tarvane.txt");
     MACIBM_read_texts();
     if (hard_reset) {
         load_region(1);
         init_flt_0(start_airport, place_runway);
+        begin_user_flight_steady(start_airport);
     }
 }

@@ -23,4 +23,4 @@ void MACIBM_read_texts();
 void MACIBM_read_menus(const std::string& name);
 
 // The glyph image of Korean into its texture: 1 done, 0 when there is none.
-int load_korean_glyphs(const std::string& path);
+int load_korean_glyphs();

@@ -1,5 +1,5 @@
 // Colour table.
-#include "draw/colours.h"
+#include "draw/gl/colours.h"
 
 #include <GL/gl.h>
 
@@ -81,7 +81,7 @@ void set_pulse_colours(float rat) {
     OGL_assigncolor(col_pulse_white, rat, rat, rat);
     OGL_assigncolor(col_pulse_red, rat, low * rat, low * rat);
     OGL_assigncolor(col_pulse_yellow, rat, rat, low * rat);
-    OGL_assigncolor(col_pulse_blue, low * rat, low * rat, rat);
+    OGL_assigncolor(col_pulse_green, low * rat, rat, low * rat);
 }
 
 void OGL_setcolorINDEX(int index, float a) {

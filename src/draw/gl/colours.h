@@ -27,7 +27,7 @@ enum colour_row : int {
     col_pulse_white = 69,
     col_pulse_red,
     col_pulse_yellow,
-    col_pulse_blue,
+    col_pulse_green,
 };
 
 // The fixed rows, and the cabin light full on.
