@@ -78,6 +78,13 @@ struct tile_parts {
     }
 };
 
+// Callbacks that listen to nothing; a test fills in those that it asks about.
+inline DSFCallbacks_t deaf_callbacks() {
+    const auto deaf = [](auto...) {};
+    return {deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf,
+            deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf};
+}
+
 // One line a callback.
 class tile_record {
 public:
