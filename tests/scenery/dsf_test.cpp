@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <random>
 
 #include "scenery/decode/dsf_format.h"
 #include "support.h"
@@ -44,8 +43,16 @@ std::string counting_pool(unsigned points, unsigned planes, int bits) {
            atom(bits == 16 ? "SCAL" : "SC32", floats(std::vector<double>(planes * 2, 0.0)));
 }
 
+// A tile of points and commands alone.
+std::string tile_of(const std::string& geodata, const std::string& commands) {
+    tile_parts tile;
+    tile.properties.clear();
+    tile.geodata = geodata;
+    tile.commands = commands;
+    return tile.bytes();
+}
 lines told(const std::string& geodata, const std::string& commands) {
-    const tile_record record = tile_record::of_commands(geodata, commands);
+    const tile_record record = tile_record::of(tile_of(geodata, commands));
     EXPECT_EQ(record.error, dsf_ErrOK);
     return record.lines;
 }
@@ -108,9 +115,7 @@ TEST(dsf, faults_of_a_file_are_told_in_their_order) {
 
 TEST(dsf, faults_of_pools_and_scales) {
     const auto verdict_of_geodata = [](const std::string& geodata) {
-        tile_parts tile;
-        tile.geodata = geodata;
-        return verdict_of(tile.bytes());
+        return verdict_of(tile_of(geodata, ""));
     };
     const std::string point = pool({{1, 2}}, 2, 16), point_32 = pool({{1, 2}}, 2, 32);
     const std::string pairs = floats({1, 0, 1, 0});
@@ -171,15 +176,12 @@ TEST(dsf, coordinates_are_exact) {
         edges += pool({{65535, 0, 0}}, 3, 16) +
                  atom("SCAL", floats({scale, offset * scale, 1, (offset + 1) * scale, 0, 0}));
     }
-    tile_parts tile;
-    tile.geodata = edges;
-    tile.commands = places;
     DSFCallbacks_t tell = test::deaf_callbacks();
     tell.AddObject_f = [](unsigned, double* c, double, void* ref) {
         *static_cast<int*>(ref) += c[0] == c[1];
     };
     int equal = 0;
-    const std::string bytes = tile.bytes();
+    const std::string bytes = tile_of(edges, places);
     EXPECT_EQ(DSFReadMem(bytes.data(), bytes.data() + bytes.size(), &tell, &equal), dsf_ErrOK);
     EXPECT_EQ(equal, 360);
 }
@@ -277,11 +279,7 @@ TEST(dsf, faults_of_commands) {
     const std::string select = u8(1) + u16(0);
     lines heard;
     const auto verdict_of_commands = [&](const std::string& commands) {
-        tile_parts tile;
-        tile.properties.clear();
-        tile.geodata = pools;
-        tile.commands = commands;
-        return verdict_of(tile.bytes(), &heard);
+        return verdict_of(tile_of(pools, commands), &heard);
     };
     EXPECT_EQ(verdict_of_commands(u8(0)), fault(dsf_ErrBadCommand, "We hit the reserved command."));
     EXPECT_EQ(verdict_of_commands(u8(35)), fault(dsf_ErrBadCommand, "We have an unknown command 0x23"));

@@ -264,9 +264,6 @@ TEST_F(object_draw_test, lamps_by_their_codes) {
     EXPECT_EQ(later.find(" 2 0 2 26"), std::string::npos) << "between flashes";
     EXPECT_EQ(later.find(" 2 0 4 26"), std::string::npos) << "between strobes";
     EXPECT_NE(later.find(lamp_call("0 1 0", 5)), std::string::npos) << "green";
-    mnw.totl_time = 1.0f;
-    plot(M, 0, -9.0f);
-    EXPECT_NE(recorded().find(lamp_call("0 1 0", 5)), std::string::npos) << "a negative second is green";
 }
 
 TEST_F(object_draw_test, smoke_and_hard_quads_act_on_their_turn) {

@@ -99,14 +99,6 @@ public:
         record.error = DSFReadMem(block.data(), block.data() + block.size(), &tell, &record);
         return record;
     }
-    // Those of the commands alone.
-    static tile_record of_commands(const std::string& geodata, const std::string& commands) {
-        tile_parts tile;
-        tile.properties.clear();
-        tile.geodata = geodata;
-        tile.commands = commands;
-        return of(tile.bytes());
-    }
     static DSFCallbacks_t callbacks() {
         DSFCallbacks_t t;
         t.AcceptTerrainDef_f = [](const char* s, void* r) { add(r, "terrain %s", s); };

@@ -206,17 +206,6 @@ TEST_F(tile_test, the_first_good_file_of_all_candidates_wins_and_leaves_nothing_
     EXPECT_TRUE(xdeg[1][0].tex_layers.empty());
 }
 
-TEST_F(tile_test, where_no_file_is_there_is_water) {
-    read_env(33, 0, -118, 1);
-    ASSERT_EQ(xdeg[1][0].tex_layers.size(), 1u);
-    EXPECT_EQ(xdeg[1][0].tex_layers[0].plane_tex_ref, 128);
-    EXPECT_EQ(xdeg[1][0].tex_layers[0].scene_buckets.Total(), 80);
-    EXPECT_EQ(test::stood_on(xdeg[1][0]).size(), 32u * 40u * 6u);
-    EXPECT_NEAR(ground_at(33.5, -117.5), y_of(33.5, -117.5, 0.0), 0.3);
-    EXPECT_TRUE(wet_at(33.5, -117.5));
-    EXPECT_TRUE(test::alerts.empty());
-}
-
 TEST_F(tile_test, water_at_the_poles_of_Mars_has_no_triangle_without_a_side) {
     env.planet = 1;
     set_planet_specs(1);
@@ -277,13 +266,7 @@ TEST_F(tile_test, layers_follow_their_definitions_and_patches_their_flags) {
     EXPECT_EQ(test::alerts[0].text.line[1], "missing.ter");
 }
 
-TEST_F(tile_test, triangles_without_area_on_the_map_are_drawn_but_not_stood_on) {
-    ytest_pol_struct strip;
-    strip.geo = {{0, 0, 0}, {0, 0, -10}, {10, 0, 0}, {10, 0, -10}};
-    decompose_polygon_to_triangles(strip, pol_strip);
-    ASSERT_EQ(strip.geo.size(), 6u);
-    EXPECT_EQ(strip.geo[4].x, 10.0f);  // the corners 1, 3, 2: the second triangle runs round like the first
-    EXPECT_EQ(strip.geo[4].z, -10.0f);
+TEST_F(tile_test, a_triangle_without_area_on_the_map_is_not_stood_on) {
     ytest_pol_struct cliff;
     cliff.geo = {{0, 0, 0}, {0, 0, -100}, {90, 0, -100}, {90, 100, -99.5f}};
     decompose_polygon_to_triangles(cliff, pol_fan);
