@@ -1,8 +1,5 @@
-// The default objects: each loads without a word, stands on its ground, and together they use the whole
-// format.
+// The default objects: each loads without a word, with its textures and with faces that can be seen.
 #include <algorithm>
-#include <set>
-#include <sstream>
 
 #include "core/disk/paths.h"
 #include "core/records/ren.h"
@@ -42,44 +39,6 @@ TEST_F(default_objects, load_with_both_their_textures) {
     }
     EXPECT_EQ(objects, 12);
     EXPECT_TRUE(test::alerts.empty());
-}
-
-TEST_F(default_objects, use_every_word_of_the_format) {
-    std::set<std::string> missing = {"light",
-                                     "line",
-                                     "tri",
-                                     "quad",
-                                     "quad_movie",
-                                     "quad_cockpit",
-                                     "quad_hard",
-                                     "polygon",
-                                     "quad_strip",
-                                     "tri_strip",
-                                     "tri_fan",
-                                     "smoke_black",
-                                     "smoke_white",
-                                     "shade_flat",
-                                     "ATTR_shade_flat",
-                                     "shade_smooth",
-                                     "ATTR_shade_smooth",
-                                     "ATTR_ambient_rgb",
-                                     "ATTR_difuse_rgb",
-                                     "ATTR_specular_rgb",
-                                     "ATTR_emission_rgb",
-                                     "ATTR_shiny_rat",
-                                     "ATTR_no_depth",
-                                     "ATTR_depth",
-                                     "ATTR_no_cull",
-                                     "ATTR_cull",
-                                     "ATTR_poly_os",
-                                     "ATTR_LOD",
-                                     "ATTR_reset"};
-    EXPECT_EQ(missing.size(), 29u);
-    for (const auto& [name, files] : dsf_library) {
-        std::istringstream text(test::read_file(files[0]));
-        for (std::string word; text >> word;) missing.erase(word);
-    }
-    EXPECT_TRUE(missing.empty()) << *missing.begin();
 }
 
 TEST_F(default_objects, have_no_face_without_an_area) {
