@@ -16,13 +16,7 @@ using test::find_colour;
 constexpr int cells = 51, water_first = 13, water_end = 25;
 constexpr unsigned blue = 0x5f93cf, land_1 = 0x9bb66b, first_object = 0xb3261e, road = 0x3b332c;
 
-tile_point at(double east, double north, double ele = 500.0) {
-    tile_point p;
-    p.lon = -118.0 + east;
-    p.lat = 34.0 + north;
-    p.ele = ele;
-    return p;
-}
+tile_point at(double east, double north, double ele = 500.0) { return {-118.0 + east, 34.0 + north, ele}; }
 
 tile_writer lake_tile() {
     tile_writer tile(34, -118, 0.0, 1000.0);
