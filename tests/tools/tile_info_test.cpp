@@ -11,9 +11,10 @@
 
 namespace {
 using test::find_colour;
+
 // 51 x 51 cells of 500 m high land. A cell is water when its middle lies in the square from 0.25 to 0.5 of
 // both sides: the 13th to 24th column and row, 144 cells. Two triangles each.
-constexpr int cells = 51, water_first = 13, water_end = 25;
+constexpr int cells = 51;
 constexpr unsigned blue = 0x5f93cf, land_1 = 0x9bb66b, first_object = 0xb3261e, road = 0x3b332c;
 
 tile_point at(double east, double north, double ele = 500.0) { return {-118.0 + east, 34.0 + north, ele}; }
