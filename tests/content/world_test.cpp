@@ -115,11 +115,6 @@ protected:
         return package + (env.planet ? "Mars" : "Earth") + " nav data/" +
                return_latlon_str_ENV(lat, lon, ".dsf");
     }
-    static std::array<float, 2> xz(double lat, double lon) {
-        double x, y, z;
-        xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
-        return {static_cast<float>(x), static_cast<float>(z)};
-    }
     // Elevation of the ground that is stood on; x and z of a place widen with its elevation.
     static double ground(double lat, double lon) {
         double ele = 0.0;
@@ -132,11 +127,9 @@ protected:
         return ele;
     }
     static bool wet(double lat, double lon) {
-        const auto [x, z] = xz(lat, lon);
-        return find_terrain_poly(x, z, 26) && terrain_is_wet(x, z, 26);
-    }
-    static double from_middle(double lat, double lon) {
-        return hypot((lat - 34.5) * metres, (lon + 117.5) * metres * cos(34.5 * dob_degtorad));
+        double x, y, z;
+        xdob_xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
+        return terrain_is_wet(static_cast<float>(x), static_cast<float>(z), 26);
     }
 };
 
@@ -152,7 +145,8 @@ TEST_F(world_test, the_cone_has_its_closed_form) {
     int on_the_cone = 0;
     for (double lat = 34.013; lat < 34.98; lat += 0.0137)
         for (double lon = -117.987; lon < -117.02; lon += 0.0159) {
-            const double away = from_middle(lat, lon);
+            const double away =
+                hypot((lat - 34.5) * metres, (lon + 117.5) * metres * cos(34.5 * dob_degtorad));
             const double meant = 200.0 + 1600.0 * std::max(0.0, 1.0 - away / radius);
             const bool at_an_edge = away < 1.5 * cell || fabs(away - radius) < cell;
             // a cone is hollow nowhere: facets lie below it. It bends along its circles, by its

@@ -1,6 +1,7 @@
-// Loose buckets against what lies in them.
+// Buckets against brute force.
 #include "scenery/ground/buckets.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -21,17 +22,43 @@ struct traits {
     }
     static void DestroyObject(int) { ++destroyed; }
 };
-TEST(buckets, a_loose_bucket_is_as_wide_as_what_lies_in_its_middle) {
-    constexpr unsigned levels = 6;
+constexpr unsigned levels = 6;
+
+XBuckets<int, traits> filled(int mode) {
     test::fresh();
+    rectangles.clear();
     XBuckets<int, traits> b;
-    b.Reset(levels, {-1000.0, 500.0}, {3000.0, 2500.0}, buckets_loose);
+    b.Reset(levels, {-1000.0, 500.0}, {3000.0, 2500.0}, mode);
     for (int n = 0; n < 2000; ++n) {
         const double x = flt_rand(-1000.0f, 3000.0f), y = flt_rand(500.0f, 2500.0f);
         const double size = 1000.0 * pow(flt_rand(0.0f, 1.0f), 6.0);
         rectangles.push_back({x, y, x + size * flt_rand(0.1f, 1.0f), y + size});
         b.Insert(n);
     }
+    return b;
+}
+
+TEST(buckets, a_point_finds_all_that_contain_it) {
+    const auto b = filled(buckets_strict);
+    size_t asked = 0, matches = 0;
+    for (int i = 0; i < 3000; ++i) {
+        const double x = flt_rand(-1000.0f, 3000.0f), y = flt_rand(500.0f, 2500.0f);
+        const auto contains = [&](const rectangle& r) {
+            return x >= r.x1 && x <= r.x2 && y >= r.y1 && y <= r.y2;
+        };
+        b.AtPoint({x, y}, [&](const std::vector<int>& objects) {
+            asked += objects.size();
+            for (const int n : objects) matches += contains(rectangles[static_cast<size_t>(n)]);
+            return false;
+        });
+        matches -= static_cast<size_t>(std::count_if(rectangles.begin(), rectangles.end(), contains));
+        ASSERT_EQ(matches, 0u) << x << ' ' << y;
+    }
+    EXPECT_LT(asked, 3000u * 2000u / 5u) << "and not everything";
+}
+
+TEST(buckets, a_loose_bucket_is_as_wide_as_what_lies_in_its_middle) {
+    auto b = filled(buckets_loose);
     for (unsigned level = 0; level < levels; ++level)
         b.IterateBucketLayer(level, [&](XBucketID id, const std::vector<int>& objects) {
             unsigned l, x, y;

@@ -143,6 +143,11 @@ TEST_F(object_test, normals_face_the_side_from_which_the_corners_run_clockwise) 
     EXPECT_EQ(values(read("tri\n1 1 1 0 0\n2 2 2 0 0\n3 3 3 0 0\nend"), obj_normal, 0), "0 1 0")
         << "no plane";
 
+    // a wall of two quads along x that turns a corner to +z
+    const vec_mod_struct strip =
+        read("quad_strip 6\n0 0 0 0 0\n0 1 0 0 0\n1 0 0 0 0\n1 1 0 0 0\n1 0 1 0 0\n1 1 1 0 0\nend");
+    EXPECT_EQ(values(strip, obj_normal, 0), "0 0 1");
+    EXPECT_EQ(values(strip, obj_normal, 2), "-1 0 0");
     const vec_mod_struct triangles = read("tri_strip 4\n0 0 1 0 0\n0 1 1 0 0\n1 0 1 0 0\n1 1 1 0 0\nend");
     EXPECT_EQ(values(triangles, obj_normal, 0), "-1 0 0")
         << "the plane of the first two vertices and the origin";

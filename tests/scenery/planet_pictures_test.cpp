@@ -74,9 +74,7 @@ TEST_F(planet_pictures, show_mars_where_it_is) {
     const colour arabia = at(22, 22), syrtis = at(8, 69), acidalium = at(46, 330), tharsis = at(6, 250);
     EXPECT_GT(arabia.light(), syrtis.light() + 150);
     EXPECT_GT(tharsis.light(), acidalium.light() + 150);
-    EXPECT_GT(arabia.r, arabia.b + 50);
     EXPECT_GT(at(89, 100).light(), 600) << "the northern ice";
-    EXPECT_GT(at(-88, 316).light(), 600) << "the southern ice";
 }
 
 TEST_F(planet_pictures, that_are_missing_are_told_and_leave_no_texture) {

@@ -206,6 +206,15 @@ TEST_F(tile_test, the_first_good_file_of_all_candidates_wins_and_leaves_nothing_
     EXPECT_TRUE(xdeg[1][0].tex_layers.empty());
 }
 
+TEST_F(tile_test, where_no_file_is_there_is_water) {
+    read_env(33, 0, -118, 1);
+    EXPECT_EQ(test::stood_on(xdeg[1][0]).size(), 32u * 40u * 6u);
+    ren.num_slo_finds = 0;
+    EXPECT_NEAR(ground_at(33.5, -117.5), y_of(33.5, -117.5, 0.0), 0.3);
+    EXPECT_TRUE(wet_at(33.5, -117.5));
+    EXPECT_GT(ren.num_slo_finds, 0) << "it was the mesh that answered";
+}
+
 TEST_F(tile_test, water_at_the_poles_of_Mars_has_no_triangle_without_a_side) {
     env.planet = 1;
     set_planet_specs(1);

@@ -4,6 +4,7 @@
 
 namespace {
 using test::find_colour;
+
 // One degree of the sphere is 111,319 m: 0.01 degrees north or south is 1113 m. Runway 09/27 lies on the
 // equator, 10,000 by 200 feet of concrete; 18/36 is grass beside its western end; 09W/27W is water in the
 // south.
