@@ -1,11 +1,6 @@
 // Airfoil files of strangers. An input that begins like a file ("I" or "A") is one; else its first
 // byte picks the version and the rest is the body.
-#include <unistd.h>
-
 #include <cmath>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 
 #include "aircraft/foil/afl_file.h"
 #include "core/math/num.h"
@@ -14,23 +9,11 @@
 
 using fuzzing::must;
 
-static std::string folder() {
-    static const std::string path = "/dev/shm/fuzz_afl_" + std::to_string(getpid()) + "/";
-    static const bool made = std::filesystem::create_directories(path + "airfoils");
-    (void)made;
-    return path;
-}
-
-static void write_file(const std::string& name, const std::string& bytes) {
-    std::ofstream(name, std::ios::binary) << bytes;
-}
-
-static std::string file_of(const uint8_t* data, size_t size) {
-    if (size == 0) return "";
-    const std::string body(reinterpret_cast<const char*>(data) + 1, size - 1);
-    if (data[0] == 'I' || data[0] == 'A') return static_cast<char>(data[0]) + body;
+static std::string file_of(fuzzing::input& in) {
     constexpr int versions[] = {700, 650, 641, 613, 363};
-    return "I\n" + std::to_string(versions[data[0] % 5]) + " version\n1234 device type code\n" + body;
+    const unsigned first = in.byte();
+    if (first == 'I' || first == 'A') return static_cast<char>(first) + in.text();
+    return "I\n" + std::to_string(versions[first % 5]) + " version\n1234 device type code\n" + in.text();
 }
 
 // A rectangular wing of part 9 that has the foil in all its tables.
@@ -39,10 +22,8 @@ static void build_wing() {
     veh_wing_struct& wing = veh[0].wing[9];
     wing.els = els;
     // four names, so that each table is looked up
-    std::strcpy(wing.Rafl0, "a.afl");
-    std::strcpy(wing.Rafl1, "b.afl");
-    std::strcpy(wing.Tafl0, "c.afl");
-    std::strcpy(wing.Tafl1, "d.afl");
+    char* const names[] = {wing.Rafl0, wing.Rafl1, wing.Tafl0, wing.Tafl1};
+    for (int i = 0; i < 4; ++i) strcpy(names[i], (std::to_string(i) + ".afl").c_str());
     for (int el = 0; el < els; ++el) wing.mac[el] = wing.el_s[el] = 1.0f;
     wing.AR = 8.0f;
     wing.e = wing.al_D_al0 = wing.cl_D_cl0 = wing.cm_D_cm0 = 0.9f;
@@ -69,21 +50,21 @@ static void blow_on_it() {
                                         &moment, 9, el, 0);
             must(std::isfinite(cl) && std::isfinite(lift) && std::isfinite(drag) && std::isfinite(moment));
         } catch (const fuzzing::fatal& end) {
-            must(fuzzing::is_flight_text(end.text.line[0]));
+            must(fuzzing::flight_texts.count(end.text.line[0]));
         }
     }
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    fuzzing::start();
-    std::strcpy(veh[0].path, (folder() + "x.acf").c_str());
-    write_file(folder() + "airfoils/f.afl", file_of(data, size));
+void fuzz_afl(fuzzing::input& in) {
+    static const fuzzing::folder folder;
+    strcpy(veh[0].path, (folder.path() + "x.acf").c_str());
+    folder.write("airfoils/f.afl", file_of(in));
     try {
         for (int RT = 0; RT < 2; ++RT)
             for (int Re = 0; Re < 2; ++Re) load_foil_for_part("f.afl", 0, 9, RT, Re);
     } catch (const fuzzing::fatal& end) {
-        must(fuzzing::is_foil_text(end.text.line[0]));
-        return 0;
+        must(fuzzing::foil_texts.count(end.text.line[0]));
+        return;
     }
     afl_struct& foil = veh[0].afl[9];
     for (int i = 0; i < aflDIM; ++i) {
@@ -94,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     must(!check_nan(foil.clB[1][0] / foil.clM[1][0]));
 
     // what flies can be written and read back
-    const std::string copy = folder() + "copy.afl";
+    const std::string copy = folder.path() + "copy.afl";
     must(IO_afl(1, &foil, 1, 0, copy) == 700);
     static afl_struct back;
     must(IO_afl(0, &back, 0, 0, copy) == 700);
@@ -102,5 +83,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     build_wing();
     blow_on_it();
-    return 0;
 }

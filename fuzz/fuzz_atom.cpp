@@ -1,10 +1,6 @@
 // Containers: the tree walked down to any depth, and each atom taken for a string table, packed values and
 // planes of every width, in heap blocks of exactly their size.
-#include <string.h>
-
-#include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "scenery/chunk/atoms.h"
 #include "support.h"
@@ -33,35 +29,19 @@ void read_packed(const XAtom& atom) {
     XAtomPackedData data;
     static_cast<XAtom&>(data) = atom;
     data.Reset();
+    using reader = uint64_t (*)(XAtomPackedData&);
+    static const reader readers[] = {
+        [](XAtomPackedData& d) { return uint64_t{d.ReadUInt16()}; },
+        [](XAtomPackedData& d) { return uint64_t{d.ReadUInt32()}; },
+        [](XAtomPackedData& d) { return static_cast<uint64_t>(d.ReadSInt16() + d.ReadSInt8()); },
+        [](XAtomPackedData& d) { return static_cast<uint64_t>(d.ReadSInt32()); },
+        [](XAtomPackedData& d) { return uint64_t{d.ReadFloat32() > 0.0f}; },
+        [](XAtomPackedData& d) { return uint64_t{d.ReadFloat64() > 0.0}; },
+        [](XAtomPackedData& d) { return d.Advance(d.ReadSInt32()), uint64_t{0}; },
+        [](XAtomPackedData& d) { return d.Advance(d.ReadUInt32()), uint64_t{0}; },
+    };
     uint64_t sum = 0;
-    while (!data.Done()) {
-        switch (data.ReadUInt8() % 9) {
-            case 0:
-                sum += data.ReadUInt16();
-                break;
-            case 1:
-                sum += data.ReadUInt32();
-                break;
-            case 2:
-                sum += static_cast<uint64_t>(data.ReadSInt16() + data.ReadSInt8());
-                break;
-            case 3:
-                sum += static_cast<uint64_t>(data.ReadSInt32());
-                break;
-            case 4:
-                sum += data.ReadFloat32() > 0.0f;
-                break;
-            case 5:
-                sum += data.ReadFloat64() > 0.0;
-                break;
-            case 6:
-                data.Advance(data.ReadSInt32());
-                break;
-            case 7:
-                data.Advance(data.ReadUInt32());
-                break;
-        }
-    }
+    while (!data.Done()) sum += readers[data.ReadUInt8() % std::size(readers)](data);
     must(data.Remaining() == 0 && data.ReadUInt32() == 0 && data.Overrun());
     keep = sum;
 }
@@ -114,19 +94,18 @@ void walk(const XSpan& span, int depth) {
 }  // namespace
 
 // The first byte tells a container from the contents of one atom.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    if (size < 1 || size > 1 << 14) return 0;
-    std::vector<char> bytes(data + 1, data + size);
-    if (data[0] & 1) {
+void fuzz_atom(fuzzing::input& in) {
+    if (in.size() > 1 << 14) return;
+    const bool is_contents = in.byte() & 1;
+    std::vector<char> bytes = in.bytes();
+    if (is_contents) {
         const uint32_t header[2] = {0x504F4F4C, static_cast<uint32_t>(bytes.size() + 8)};
-        const char* first = reinterpret_cast<const char*>(header);
+        const char* const first = reinterpret_cast<const char*>(header);
         bytes.insert(bytes.begin(), first, first + 8);
     }
-    const std::unique_ptr<char[]> block(new char[bytes.size()]);
-    std::copy(bytes.begin(), bytes.end(), block.get());
+    const std::vector<char> exact(bytes);
     XSpan span;
-    span.begin = block.get();
-    span.end = block.get() + bytes.size();
+    span.begin = const_cast<char*>(exact.data());
+    span.end = span.begin + exact.size();
     walk(span, 0);
-    return 0;
 }

@@ -1,8 +1,4 @@
 // Labels, wrapping and numbers: any bytes reach them through names, messages and files.
-#include <string.h>
-
-#include <string>
-
 #include "draw/type.h"
 #include "draw/widgets/frames.h"
 #include "draw/widgets/menus.h"
@@ -10,16 +6,14 @@
 
 using fuzzing::must;
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
-    if (size < 8) return 0;
-    float value;
-    memcpy(&value, data, sizeof value);
-    const int dig = static_cast<signed char>(data[4]), dec = static_cast<signed char>(data[5]);
-    const float dx = static_cast<float>(data[6]) * 4.0f;
-    const std::string text(reinterpret_cast<const char*>(data + 8), size - 8);
+void fuzz_label(fuzzing::input& in) {
+    const float value = in.value<float>();
+    const int dig = in.value<int8_t>(), dec = in.value<int8_t>();
+    const float dx = static_cast<float>(in.word()) / 64.0f;
+    const std::string text = in.text();
 
     const number_layout n = lay_out_number(value, dig, dec);
-    must(n.count >= 0 && n.count <= static_cast<int>(sizeof n.glyph / sizeof n.glyph[0]));
+    must(n.count >= 0 && n.count <= static_cast<int>(std::size(n.glyph)));
     for (int i = 0; i < n.count; ++i) must(n.glyph[i].c >= 32 && n.glyph[i].c <= 124);
 
     const label_parts parts = label0to12h(text);
@@ -33,5 +27,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
     const int lines = wrapped_lines(text, dx);
     must(lines >= 1 && lines <= static_cast<int>(text.size()) + 1);
     must(str_dx(text) >= 0.0f);
-    return 0;
 }

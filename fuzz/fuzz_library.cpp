@@ -1,7 +1,7 @@
 // Libraries of two packages: the first byte tells whole files from lines behind good headers; the rest is
 // parted at the first zero byte. Then every name that they export is looked up.
 #include "scenery/packages/library.h"
-#include "scenery_folder.h"
+#include "support.h"
 
 namespace {
 using fuzzing::must;
@@ -29,12 +29,11 @@ void look_up(const std::string& name, const std::vector<std::string>& files) {
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+void fuzz_library(fuzzing::input& in) {
     static const fuzzing::scenery_folder folder;
-    if (size < 1 || size > 4000) return 0;
-    const std::string all(reinterpret_cast<const char*>(data + 1), size - 1);
+    if (in.size() > 4000) return;
+    const std::string head = in.byte() & 1 ? "A\n800\nLIBRARY\n" : "", all = in.text();
     const size_t middle = all.find('\0');
-    const std::string head = data[0] & 1 ? "A\n800\nLIBRARY\n" : "";
     const std::string custom = head + all.substr(0, middle),
                       shared = head + (middle == std::string::npos ? "" : all.substr(middle + 1));
     folder.write("Custom Scenery/a/library.txt", custom);
@@ -54,5 +53,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     DSF_LocateResourceSecondary(resource_image, resource_terrain,
                                 scenery_packages[0] + "deep:", all.substr(0, 400), false, path);
     must(extract_package(scenery_packages[0] + all) == scenery_packages[0]);
-    return 0;
 }

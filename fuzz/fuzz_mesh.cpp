@@ -1,16 +1,15 @@
 // Collision meshes of any triangles, as the loader cleans them, against a walk over all of them. Corners are
 // whole metres, so that both sides calculate exactly.
-#include <algorithm>
 #include <cmath>
 
 #include "scenery/ground/terrain_query.h"
 #include "scenery/tile/tile_mesh.h"
 #include "scenery/tile/tile_state.h"
-#include "scenery_folder.h"
+#include "support.h"
 
 namespace {
+using fuzzing::input;
 using fuzzing::must;
-using fuzzing::value_source;
 
 struct corner {
     long x, y, z;
@@ -20,7 +19,7 @@ struct triangle {
     bool wet;
 };
 
-corner read_corner(value_source& from) {
+corner read_corner(input& from) {
     const auto axis = [&] {
         const unsigned b = from.byte();
         return b < 240 ? static_cast<long>(b % 24) * 20 : static_cast<long>(b - 240);
@@ -35,12 +34,11 @@ d3_struct place(const corner& c) {
 
 bool is_short(const corner& a, const corner& b) { return a.x == b.x && a.z == b.z; }
 
-bool is_on_right_side(const corner& a, const corner& b, long x, long z) {
-    return (x - a.x) * (b.z - a.z) - (z - a.z) * (b.x - a.x) <= 0;
-}
 bool holds(const triangle& t, long x, long z) {
-    for (int i = 0; i < 3; ++i)
-        if (!is_on_right_side(t.at[i], t.at[(i + 1) % 3], x, z)) return false;
+    for (int i = 0; i < 3; ++i) {
+        const corner &a = t.at[i], &b = t.at[(i + 1) % 3];
+        if ((x - a.x) * (b.z - a.z) - (z - a.z) * (b.x - a.x) > 0) return false;
+    }
     return true;
 }
 // Three corners in a line hold the whole line by their sides.
@@ -65,7 +63,7 @@ void add_triangles(const std::vector<corner>& v, int type, bool wet, std::vector
 }
 
 // Through the callbacks' own steps, since those are what cleans a tile.
-void add_primitive(value_source& from, DSF_LoadState& state, std::vector<triangle>& all) {
+void add_primitive(input& from, DSF_LoadState& state, std::vector<triangle>& all) {
     const int type = pol_triangles + static_cast<int>(from.byte() % 3);
     const size_t count = from.byte() % 12;
     std::vector<corner> corners;
@@ -101,37 +99,29 @@ void ask(long x, long z, int checker, const std::vector<triangle>& all) {
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    fuzzing::start();
-    if (size < 20 || size > 3000) return 0;
+void fuzz_mesh(input& from) {
+    if (from.size() < 20 || from.size() > 3000) return;
     env.reg_x2_mtr = 0.0f;
-    value_source from(data, size);
     xdeg_struct* const degree = &xdeg[1][1];
     forget_found_terrain();
-    try {
-        DSF_LoadState state(degree);
-        std::vector<triangle> all;
-        const double room = 100.0, side = 500.0;
-        degree->ytest_buckets.Reset(bucket_levels, {-room, -room}, {side + room, side + room},
-                                    buckets_strict);
-        for (size_t patches = 1 + from.byte() % 6; patches > 0; --patches) {
-            state.ytest_cur_patch = new ytest_patch_struct;
-            state.ytest_patches.push_back({state.ytest_cur_patch});
-            state.ytest_cur_patch->patch_is_wet = from.byte() & 1;
-            for (size_t pols = 1 + from.byte() % 5; pols > 0; --pols) add_primitive(from, state, all);
-        }
-        for (const ytest_DSF_PatchInfo& info : state.ytest_patches) degree->ytest_buckets.Insert(info.patch);
-        state.ytest_patches.clear();
-        for (long x = -20; x <= 500; x += 26)
-            for (long z = -20; z <= 500; z += 20) ask(x, z, 30 + static_cast<int>(x & 1), all);
-        for (const triangle& t : all) ask(t.at[0].x, t.at[0].z, 30, all);
-        while (!from.done()) {
-            const corner c = read_corner(from);
-            ask(c.x, c.z, 31, all);
-        }
-    } catch (const fuzzing::fatal&) {
-        must(false);
+    std::vector<triangle> all;
+    const double room = 100.0, side = 500.0;
+    degree->ytest_buckets.Reset(bucket_levels, {-room, -room}, {side + room, side + room}, buckets_strict);
+    DSF_LoadState state(degree);
+    for (size_t patches = 1 + from.byte() % 6; patches > 0; --patches) {
+        state.ytest_cur_patch = new ytest_patch_struct;
+        state.ytest_patches.push_back({state.ytest_cur_patch});
+        state.ytest_cur_patch->patch_is_wet = from.byte() & 1;
+        for (size_t pols = 1 + from.byte() % 5; pols > 0; --pols) add_primitive(from, state, all);
+    }
+    for (const ytest_DSF_PatchInfo& info : state.ytest_patches) degree->ytest_buckets.Insert(info.patch);
+    state.ytest_patches.clear();
+    for (long x = -20; x <= 500; x += 26)
+        for (long z = -20; z <= 500; z += 20) ask(x, z, 30 + static_cast<int>(x & 1), all);
+    for (const triangle& t : all) ask(t.at[0].x, t.at[0].z, 30, all);
+    while (!from.done()) {
+        const corner c = read_corner(from);
+        ask(c.x, c.z, 31, all);
     }
     clear_degree(degree);
-    return 0;
 }

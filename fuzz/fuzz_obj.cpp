@@ -5,8 +5,8 @@
 #include "core/math/num.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
-#include "memory_file.h"
 #include "scenery/objects/object_file.h"
+#include "scenery/objects/object_hard.h"
 #include "support.h"
 
 namespace {
@@ -47,20 +47,17 @@ void check_actions(const vec_lod_struct& lod) {
 }
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    fuzzing::start();
+void fuzz_obj(fuzzing::input& in) {
     mnw.x_res_now = 1024;
     ren.FOV = 45.0f;
-    static const fuzzing::memory_file file("obj");
-    static const std::string header = "I\n700\nOBJ\nbricks\n";
-    std::string text = size > 0 && (data[0] & 1) ? header : "";
-    if (size > 0) text.append(reinterpret_cast<const char*>(data) + 1, size - 1);
-    file.write(text.data(), text.size());
+    static const fuzzing::folder folder;
+    const std::string header = in.byte() & 1 ? "I\n700\nOBJ\nbricks\n" : "";
+    const std::string path = folder.write("a.obj", header + in.text());
 
     vec_mod_struct mod;
     std::string texture;
     mod.path = "a.obj";  // one name, so that the faults shown stay few
-    if (read_object_file(file.path(), &mod, &texture) != object_good) return 0;
+    if (read_object_file(path, &mod, &texture) != object_good) return;
     find_object_bounds(&mod);
     check_object(mod);
     find_object_normals(&mod);
@@ -74,5 +71,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const int levels = static_cast<int>(mod.vec_lod.size());
     vec_mod.assign(1, std::move(mod));
     for (int L = 0; L < levels; ++L) object_hard_quads(0, L, 0.0f, 0.0f, 0.0f);
-    return 0;
 }

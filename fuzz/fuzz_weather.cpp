@@ -1,43 +1,37 @@
 // Any weather that a file or a packet may hold, and any place of the aircraft: after the border and one
 // frame every limit holds, and finite settings never end the program.
 #include <cmath>
-#include <cstring>
 
 #include "support.h"
 #include "weather/atmosphere.h"
 #include "weather/weather_step.h"
 #include "weather/wind.h"
 
-static void require(bool holds, int line = __builtin_LINE()) {
-    if (holds) return;
-    std::fprintf(stderr, "line %d does not hold\n", line);
-    std::abort();
-}
+using fuzzing::must;
 
 static bool within(float value, float min, float max) { return value >= min && value <= max; }
 
-static void require_limits() {
+static void check_limits() {
     const float top = con.fttomtrs * 99999.0f + 0.01f;  // sums of the layers round
     for (int i = 0; i < 2; ++i) {
-        require(atm.cld_type[i] >= 0 && atm.cld_type[i] <= 5);
-        require(within(atm.base_h_MSL[i], 0.0f, top) && within(atm.tops_h_MSL[i], atm.base_h_MSL[i], top));
+        must(atm.cld_type[i] >= 0 && atm.cld_type[i] <= 5);
+        must(within(atm.base_h_MSL[i], 0.0f, top) && within(atm.tops_h_MSL[i], atm.base_h_MSL[i], top));
     }
-    require(atm.prim_layer == 0 || atm.prim_layer == 1);
-    require(within(atm.vis_rep, 100.0f, max_vis_ter_mtrs[env.planet]));
-    require(within(atm.tstm_set, 0.0f, 1.0f) && within(atm.rain_set, atm.tstm_set, 1.0f));
-    require(within(atm.wind_tbl, 0.0f, 1.0f) && within(atm.burst_prob, 0.0f, 1.0f));
-    require(within(atm.rate_change, -1.0f, 1.0f));
+    must(atm.prim_layer == 0 || atm.prim_layer == 1);
+    must(within(atm.vis_rep, 100.0f, max_vis_ter_mtrs[env.planet]));
+    must(within(atm.tstm_set, 0.0f, 1.0f) && within(atm.rain_set, atm.tstm_set, 1.0f));
+    must(within(atm.wind_tbl, 0.0f, 1.0f) && within(atm.burst_prob, 0.0f, 1.0f));
+    must(within(atm.rate_change, -1.0f, 1.0f));
     for (int c = 0; c < 3; ++c) {
-        require(within(atm.set_wind_dir_mag[c], 0.0f, 360.0f) && within(atm.set_shear_dir[c], 0.0f, 180.0f));
-        require(within(atm.set_wind_spd_kts[c], 0.0f, 200.0f) &&
-                within(atm.set_shear_spd_kts[c], 0.0f, 50.0f));
-        require(within(atm.set_turb_inc[c], 0.0f, 9.0f));
+        must(within(atm.set_wind_dir_mag[c], 0.0f, 360.0f) && within(atm.set_shear_dir[c], 0.0f, 180.0f));
+        must(within(atm.set_wind_spd_kts[c], 0.0f, 200.0f) && within(atm.set_shear_spd_kts[c], 0.0f, 50.0f));
+        must(within(atm.set_turb_inc[c], 0.0f, 9.0f));
     }
     for (const float rat : {atm.level_rat_acf, atm.rain_rat_acf, atm.snow_rat_acf, atm.hail_rat_acf})
-        require(within(rat, 0.0f, 1.0f));
-    require(within(wind.final_spd_msc, 0.0f, 999.0f) && std::isfinite(wind.final_trb_rat));
-    require(std::isfinite(con.lcl_a) && con.lcl_a > 0.0f && std::isfinite(con.lcl_P_pas));
-    require(std::isfinite(atm.wave_speed));
+        must(within(rat, 0.0f, 1.0f));
+    must(within(wind.final_spd_msc, 0.0f, 999.0f) && std::isfinite(wind.final_trb_rat));
+    must(std::isfinite(con.lcl_a) && con.lcl_a > 0.0f && std::isfinite(con.lcl_P_pas));
+    must(std::isfinite(atm.wave_speed));
 }
 
 // Where the aircraft is and what the frame says: finite, since the flight model vouches for that.
@@ -61,24 +55,17 @@ static void place(const setting_struct& at) {
     set_planet_specs(at.planet & 1);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    fuzzing::start();
+void fuzz_weather(fuzzing::input& in) {
     rand_seed(1);
     wind_reset();
-    setting_struct at{};
-    const size_t head = size < sizeof at ? size : sizeof at;
-    std::memcpy(&at, data, head);
-    place(at);
-    atm = {};
-    const size_t rest = size - head;
-    std::memcpy(&atm, data + head, rest < sizeof atm ? rest : sizeof atm);
+    place(in.value<setting_struct>());
+    atm = in.value<atm_struct>();
     atm.rwx_download_object = nullptr;  // never comes from outside
 
     limit_atm_border();
     for (int frame = 0; frame < 3; ++frame) {
         weather_step();
         local_air_step();
-        require_limits();
+        check_limits();
     }
-    return 0;
 }

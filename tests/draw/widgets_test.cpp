@@ -1,42 +1,29 @@
 // Widgets under a mouse, in a real window: what they answer and what they show.
 #include "draw/widgets/widgets.h"
 
-#include <GL/gl.h>
 #include <string.h>
 
 #include <filesystem>
-#include <vector>
 
 #include "core/disk/paths.h"
 #include "core/program/input_gate.h"
-#include "core/program/seams.h"
-#include "core/records/mnw.h"
 #include "core/records/stl.h"
 #include "draw/gl/colours.h"
-#include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
 #include "draw/widgets/frames.h"
 #include "draw/widgets/menus.h"
-#include "platform/window.h"
-#include "support.h"
 #include "ui/screens/clicks.h"
 #include "ui/screens/start_screen.h"
-#include "xvfb.h"
+#include "window.h"
 
 namespace {
-class widgets : public test::system_test {
+class widgets : public test::window {
 protected:
     void SetUp() override {
-        system_test::SetUp();
+        test::window::SetUp();
         init_paths(INSTALL_FOLDER);
-        mnw.x_res_now = 1024, mnw.y_res_now = 768;
-        compute_screen_scale();
-        ASSERT_EQ(MACIBM_getcontext(), 1);
-        read_gl_facts();
-        window_fixed_gl_state();
-        platform_install_seams();
         ren.current_alpha = 1.0f;
         load_interface_images();
         MACIBM_clear_menus(1);
@@ -45,10 +32,6 @@ protected:
         mnw.win_x = mnw.win_y = 0.0f;
         mnw.win_dx = 1024.0f, mnw.win_dy = 768.0f;
         mouse_away();
-    }
-    void TearDown() override {
-        window_close();
-        seams_headless();
     }
     static void mouse_away() { mouse(-100.0f, -100.0f, 0); }
     static void mouse(float x, float y, int click) {
@@ -63,19 +46,14 @@ protected:
         glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
         glClear(GL_COLOR_BUFFER_BIT);
         widget();
-        const int dx = static_cast<int>(x2 - x1), dy = static_cast<int>(y2 - y1);
-        std::vector<unsigned char> pixels(static_cast<size_t>(3 * dx * dy));
-        glReadBuffer(GL_BACK);
-        glReadPixels(static_cast<int>(x1), static_cast<int>(y1), dx, dy, GL_RGB, GL_UNSIGNED_BYTE,
-                     pixels.data());
-        return pixels;
+        return pixels(static_cast<int>(x1), static_cast<int>(y1), static_cast<int>(x2 - x1),
+                      static_cast<int>(y2 - y1));
     }
-    static int lit(const std::vector<unsigned char>& pixels) {
+    static int lit(const std::vector<unsigned char>& rgb) {
         int n = 0;
-        for (size_t i = 0; i < pixels.size(); i += 3) n += pixels[i] + pixels[i + 1] + pixels[i + 2] > 60;
+        for (size_t i = 0; i < rgb.size(); i += 3) n += rgb[i] + rgb[i + 1] + rgb[i + 2] > 60;
         return n;
     }
-    const test::xvfb screen;
 };
 
 TEST_F(widgets, buttons_and_boxes_answer_where_they_stand) {
@@ -243,18 +221,6 @@ TEST_F(widgets, an_interface_image_of_another_size_is_refused) {
     EXPECT_EQ(test::expect_fatal(load_interface_images).line[2], "It is 16 by 16 pixels.");
 }
 
-TEST_F(widgets, wrong_kinds_end_with_their_texts) {
-    const std::pair<void (*)(), const char*> faults[] = {
-        {[] { BTN_frame0(5, 1, 1, 9); }, "Bad BTN_frame0 call!"},
-        {[] { BTN_frame0(6, 1.5f, 1, 9); }, "BTN_frame0 non-int x_center!"},
-        {[] { BTN_frame2(19, 1, 1, 9, 9, ""); }, "Bad BTN_frame2 call!"},
-        {[] { OGL_number(0, 1, 1, 1, 3, 0, charset_text); }, "Numbers must be mono-spaced!"},
-        {[] { OGL_setcolorINDEX(0, 1.1f); }, "OGL_setcolorINDEX A out of range!"},
-        {[] { OGL_scissors(1, 1, 0, 5); }, "OGL_scissors negative clip range!"},
-    };
-    for (const auto& [call, text] : faults) EXPECT_EQ(test::expect_fatal(call).line[0], text);
-}
-
 TEST_F(widgets, the_help_box_comes_at_rest_and_stays_on_the_screen) {
     mouse(1000.0f, 20.0f, 0);
     stl.help_message = std::string(300, 'x') + " help";
@@ -273,12 +239,6 @@ TEST_F(widgets, all_is_green_through_the_intensifier) {
     ren.night_vision_on = 0;
     const auto red = picture(90, 90, 160, 120, label);
     EXPECT_GT(lit(green), 30);
-    ren.night_vision_on = 1;
-    OGL_setstate(fog_off, 0, lit_off, al_none, depth_no_read, depth_no_write);
-    ren.night_vision_on = 0;
-    float left[4];
-    glGetFloatv(GL_CURRENT_COLOR, left);
-    EXPECT_TRUE(left[0] == 0.0f && left[1] == 1.0f && left[2] == 0.0f) << "what has no colour of its own";
     for (size_t i = 0; i < green.size(); i += 3) {
         EXPECT_EQ(green[i] + green[i + 2], 0);
         EXPECT_EQ(red[i + 1] + red[i + 2], 0);

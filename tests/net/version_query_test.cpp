@@ -99,7 +99,7 @@ TEST_F(version, without_a_server_nothing_starts_and_a_silent_one_only_waits) {
     EXPECT_FALSE(none.good);
     EXPECT_EQ(none.response_number, -1);
 
-    name_file(test::closed_port(), "/v");
+    name_file(test::closed_port, "/v");
     version_query refused;
     finish(refused);
     EXPECT_TRUE(refused.done);

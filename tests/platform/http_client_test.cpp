@@ -103,7 +103,7 @@ TEST_F(http_client, one_that_never_answers_costs_no_time) {
 }
 
 TEST_F(http_client, a_refused_connection_and_an_unknown_host_end_at_once) {
-    HTTPClient refused("127.0.0.1", test::closed_port(), "/", false, {}, nullptr, 0, nullptr);
+    HTTPClient refused("127.0.0.1", test::closed_port, "/", false, {}, nullptr, 0, nullptr);
     ASSERT_TRUE(finish(refused));
     EXPECT_EQ(refused.GetResponseNum(), 0);
     EXPECT_FALSE(refused.GotWhole());

@@ -1,21 +1,17 @@
 // A server in a process of its own, which behaves as the path of a request says: see http_server.py.
 #pragma once
-#include <sys/types.h>
+#include "server_process.h"
 
 namespace test {
 
 class http_server {
 public:
-    http_server();  // throws when it does not start
-    ~http_server();
-    unsigned short port() const { return port_; }
+    unsigned short port() const { return static_cast<unsigned short>(server_.number()); }
 
 private:
-    pid_t pid_ = -1;
-    unsigned short port_ = 0;
+    server_process server_{{"python3", SOURCE_FOLDER "tests/support/http_server.py"}};
 };
 
-// A port of this machine that nobody listens at.
-unsigned short closed_port();
+constexpr unsigned short closed_port = 1;  // nobody listens there
 
 }  // namespace test

@@ -1,4 +1,4 @@
-#!/ usr / bin / env python3
+#!/usr/bin/env python3
 """A server that behaves as the path of each request says; writes its port on standard output."""
 import socket
 import struct

@@ -41,7 +41,8 @@ TEST_F(resolution, out_of_range_missing_or_broken_gives_the_defaults) {
     EXPECT_EQ(mnw.x_res_now, 1024);
     EXPECT_EQ(mnw.y_res_now, 768);
     EXPECT_EQ(mnw.lang, -1) << "asks again";
-    for (const char* text : {"", "I\n", "I\n800 version\n1024 768", "I\n801 version\nwide high", "\x7f\x45LF", "I\n801"}) {
+    for (const char* text :
+         {"", "I\n", "I\n800 version\n1024 768", "I\n801 version\nwide high", "\x7f\x45LF", "I\n801"}) {
         folder.write("res.prf", text);
         set(1280, 1024, 2);
         EXPECT_FALSE(handle_prefs(0, 6, path)) << text;
