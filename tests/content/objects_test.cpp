@@ -1,9 +1,4 @@
-// The default objects: each loads without a word, stands on its ground, and together they use the whole
-// format.
-#include <algorithm>
-#include <set>
-#include <sstream>
-
+// The default objects: each loads without a word, with its textures and without a gap between its levels.
 #include "core/disk/paths.h"
 #include "core/records/ren.h"
 #include "draw/images/tex_refs.h"
@@ -44,60 +39,4 @@ TEST_F(default_objects, load_with_both_their_textures) {
     EXPECT_TRUE(test::alerts.empty());
 }
 
-TEST_F(default_objects, use_every_word_of_the_format) {
-    std::set<std::string> missing = {"light",
-                                     "line",
-                                     "tri",
-                                     "quad",
-                                     "quad_movie",
-                                     "quad_cockpit",
-                                     "quad_hard",
-                                     "polygon",
-                                     "quad_strip",
-                                     "tri_strip",
-                                     "tri_fan",
-                                     "smoke_black",
-                                     "smoke_white",
-                                     "shade_flat",
-                                     "ATTR_shade_flat",
-                                     "shade_smooth",
-                                     "ATTR_shade_smooth",
-                                     "ATTR_ambient_rgb",
-                                     "ATTR_difuse_rgb",
-                                     "ATTR_specular_rgb",
-                                     "ATTR_emission_rgb",
-                                     "ATTR_shiny_rat",
-                                     "ATTR_no_depth",
-                                     "ATTR_depth",
-                                     "ATTR_no_cull",
-                                     "ATTR_cull",
-                                     "ATTR_poly_os",
-                                     "ATTR_LOD",
-                                     "ATTR_reset"};
-    EXPECT_EQ(missing.size(), 29u);
-    for (const auto& [name, files] : dsf_library) {
-        std::istringstream text(test::read_file(files[0]));
-        for (std::string word; text >> word;) missing.erase(word);
-    }
-    EXPECT_TRUE(missing.empty()) << *missing.begin();
-}
-
-TEST_F(default_objects, have_no_face_without_an_area) {
-    for (const auto& [name, files] : dsf_library) {
-        vec_mod_struct mod;
-        std::string texture;
-        if (read_object_file(files[0], &mod, &texture) != object_good) continue;
-        for (const vec_lod_struct& lod : mod.vec_lod) {
-            const std::vector<vec_act_struct>& acts = lod.vec_act;
-            for (size_t C = 0; C + 4 < acts.size(); ++C) {
-                if (acts[C].act != obj_normal || acts[C + 2].act != obj_vert_tex ||
-                    acts[C + 3].act != obj_vert_tex)
-                    continue;
-                for (const size_t i : {C + 1, C + 2})
-                    EXPECT_FALSE(std::equal(acts[i].dat, acts[i].dat + 3, acts[i + 1].dat))
-                        << name << ' ' << C;
-            }
-        }
-    }
-}
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 #include <random>
 
@@ -47,83 +46,26 @@ std::string written(write w) {
 }
 
 TEST(atoms, a_walk_sees_what_lies_whole_in_its_container) {
-    const std::string empty;
     XAtom found;
-    EXPECT_FALSE(view_of<XAtomContainer>(empty).GetFirst(found));
     EXPECT_FALSE(XAtomContainer().GetFirst(found));
-    EXPECT_EQ(XAtomContainer().CountAtoms(), 0);
-    EXPECT_EQ(XAtom().GetID() + XAtom().GetContentLength() + XAtom().GetContentLengthWithHeader(), 0u);
-    XSpan contents;
-    XAtom().GetContents(contents);
-    EXPECT_EQ(contents.size(), 0u);
-
     const std::string bytes = atom("HEAD", "abc") + atom("CMDS", "") + atom("HEAD", "de");
     EXPECT_EQ(bytes.substr(0, 8), std::string("\x44\x41\x45\x48\x0b\0\0\0", 8));
     const auto all = view_of<XAtomContainer>(bytes);
     EXPECT_EQ(all.CountAtoms(), 3);
-    EXPECT_EQ(all.CountAtomsOfID(id_of("HEAD")), 2);
     ASSERT_TRUE(all.GetNthAtomOfID(id_of("HEAD"), 1, found));
     EXPECT_EQ(found.begin, bytes.data() + 19);
     EXPECT_EQ(found.GetContentLength(), 2u);
-    found.GetContents(contents);
-    EXPECT_EQ(std::string(contents.begin, contents.end), "de");
-    ASSERT_TRUE(all.GetNthAtom(1, found));
-    EXPECT_EQ(found.GetID(), id_of("CMDS"));
-    EXPECT_EQ(found.GetContentLengthWithHeader(), 8u);
-    EXPECT_FALSE(all.GetNthAtom(3, found) || all.GetNthAtom(-1, found));
     EXPECT_FALSE(all.GetNthAtomOfID(id_of("HEAD"), 2, found) || all.GetNthAtomOfID(id_of("HEAD"), -1, found));
 
     // a short one, one that leaves the container, and a header cut off end the walk before them
     const std::string good = atom("AAAA", "12345678");
-    for (const std::string& bad :
-         {u32(1) + u32(5), u32(1) + u32(0), u32(1) + u32(9), u32(1) + u32(0xFFFFFFFF), u32(1) + "abc"}) {
+    for (const std::string& bad : {u32(1) + u32(5) + good, u32(1) + u32(0), u32(1) + u32(9),
+                                   u32(1) + u32(0xFFFFFFFF), u32(1) + "abc"}) {
         const std::string row = good + bad;
         EXPECT_EQ(view_of<XAtomContainer>(row).CountAtoms(), 1);
-        EXPECT_EQ(view_of<XAtomContainer>(bad).CountAtoms(), 0);
     }
-    EXPECT_EQ(view_of<XAtomContainer>(good + u32(1) + u32(5) + good).CountAtoms(), 1);
-}
-
-TEST(atoms, strings_are_handed_out_where_they_lie) {
-    const std::string bytes = atom("TERT", strings({"a", "", "b"}));
-    const auto table = view_of<XAtomStringTable>(bytes);
-    EXPECT_EQ(table.GetFirstString(), bytes.data() + 8);
-    EXPECT_STREQ(table.GetNthString(1), "");
-    EXPECT_STREQ(table.GetNthString(2), "b");
-    EXPECT_EQ(table.GetNthString(3), nullptr);
-    EXPECT_EQ(table.GetNthString(-1), nullptr);
-    EXPECT_EQ(table.GetNextString(nullptr), nullptr);
-    EXPECT_EQ(XAtomStringTable().GetFirstString(), nullptr);
-    const std::string none = atom("TERT", ""), open = atom("TERT", strings({"a"}) + "bc");
-    EXPECT_EQ(view_of<XAtomStringTable>(none).GetFirstString(), nullptr);
+    const std::string open = atom("TERT", strings({"a"}) + "bc");
     EXPECT_EQ(view_of<XAtomStringTable>(open).GetNthString(1), nullptr) << "nothing ends the last one";
-}
-
-TEST(atoms, packed_values_are_read_up_to_the_end_and_not_behind_it) {
-    const std::string bytes = atom("CMDS", "\xff\xff" + u16(0x8001) + u16(0xFFFE) + u32(0x80000002) +
-                                               u32(0xFFFFFFFD) + test::f32(-1.5) + raw_bytes(0.1) + "xyz");
-    auto data = view_of<XAtomPackedData>(bytes);
-    data.Reset();
-    EXPECT_EQ(data.ReadUInt8(), 255);
-    EXPECT_EQ(data.ReadSInt8(), -1);
-    EXPECT_EQ(data.ReadUInt16(), 0x8001);
-    EXPECT_EQ(data.ReadSInt16(), -2);
-    EXPECT_EQ(data.ReadUInt32(), 0x80000002u);
-    EXPECT_EQ(data.ReadSInt32(), -3);
-    EXPECT_EQ(data.ReadFloat32(), -1.5f);
-    EXPECT_EQ(data.ReadFloat64(), 0.1);
-    data.Advance(-20);
-    EXPECT_EQ(data.Remaining(), 3u);
-    XAtomPackedData to_the_end = data;
-    to_the_end.Advance(3);
-    EXPECT_TRUE(to_the_end.Done() && !to_the_end.Overrun());
-    EXPECT_FALSE(data.Done());
-    EXPECT_EQ(data.ReadUInt32(), 0u) << "one byte is missing";
-    EXPECT_TRUE(data.Done() && data.Overrun());
-    data.Reset();
-    data.Advance(0xFFFFFFFFll);
-    EXPECT_TRUE(data.Overrun());
-    EXPECT_EQ(data.ReadFloat64(), 0.0);
 }
 
 std::vector<short> shorts_of(const std::string& table, int planes, int size, bool interleaved, int good) {
@@ -185,8 +127,6 @@ void round_trip(std::mt19937& random, write w, read r) {
                                            EXPECT_TRUE(w(f, planes, size, mode, interleaved, values.data()));
                                        }));
         const auto table = view_of<XAtomPlanerNumericTable>(bytes);
-        EXPECT_EQ(table.GetArraySize(), size);
-        EXPECT_EQ(table.GetPlaneCount(), planes);
         EXPECT_TRUE(table.CanYield(planes, size, sizeof(T)));
         std::vector<T> back(values.size());
         EXPECT_EQ((table.*r)(planes, size, interleaved, back.data()), planes);
@@ -199,45 +139,18 @@ TEST(atom_writer, tables_come_back_in_their_bits) {
     std::mt19937 random(1);
     round_trip<short>(random, WritePlanarNumericAtomShort, &XAtomPlanerNumericTable::DecompressShort);
     round_trip<int>(random, WritePlanarNumericAtomInt, &XAtomPlanerNumericTable::DecompressInt);
-    // whole numbers below 2^32: their differences are exact in double, in float those of small steps
+    // whole numbers below 2^32: their differences are exact in double
     round_trip<double>(random, WritePlanarNumericAtomDouble, &XAtomPlanerNumericTable::DecompressDouble);
-    std::vector<float> steps(300);
-    for (size_t i = 0; i < steps.size(); ++i) steps[i] = static_cast<float>(i / 7) * 0.25f;
-    for (int mode = 0; mode < 4; ++mode) {
-        const std::string bytes = atom(
-            "TEST", written([&](FILE* f) { WritePlanarNumericAtomFloat(f, 3, 100, mode, 1, steps.data()); }));
-        std::vector<float> back(steps.size());
-        EXPECT_EQ(view_of<XAtomPlanerNumericTable>(bytes).DecompressFloat(3, 100, 1, back.data()), 3);
-        EXPECT_EQ(back, steps);
-    }
 }
 
-TEST(atom_writer, runs_by_hand) {
-    const auto coded = [](const std::vector<short>& values, int mode) {
-        return written([&](FILE* f) {
-                   WritePlanarNumericAtomShort(f, 1, static_cast<int>(values.size()), mode, 0, values.data());
-               })
-            .substr(6);
-    };
-    EXPECT_EQ(coded({1, 2, 2}, 2), u8(1) + u16(1) + u8(0x82) + u16(2));
-    EXPECT_EQ(coded({7}, 2), u8(1) + u16(7));
-    EXPECT_EQ(coded({7, 7, 7, 1, 2}, 2), u8(0x83) + u16(7) + u8(2) + u16(1) + u16(2));
-    EXPECT_EQ(coded(std::vector<short>(200, 9), 2), u8(127 + 128) + u16(9) + u8(73 + 128) + u16(9));
-    EXPECT_EQ(coded(std::vector<short>(128, 9), 2), u8(127 + 128) + u16(9) + u8(1) + u16(9));
-    EXPECT_EQ(coded({-1, 1, -32768}, 1), u16(65535) + u16(2) + u16(0x7FFF));
-    std::vector<short> ramp(130);
-    std::string literals[2];
-    for (size_t i = 0; i < ramp.size(); ++i) {
-        ramp[i] = static_cast<short>(i * i);
-        literals[i / 127] += u16(static_cast<unsigned>(i * i));
-    }
-    EXPECT_EQ(coded(ramp, 2), u8(127) + literals[0] + u8(3) + literals[1]);
-    for (const auto& [planes, size, mode] :
-         {std::array{256, 1, 0}, {-1, 1, 0}, {1, -1, 0}, {1, 1, 4}, {1, 1, -1}})
-        EXPECT_EQ(written([&, p = planes, s = size, m = mode](FILE* f) {
-                      EXPECT_FALSE(WritePlanarNumericAtomShort(f, p, s, m, 0, ramp.data()));
-                  }),
-                  "");
+TEST(atom_writer, a_table_out_of_range_is_refused_before_a_byte_is_written) {
+    const short one = 1;
+    EXPECT_EQ(written([&](FILE* f) {
+                  EXPECT_FALSE(WritePlanarNumericAtomShort(f, 256, 1, 0, 0, &one) ||
+                               WritePlanarNumericAtomShort(f, 1, -1, 0, 0, &one) ||
+                               WritePlanarNumericAtomShort(f, 1, 1, 4, 0, &one));
+              }),
+              "");
 }
 
 TEST(atom_writer, atoms_nest_and_a_failed_write_shows) {
@@ -265,9 +178,6 @@ TEST(atom_writer, atoms_nest_and_a_failed_write_shows) {
     setvbuf(file, nullptr, _IONBF, 0);
     { StAtomWriter atom(file, 1, &failed); }
     EXPECT_TRUE(failed && ferror(file));
-    EXPECT_FALSE(WriteUInt8(file, 1));
-    const short value = 1;
-    EXPECT_FALSE(WritePlanarNumericAtomShort(file, 1, 1, 2, 0, &value));
     fclose(file);
     failed = false;
     file = popen("cat >/dev/null", "w");
@@ -276,16 +186,4 @@ TEST(atom_writer, atoms_nest_and_a_failed_write_shows) {
     pclose(file);
 }
 
-TEST(atoms, claims_that_the_bytes_cannot_keep_are_known_before_memory_is_taken) {
-    const std::string bytes = atom("POOL", u32(0x7FFFFFFF) + u8(5) + std::string(100, '\0'));
-    const auto table = view_of<XAtomPlanerNumericTable>(bytes);
-    EXPECT_EQ(table.GetArraySize(), 0x7FFFFFFF);
-    EXPECT_FALSE(table.CanYield(5, table.GetArraySize(), 2));
-    EXPECT_FALSE(table.CanYield(1, -1, 2));
-    // 100 bytes hold 33 runs of three bytes behind the mode
-    EXPECT_TRUE(table.CanYield(1, 33 * 127, 2));
-    EXPECT_FALSE(table.CanYield(1, 33 * 127 + 1, 2));
-    EXPECT_TRUE(table.CanYield(33, 1, 2)) << "single values are shorter without a run";
-    EXPECT_FALSE(table.CanYield(34, 1, 2));
-}
 }  // namespace

@@ -18,11 +18,10 @@ public:
     // rows: what stands between the header and the closing 99
     void write(const std::string& name, const std::string& version, const std::string& rows,
                const std::string& where = "Resources/Earth nav data/") const {
-        std::filesystem::create_directories(folder_.path() + where);
-        folder_.write(where + name, "I\n" + version + " Version\n\n" + rows + "99\n");
+        write_raw(name, "I\n" + version + " Version\n\n" + rows + "99\n", where);
     }
-    void write_raw(const std::string& name, const std::string& bytes) const {
-        const std::string where = "Resources/Earth nav data/";
+    void write_raw(const std::string& name, const std::string& bytes,
+                   const std::string& where = "Resources/Earth nav data/") const {
         std::filesystem::create_directories(folder_.path() + where);
         folder_.write(where + name, bytes);
     }

@@ -3,7 +3,6 @@
 
 #include <atomic>
 
-#include "core/program/logs.h"
 #include "core/records/records.h"
 #include "nav_folder.h"
 #include "scenery/nav/nav_lookup.h"
@@ -35,23 +34,16 @@ TEST_F(planet_nav_test, thousands_of_faulty_airports_of_a_package_ask_for_one_re
     folder.write("apt.dat", "715", test::airport("BBBB", "b", 20, 20));
     folder.write_package("faulty", rows);
     DSF_ScanSceneryFolder();
-    xer.open(folder.path() + "Error.out");
     read_planet_nav();
-    xer.close();
     ASSERT_EQ(test::alerts.size(), 1u);
     EXPECT_EQ(test::alerts[0].text.line[2], "BARE field 0") << "the first as the example";
     EXPECT_EQ(test::alerts[0].text.line[3].rfind("3000 of this kind in ", 0), 0u);
-    const std::string log = test::read_file(folder.path() + "Error.out");
-    EXPECT_NE(log.find("BARE field 2999"), std::string::npos);
 }
 
 TEST_F(planet_nav_test, custom_airports_take_the_place_of_default_ones) {
     folder.write("apt.dat", "715",
                  test::airport("AAAA", "a", 10, 10) + test::airport("BBBB", "b", 20, 20) +
                      test::airport("CCCC", "c", 30, 30));
-    folder.write("fix.dat", "600", "1 2 FIXAA\n");
-    folder.write("nav.dat", "740", "3 1 2 0 11000 40 0 VOR Name\n");
-    folder.write("awy.dat", "640", "A 1 1 B 2 2 1 0 V1\n");
     folder.write_package("1 early",
                          test::airport("BBBB", "of 1", 21, 21) + test::airport("DDDD", "of 1", 40, 40));
     folder.write_package("2 late", test::airport("BBBB", "of 2", 22, 22) +
@@ -65,11 +57,6 @@ TEST_F(planet_nav_test, custom_airports_take_the_place_of_default_ones) {
     for (size_t i = 0; i < vec_apt.size(); ++i)
         EXPECT_EQ(apt_hash.at(apt_id_key(vec_apt[i].apt_id)), static_cast<int>(i));
     EXPECT_EQ(apt_hash.size(), vec_apt.size());
-    EXPECT_EQ(vec_fix.size(), 1u);
-    EXPECT_EQ(vec_nav.size(), 7u);
-    EXPECT_EQ(nav_hash.find(11000)->second, 6);
-    EXPECT_EQ(vec_loa.size(), 1u);
-
     EXPECT_EQ(msc.loc_apt_wrl, 1);
     EXPECT_EQ(flt[0].dob_lat, 21.0);
     EXPECT_EQ(env.lat_sou, 20.0f);
@@ -84,14 +71,11 @@ TEST_F(planet_nav_test, a_custom_airport_replaces_every_earlier_one_for_all_sear
     folder.write_package("1", test::airport("BBBB", "new", 21, 21) + test::airport("NNNN", "one", 1, 1) +
                                   test::airport("NNNN", "two", 2, 2));
     DSF_ScanSceneryFolder();
-    strcpy(msc.apt_id_str, "BBBB");
     read_planet_nav();
     EXPECT_EQ(names(), "BBBB=new AAAA=a NNNN=one NNNN=two ");
     int index = -1;
     EXPECT_EQ(get_index_from_id("BBBB", targ_apt, &index, 60, 60), 1);
     EXPECT_EQ(index, 0) << "the nearest was the second of the default file";
-    EXPECT_EQ(msc.loc_apt_wrl, 0);
-    EXPECT_EQ(apt_hash.at(apt_id_key("BBBB")), 0);
 }
 
 TEST_F(planet_nav_test, an_unknown_selection_becomes_the_first_airport_and_indexes_stay_in_their_tables) {
@@ -110,10 +94,6 @@ TEST_F(planet_nav_test, an_unknown_selection_becomes_the_first_airport_and_index
     EXPECT_EQ(nav.gps_vor_index, 5) << "the ships' aids are there without a file";
     EXPECT_EQ(nav.gps_ndb_index, 0);
     EXPECT_EQ(nav.gps_fix_index, 0);
-    nav.gps_type = 13;
-    nav.gps_use_index = 1600;
-    read_planet_nav();
-    EXPECT_EQ(nav.gps_use_index, 99);
 }
 
 TEST_F(planet_nav_test, the_nearest_of_one_identifier_is_found) {
@@ -143,17 +123,18 @@ TEST_F(planet_nav_test, the_nearest_of_one_identifier_is_found) {
 }
 
 TEST_F(planet_nav_test, runways_are_named_at_both_ends) {
-    struct name {
+    const struct {
         const char* num_str;
         std::string end1, end2, menu1, menu2;
+    } names[] = {
+        {"14L", "14L", "32R", "RWY 14L", "RWY 32R"},
+        {"18C", "18C", "36C", "RWY 18C", "RWY 36C"},
+        {"01x", "01x", "19x", "RWY 01 ", "RWY 19 "},
+        {"27", "27", "09", "RWY 27", "RWY 09"},
+        {"H2x", "H2x to North", "H2x to South", "PAD H2  to North", "PAD H2  to South"},
+        {"xxx", "xxx", "xxx", "RWY xx ", "RWY xx "},
     };
-    for (const name& n : {name{"14L", "14L", "32R", "RWY 14L", "RWY 32R"},
-                          {"36R", "36R", "18L", "RWY 36R", "RWY 18L"},
-                          {"18C", "18C", "36C", "RWY 18C", "RWY 36C"},
-                          {"01x", "01x", "19x", "RWY 01 ", "RWY 19 "},
-                          {"27", "27", "09", "RWY 27", "RWY 09"},
-                          {"H2x", "H2x to North", "H2x to South", "PAD H2  to North", "PAD H2  to South"},
-                          {"xxx", "xxx", "xxx", "RWY xx ", "RWY xx "}}) {
+    for (const auto& n : names) {
         name_runway(n.num_str);
         std::string end1, end2;
         get_rway_strings(0, 0, &end1, &end2);
@@ -162,7 +143,5 @@ TEST_F(planet_nav_test, runways_are_named_at_both_ends) {
         EXPECT_EQ(rway_to_cs(end1), n.menu1);
         EXPECT_EQ(rway_to_cs(end2), n.menu2);
     }
-    msc.loc_apt_wrl = 3;
-    EXPECT_EQ(runway_heading_true(), 0.0f) << "no such airport";
 }
 }  // namespace

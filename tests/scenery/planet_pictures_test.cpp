@@ -59,19 +59,13 @@ protected:
 TEST_F(planet_pictures, show_the_earth_where_it_is) {
     load_planet_pictures(0);
     EXPECT_TRUE(test::alerts.empty());
-    for (const int ref : {tex_planet, tex_planet_last}) {
-        EXPECT_EQ(tman.tex_dx_vis(ref), 1024.0f);
-        EXPECT_EQ(tman.tex_dy_vis(ref), 1024.0f);
-    }
     const colour sahara = at(23, 12), amazon = at(-5, 295), pacific = at(-20, 230), indian = at(-25, 80);
-    EXPECT_GT(sahara.light(), 500);
     EXPECT_GT(sahara.r, sahara.b + 40);
     EXPECT_GT(amazon.g, amazon.b + 20);
     EXPECT_GT(pacific.b, 2 * pacific.r);
     EXPECT_GT(indian.b, 2 * indian.r);
     EXPECT_GT(at(-85, 90).light(), 600) << "Antarctica";
-    EXPECT_GT(at(75, 320).light(), 600) << "Greenland";
-    EXPECT_LT(at(-75 + 15, 320).light(), 300) << "the southern ocean";
+    EXPECT_LT(at(-60, 320).light(), 300) << "the southern ocean";
 }
 
 TEST_F(planet_pictures, show_mars_where_it_is) {
@@ -80,10 +74,7 @@ TEST_F(planet_pictures, show_mars_where_it_is) {
     const colour arabia = at(22, 22), syrtis = at(8, 69), acidalium = at(46, 330), tharsis = at(6, 250);
     EXPECT_GT(arabia.light(), syrtis.light() + 150);
     EXPECT_GT(tharsis.light(), acidalium.light() + 150);
-    EXPECT_GT(at(-42, 70).light(), syrtis.light() + 150) << "Hellas";
-    EXPECT_GT(arabia.r, arabia.b + 50);
     EXPECT_GT(at(89, 100).light(), 600) << "the northern ice";
-    EXPECT_GT(at(-88, 316).light(), 600) << "the southern ice";
 }
 
 TEST_F(planet_pictures, that_are_missing_are_told_and_leave_no_texture) {

@@ -78,6 +78,13 @@ struct tile_parts {
     }
 };
 
+// Callbacks that listen to nothing; a test fills in those that it asks about.
+inline DSFCallbacks_t deaf_callbacks() {
+    const auto deaf = [](auto...) {};
+    return {deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf,
+            deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf, deaf};
+}
+
 // One line a callback.
 class tile_record {
 public:
@@ -91,14 +98,6 @@ public:
         DSFCallbacks_t tell = callbacks();
         record.error = DSFReadMem(block.data(), block.data() + block.size(), &tell, &record);
         return record;
-    }
-    // Those of the commands alone.
-    static tile_record of_commands(const std::string& geodata, const std::string& commands) {
-        tile_parts tile;
-        tile.properties.clear();
-        tile.geodata = geodata;
-        tile.commands = commands;
-        return of(tile.bytes());
     }
     static DSFCallbacks_t callbacks() {
         DSFCallbacks_t t;

@@ -18,15 +18,12 @@ protected:
     }
     // A string with one text in all languages.
     static std::string string(const std::string& name, int number, const std::string& text) {
-        std::string table = "[" + name + "]\nnumber = " + std::to_string(number) + "\n";
-        for (const char* key : {"en", "fr", "de", "it", "es", "pt"})
-            table += std::string(key) + " = \"" + text + "\"\n";
-        return table;
+        return "[" + name + "]\nnumber = " + std::to_string(number) + "\n" + words(text, "\n") + "\n";
     }
-    static std::string words(const std::string& text) {
+    static std::string words(const std::string& text, const std::string& between = ", ") {
         std::string row;
         for (const char* key : {"en", "fr", "de", "it", "es", "pt"})
-            row += std::string(row.empty() ? "" : ", ") + key + " = \"" + text + "\"";
+            row += (row.empty() ? "" : between) + key + " = \"" + text + "\"";
         return row;
     }
     void expect_fault(const std::string& verb, const std::string& table, const std::string& text) {
@@ -55,7 +52,6 @@ TEST_F(text_make, a_faulty_table_of_strings_makes_nothing) {
     expect_fault("texts", string("a", 7, ""), "an empty text");
     expect_fault("texts", string("a", 7, "~"), "do not draw");
     expect_fault("texts", string("a", 7, std::string(501, 'x')), "longer than 500");
-    expect_fault("texts", string("title_a", 7, std::string(41, 'x')), "above 40");
     expect_fault("texts", string("a", 7, "x") + "sv = \"y\"\n", "in.toml:9: unknown key sv");
     expect_fault("texts", "[a\n", "in.toml:1");
 }
@@ -88,9 +84,9 @@ TEST_F(text_make, menus_have_places_codes_and_parents_that_fit) {
     expect_fault("menus", bar + menu(0, ""), "have parent 0");
     expect_fault("menus", bar + menu(1, ""), "no entry of an earlier menu");
     expect_fault("menus", menu(0, entry(1, "b")), "this place has the code 0");
-    expect_fault("menus", menu(0, entry(0, std::string(40, 'x'))), "longer than 39");
     expect_fault("menus", bar + menu(2, entry(2100, std::string(27, 'x'))), "longer than 26");
-    expect_fault("menus", bar + menu(2, entry(2100, "short", "ko = \"가나다라마바사아자차카\", ")), "too many glyphs");
+    expect_fault("menus", bar + menu(2, entry(2100, "short", "ko = \"가나다라마바사아자차카\", ")),
+                 "too many glyphs");
     expect_fault("menus", menu(0, entry(0, "-b")), "begins like a separator");
     expect_fault("menus", menu(0, entry(0, "a[b")), "have a meaning");
     expect_fault("menus", menu(0, "\"x\""), "neither an entry nor a separator");

@@ -93,3 +93,18 @@ TEST_F(weather_test, random_weather_is_valid_after_a_frame) {
     EXPECT_GT(storms, 40);
     EXPECT_GT(fair, 40);
 }
+
+TEST_F(weather_test, runway_gets_wet_with_the_rain_slider) {
+    weather_screen_struct last{};
+    const auto rain = [&](float value) {
+        atm.rain_set = value;
+        weather_screen_rules(last);
+        return atm.rway_fric_code;
+    };
+    EXPECT_EQ(rain(0.3f), 0);
+    EXPECT_EQ(rain(0.4f), 1);
+    EXPECT_EQ(rain(0.9f), 2);
+    EXPECT_EQ(rain(0.0f), 0);  // across both at once
+    atm.rway_fric_code = 2;    // the user's own choice stays while the rain does not cross
+    EXPECT_EQ(rain(0.3f), 2);
+}

@@ -3,9 +3,9 @@
 # A floor is the score of the folder's last long run, less what a sample may scatter.
 set -e
 floors="
-flight          50
-weather         52
-aircraft/derive 55
+flight          88
+weather         82
+aircraft/derive 78
 core/math       80
 scenery/decode  85
 "

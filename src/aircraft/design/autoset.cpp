@@ -7,12 +7,13 @@
 #include "aircraft/design/exists.h"
 #include "aircraft/design/location.h"
 #include "core/craft/engn_kinds.h"
+#include "core/craft/instruments.h"
 #include "core/craft/veh.h"
 #include "core/math/num.h"
 #include "core/records/nav.h"
 
 namespace {
-constexpr float least_span = 0.05f;  // ft; a shorter surface does not exist
+constexpr float least_span = 0.05f;                               // ft; a shorter surface does not exist
 constexpr int first_pylons[] = {part_pylo_first, part_pylo_low};  // upper and lower, of thrust point 0
 
 // Elements that can be looped over, whatever the record holds.
@@ -222,41 +223,58 @@ void set_surfaces(int p) {
 
 // -- panel
 struct panel_flag_row {
-    int first, last;  // instrument types
+    instrument_type first, last;
     int veh_struct::*flag;
 };
 const panel_flag_row panel_flags[] = {
-    {557, 569, &veh_struct::has_hsi},        {244, 246, &veh_struct::has_hsi},
-    {483, 484, &veh_struct::has_hsi},        {557, 568, &veh_struct::has_hdg_set},
-    {431, 431, &veh_struct::has_hdg_set},    {439, 439, &veh_struct::has_hdg_set},
-    {443, 443, &veh_struct::has_hdg_set},    {543, 545, &veh_struct::has_radalt},
-    {219, 224, &veh_struct::has_radar},      {226, 227, &veh_struct::has_radar},
-    {34, 34, &veh_struct::has_SC_fd},        {35, 35, &veh_struct::has_DC_fd},
-    {621, 621, &veh_struct::has_stallwarn},  {395, 400, &veh_struct::has_press_controls},
-    {91, 91, &veh_struct::has_igniter},      {95, 95, &veh_struct::has_idlespeed},
-    {94, 94, &veh_struct::has_FADEC_switch}, {76, 76, &veh_struct::has_clutch_switch},
-    {11, 11, &veh_struct::has_pre_rotate},   {137, 138, &veh_struct::has_mixture},
-    {78, 78, &veh_struct::has_kts_mac},      {430, 430, &veh_struct::has_asi_set},
-    {438, 438, &veh_struct::has_asi_set},    {442, 442, &veh_struct::has_asi_set},
-    {441, 441, &veh_struct::has_vvi_set},    {432, 432, &veh_struct::has_alt_set},
-    {440, 440, &veh_struct::has_alt_set},    {444, 444, &veh_struct::has_alt_set},
-    {207, 208, &veh_struct::has_fms},        {7, 7, &veh_struct::auto_fea_EQ},
-    {68, 68, &veh_struct::battery_EQ},       {67, 67, &veh_struct::avionics_EQ},
-    {92, 92, &veh_struct::generator_EQ},     {93, 93, &veh_struct::inverter_EQ},
-    {90, 90, &veh_struct::fuelpump_EQ},
+    {ins_HSI_1_GA, ins_HSI_glass_Sandel, &veh_struct::has_hsi},
+    {ins_el_hsi_tape, ins_el_hsi_full_circle, &veh_struct::has_hsi},
+    {ins_HUD_hsi_round, ins_HUD_hsi_tape, &veh_struct::has_hsi},
+    {ins_HSI_1_GA, ins_HSI_glass_HM, &veh_struct::has_hdg_set},
+    {ins_ott_sel_HDG, ins_ott_sel_HDG, &veh_struct::has_hdg_set},
+    {ins_ott_seldisp_HDG, ins_ott_seldisp_HDG, &veh_struct::has_hdg_set},
+    {ins_ott_sel_HDG_HM, ins_ott_sel_HDG_HM, &veh_struct::has_hdg_set},
+    {ins_radioalt_round, ins_radioalt_dig, &veh_struct::has_radalt},
+    {ins_map_s_GA, ins_map_t_HM, &veh_struct::has_radar},
+    {ins_radar, ins_HITS, &veh_struct::has_radar},
+    {ins_but_flitedir_modeSC, ins_but_flitedir_modeSC, &veh_struct::has_SC_fd},
+    {ins_but_flitedir_modeDC, ins_but_flitedir_modeDC, &veh_struct::has_DC_fd},
+    {ins_stall_GA, ins_stall_GA, &veh_struct::has_stallwarn},
+    {ins_bleed_air, ins_cabin_vvi, &veh_struct::has_press_controls},
+    {ins_but_igniter, ins_but_igniter, &veh_struct::has_igniter},
+    {ins_but_idle, ins_but_idle, &veh_struct::has_idlespeed},
+    {ins_but_FADEC, ins_but_FADEC, &veh_struct::has_FADEC_switch},
+    {ins_but_clutch, ins_but_clutch, &veh_struct::has_clutch_switch},
+    {ins_but_prerotate, ins_but_prerotate, &veh_struct::has_pre_rotate},
+    {ins_han_mixture_vernier, ins_han_mixture_linear, &veh_struct::has_mixture},
+    {ins_but_knots_mach, ins_but_knots_mach, &veh_struct::has_kts_mac},
+    {ins_ott_sel_SPD, ins_ott_sel_SPD, &veh_struct::has_asi_set},
+    {ins_ott_seldisp_SPD, ins_ott_seldisp_SPD, &veh_struct::has_asi_set},
+    {ins_ott_sel_SPD_HM, ins_ott_sel_SPD_HM, &veh_struct::has_asi_set},
+    {ins_ott_seldisp_VVI, ins_ott_seldisp_VVI, &veh_struct::has_vvi_set},
+    {ins_ott_sel_ALT, ins_ott_sel_ALT, &veh_struct::has_alt_set},
+    {ins_ott_seldisp_ALT, ins_ott_seldisp_ALT, &veh_struct::has_alt_set},
+    {ins_ott_sel_ALT_HM, ins_ott_sel_ALT_HM, &veh_struct::has_alt_set},
+    {ins_FMS, ins_FMS_small, &veh_struct::has_fms},
+    {ins_but_autofeather, ins_but_autofeather, &veh_struct::auto_fea_EQ},
+    {ins_but_battery, ins_but_battery, &veh_struct::battery_EQ},
+    {ins_but_avionics, ins_but_avionics, &veh_struct::avionics_EQ},
+    {ins_but_generator, ins_but_generator, &veh_struct::generator_EQ},
+    {ins_but_inverter, ins_but_inverter, &veh_struct::inverter_EQ},
+    {ins_but_fuelpump, ins_but_fuelpump, &veh_struct::fuelpump_EQ},
 };
 
 // The re-entry display brings three instruments with it, in the last slots.
 void add_reentry_instruments(veh_struct& v) {
-    constexpr int reentry_display = 230;
     struct companion {
         int slot, type;
         float dx, dy;  // pixels from the display
     };
-    const companion companions[] = {
-        {299, 236, 0.0f, 70.0f}, {298, 246, 0.0f, -70.0f}, {297, 252, -60.0f, -10.0f}};
+    const companion companions[] = {{299, ins_el_horizon, 0.0f, 70.0f},
+                                    {298, ins_el_hsi_full_circle, 0.0f, -70.0f},
+                                    {297, ins_el_machnumber, -60.0f, -10.0f}};
     for (int i = 0; i < insDIM; ++i) {
-        if (v.ins_type[i] != reentry_display) continue;
+        if (v.ins_type[i] != ins_ORBITER_prim) continue;
         const float x = v.ins_x[i], y = v.ins_y[i];
         for (const companion& c : companions) {
             v.ins_type[c.slot] = c.type;
@@ -275,9 +293,10 @@ void set_panel_flags(veh_struct& v) {
     for (const int type : v.ins_type) {
         for (const panel_flag_row& row : panel_flags)
             if (intrange(type, row.first, row.last)) v.*row.flag = 1;
-        if (intrange(type, 175, 176)) v.beacon_EQ = 1;  // once set it stays
-        if (type == 524) nav.otto_ah_vac_ele = 0;
-        if (intrange(type, 554, 556)) nav.otto_dg_vac_ele = 0;
+        if (intrange(type, ins_markers_GA, ins_markers_BC)) v.beacon_EQ = 1;  // once set it stays
+        // As given: this one of the vacuum horizons stands for an electric one
+        if (type == ins_horizon_GA_vac_adj) nav.otto_ah_vac_ele = 0;
+        if (intrange(type, ins_DG, ins_DG_HDG_SYN)) nav.otto_dg_vac_ele = 0;
     }
     v.xflt_overflow[0] = static_cast<float>(v.has_fms);  // where older readers of the record look
 }
@@ -295,11 +314,11 @@ float mean_ins_x(const veh_struct& v, int first_type, int last_type) {
 
 // Middle of each group of levers, by which the whole group is grabbed.
 void set_lever_centres(veh_struct& v) {
-    v.thro_x_ctr = mean_ins_x(v, 133, 134);
-    v.prop_x_ctr = mean_ins_x(v, 135, 136);
-    v.mixt_x_ctr = mean_ins_x(v, 137, 138);
-    v.heat_x_ctr = mean_ins_x(v, 139, 140);
-    v.cowl_x_ctr = mean_ins_x(v, 141, 141);
+    v.thro_x_ctr = mean_ins_x(v, ins_han_thro_vernier, ins_han_thro_linear);
+    v.prop_x_ctr = mean_ins_x(v, ins_han_prop_vernier, ins_han_prop_linear);
+    v.mixt_x_ctr = mean_ins_x(v, ins_han_mixture_vernier, ins_han_mixture_linear);
+    v.heat_x_ctr = mean_ins_x(v, ins_han_cheat_vernier, ins_han_cheat_linear);
+    v.cowl_x_ctr = mean_ins_x(v, ins_han_cowlflaps, ins_han_cowlflaps);
 }
 
 void set_autopilot_defaults(veh_struct& v) {

@@ -153,7 +153,7 @@ refusal admit_surface(int p, int en) {
 refusal admit_surfaces(int p) {
     for (int en = 0; en < wingDIM; ++en) {
         if (!will_exist(p, en)) continue;
-        const refusal fault = admit_surface(p, source_of_shape(en));
+        refusal fault = admit_surface(p, source_of_shape(en));
         if (!fault.text.empty()) return fault;
         const float& blades = veh[p].engn[en % engnDIM].num_blades;
         if (en <= part_thru_last && !(blades >= 1.0f))

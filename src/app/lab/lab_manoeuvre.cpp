@@ -57,7 +57,9 @@ void slow_down(float ptch, float alpha_max, lab_stall_sum& s) {
 
 void enter_spin(float side) {
     lab_set_power(0.0f);
-    for (float t = 0.0f; t < 15.0f; t += dt) {
+    constexpr int frames = static_cast<int>(15.0f / dt);
+    for (int i = 0; i < frames; ++i) {
+        const float t = dt * i;
         lab_command(interp(1.0f, 0.2f, 4.0f, 1.0f, t), 0.0f, t > 1.0f ? side : 0.0f);
         lab_frame(dt);
     }
@@ -86,7 +88,9 @@ void hold_spin(float side, lab_spin_sum& s) {
 void leave_spin(float side, float gliding, lab_spin_sum& s) {
     const double from = flt[0].dob_ele;
     s.seconds_to_stop = 99.0f;
-    for (float t = 0.0f; t < 25.0f; t += dt) {
+    constexpr int frames = static_cast<int>(25.0f / dt);
+    for (int i = 0; i < frames; ++i) {
+        const float t = dt * i;
         if (s.seconds_to_stop > 25.0f && rotation() < 40.0f && flt[0].alpha < 14.0f) s.seconds_to_stop = t;
         if (t < s.seconds_to_stop) {
             lab_command(t < 0.5f ? 1.0f : -0.3f, 0.0f, -side);

@@ -81,6 +81,13 @@ faults_of_file::faults_of_file(const std::string& path)
 faults_of_file::~faults_of_file() {
     if (!on_main_thread()) return;
     open_file = outer;
+    try {
+        show();
+    } catch (...) {  // no memory for the words; "Error.out" has them
+    }
+}
+
+void faults_of_file::show() const {
     for (const kind& k : kinds) {
         alert_lines text{{k.line[0], k.line[1], k.line[2], k.line[3]}};
         if (k.number > 1) {

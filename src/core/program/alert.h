@@ -43,6 +43,7 @@ private:
         int at, number;
     };
     void add(const std::string (&text)[4], const char* file, int at);
+    void show() const;
 
     const std::string path;
     faults_of_file* const outer;  // the one that was open before
