@@ -100,27 +100,6 @@ TEST_P(powered, is_flown_to_another_speed_height_and_heading_and_back) {
     fly_to({slow, altitude + 60.0f, 90.0f});
 }
 
-TEST_P(powered, stalls_where_the_tunnel_says) {
-    if (!has_wings()) GTEST_SKIP();
-    const lab_polar p = lab_performance(altitude);
-    lab_fly_steady(steady(1.25f * p.stall_speed, 0.0f));
-    // the nose comes up so that the speed falls by half a metre a second; the stall is the least speed at
-    // which the wings carry the weight
-    float least = 1e9f;
-    for (int i = 0; i < 64 * 60; ++i) {
-        const float wanted = 1.25f * p.stall_speed - 0.5f * i / 64.0f;
-        mnw.YK_ptch =
-            fltlim(mnw.YK_ptch + 0.0006f * (flt[0].AV_msc - wanted) - 0.0004f * flt[0].Q, -1.0f, 1.0f);
-        mnw.YK_roll = -0.02f * flt[0].phi - 0.01f * flt[0].P;
-        lab_frame(1.0f / 64.0f);
-        if (flt[0].alpha > p.alpha_max) break;
-        if (flt[0].g_nrml > 0.95f) least = fltmin2(least, flt[0].AV_msc / sqrtf(flt[0].g_nrml));
-    }
-    // at the height and mass of the stall
-    const float expected = p.stall_speed * sqrtf(flt[0].m_total / lab_mass());
-    EXPECT_NEAR(least, expected, 0.06f * expected);
-}
-
 TEST_P(powered, climbs_by_its_excess_of_thrust) {
     if (!has_wings()) GTEST_SKIP();
     const float speed = good_speed(true);
@@ -197,30 +176,6 @@ TEST_P(powered, propellers_keep_within_momentum_theory) {
     EXPECT_LT(best, 0.92f);
 }
 
-TEST_P(powered, hovers_with_the_inflow_of_momentum_theory) {
-    if (!is_helicopter()) GTEST_SKIP();
-    lab_steady_order order;
-    order.speed = 0.0f;
-    order.altitude = 300.0f;
-    const lab_steady s = lab_find_steady(order);
-    ASSERT_TRUE(s.found);
-    const flt_engn_struct& e = flt[0].engn[veh[0].collective_en];
-    const float weight = lab_mass() * con.g;
-    EXPECT_NEAR(e.thrust, weight, 0.05f * weight);
-    // what the momentum of the whole added speed keeps up is sqrt(T / rho A), which is sqrt(2) of the induced
-    // speed at the disc; disturbed air takes the blades half of it, half as much again
-    const float area = veh[0].engn[veh[0].collective_en].discarea;
-    EXPECT_NEAR(e.DVinc, sqrtf(e.thrust / (con.lcl_r_met * area)), 0.1f * e.DVinc);
-    const float at_blades = 1.5f * 0.5f * e.DVinc;
-    const float theory = sqrtf(e.thrust / (2.0f * con.lcl_r_met * area));
-    EXPECT_NEAR(at_blades, theory, 0.1f * theory);
-    // the tail rotor, the transmission and a light load on broad blades leave less than half of the power to
-    // lift
-    const float ideal = e.thrust * theory;
-    EXPECT_GT(flt[0].engn[0].power, ideal / 0.9f);
-    EXPECT_LT(flt[0].engn[0].power, ideal / 0.4f);
-}
-
 // Gagg and Ferrar, SAE 1934: the power of an unsupercharged engine falls as sigma - (1 - sigma) / 7.55.
 TEST_P(powered, pistons_lose_power_with_height_as_measured) {
     if (!en_is_recip(0, 0) || veh[0].crit_alt_prop > 0.0f) GTEST_SKIP() << "no unsupercharged piston engine";
@@ -286,10 +241,5 @@ TEST_P(powered, counter_rotating_twins_are_symmetrical) {
     const float span = aircraft_summary(0).span, scale = flt[0].m_total * con.g * span;
     EXPECT_LT(fabsf(flt[0].L) / scale, 1e-4f);
     EXPECT_LT(fabsf(flt[0].N) / scale, 1e-4f);
-    // one engine off yaws and rolls towards it
-    flt[0].fail_stat[fail_engine + 0] = fail_active;  // the left one stands first
-    const float side = veh[0].part[0].part_x;
-    hold_still(altitude, 60.0f, 10.0f);
-    EXPECT_GT(flt[0].N * side, 0.0f) << "nose towards the dead engine";
 }
 }  // namespace
