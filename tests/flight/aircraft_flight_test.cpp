@@ -116,11 +116,7 @@ TEST_P(every_glider, stands_by_its_trim_when_the_step_is_a_fortieth_as_long) {
 TEST_P(every_glider, has_the_phugoid_of_the_textbook) {
     constexpr float high = 3500.0f;  // more than four periods take
     const lab_trim t = fly_trimmed(high);
-    lab_flight at;
-    at.speed = t.speed;
-    at.altitude = high;
-    at.alpha = t.alpha;
-    at.gamma = t.gamma;
+    const lab_flight at = {.speed = t.speed, .altitude = high, .alpha = t.alpha, .gamma = t.gamma};
     const lab_stability s = lab_slopes(at);
     // pitch damping by holding the aircraft in a steady pitch rate
     const float rate = 0.05f, c = aircraft_summary(0).mean_chord;

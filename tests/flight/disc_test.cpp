@@ -37,11 +37,8 @@ protected:
     }
     // Level attitude, moving north and up.
     void move(float ahead, float up = 0.0f, float altitude = 1000.0f) {
-        lab_flight at;
-        at.altitude = altitude;
-        at.speed = pythag(ahead, up);
-        at.gamma = atan2_deg(up, ahead);
-        lab_place_moving(at, 0.0f, 0.0f);
+        lab_place_moving({.speed = pythag(ahead, up), .altitude = altitude, .gamma = atan2_deg(up, ahead)},
+                         0.0f, 0.0f);
         update_def_angles(0);
     }
     // With what a half step does before and after.
@@ -95,12 +92,9 @@ TEST_F(disc, inflow_comes_to_rest_where_momentum_says) {
 
 TEST_F(disc, the_downgoing_blade_pulls_harder_and_gyroscopes_answer_in_their_senses) {
     fly("Wren 160");
-    lab_flight at;
-    at.speed = 45.0f;
-    at.alpha = 8.0f;
     for (const float dir : {1.0f, -1.0f}) {
         v.engn[0].prop_dir = dir;
-        lab_place(at);
+        lab_place({.speed = 45.0f, .alpha = 8.0f});
         const sums s = settle(0, 240.0f);
         EXPECT_LT(s.N * dir, -0.01f * e.thrust) << "clockwise pulls the nose left";
         EXPECT_LT(fabsf(s.L), 1e-3f * e.thrust);

@@ -36,9 +36,7 @@ protected:
         v.max_boost_pas_prop = v.max_boost_pas_jet = 0.0f;
         v.engn[0].SFC = 1e-7f;
         flt[0].m_fuel[0] = flt[0].m_fuel[1] = flt[0].m_fuel[2] = 50.0f;
-        lab_flight at;
-        at.altitude = at.speed = 0.0f;
-        lab_place(at);
+        lab_place({.speed = 0.0f, .altitude = 0.0f});
         con.lcl_sig = 1.0f;
         con.lcl_r_met = 1.225f;
         con.lcl_P_pas = 101325.0f;
@@ -112,10 +110,7 @@ protected:
     veh_struct& v = veh[0];
     void SetUp() override { test::fly_aircraft("Dunlin 400"); }
     void fly(float speed, float power, float seconds) {
-        lab_flight at;
-        at.speed = speed;
-        at.altitude = 1000.0f;
-        lab_place(at);
+        lab_place({.speed = speed});
         lab_set_power(power);
         lab_hold(seconds);
     }
@@ -175,10 +170,7 @@ TEST_F(control, a_dead_engine_feathers_by_itself_and_comes_out_as_it_turns) {
 
 TEST(computer, holds_the_rotor_until_it_fails) {
     test::fly_aircraft("Plover 420");
-    lab_flight at;
-    at.altitude = 300.0f;
-    at.speed = 0.0f;
-    lab_place(at);
+    lab_place({.speed = 0.0f, .altitude = 300.0f});
     for (const float collective : {0.2f, 0.5f}) {
         lab_set_power(collective);
         lab_hold(40.0f);

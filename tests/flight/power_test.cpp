@@ -33,12 +33,8 @@ INSTANTIATE_TEST_SUITE_P(content, powered, ::testing::ValuesIn(test::aircraft_na
 constexpr float altitude = 1500.0f;
 
 lab_steady steady(float speed, float power = -1.0f, float turn_rate = 0.0f) {
-    lab_steady_order order;
-    order.speed = speed;
-    order.altitude = altitude;
-    order.power = power;
-    order.turn_rate = turn_rate;
-    const lab_steady s = lab_find_steady(order);
+    const lab_steady s =
+        lab_find_steady({.speed = speed, .altitude = altitude, .turn_rate = turn_rate, .power = power});
     EXPECT_TRUE(s.found) << "at " << speed << " m/s, residual " << s.worst;
     return s;
 }
@@ -47,10 +43,7 @@ lab_steady steady(float speed, float power = -1.0f, float turn_rate = 0.0f) {
 float good_speed(bool has_wings) { return has_wings ? 1.5f * lab_performance(altitude).stall_speed : 30.0f; }
 
 void hold_still(float alt, float speed, float seconds) {
-    lab_flight at;
-    at.altitude = alt;
-    at.speed = speed;
-    lab_place(at);
+    lab_place({.speed = speed, .altitude = alt});
     lab_hold(seconds);
 }
 
@@ -142,10 +135,8 @@ float ideal_efficiency(float thrust, float area, float V) {
 
 TEST(airliner, cruises_on_the_fuel_of_its_class) {
     test::fly_aircraft("Shearwater 870");
-    lab_steady_order cruise;
-    cruise.altitude = 35000.0f * con.fttomtrs;
-    cruise.speed = 480.0f * con.ktstomsc;
-    const lab_steady s = lab_find_steady(cruise);
+    const lab_steady s =
+        lab_find_steady({.speed = 480.0f * con.ktstomsc, .altitude = 35000.0f * con.fttomtrs});
     ASSERT_TRUE(s.found);
     lab_fly_steady(s);
     test::run_frames(5.0f);

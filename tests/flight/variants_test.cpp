@@ -37,12 +37,8 @@ protected:
         flt[0].gear_handle = 0;
         for (float& fuel : flt[0].m_fuel) fuel = 0.5f * v.m_fuel_tot / 3.0f;
     }
-    void place(float speed, float alpha = 0.0f, float altitude = 1000.0f) {
-        lab_flight at;
-        at.speed = speed;
-        at.alpha = alpha;
-        at.altitude = altitude;
-        lab_place(at);
+    void place(float speed, float alpha = 0.0f) {
+        lab_place({.speed = speed, .alpha = alpha});
         mnw.YK_ptch = mnw.YK_roll = mnw.YK_hdng = 0.0f;
     }
     float weight() const { return lab_mass() * con.g; }
