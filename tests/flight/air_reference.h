@@ -22,13 +22,4 @@ struct air_step {
 };
 air_step air_reference();
 
-// Deflections, degrees, as one pass of the controls leaves them while no time passes.
-struct deflections {
-    double def[wingDIM][10];  // ail1, ail2, spo1, spo2, yawb, elev, rud1, rud2, fla1, fla2
-    double elem_inc_inc[wingDIM][elDIM];
-    double sweepnow[wingDIM], dihednow[wingDIM], incnow[wingDIM];
-    double slat_rat;
-};
-deflections deflection_reference();
-
 }  // namespace test

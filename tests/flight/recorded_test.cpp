@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "aircraft/deflect.h"
 #include "app/lab/lab_steady.h"
@@ -315,13 +316,7 @@ TEST_P(random_flight, comes_to_what_it_came_to) {
 // -- the content's aircraft under a moving hand
 
 void place(float speed, float alpha = 2.0f, float altitude = 1000.0f, float beta = 0.0f) {
-    lab_flight at;
-    at.speed = speed;
-    at.alpha = alpha;
-    at.beta = beta;
-    at.altitude = altitude;
-    at.psi = 40.0f;
-    lab_place(at);
+    lab_place({.speed = speed, .altitude = altitude, .alpha = alpha, .beta = beta, .psi = 40.0f});
 }
 
 // Every control swings at a pace of its own.
@@ -354,9 +349,10 @@ TEST_P(content_flight, comes_to_what_it_came_to) {
     sample(r, "sweep");
     fly_sweeping(1.0f);
     sample(r, "goes_on");
-    for (float& spd : atm.set_wind_spd_kts) spd = 25.0f;
-    for (int i = 0; i < 3; ++i)
-        atm.set_turb_inc[i] = 6.0f, atm.set_shear_spd_kts[i] = 12.0f, atm.set_shear_dir[i] = 20.0f;
+    std::fill_n(atm.set_wind_spd_kts, 3, 25.0f);
+    std::fill_n(atm.set_turb_inc, 3, 6.0f);
+    std::fill_n(atm.set_shear_spd_kts, 3, 12.0f);
+    std::fill_n(atm.set_shear_dir, 3, 20.0f);
     place(45.0f, 4.0f, 300.0f);
     fly_sweeping(2.0f);
     sample(r, "turbulent");
@@ -394,8 +390,8 @@ TEST(recorded_flight, engines_start_run_dry_and_stop) {
         place(20.0f, 0.0f, 100.0f);
         for (flt_engn_struct& e : flt[0].engn) e.cyclic_elev_disc_tilt = e.cyclic_ailn_disc_tilt = 1.0f;
         cold_engines();
-        sample(r, name.substr(0, 4) + "_cold");
         const std::string label = name.substr(0, 4);
+        sample(r, label + "_cold");
         for (int i = 0; i < 300; ++i) {
             lab_start_engines();
             lab_hold(1.0f / 64.0f);
@@ -499,19 +495,12 @@ TEST(recorded_flight, the_ai_takes_off_cruises_and_starts_anew) {
     ai("dry", "Wren 160", [] {
         for (float& m : flt[0].m_fuel) m = 0.0f;
     });
-    ai("on_its_back", "Wren 160", [] {
-        lab_flight at;
-        at.altitude = 500.0f;
-        at.speed = 0.0f;
-        at.phi = 170.0f;
-        lab_place(at);
-    });
+    ai("on_its_back", "Wren 160", [] { lab_place({.speed = 0.0f, .altitude = 500.0f, .phi = 170.0f}); });
 }
 
 TEST(recorded_flight, odd_motions_of_the_user) {
     test::recorded r("flight_motions");
-    const auto after = [&](const std::string& label, const std::function<void()>& change,
-                           float seconds = 0.5f) {
+    const auto after = [&](const std::string& label, float seconds, const std::function<void()>& change) {
         test::fly_aircraft("Wren 160");
         lab_set_power(0.7f);
         place(50.0f);
@@ -519,66 +508,56 @@ TEST(recorded_flight, odd_motions_of_the_user) {
         test::run_frames(seconds);
         sample(r, label);
     };
-    after(
-        "kicked", [] { msc.stab_ptch_test = msc.stab_hdng_test = 2; }, 0.05f);
-    const auto towed = [](float alph) {
-        stg.tow_inprog = 1;
-        flt[0].the = 3.0f;
-        flt[1].the = 1.0f;
-        flt[1].psi = flt[0].psi - 2.0f;
-        env.tow_line_alph = alph;
-        env.tow_line_beta = 3.0f;
-        flt[0].Pdot = flt[0].Qdot = flt[0].Rdot = 0.0f;
-        mnw.prd_FM = 0.02f;
-        for (int i = 0; i < 300; ++i) tow_turbulence();
-    };
-    after(
-        "towed", [&] { towed(5.5f); }, 0.0f);
-    after(
-        "off_line", [&] { towed(6.5f); }, 0.0f);
-    after("carried", [] {
+    after("kicked", 0.05f, [] { msc.stab_ptch_test = msc.stab_hdng_test = 2; });
+    for (const auto& [label, alph] : {std::pair("towed", 5.5f), {"off_line", 6.5f}})
+        after(label, 0.0f, [alph = alph] {
+            stg.tow_inprog = 1;
+            flt[0].the = 3.0f;
+            flt[1].the = 1.0f;
+            flt[1].psi = flt[0].psi - 2.0f;
+            env.tow_line_alph = alph;
+            env.tow_line_beta = 3.0f;
+            flt[0].Pdot = flt[0].Qdot = flt[0].Rdot = 0.0f;
+            mnw.prd_FM = 0.02f;
+            for (int i = 0; i < 300; ++i) tow_turbulence();
+        });
+    after("carried", 0.5f, [] {
         stg.car_inprog = 1;
         flt[1] = flt[0];
         flt[1].vz = -70.0f;
         flt[1].psi = 50.0f;
         for (int i = 0; i < 3; ++i) veh[1].jett_xyz[i] = 1.0f + i, veh[0].jett_xyz[i] = 0.5f * i;
     });
-    after("damped", [] { mnw.damp_rat[0] = 0.3f, mnw.damp_rat[1] = 0.2f, mnw.damp_rat[2] = 0.4f; });
-    after("crashed", [] {
+    after("damped", 0.5f, [] { mnw.damp_rat[0] = 0.3f, mnw.damp_rat[1] = 0.2f, mnw.damp_rat[2] = 0.4f; });
+    after("crashed", 0.5f, [] {
         msc.crash_damp_timeout = 1e6f;
         flt[0].R = 20.0f;
     });
-    after("chute", [] {
+    after("chute", 0.5f, [] {
         veh[0].chute_area = 5.0f;
         veh[0].chute_Y = 0.5f;
         stg.chute_on = 1;
         stg.chute_deploy_rat = 1.0f;
         flt[0].P = 30.0f;
     });
-    after("on_mars", [] {
+    after("on_mars", 0.5f, [] {
         env.planet = 1;
         set_planet_specs(1);
         place(150.0f);
     });
-    after("blocked", [] {
-        flt[0].fail_stat[fail_pitot] = fail_active;
-        flt[0].vy += 20.0f;
+    for (const auto& [label, line] : {std::pair("blocked", fail_pitot), {"static", fail_static}})
+        after(label, 0.5f, [line = line] {
+            flt[0].fail_stat[line] = fail_active;
+            flt[0].vy += 20.0f;
+        });
+    after("at_rest", 0.0f, [] {
+        place(0.0f, 0.0f, 500.0f);
+        flt[0].R = 2.5f;
+        flt[0].Rdot = 70.0f;
+        flt[0].fnrml_gear_acf = 1e6f;
+        mnw.prd_FM = 0.02f;
+        arrest_yaw_at_rest();
     });
-    after("static", [] {
-        flt[0].fail_stat[fail_static] = fail_active;
-        flt[0].vy += 20.0f;
-    });
-    after(
-        "at_rest",
-        [] {
-            place(0.0f, 0.0f, 500.0f);
-            flt[0].R = 2.5f;
-            flt[0].Rdot = 70.0f;
-            flt[0].fnrml_gear_acf = 1e6f;
-            mnw.prd_FM = 0.02f;
-            arrest_yaw_at_rest();
-        },
-        0.0f);
 }
 
 TEST(recorded_flight, other_slots_follow_the_network_and_the_recording) {
@@ -638,11 +617,7 @@ TEST(recorded_flight, rotors_hover_and_sink) {
         mnw.YK_ptch = 0.1f * sink;
         mnw.YK_roll = 0.4f;
         for (const float height : {3.0f, 300.0f}) {
-            lab_flight at;
-            at.altitude = height;
-            at.speed = sink;
-            at.gamma = -90.0f;
-            lab_place_moving(at, 2.0f, 0.0f);
+            lab_place_moving({.speed = sink, .altitude = height, .gamma = -90.0f}, 2.0f, 0.0f);
             lab_hold(1.0f);
             sample(r, "at_" + std::to_string(lroundf(height)) + "_by_" + std::to_string(lroundf(sink)));
         }

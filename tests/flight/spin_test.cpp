@@ -41,8 +41,7 @@ TEST(trainer, stalls_with_and_without_flaps_where_its_file_says) {
 
 TEST(lab, the_tunnel_knows_nothing_of_the_slipstream_that_a_flight_left) {
     test::fly_aircraft("Wren 160");
-    lab_flight at;
-    at.alpha = 4.0f;
+    const lab_flight at = {.alpha = 4.0f};
     const lab_coeffs before = lab_tunnel(at);
     for (float& ring : flt[0].engn[0].RING_DVinc) ring = 15.0f;
     flt[0].engn[0].DVinc = 15.0f;

@@ -46,9 +46,8 @@ void fly_glider(const std::string& name) {
 
 void fly_bare_mass() {
     fly_aircraft("Lark 15");
-    const char* name = "bare mass";
     clear_acf(0);
-    snprintf(veh[0].name, sizeof veh[0].name, "%s", name);
+    snprintf(veh[0].name, sizeof veh[0].name, "bare mass");
     veh[0].m_empty = 1000.0f;
     veh[0].Jxx_unitmass = 1.0f;
     veh[0].Jyy_unitmass = 4.0f;
@@ -60,10 +59,7 @@ void fly_bare_mass() {
     flt[0].dob_x = x;
     flt[0].dob_y = y;
     flt[0].dob_z = z;
-    lab_flight at;
-    at.altitude = 200000.0f;
-    at.speed = 0.0f;
-    lab_place(at);
+    lab_place({.speed = 0.0f, .altitude = 200000.0f});
 }
 
 void run_frames(float seconds, float dt) {

@@ -4,6 +4,7 @@
 
 #include <math.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "core/math/random.h"
@@ -14,6 +15,23 @@
 #include "weather/wind.h"
 
 namespace {
+const struct {
+    std::string name;
+    const char* unit;
+    float* layers;
+    double size;
+} of_layers[] = {{"set_wind_alt_mtrs_", "m", atm.set_wind_alt_mtrs, 1.0},
+                 {"set_wind_spd_kts_", "kt", atm.set_wind_spd_kts, 0.1},
+                 {"set_wind_dir_mag_", "deg", atm.set_wind_dir_mag, 0.1},
+                 {"set_shear_spd_kts_", "kt", atm.set_shear_spd_kts, 0.1},
+                 {"set_shear_dir_", "deg", atm.set_shear_dir, 0.1},
+                 {"set_turb_inc_", "-", atm.set_turb_inc, 0.01}};
+
+using fields = std::vector<std::reference_wrapper<float>>;
+const fields rest = {atm.dewp_sea_C,        atm.wave_height,         atm.wave_length_to_height,
+                     atm.therm_prt,         atm.therm_vvi_fpm,       atm.therm_alt_ft,
+                     atm.rwx_check_minutes, atm.rwx_next_check_time, atm.rwx_percent_downloaded,
+                     atm.rwx_max_vis_nm,    atm.vis_frmult,          atm.vis_sky};
 
 class recorded_weather : public test::system_test {
 protected:
@@ -46,15 +64,8 @@ protected:
             r.value("base_h_MSL_" + n, "m", atm.base_h_MSL[i], 1.0);
             r.value("tops_h_MSL_" + n, "m", atm.tops_h_MSL[i], 1.0);
         }
-        for (int c = 0; c < 3; ++c) {
-            const std::string n = std::to_string(c);
-            r.value("set_wind_alt_mtrs_" + n, "m", atm.set_wind_alt_mtrs[c], 1.0);
-            r.value("set_wind_spd_kts_" + n, "kt", atm.set_wind_spd_kts[c], 0.1);
-            r.value("set_wind_dir_mag_" + n, "deg", atm.set_wind_dir_mag[c], 0.1);
-            r.value("set_shear_spd_kts_" + n, "kt", atm.set_shear_spd_kts[c], 0.1);
-            r.value("set_shear_dir_" + n, "deg", atm.set_shear_dir[c], 0.1);
-            r.value("set_turb_inc_" + n, "-", atm.set_turb_inc[c], 0.01);
-        }
+        for (const auto& [name, unit, layers, size] : of_layers)
+            for (int c = 0; c < 3; ++c) r.value(name + std::to_string(c), unit, layers[c], size);
         // clang-format off
         const struct { const char* name; const char* unit; double v, size; } rows[] = {
             {"vis_rep", "m", atm.vis_rep, 1}, {"rain_set", "-", atm.rain_set, 0.001},
@@ -86,11 +97,7 @@ protected:
         };
         // clang-format on
         for (const auto& row : rows) r.value(row.name, row.unit, row.v, row.size);
-        const float rest[] = {atm.dewp_sea_C,        atm.wave_height,         atm.wave_length_to_height,
-                              atm.therm_prt,         atm.therm_vvi_fpm,       atm.therm_alt_ft,
-                              atm.rwx_check_minutes, atm.rwx_next_check_time, atm.rwx_percent_downloaded,
-                              atm.rwx_max_vis_nm,    atm.vis_frmult,          atm.vis_sky};
-        for (int i = 0; i < 12; ++i) r.value("rest_" + std::to_string(i), "-", rest[i], 0.01);
+        for (int i = 0; i < 12; ++i) r.value("rest_" + std::to_string(i), "-", rest[i].get(), 0.01);
         float v[3];
         wind.ret_wind_wrl(100.0f, 200.0f, -300.0f, &v[0], &v[1], &v[2]);
         for (int i = 0; i < 3; ++i) r.value(std::string("wind_wrl_") + "xyz"[i], "m/s", v[i], 0.01);
@@ -135,14 +142,9 @@ TEST_F(recorded_weather, steps_are_as_they_were) {
         wind_reset();
         rand_seed(3);
         mnw.totl_time = 0.0f;
-        for (int c = 0; c < 3; ++c) {
-            atm.set_wind_alt_mtrs[c] = 800.0f + 1200.0f * c;
-            atm.set_wind_spd_kts[c] = 12.0f + 9.0f * c;
-            atm.set_wind_dir_mag[c] = 200.0f + 50.0f * c;
-            atm.set_shear_spd_kts[c] = 4.0f + 3.0f * c;
-            atm.set_shear_dir[c] = 10.0f + 5.0f * c;
-            atm.set_turb_inc[c] = 2.0f + c;
-        }
+        constexpr float lowest[] = {800, 12, 200, 4, 10, 2}, more[] = {1200, 9, 50, 3, 5, 1};
+        for (int i = 0; i < 6; ++i)
+            for (int c = 0; c < 3; ++c) of_layers[i].layers[c] = lowest[i] + more[i] * c;
         env.mag_var = 7.0f;
         env.terrain_nrm[0] = 0.3f, env.terrain_nrm[1] = 0.9f, env.terrain_nrm[2] = -0.2f;
         place(1234.0, ele, -777.0);
@@ -183,16 +185,12 @@ TEST_F(recorded_weather, steps_are_as_they_were) {
             atm.burst_prob = 1.0f;
             mnw.prd_FM = 0.05f;
         });
-    after("thermals", 400.0, 100, [] {
-        atm.therm_prt = 0.9f;
-        atm.therm_vvi_fpm = 700.0f;
-        atm.therm_alt_ft = 5000.0f;
-    });
-    after("top_of_thermals", 1530.0, 100, [] {
-        atm.therm_prt = 1.0f;
-        atm.therm_vvi_fpm = 700.0f;
-        atm.therm_alt_ft = 5000.0f;
-    });
+    for (const bool top : {false, true})
+        after(top ? "top_of_thermals" : "thermals", top ? 1530.0 : 400.0, 100, [&] {
+            atm.therm_prt = top ? 1.0f : 0.9f;
+            atm.therm_vvi_fpm = 700.0f;
+            atm.therm_alt_ft = 5000.0f;
+        });
     after("in_overcast", 1800.0, 100, [] {
         atm.level_rat_acf = 0.9f;
         atm.cld_type[0] = 5;
@@ -236,32 +234,12 @@ TEST_F(recorded_weather, borders_are_as_they_were) {
         start(k % 2);
         for (int i = 0; i < 2; ++i) atm.base_h_MSL[i] = atm.tops_h_MSL[i] = bad[k];
         atm.vis_rep = atm.rain_set = atm.tstm_set = atm.wind_tbl = atm.burst_prob = atm.rate_change = bad[k];
-        for (int c = 0; c < 3; ++c)
-            for (float* of : {atm.set_wind_alt_mtrs, atm.set_wind_spd_kts, atm.set_wind_dir_mag,
-                              atm.set_shear_spd_kts, atm.set_shear_dir, atm.set_turb_inc})
-                of[c] = bad[k];
-        for (float* v : {&atm.dewp_sea_C,
-                         &atm.wave_height,
-                         &atm.wave_length,
-                         &atm.wave_speed,
-                         &atm.wave_length_to_height,
-                         &atm.therm_prt,
-                         &atm.therm_vvi_fpm,
-                         &atm.therm_alt_ft,
-                         &atm.rwx_check_minutes,
-                         &atm.rwx_next_check_time,
-                         &atm.rwx_percent_downloaded,
-                         &atm.rwx_max_vis_nm,
-                         &atm.level_rat_acf,
-                         &atm.rain_rat_acf,
-                         &atm.hail_rat_acf,
-                         &atm.snow_rat_acf,
-                         &con.sl_T_cel,
-                         &con.sl_P_pas,
-                         &atm.vis_frmult,
-                         &atm.vis_ground,
-                         &atm.vis_sky})
-            *v = bad[k];
+        for (const auto& of : of_layers) std::fill_n(of.layers, 3, bad[k]);
+        for (float& v : rest) v = bad[k];
+        const fields others = {atm.wave_length,  atm.wave_speed,   atm.level_rat_acf,
+                               atm.rain_rat_acf, atm.hail_rat_acf, atm.snow_rat_acf,
+                               con.sl_T_cel,     con.sl_P_pas,     atm.vis_ground};
+        for (float& v : others) v = bad[k];
         atm.weather_seed = static_cast<char>(-3 + k);
         atm.prim_layer = atm.rway_fric_code = atm.wave_dir = k % 2 ? 999 : -5;
         for (const char* when : {"limit", "screen", "border"}) {
