@@ -8,7 +8,6 @@
 #include "aircraft/derive/bodies_mass.h"
 #include "aircraft/derive/oswald.h"
 #include "aircraft/design/autoset.h"
-#include "aircraft/design/location.h"
 #include "aircraft/file/acf_fault.h"
 #include "core/disk/paths.h"
 #include "core/math/num.h"
