@@ -3,7 +3,6 @@
 // check, completion, design check, derivation and the first steps of a flight.
 #include <sys/mman.h>
 
-#include <cmath>
 #include <memory>
 
 #include "aircraft/deflect.h"
@@ -218,19 +217,22 @@ void must_be_usable(int p) {
         must(v.part[en].s_dim >= 0 && v.part[en].s_dim <= part_sDIM && v.part[en].r_dim <= part_rDIM);
 }
 
-void must_be_finite() {
+void check_flight() {
     const flt_struct& f = flt[0];
-    for (const double v : {f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele})
-        must(std::isfinite(v));
-    for (const float v :
-         {f.vx,  f.vy, f.vz, f.P, f.Q,       f.R,      f.Pdot,   f.Qdot,   f.Rdot,  f.psi,  f.the,
-          f.phi, f.L,  f.M,  f.N, f.m_total, f.g_nrml, f.g_side, f.g_axil, f.alpha, f.beta, f.l_o_d})
-        must(std::isfinite(v));
-    for (const float v : f.q) must(std::isfinite(v));
+    fuzzing::must_be_finite({f.dob_x,  f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele, f.vx,     f.vy,
+                             f.vz,     f.P,     f.Q,     f.R,       f.Pdot,    f.Qdot,    f.Rdot,   f.psi,
+                             f.the,    f.phi,   f.L,     f.M,       f.N,       f.m_total, f.g_nrml, f.g_side,
+                             f.g_axil, f.alpha, f.beta,  f.l_o_d,   f.q[0],    f.q[1],    f.q[2],   f.q[3]});
     for (const flt_engn_struct& e : f.engn)
-        for (const float v : {e.thro_use, e.N1, e.N2, e.MPR, e.EPR, e.TRQ_nm, e.FF_kgs, e.power,
-                              e.tacrad_ENGN, e.tacrad_PROP, e.thrust, e.DVinc, e.side_wash, e.pitch_deg_use})
-            must(std::isfinite(v));
+        fuzzing::must_be_finite({e.thro_use, e.N1, e.N2, e.MPR, e.EPR, e.TRQ_nm, e.FF_kgs, e.power,
+                                 e.tacrad_ENGN, e.tacrad_PROP, e.thrust, e.DVinc, e.side_wash,
+                                 e.pitch_deg_use});
+    for (const flt_wing_struct& w : f.wing)
+        fuzzing::must_be_finite({w.ail1_def, w.elev_def, w.rud1_def, w.fla1_def, w.spo1_def,
+                                 w.elem_inc_inc[0], w.elem_inc_inc[elDIM - 1]});
+    for (const float ratio : {f.sbrk_rat, f.handle_rat_act, f.handle_rat_req, f.vect_rat, f.swdi_rat})
+        must(fltrange(ratio, 0.0f, 1.0f));
+    for (const veh_gear_struct& gear : veh[0].gear) must(fltrange(gear.dep_rat, 0.0f, 1.0f));
 }
 
 // A still system in which only the aircraft changes from run to run.
@@ -276,17 +278,6 @@ void move_controls() {
     f.gear_handle = int_rand(0, 1);
 }
 
-void must_be_within_limits() {
-    const flt_struct& f = flt[0];
-    for (const float ratio : {f.sbrk_rat, f.handle_rat_act, f.handle_rat_req, f.vect_rat, f.swdi_rat})
-        must(fltrange(ratio, 0.0f, 1.0f));
-    for (const veh_gear_struct& gear : veh[0].gear) must(fltrange(gear.dep_rat, 0.0f, 1.0f));
-    for (const flt_wing_struct& wing : f.wing)
-        for (const float def : {wing.ail1_def, wing.elev_def, wing.rud1_def, wing.fla1_def, wing.spo1_def,
-                                wing.elem_inc_inc[0], wing.elem_inc_inc[elDIM - 1]})
-            must(std::isfinite(def));
-}
-
 void fly(const flight_plan& plan) {
     stg.start_running = plan.running;
     init_flt_0(start_airport, plan.in_the_air ? place_final_3 : place_runway);
@@ -299,8 +290,7 @@ void fly(const flight_plan& plan) {
         update_with_fullsim1(0);
         update_def_angles(0);
         update_with_fullsim2(0);
-        must_be_finite();
-        must_be_within_limits();
+        check_flight();
     }
 }
 

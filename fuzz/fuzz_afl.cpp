@@ -1,6 +1,5 @@
 // Airfoil files of strangers. An input that begins like a file ("I" or "A") is one; else its first
 // byte picks the version and the rest is the body.
-#include <cmath>
 
 #include "aircraft/foil/afl_file.h"
 #include "core/math/num.h"

@@ -1,6 +1,5 @@
 // Collision meshes of any triangles, as the loader cleans them, against a walk over all of them. Corners are
 // whole metres, so that both sides calculate exactly.
-#include <cmath>
 
 #include "scenery/ground/terrain_query.h"
 #include "scenery/tile/tile_mesh.h"

@@ -1,6 +1,5 @@
 // Object files, from the text to the actions that are left of it: the first byte tells a whole file from
 // commands behind a good header. No textures, no OpenGL.
-#include <cmath>
 
 #include "core/math/num.h"
 #include "core/records/mnw.h"

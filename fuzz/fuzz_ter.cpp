@@ -1,5 +1,4 @@
 // Terrain definitions: the first byte tells a whole file from lines behind a good header.
-#include <cmath>
 
 #include "scenery/tile/terrain_file.h"
 #include "support.h"

@@ -1,6 +1,5 @@
 // Assembly of tiles without a window: the decoder's callbacks with any values, then what the loader makes of
 // them, queries of the ground, and the tile's end.
-#include <cmath>
 #include <limits>
 
 #include "scenery/ground/terrain_query.h"

@@ -1,6 +1,5 @@
 // Any weather that a file or a packet may hold, and any place of the aircraft: after the border and one
 // frame every limit holds, and finite settings never end the program.
-#include <cmath>
 
 #include "support.h"
 #include "weather/atmosphere.h"
@@ -9,29 +8,27 @@
 
 using fuzzing::must;
 
-static bool within(float value, float min, float max) { return value >= min && value <= max; }
-
 static void check_limits() {
     const float top = con.fttomtrs * 99999.0f + 0.01f;  // sums of the layers round
     for (int i = 0; i < 2; ++i) {
         must(atm.cld_type[i] >= 0 && atm.cld_type[i] <= 5);
-        must(within(atm.base_h_MSL[i], 0.0f, top) && within(atm.tops_h_MSL[i], atm.base_h_MSL[i], top));
+        must(fltrange(atm.base_h_MSL[i], 0.0f, top) && fltrange(atm.tops_h_MSL[i], atm.base_h_MSL[i], top));
     }
     must(atm.prim_layer == 0 || atm.prim_layer == 1);
-    must(within(atm.vis_rep, 100.0f, max_vis_ter_mtrs[env.planet]));
-    must(within(atm.tstm_set, 0.0f, 1.0f) && within(atm.rain_set, atm.tstm_set, 1.0f));
-    must(within(atm.wind_tbl, 0.0f, 1.0f) && within(atm.burst_prob, 0.0f, 1.0f));
-    must(within(atm.rate_change, -1.0f, 1.0f));
+    must(fltrange(atm.vis_rep, 100.0f, max_vis_ter_mtrs[env.planet]));
+    must(fltrange(atm.tstm_set, 0.0f, 1.0f) && fltrange(atm.rain_set, atm.tstm_set, 1.0f));
+    must(fltrange(atm.wind_tbl, 0.0f, 1.0f) && fltrange(atm.burst_prob, 0.0f, 1.0f));
+    must(fltrange(atm.rate_change, -1.0f, 1.0f));
     for (int c = 0; c < 3; ++c) {
-        must(within(atm.set_wind_dir_mag[c], 0.0f, 360.0f) && within(atm.set_shear_dir[c], 0.0f, 180.0f));
-        must(within(atm.set_wind_spd_kts[c], 0.0f, 200.0f) && within(atm.set_shear_spd_kts[c], 0.0f, 50.0f));
-        must(within(atm.set_turb_inc[c], 0.0f, 9.0f));
+        must(fltrange(atm.set_wind_dir_mag[c], 0.0f, 360.0f) && fltrange(atm.set_shear_dir[c], 0.0f, 180.0f));
+        must(fltrange(atm.set_wind_spd_kts[c], 0.0f, 200.0f) &&
+             fltrange(atm.set_shear_spd_kts[c], 0.0f, 50.0f));
+        must(fltrange(atm.set_turb_inc[c], 0.0f, 9.0f));
     }
     for (const float rat : {atm.level_rat_acf, atm.rain_rat_acf, atm.snow_rat_acf, atm.hail_rat_acf})
-        must(within(rat, 0.0f, 1.0f));
-    must(within(wind.final_spd_msc, 0.0f, 999.0f) && std::isfinite(wind.final_trb_rat));
-    must(std::isfinite(con.lcl_a) && con.lcl_a > 0.0f && std::isfinite(con.lcl_P_pas));
-    must(std::isfinite(atm.wave_speed));
+        must(fltrange(rat, 0.0f, 1.0f));
+    must(fltrange(wind.final_spd_msc, 0.0f, 999.0f) && con.lcl_a > 0.0f);
+    fuzzing::must_be_finite({wind.final_trb_rat, con.lcl_a, con.lcl_P_pas, atm.wave_speed});
 }
 
 // Where the aircraft is and what the frame says: finite, since the flight model vouches for that.

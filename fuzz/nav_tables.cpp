@@ -1,7 +1,5 @@
 // Tables of airports, navaids, fixes and airways: an odd first byte is followed by rows behind a good header,
 // an even one by a whole file. Then look-ups in what came of them.
-#include <cmath>
-
 #include "core/records/con.h"
 #include "scenery/nav/apt_file.h"
 #include "scenery/nav/nav_files.h"
@@ -78,7 +76,7 @@ void fuzz_nav(input& in) {
     must(vec_nav.size() == nav_hash.size() && vec_nav.size() >= (env.planet ? 0u : 6u));
     for (const vec_nav_struct& nav : vec_nav) {
         must(ends(nav.nav_id) && ends(nav.nav_name));
-        must(std::isfinite(nav.lat) && std::isfinite(nav.sqr_range_deg) && std::isfinite(nav.psi_true));
+        fuzzing::must_be_finite({nav.lat, nav.sqr_range_deg, nav.psi_true});
     }
     for (const auto& [frq, index] : nav_hash) must(vec_nav.at(static_cast<size_t>(index)).frq == frq);
     int index = -1;
@@ -107,6 +105,5 @@ void fuzz_awy(input& in) {
     must(vec_loa.size() + vec_hia.size() <= size);
     for (const std::vector<vec_awy_struct>* airways : {&vec_loa, &vec_hia})
         for (const vec_awy_struct& awy : *airways)
-            for (int end = 0; end < 2; ++end)
-                must(std::isfinite(awy.lat[end]) && std::isfinite(awy.lon[end]));
+            fuzzing::must_be_finite({awy.lat[0], awy.lat[1], awy.lon[0], awy.lon[1]});
 }

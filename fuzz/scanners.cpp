@@ -1,6 +1,5 @@
 // The headers of data files, mapped and streamed, with what the stream readers make of the rest; and the
 // scanners of mapped bytes: no read at or past c_max, and the position only moves forward.
-#include <cmath>
 
 #include "core/disk/files.h"
 #include "core/disk/txtscan.h"

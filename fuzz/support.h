@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -30,6 +31,10 @@ struct fatal {
 
 inline void must(bool holds) {
     if (!holds) abort();
+}
+
+inline void must_be_finite(std::initializer_list<double> values) {
+    for (const double v : values) must(std::isfinite(v));
 }
 
 // Alerts are silent, a fatal one is thrown.

@@ -2,7 +2,6 @@
 // atom of a tree that is whole. Or the commands alone, over good pools of several depths, the first of each
 // kind larger than a byte can count. The callbacks hold the decoder to their order and to numbers that can be
 // used.
-#include <cmath>
 
 #include "scenery/decode/dsf.h"
 #include "scenery/decode/dsf_format.h"

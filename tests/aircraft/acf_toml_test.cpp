@@ -226,6 +226,7 @@ washee = "hstab_right"
     std::string error;
     EXPECT_FALSE(acf_from_toml(folder.path() + "none.toml", 0, &error));
     EXPECT_FALSE(error.empty());
+    EXPECT_FALSE(acf_from_toml(folder.path(), 0, &error)) << "a folder is no empty text";
 }
 
 TEST_F(acf_toml_test, what_a_load_would_cut_off_or_refuse_is_told_with_its_line) {
@@ -242,6 +243,7 @@ TEST_F(acf_toml_test, what_a_load_would_cut_off_or_refuse_is_told_with_its_line)
               "t.toml:3: gear[1].tire_radius is 0, allowed is above 0\n");
     EXPECT_EQ(lines("[weights]\nm_empty = 9\n[surface.9]\nsemilen_SEG = 4\nels = 11\n"),
               "t.toml:5: wing[9].els is 11, allowed are 1 to 10\n");
+    EXPECT_EQ(lines("[surface.wing1_right]\nsemilen_SEG = -4\n"), "t.toml:2: wing[9].semilen_SEG is below 0\n");
 }
 
 // -- the programs

@@ -214,31 +214,6 @@ TEST_F(frame, ground_proximity_holds_the_limits_of_the_second_kind_where_both_ar
         EXPECT_EQ(stg.BB_pullup, pullup) << sink;
         EXPECT_EQ(stg.BB_sinkrate, !pullup) << sink;
     }
-    EXPECT_NE(test::expect_fatal([] { update_with_fullsim2(1); }).line[0].find("with p!=0!"),
-              std::string::npos);
-}
-
-TEST_F(frame, instruments_fail_the_way_they_are_built) {
-    place(1000.0f, 30.0f);
-    pass(64, 1.0 / 64.0);
-    EXPECT_NEAR(flt[0].h_ind_ft, flt[0].dob_ele * con.mtrstoft, 25.0);
-    for (const int slot : {fail_ss_alt, fail_static}) {
-        flt[0].fail_stat[slot] = fail_active;
-        pass(2, 1.0 / 64.0);
-        const float stuck = flt[0].h_ind_ft;
-        pass(320, 1.0 / 64.0);
-        EXPECT_EQ(flt[0].h_ind_ft, stuck) << "a stuck needle must not wind away by the barometer's term";
-        flt[0].fail_stat[slot] = 0;
-    }
-    // a blocked pitot acts as an altimeter: 1000 ft higher is 50 kt faster
-    pass(2, 1.0 / 64.0);
-    flt[0].fail_stat[fail_pitot] = fail_active;
-    pass(1, 1.0 / 64.0);
-    const float kts = flt[0].v_ind_kts, ft = flt[0].h_ind_ft;
-    flt[0].dob_y += 304.8;
-    flt[0].dob_ele += 304.8;
-    pass(1, 1.0 / 64.0);
-    EXPECT_NEAR(flt[0].v_ind_kts - kts, 0.05f * (flt[0].h_ind_ft - ft), 2.0f);
 }
 
 TEST_F(frame, aircraft_of_the_net_go_on_by_dead_reckoning) {

@@ -59,14 +59,7 @@ protected:
             return !test::run("xdotool search --onlyvisible --maxdepth 1 '.*' 2>/dev/null").output.empty();
         }));
     }
-    // Waits until it is so, ten seconds at most.
-    static bool comes(const std::function<bool()>& so) {
-        for (int i = 0; i < 100; ++i) {
-            if (so()) return true;
-            usleep(100000);
-        }
-        return false;
-    }
+    static bool comes(const std::function<bool()>& so) { return test::comes(so, 20.0); }
     static void drive(const std::string& words) { test::run("xdotool " + words); }
     std::string shoot(const std::string& name) {
         test::run("import -window root " + folder_.path() + name);

@@ -52,5 +52,6 @@ TEST(user_start, an_airport_a_place_on_the_planet_and_a_language_begin_a_trimmed
 }
 
 INSTANTIATE_TEST_SUITE_P(aircraft, steady_start,
-                         ::testing::Values("Shearwater 870", "Wren 160", "Dunlin 400", "Lark 15", "Plover 420"));
+                         ::testing::Values("Shearwater 870", "Wren 160", "Dunlin 400", "Lark 15",
+                                           "Plover 420"));
 }  // namespace

@@ -99,6 +99,15 @@ protected:
         mnw.y_off = 0.0f;
         MACIBM_clear_menus(1);
     }
+    // Entries of one that hangs on the bar, moved to that place.
+    static const std::vector<item_struct>& submenu(int x, int y, int entries) {
+        MACIBM_create_menu(0, 0, "File");
+        MACIBM_append_menu(0, 0, 1, "more", 0);
+        MACIBM_create_menu(20, 0, "sub");
+        menu[20].menux1 = x, menu[20].menuy1 = y;
+        for (int i = 0; i < entries; ++i) MACIBM_append_menu(20, i, i, "entry " + std::to_string(i), 1);
+        return menu[20].item;
+    }
     static bool same_box(const item_struct& a, const menu_struct& b) {
         return a.itemx1 == b.menux1 && a.itemy1 == b.menuy1 && a.itemy2 == b.menuy2;
     }
@@ -128,12 +137,7 @@ TEST_F(menus, lie_side_by_side_and_hang_below_each_other) {
 }
 
 TEST_F(menus, long_ones_go_to_a_second_column_on_the_screen) {
-    MACIBM_create_menu(0, 0, "File");
-    MACIBM_append_menu(0, 0, 1, "more", 0);
-    MACIBM_create_menu(20, 0, "all");  // a bar title far right
-    menu[20].menux1 = 900;
-    for (int i = 0; i < 130; ++i) MACIBM_append_menu(20, i, i, "entry " + std::to_string(i), 1);
-    const auto& item = menu[20].item;
+    const auto& item = submenu(900, 750, 130);
     EXPECT_EQ(item[60].itemy2, item[0].itemy2);
     EXPECT_EQ(item[60].itemx1, item[0].itemx1 + 180);
     EXPECT_LE(item[129].itemx2, 1024 - 5);
@@ -141,12 +145,7 @@ TEST_F(menus, long_ones_go_to_a_second_column_on_the_screen) {
 }
 
 TEST_F(menus, a_submenu_that_would_pass_the_bottom_is_shifted_up_whole_and_not_squashed) {
-    MACIBM_create_menu(0, 0, "File");
-    MACIBM_append_menu(0, 0, 1, "more", 0);
-    MACIBM_create_menu(20, 0, "low");
-    menu[20].menuy1 = 100;  // 60 entries below it do not fit
-    for (int i = 0; i < 60; ++i) MACIBM_append_menu(20, i, i, "entry " + std::to_string(i), 1);
-    const auto& item = menu[20].item;
+    const auto& item = submenu(10, 100, 60);  // 60 entries below it do not fit
     for (int i = 0; i < 60; ++i) EXPECT_EQ(item[i].itemy2 - item[i].itemy1, 12) << i;
     for (int i = 1; i < 60; ++i) EXPECT_EQ(item[i].itemy2, item[i - 1].itemy1) << i;
     EXPECT_EQ(item[59].itemy1, 5);

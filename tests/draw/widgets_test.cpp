@@ -14,6 +14,7 @@
 #include "draw/type.h"
 #include "draw/widgets/frames.h"
 #include "draw/widgets/menus.h"
+#include "pictures.h"
 #include "ui/screens/clicks.h"
 #include "ui/screens/start_screen.h"
 #include "window.h"
@@ -212,13 +213,16 @@ TEST_F(widgets, lists_of_places_are_searched_by_name_and_by_identifier) {
     place_ids = {};
 }
 
-TEST_F(widgets, an_interface_image_of_another_size_is_refused) {
+TEST_F(widgets, an_interface_image_of_another_size_or_kind_is_refused) {
     const test::temp_folder folder;
     init_paths(folder.path());
     std::filesystem::create_directories(folder.path() + "Resources/bitmaps");
     std::filesystem::copy(INSTALL_FOLDER "Resources/bitmaps/blank.png",
                           folder.path() + "Resources/bitmaps/interface.png");
     EXPECT_EQ(test::expect_fatal(load_interface_images).line[2], "It is 16 by 16 pixels.");
+    std::filesystem::remove(folder.path() + "Resources/bitmaps/interface.png");
+    folder.write("Resources/bitmaps/interface.bmp", test::bmp_bytes(16, 16, test::bytes(3 * 16 * 16)));
+    EXPECT_EQ(test::expect_fatal(load_interface_images).line[0], "I cannot open the graphics interface file!");
 }
 
 TEST_F(widgets, the_help_box_comes_at_rest_and_stays_on_the_screen) {

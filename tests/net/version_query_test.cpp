@@ -1,8 +1,6 @@
 // The named servers, and the version query against a server in another process.
 #include "net/version_query.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 
 #include "core/disk/paths.h"
@@ -23,10 +21,7 @@ protected:
     }
     static void finish(version_query& query) {
         query.start();
-        for (int i = 0; i < 20000 && !query.done; ++i) {
-            query.process();
-            usleep(200);
-        }
+        test::comes([&] { return query.process(), query.done != 0; });
     }
     void name_file(int port, const std::string& path) const {
         name_servers("I\n800 version\nversion 127.0.0.1 " + std::to_string(port) + " " + path + "\n");

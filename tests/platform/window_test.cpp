@@ -48,15 +48,9 @@ protected:
         plain_view_draw();
         return {mnw.x_res_now, mnw.y_res_now, pixels(0, 0, mnw.x_res_now, mnw.y_res_now)};
     }
-    // Drains events until something holds, for as long as a slow machine may need.
-    template <class condition>
-    static bool comes(condition holds) {
-        for (int i = 0; i < 500; ++i) {
-            seam.drain_events();
-            if (holds()) return true;
-            usleep(10000);
-        }
-        return false;
+    // Drains events until something holds.
+    static bool comes(const std::function<bool()>& holds) {
+        return test::comes([&] { return seam.drain_events(), holds(); });
     }
     static int xdotool(const std::string& words) { return test::run("xdotool " + words).status; }
 };

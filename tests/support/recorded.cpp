@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <sstream>
 
 namespace test {
@@ -66,26 +67,15 @@ static bool all_zero(const std::vector<double>& values) {
 void recorded::write(const std::string& path) const {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream out(path);
-    const auto line = [&](const std::string& name, const std::string& unit,
-                          const std::vector<std::string>& cells) {
-        out << name << std::string(name.size() < 24 ? 24 - name.size() : 1, ' ');
-        out << unit << std::string(unit.size() < 7 ? 7 - unit.size() : 1, ' ');
-        for (const std::string& cell : cells)
-            out << std::string(cell.size() < 12 ? 12 - cell.size() : 1, ' ') << cell;
+    const auto row = [&](const std::string& name, const std::string& unit, const auto& cells) {
+        out << std::left << std::setw(23) << name << ' ' << std::setw(6) << unit << ' ' << std::right;
+        for (const auto& cell : cells) out << ' ' << std::setw(11) << cell;
         out << '\n';
     };
-    line("name", "unit", labels_);
-    for (const std::string& name : order_) {
-        const row& r = rows_.at(name);
-        if (all_zero(r.values)) continue;
-        std::vector<std::string> cells;
-        for (const double v : r.values) {
-            char text[32];
-            snprintf(text, sizeof text, "%.*g", share_ < 1e-4 ? 8 : 6, v);
-            cells.push_back(text);
-        }
-        line(name, r.unit, cells);
-    }
+    out << std::setprecision(share_ < 1e-4 ? 8 : 6);
+    row("name", "unit", labels_);
+    for (const std::string& name : order_)
+        if (const auto& r = rows_.at(name); !all_zero(r.values)) row(name, r.unit, r.values);
 }
 
 void recorded::compare(const std::string& path) const {

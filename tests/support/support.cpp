@@ -1,11 +1,12 @@
-#include "scenery/draw/scenery_gl.h"
 #include "support.h"
 
 #include <fenv.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -14,6 +15,7 @@
 #include "core/program/seams.h"
 #include "core/records/ren.h"
 #include "draw/gl/colours.h"
+#include "scenery/draw/scenery_gl.h"
 
 namespace test {
 
@@ -89,6 +91,15 @@ std::string temp_folder::write(const std::string& name, const std::string& bytes
 std::string read_file(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+bool comes(const std::function<bool()>& so, double patience) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(patience);
+    while (!so()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        usleep(100);
+    }
+    return true;
 }
 
 run_result run(const std::string& command) {

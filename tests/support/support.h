@@ -63,6 +63,9 @@ struct run_result {
 };
 run_result run(const std::string& command);
 
+// Waits until it is so; false when the patience, in seconds, runs out before.
+bool comes(const std::function<bool()>& so, double patience = 10.0);
+
 // Fixture that starts from a fresh system.
 class system_test : public ::testing::Test {
 protected:

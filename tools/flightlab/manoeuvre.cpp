@@ -57,8 +57,10 @@ int stall_command(int argc, char** argv) {
     line("stall", s.speed, "kt");
     line("at an angle of attack of", s.alpha, "degrees");
     line("elevator there", s.ptch, "of full travel, back is positive");
-    if (s.warned > 0.0f)
+    if (s.warned > s.speed)
         line("warned", s.warned - s.speed, "kt before");
+    else if (s.warned > 0.0f)
+        line("warned late, below the stall by", s.speed - s.warned, "kt");
     else
         printf("  without a warning\n");
     line("largest bank", s.bank, "degrees");

@@ -167,7 +167,13 @@ std::vector<option_row> with_load(std::vector<option_row> rows) {
     return rows;
 }
 
+// Negative: leaned.
+static double mixture_of(const options& from) {
+    return from.text("mixture", "lean") == "lean" ? -1.0 : from.number("mixture", 1.0, 0.0, 1.0);
+}
+
 void set_load(const options& from) {
+    if (from.has("mixture")) mixture_of(from);  // nonsense is told before anything is measured
     lab_load load;
     if (from.has("mass")) load.mass = static_cast<float>(from.number("mass", 0.0, 2.3, 1e7)) * con.lbstokgs;
     load.fuel = static_cast<float>(from.number("fuel", -1.0, 0.0, 1.0));
@@ -185,8 +191,9 @@ void set_load(const options& from) {
 }
 
 bool set_mixture(const options& from) {
-    if (from.text("mixture", "lean") == "lean") return false;
-    lab_set_mixture(static_cast<float>(from.number("mixture", 1.0, 0.0, 1.0)));
+    const double ratio = mixture_of(from);
+    if (ratio < 0.0) return false;
+    lab_set_mixture(static_cast<float>(ratio));
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <limits>
 #include <map>
 
@@ -107,6 +108,7 @@ private:
     void read_downwash(const toml::node& node);
     int surface_named(const toml::table& table, const char* key);
     void copy_surfaces();
+    void refuse(const std::string& text, const void* field);
 
     std::string file_;
     int p_;
@@ -524,15 +526,25 @@ void reader::read(const toml::table& root) {
     copy_surfaces();
 }
 
-void reader::test_ranges() {
-    const void* field = nullptr;
-    const std::string text = acf_admit(p_, &field);
-    if (text.empty()) return;
+// A fault of a field that has been read, with the line of its key, else of its table.
+void reader::refuse(const std::string& text, const void* field) {
     int line = 0;
     for (const table_place& table : tables_)
         if (field >= table.first && field < table.end) line = table.line;
     if (const auto own = lines_.find(field); own != lines_.end()) line = own->second;
     faults_.push_back({line, file_ + (line ? ":" + std::to_string(line) : "") + ": " + text + "\n"});
+}
+
+void reader::test_ranges() {
+    // a load takes one for a surface that is not there
+    for (int en = 0; en < wingDIM; ++en) {
+        const float& length = v_.wing[en].semilen_SEG;
+        if (length < 0.0f && lines_.count(&length))
+            refuse("wing[" + std::to_string(en) + "].semilen_SEG is below 0", &length);
+    }
+    const void* field = nullptr;
+    const std::string text = acf_admit(p_, &field);
+    if (!text.empty()) refuse(text, field);
 }
 }  // namespace
 
@@ -540,6 +552,10 @@ static int read_text(const std::string& toml_path, int p, bool as_design, std::s
     error->clear();
     clear_acf(p);
     toml::table root;
+    if (std::error_code ignored; std::filesystem::is_directory(toml_path, ignored)) {
+        *error = toml_path + ": is a folder\n";
+        return 0;
+    }
     try {
         root = toml::parse_file(toml_path);
     } catch (const toml::parse_error& fault) {

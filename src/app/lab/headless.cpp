@@ -27,6 +27,7 @@
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
+#include "scenery/nav/nav_tables.h"
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
 #include "ui/text/language.h"
@@ -37,8 +38,8 @@ namespace {
 void (*const resets[])() = {
     reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
     reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
-    wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke,
-    reset_clicks,     reset_widgets,
+    wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke, reset_clicks,
+    reset_widgets,     forget_nav_tables,
 };
 }  // namespace
 

@@ -115,8 +115,9 @@ lab_stall_sum lab_fly_stall(const lab_polar& polar, float altitude) {
     slow_down(trim, polar.alpha_max, s);
     const double from = flt[0].dob_ele;
     lab_set_power(1.0f);
-    for (float t = 0.0f; t < 30.0f && flt[0].Vh_fpm < 0.0f; t += dt) {
-        lab_command(t < 1.0f ? trim - 0.2f : trim, wings_level(), 0.0f);
+    constexpr float eased = 1.0f;  // s; one that just climbs on its swing through the stall sinks by then
+    for (float t = 0.0f; t < 30.0f && (t < eased || flt[0].Vh_fpm < 0.0f); t += dt) {
+        lab_command(t < eased ? trim - 0.2f : trim, wings_level(), 0.0f);
         lab_frame(dt);
     }
     s.height_lost = static_cast<float>(from - flt[0].dob_ele);

@@ -37,3 +37,13 @@ int code_with_tex(int surf_tex) {
         if (surfaces[code - 1] == surf_tex) return code;
     return 0;
 }
+
+void forget_nav_tables() {
+    vec_nav.clear();
+    vec_fix.clear();
+    vec_loa.clear();
+    vec_hia.clear();
+    vec_apt.clear();
+    nav_hash.clear();
+    apt_hash.clear();
+}

@@ -104,6 +104,9 @@ extern std::vector<vec_apt_struct> vec_apt;
 
 extern std::multimap<int, int> nav_hash;       // frequency to index, in table order
 extern std::map<std::uint32_t, int> apt_hash;  // apt_id_key to index; the first of equals
+
+// Empties all of them.
+void forget_nav_tables();
 std::uint32_t apt_id_key(const char* apt_id);  // its first four bytes as they stand in memory
 
 // Surface codes of the airport file and texture references of the program; an unknown code is asphalt, an

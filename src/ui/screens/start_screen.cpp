@@ -35,10 +35,12 @@ void interface_is_missing() {
                  bmp_path + "interface.png", alert_fatal);
 }
 
-// Every piece and colour has its place in a picture of one size.
-bool interface_has_its_size(const std::string& path) {
+// Every piece and colour has its place in a picture of one size. A bitmap of that name, which any other picture may be,
+// has no alpha to cut the pieces out.
+bool interface_has_its_form(const std::string& path) {
     unsigned dx, dy;
-    if (!png_size(path, &dx, &dy) || (dx == interface_size && dy == interface_size)) return true;
+    if (!png_size(path, &dx, &dy)) return interface_is_missing(), false;
+    if (dx == interface_size && dy == interface_size) return true;
     const std::string side = std::to_string(interface_size);
     MACIBM_alert(0, "The graphics interface file has the wrong size!", path,
                  "It is " + std::to_string(dx) + " by " + std::to_string(dy) + " pixels.",
@@ -64,7 +66,7 @@ void load_interface_images() {
     if (!seam.has_display) return;
     const std::string interface_png = bmp_path + "interface.png";
     if (!tman.load_texture(0, load_scratch, 0, filter_rgba, interface_png)) return interface_is_missing();
-    if (!interface_has_its_size(interface_png)) return;
+    if (!interface_has_its_form(interface_png)) return;
     read_palette();
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
     tman.load_texture(1, load_ogl, tex_blank, filter_rgba, bmp_path + "blank.png");
