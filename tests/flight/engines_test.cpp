@@ -8,7 +8,6 @@
 
 #include "app/lab/lab.h"
 #include "app/lab/lab_steady.h"
-#include "core/math/num.h"
 #include "flight/power/engine_control.h"
 #include "flight/power/levers.h"
 #include "flight/power/thrust.h"
