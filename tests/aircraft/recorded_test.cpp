@@ -59,9 +59,8 @@ void fill_zeros(const veh_field_list& list, void* record) {
         const veh_field_struct& row = list.rows[i];
         if (row.type != 'f' || row.role != veh_role_file) continue;
         float* at = reinterpret_cast<float*>(static_cast<char*>(record) + row.offset);
-        for (int k = 0; k < static_cast<int>(row.size) / 4; ++k) {
+        for (int k = 0; k < static_cast<int>(row.size) / 4; ++k)
             if (at[k] == 0.0f) at[k] = test::any(0.1, 1);
-        }
     }
 }
 
@@ -123,6 +122,16 @@ TEST(recorded_design, is_reported_as_it_was) {
     }
 }
 
+const char* const switches =
+    "sweep_with_flaps_EQ sweep_with_vect_EQ flaps_with_vec_EQ flaps_with_gear_EQ auto_trim_EQ varsweep_EQ "
+    "vect_EQ slat_with_stall_EQ phase_ptch_tvect_in_at_90 phase_ptch_tvect_in_at_00 "
+    "phase_roll_tvect_in_at_90 phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 "
+    "phase_hdng_tvect_in_at_00 hide_prop_at_90_vect gear_retract";
+const char* const amounts =
+    "tvec_ptch tvec_roll tvec_hdng diff_thro_ptch diff_thro_roll diff_thro_hdng vectarmY vectarmZ "
+    "diff_coll_with_roll diff_coll_with_hdng diff_coll_with_ptch tail_with_coll flap_deftime "
+    "throt_time_prop throt_time_jet vect_rate";
+
 TEST(recorded_design, moves_its_surfaces_as_it_did) {
     test::recorded r("deflected", 1e-5);
     for (const std::string& name : test::aircraft_names()) {
@@ -131,22 +140,8 @@ TEST(recorded_design, moves_its_surfaces_as_it_did) {
             test::dice.seed(seed);
             base->num_engines = base->num_thrustpoints = test::whole(1, 3);
             test::draw_aircraft(*base, [] {
-                const veh_field_list block = veh_block_list();
-                test::draw(block, &veh[0],
-                           "sweep_with_flaps_EQ sweep_with_vect_EQ flaps_with_vec_EQ flaps_with_gear_EQ "
-                           "auto_trim_EQ "
-                           "varsweep_EQ vect_EQ slat_with_stall_EQ phase_ptch_tvect_in_at_90 "
-                           "phase_ptch_tvect_in_at_00 "
-                           "phase_roll_tvect_in_at_90 phase_roll_tvect_in_at_00 phase_hdng_tvect_in_at_90 "
-                           "phase_hdng_tvect_in_at_00 hide_prop_at_90_vect gear_retract",
-                           0, 1);
-                test::draw(
-                    block, &veh[0],
-                    "tvec_ptch tvec_roll tvec_hdng diff_thro_ptch diff_thro_roll diff_thro_hdng vectarmY "
-                    "vectarmZ "
-                    "diff_coll_with_roll diff_coll_with_hdng diff_coll_with_ptch tail_with_coll flap_deftime "
-                    "throt_time_prop throt_time_jet vect_rate",
-                    0.2, 5);
+                test::draw(veh_block_list(), &veh[0], switches, 0, 1);
+                test::draw(veh_block_list(), &veh[0], amounts, 0.2, 5);
                 for (veh_gear_struct& g : veh[0].gear) {
                     test::draw(veh_gear_list(), &g, "latE lonE axiE latR lonR axiR", -90, 90);
                     test::draw(veh_gear_list(), &g, "cyc_time", 1, 5);

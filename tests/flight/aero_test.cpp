@@ -1,19 +1,14 @@
-// Sums of forces and moments, and the tables that are refused; the forces stand against the air reference.
+// Sums of forces and moments, and a table that is refused; the forces stand against the air reference.
 #include <algorithm>
 #include <iterator>
 
-#include "flight/air/coeffs.h"
 #include "flight/force/forces.h"
 #include "flying.h"
 
 namespace {
-class aero : public ::testing::Test {
-protected:
-    void SetUp() override { test::fly_aircraft("Wren 160"); }
-};
-
 // Moments are the cross products of arm and force, in the senses of the sums.
-TEST_F(aero, forces_make_the_moments_of_their_arms) {
+TEST(aero, forces_make_the_moments_of_their_arms) {
+    test::fly_aircraft("Wren 160");
     flt_struct& f = flt[0];
     const auto expect = [&](float side, float nrml, float axil, float X, float Y, float Z) {
         EXPECT_FLOAT_EQ(f.L, side * Y - nrml * X);
@@ -35,12 +30,8 @@ TEST_F(aero, forces_make_the_moments_of_their_arms) {
     expect(20, 30, 10, 2, 3, 4);
 }
 
-TEST_F(aero, tables_without_sense_are_told) {
-    float cl, cd, cm;
-    EXPECT_EQ(test::expect_fatal([&] { subsonic_co_lookup(0, &cl, &cd, &cm, wingDIM, 0, 0, 0, 0); }).line[0],
-              "FOIL INDEX out of range!");
-    EXPECT_EQ(test::expect_fatal([&] { subsonic_co_lookup(0, &cl, &cd, &cm, 9, 0, 0, elDIM, 0); }).line[0],
-              "ELEMENT INDEX out of range!");
+TEST(aero, a_foil_that_pushes_is_told) {
+    test::fly_aircraft("Wren 160");
     for (auto& of_end : veh[0].afl[9].cd)
         for (auto& table : of_end) std::fill(std::begin(table), std::end(table), -0.01f);
     EXPECT_EQ(test::expect_fatal([] { lab_tunnel({}); }).line[0], "neg cd in post con-def lookup!");

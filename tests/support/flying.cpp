@@ -23,8 +23,6 @@ static std::map<std::string, std::string> all_aircraft() {
     return found;
 }
 
-static std::string path_of(const std::string& name) { return name.empty() ? "" : all_aircraft().at(name); }
-
 std::vector<std::string> aircraft_names() {
     std::vector<std::string> names;
     for (const auto& [name, path] : all_aircraft())
@@ -34,7 +32,7 @@ std::vector<std::string> aircraft_names() {
 
 void fly_aircraft(const std::string& name) {
     record_alerts();
-    headless_start(INSTALL_FOLDER, path_of(name));
+    headless_start(INSTALL_FOLDER, name.empty() ? "" : all_aircraft().at(name));
     record_alerts();
     lab_still_air();
 }

@@ -67,22 +67,18 @@ TEST_F(wind_test, phase_of_the_field_never_stalls) {
 
 static int calls;
 
-// One a minute of waiting, and some 15 s of its own: 48 an hour, from all sides alike, pressing down, never
-// up.
+// One a minute of waiting, and some 15 s of its own: 48 an hour, pressing down, never up.
 TEST_F(wind_test, microbursts_come_and_go) {
     seam.play_sound = [](int slot, float, float) { calls += slot == 51; };
     calls = 0;
     veh[0].warn1_EQ = 1, stg.warn_bb = 1;
     float fastest = 0.0f, lowest = 0.0f, highest = 0.0f;
-    int sides[4] = {};
     const auto fly = [&](float seconds) {
         for (int i = 0; i < seconds / mnw.prd_FM; ++i) {
             mnw.totl_time += mnw.prd_FM;
             wind.per_cycle();
-            const float x = wind.ret_wind_x(), z = wind.ret_wind_z();
             fastest = std::max(fastest, wind.ret_wind_spd_msc());
             lowest = std::min(lowest, wind.ret_wind_y()), highest = std::max(highest, wind.ret_wind_y());
-            sides[0] += x > 5.0f, sides[1] += x<-5.0f, sides[2] += z> 5.0f, sides[3] += z < -5.0f;
         }
     };
     atm.burst_prob = 1.0f, flt[0].y_agl_mtr = 300.0f;
@@ -98,8 +94,6 @@ TEST_F(wind_test, microbursts_come_and_go) {
     EXPECT_TRUE(fastest > 75.0f * con.ktstomsc && fastest < 90.0f * con.ktstomsc) << fastest;
     EXPECT_TRUE(lowest < -6000.0f * con.fpmtomsc && lowest > -8000.0f * con.fpmtomsc) << lowest;
     EXPECT_LT(highest, 0.1f);
-    for (const int side : sides)
-        EXPECT_NEAR(side * 4.0 / (sides[0] + sides[1] + sides[2] + sides[3]), 1.0, 0.25);
 }
 
 TEST_F(wind_test, a_burst_holds_while_time_stands_still) {
