@@ -58,7 +58,8 @@ void keep_logbook() {
     state.last_touchdown = mnw.totl_time;
     ++msc.log_numb_land[i];
     msc.log_dest[i] = msc.apt_id_str;
-    if (msc.loc_apt_wrl != state.old_airport && state.old_airport >= 0) msc.log_xcnt_time[i] += state.flight_since_touchdown;
+    if (msc.loc_apt_wrl != state.old_airport && state.old_airport >= 0)
+        msc.log_xcnt_time[i] += state.flight_since_touchdown;
     state.old_airport = msc.loc_apt_wrl;
     state.flight_since_touchdown = 0.0f;
 }

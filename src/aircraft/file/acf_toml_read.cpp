@@ -238,6 +238,8 @@ void reader::unknown_key(const toml::key& key, const std::vector<open_record>& r
     const std::string text = "unknown key \"" + name + "\"";
     if (const char* section = acf_section_of(name))
         return fault(key.source(), text + " here; it belongs into [" + section + "]");
+    constexpr size_t guessed = 100;  // behind as many faults nobody reads what may have been meant
+    if (faults_.size() >= guessed) return fault(key.source(), text);
     names known = other_keys;
     for (const open_record& record : records)
         for (int r = 0; r < record.fields.count; ++r)
