@@ -359,6 +359,27 @@ TEST_F(math, vectors_and_planes) {
     EXPECT_FALSE(plane.on_normal_side({0, 0, 5}));
 }
 
+TEST_F(math, floats_in_threes_and_their_box) {
+    const Point3 moved = Point3{1, 2, 3} + Vector3{10, 20, 40};
+    expect_each({{moved.x, 11}, {moved.y, 22}, {moved.z, 43}}, 0);
+    const d3_struct a{1, 2, 3}, b{4, -5, 6}, sum = a + b * 2.0f;
+    expect_each({{sum.at(0), 9}, {sum.at(1), -8}, {sum.at(2), 15}, {a.dot(b), 12}}, 0);
+    box_struct box;
+    EXPECT_TRUE(box.empty());
+    for (const d3_struct& at : {a, b, d3_struct{2, 0, 4}}) box.grow(at);
+    EXPECT_FALSE(box.empty());
+    const d3_struct size = box.size(), centre = box.centre();
+    expect_each({{size.x, 3}, {size.y, 7}, {size.z, 3}}, 0);
+    expect_each({{centre.x, 2.5}, {centre.y, -1.5}, {centre.z, 4.5}}, 0);
+}
+
+TEST_F(math, rates_turn_about_the_aircrafts_own_axes) {
+    float q[4], psi, the, phi;
+    init_quaternion(0, 0, 90, q);
+    update_quaternion(0, 0.5f, 0, &psi, &the, &phi, q);
+    expect_each({{psi, 28.64789}, {the, 0}, {phi, 90}}, 1e-3);  // banked steeply, the nose up is a turn
+}
+
 TEST_F(math, power_on_the_buses) {
     stg.battery = stg.inverter[1] = 1;
     flt[0].engn[0].bat_volt = 0.8f;
