@@ -243,7 +243,8 @@ TEST_F(acf_toml_test, what_a_load_would_cut_off_or_refuse_is_told_with_its_line)
               "t.toml:3: gear[1].tire_radius is 0, allowed is above 0\n");
     EXPECT_EQ(lines("[weights]\nm_empty = 9\n[surface.9]\nsemilen_SEG = 4\nels = 11\n"),
               "t.toml:5: wing[9].els is 11, allowed are 1 to 10\n");
-    EXPECT_EQ(lines("[surface.wing1_right]\nsemilen_SEG = -4\n"), "t.toml:2: wing[9].semilen_SEG is below 0\n");
+    EXPECT_EQ(lines("[surface.wing1_right]\nsemilen_SEG = -4\n"),
+              "t.toml:2: wing[9].semilen_SEG is below 0\n");
 }
 
 // -- the programs
