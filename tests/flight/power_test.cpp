@@ -230,4 +230,18 @@ TEST_P(powered, counter_rotating_twins_are_symmetrical) {
     EXPECT_LT(fabsf(flt[0].L) / scale, 1e-4f);
     EXPECT_LT(fabsf(flt[0].N) / scale, 1e-4f);
 }
+
+TEST(rotor, hovers_with_the_inflow_of_momentum_theory) {
+    test::fly_aircraft("Plover 420");
+    ASSERT_TRUE(lab_find_steady({.speed = 0.0f, .altitude = 300.0f}).found);
+    const flt_engn_struct& e = flt[0].engn[veh[0].collective_en];
+    const float area = veh[0].engn[veh[0].collective_en].discarea, weight = lab_mass() * con.g;
+    EXPECT_NEAR(e.thrust, weight, 0.05f * weight);
+    // the whole added speed is sqrt(2) of the induced one; disturbed air takes the blades .75 of it
+    const float induced = sqrtf(e.thrust / (2.0f * con.lcl_r_met * area));
+    EXPECT_NEAR(e.DVinc, sqrtf(2.0f) * induced, 0.1f * e.DVinc);
+    const float ideal = e.thrust * induced;  // tail rotor, transmission and profile drag take the rest
+    EXPECT_GT(flt[0].engn[0].power, ideal / 0.9f);
+    EXPECT_LT(flt[0].engn[0].power, ideal / 0.4f);
+}
 }  // namespace
