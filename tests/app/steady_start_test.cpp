@@ -3,11 +3,13 @@
 
 #include "app/lab/headless.h"
 #include "core/math/num.h"
+#include "core/math/random.h"
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "flying.h"
 #include "ui/text/language.h"
+#include "weather/atmosphere.h"
 
 namespace {
 class steady_start : public ::testing::TestWithParam<const char*> {};
@@ -29,6 +31,19 @@ TEST_P(steady_start, flies_straight_and_level_for_half_a_minute_with_the_hands_o
     }
     EXPECT_NEAR(flt[0].dob_ele, height, glides ? 60.0 : 30.0);
     EXPECT_LT(fabsf(fltwrap(flt[0].psi - heading, -180.0f, 180.0f)), 15.0f);
+}
+
+TEST(user_start, is_trimmed_in_the_mean_wind_and_not_in_a_gust) {
+    for (unsigned weather = 1; weather <= 4; ++weather) {
+        test::fly_aircraft("Wren 160");
+        rand_seed(weather * 7919);
+        init_weather_defaults();
+        ASSERT_TRUE(start_steady());
+        for (int i = 0; i < 20 * 64; ++i) {
+            headless_frame();
+            ASSERT_LT(fabsf(flt[0].Vh_fpm), 600.0f) << weather << ", it was 3,400";
+        }
+    }
 }
 
 TEST(user_start, an_airport_a_place_on_the_planet_and_a_language_begin_a_trimmed_flight) {

@@ -36,6 +36,30 @@ void put_back(const flt_struct& before) {
     cache_air(0);
 }
 
+// While one lives the wind is the mean wind: trimmed in a gust the aircraft would rise or sink as that one passes.
+class mean_wind {
+public:
+    mean_wind() : set(atm) {
+        for (float* gusts : {atm.set_shear_spd_kts, atm.set_shear_dir, atm.set_turb_inc})
+            for (int layer = 0; layer < 3; ++layer) gusts[layer] = 0.0f;
+        atm.therm_prt = atm.burst_prob = 0.0f;
+    }
+    ~mean_wind() {
+        for (int layer = 0; layer < 3; ++layer) {
+            atm.set_shear_spd_kts[layer] = set.set_shear_spd_kts[layer];
+            atm.set_shear_dir[layer] = set.set_shear_dir[layer];
+            atm.set_turb_inc[layer] = set.set_turb_inc[layer];
+        }
+        atm.therm_prt = set.therm_prt;
+        atm.burst_prob = set.burst_prob;
+    }
+    mean_wind(const mean_wind&) = delete;
+    mean_wind& operator=(const mean_wind&) = delete;
+
+private:
+    const atm_struct set;
+};
+
 // Speeds to try, m/s. The speed of an airport's start is slow with the flaps up: the nose stands high; a glider keeps
 // to it. A speed that the user has chosen comes first, then those of the aircraft. None is above its redline.
 std::vector<float> speeds_to_try(bool chosen, float now) {
@@ -55,6 +79,7 @@ std::vector<float> speeds_to_try(bool chosen, float now) {
 bool start_steady(bool chosen_speed) {
     // the wind rises over some seconds of its own steps: it has done so when the flight begins
     constexpr int wind_steps = 1000;
+    const mean_wind no_gusts;
     for (int i = 0; i < wind_steps; ++i) weather_step();
     const flt_struct before = flt[0];
     const lab_in_place in_place;
