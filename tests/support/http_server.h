@@ -6,6 +6,7 @@ namespace test {
 
 class http_server {
 public:
+    http_server() {}  // const ones need it
     unsigned short port() const { return static_cast<unsigned short>(server_.number()); }
 
 private:

@@ -144,8 +144,8 @@ TEST_F(language_test, a_broken_text_file_is_told) {
         {"99999999999999999999999 a\n", "Too many text strings!"},
         {"", "Could not open text file!"},
     };
-    for (const auto& [texts, told] : rows)
-        EXPECT_EQ(test::expect_fatal([&] { load_texts(texts); }).line[0], told) << texts;
+    for (const auto& row : rows)
+        EXPECT_EQ(test::expect_fatal([&] { load_texts(row.first); }).line[0], row.second) << row.first;
     load_texts("-99999999999999999999999\n1 a\n");
     EXPECT_EQ(stl.text[1], "");
 }
@@ -170,8 +170,8 @@ TEST_F(language_test, a_broken_menu_file_is_told) {
         {items, "Item index out of range in append_menu!"},
         {menus, "Menu index out of range in create_menu!"},
     };
-    for (const auto& [text, told] : rows)
-        EXPECT_EQ(test::expect_fatal([&] { load_menus(text); }).line[0], told);
+    for (const auto& row : rows)
+        EXPECT_EQ(test::expect_fatal([&] { load_menus(row.first); }).line[0], row.second);
     MACIBM_clear_menus(2);
     load_menus("h\n0 " + std::string(41, 'x') + "\n5 five\nsix\n-7 seven\n2147483648 eight\n9 nine\n\n" +
                "999999 B\n1 b\n\n-1 C\n\n600 D\n\n1 E\n0 e\n\n\n0 F\n");
