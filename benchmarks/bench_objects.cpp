@@ -22,6 +22,7 @@
 #include "platform/window.h"
 #include "scenery/draw/object_draw.h"
 #include "scenery/draw/scenery_gl.h"
+#include "scenery/objects/object_build.h"
 #include "scenery/objects/object_file.h"
 
 namespace {

@@ -297,7 +297,7 @@ constexpr int edge_vertices = 1024;
 std::vector<d3_struct> long_edge() {
     std::vector<d3_struct> edge;
     for (int i = 0; i < edge_vertices; ++i)
-        edge.push_back({{0.01f * static_cast<float>(i), 500.0f, 108.0f * static_cast<float>(i)}});
+        edge.push_back({0.01f * static_cast<float>(i), 500.0f, 108.0f * static_cast<float>(i)});
     return edge;
 }
 
@@ -309,7 +309,7 @@ void edge_by_plain_walk(benchmark::State& state) {
             float best = 1.0e10f;
             const d3_struct* nearest = nullptr;
             for (const d3_struct& kept : edge) {
-                const float dx = kept.v[0] - at.v[0], dz = kept.v[2] - at.v[2];
+                const float dx = kept.x - at.x, dz = kept.z - at.z;
                 const float distance = dx * dx + dz * dz;
                 if (distance < best) best = distance, nearest = &kept;
             }
@@ -320,7 +320,7 @@ void edge_by_plain_walk(benchmark::State& state) {
 
 void edge_by_handle_edge(benchmark::State& state) {
     std::vector<d3_struct> edge = long_edge();
-    d3_struct normal = {{0.0f, 1.0f, 0.0f}};
+    d3_struct normal = {0.0f, 1.0f, 0.0f};
     handle_edge(0, 0, nullptr, nullptr, edge_clear);
     for (d3_struct& at : edge) handle_edge(0, 0, &at, &normal, edge_keep_right);
     for (auto _ : state)
@@ -362,7 +362,7 @@ place_struct place_in_triangle(const d3_struct* g) {
     float a = static_cast<float>(between(0.01, 0.98)), b = static_cast<float>(between(0.0, 0.98));
     if (a + b > 0.99f) a = 0.99f - 0.5f * a, b = 0.005f;
     const auto at = [&](int axis) {
-        return g[0].v[axis] + a * (g[1].v[axis] - g[0].v[axis]) + b * (g[2].v[axis] - g[0].v[axis]);
+        return g[0].at(axis) + a * (g[1].at(axis) - g[0].at(axis)) + b * (g[2].at(axis) - g[0].at(axis));
     };
     return {at(0), at(2)};
 }
@@ -431,17 +431,17 @@ void expect_finds(const std::vector<place_struct>& places, bool fast, bool slow)
 }
 
 bool plain_inside(const d3_struct& a, const d3_struct& b, const place_struct& at) {
-    return (at.x - a.v[0]) * (b.v[2] - a.v[2]) - (at.z - a.v[2]) * (b.v[0] - a.v[0]) <= 0.0f;
+    return (at.x - a.x) * (b.z - a.z) - (at.z - a.z) * (b.x - a.x) <= 0.0f;
 }
 
 // Three edges and the height on the plane of the corners; below all ground where it lies outside.
 float plain_height(const d3_struct* g, const place_struct& at) {
     if (!plain_inside(g[0], g[1], at) || !plain_inside(g[1], g[2], at) || !plain_inside(g[2], g[0], at))
         return -1.0e6f;
-    const float ax = g[1].v[0] - g[0].v[0], ay = g[1].v[1] - g[0].v[1], az = g[1].v[2] - g[0].v[2];
-    const float bx = g[2].v[0] - g[0].v[0], by = g[2].v[1] - g[0].v[1], bz = g[2].v[2] - g[0].v[2];
+    const float ax = g[1].x - g[0].x, ay = g[1].y - g[0].y, az = g[1].z - g[0].z;
+    const float bx = g[2].x - g[0].x, by = g[2].y - g[0].y, bz = g[2].z - g[0].z;
     const float nx = ay * bz - az * by, ny = az * bx - ax * bz, nz = ax * by - ay * bx;
-    return g[0].v[1] - ((at.x - g[0].v[0]) * nx + (at.z - g[0].v[2]) * nz) / ny;
+    return g[0].y - ((at.x - g[0].x) * nx + (at.z - g[0].z) * nz) / ny;
 }
 
 std::vector<place_struct> places_in_one_triangle(std::vector<d3_struct>* triangle) {
