@@ -4,11 +4,13 @@
 #include "scenery/extrude/road_data.h"
 #include "scenery/ground/region.h"
 #include "scenery/ground/surfaces.h"
+#include "scenery/ground/tile.h"
 #include "scenery/old/old_env.h"
 
 // One region, a bare sphere at elevation 0, dry.
 void check_for_shift(double, double) {}
 void load_region(int) {}
+void finish_degree(xdeg_struct*) {}
 
 // Bare mesh: no decks, roofs, runways or bumps.
 bool surface_over_terrain(float, float, int, float*) { return false; }

@@ -132,6 +132,9 @@ extern xdeg_struct xdeg[xdeg_lons][xdeg_lats];
 // frees the geometry.
 void UTIL_build_DL(xlay_struct* our_layer, scene_patch_struct* patch);
 
+// Prepares culling of a loaded tile: deepest levels and largest LODs of its layers, spheres of its buckets.
+void finish_degree(xdeg_struct* deg);
+
 // Forgets the tile, its lists and what terrain queries remember.
 void clear_degree(xdeg_struct* deg);
 
