@@ -37,7 +37,7 @@ static constexpr rgb mix(rgb a, rgb b, float t) {
 
 struct palette_struct {
     rgb zenith, sky, horizon;
-    rgb haze;   // of the far ground, darker than the sky above it
+    rgb haze;   // of all that is farther than the visibility
     rgb field;  // of ground where there are no tiles
 };
 
@@ -45,22 +45,26 @@ static constexpr palette_struct palettes[2] = {
     {{0.12f, 0.30f, 0.62f},
      {0.52f, 0.72f, 0.94f},
      {0.86f, 0.92f, 0.96f},
-     {0.63f, 0.72f, 0.79f},
+     {0.77f, 0.85f, 0.90f},
      {0.44f, 0.51f, 0.29f}},
     {{0.45f, 0.33f, 0.26f},
      {0.78f, 0.62f, 0.48f},
      {0.90f, 0.80f, 0.68f},
-     {0.74f, 0.58f, 0.45f},
+     {0.84f, 0.71f, 0.57f},
      {0.58f, 0.35f, 0.24f}},
 };
 
 static const palette_struct& palette() { return palettes[env.planet == 1]; }
 
-// Two shells of air: a thin bright one at the horizon, a thick pale one above it.
-static rgb sky_colour(float elevation_deg) {
+// Two shells of air, a thin bright one at the horizon and a thick pale one above it; in front of them the haze, as
+// high as mountains that it hides: they come out of it without an edge.
+static rgb sky_colour(float elevation_deg, float visibility) {
+    constexpr float mountains = 2500.0f;  // m
     const palette_struct& p = palette();
     const rgb upper = mix(p.zenith, p.sky, expf(-elevation_deg / 26.0f));
-    return mix(upper, p.horizon, expf(-elevation_deg / 6.0f));
+    const rgb air = mix(upper, p.horizon, expf(-elevation_deg / 6.0f));
+    const float hidden = atan2_deg(mountains, visibility);
+    return mix(air, p.haze, interp(0.4f * hidden, 1.0f, 1.6f * hidden, 0.0f, elevation_deg));
 }
 
 // -- eye
@@ -180,7 +184,7 @@ static void add_sky(const eye_struct& eye, std::vector<ring_struct>& rings) {
     for (const float above :
          {0.0f, 1.0f, 2.5f, 5.0f, 8.0f, 12.0f, 18.0f, 26.0f, 36.0f, 50.0f, 68.0f, 90.0f}) {
         const float elevation = -eye.dip_deg + above * (90.0f + eye.dip_deg) / 90.0f;
-        rings.push_back({dome * cos_deg(elevation), dome * sin_deg(elevation), sky_colour(above)});
+        rings.push_back({dome * cos_deg(elevation), dome * sin_deg(elevation), sky_colour(above, eye.visibility)});
     }
 }
 
