@@ -25,7 +25,7 @@
 #include "net/messages.h"
 #include "platform/window.h"
 #include "plugins/host.h"
-#include "scene/plain_view.h"
+#include "scene/flying_view.h"
 #include "scene/world.h"
 #include "scenery/draw/scenery_gl.h"
 #include "scenery/ground/region.h"
@@ -175,7 +175,7 @@ void draw_background() {
 void draw_in_window() {
     window_fixed_gl_state();
     platform_install_seams();
-    seam.draw_world = plain_view_draw;
+    seam.draw_world = flying_view_draw;
     seam.draw_background = draw_background;
     seam.draw_overlay = overlay_draw;
     menus_ask_program();

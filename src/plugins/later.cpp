@@ -12,3 +12,4 @@ void TVPEventHook(int, float, float, long, long) {}
 int TVPHandleMenu(int) { return 0; }
 int TVPCheckMenu(int) { return 0; }
 int TVPMenuIsDisabled(int) { return 0; }
+int TVPDoDrawingHook(int) { return 1; }

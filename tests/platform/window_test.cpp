@@ -10,7 +10,7 @@
 #include "core/math/globe.h"
 #include "core/program/input_gate.h"
 #include "core/program/upward.h"
-#include "scene/plain_view.h"
+#include "scene/flying_view.h"
 #include "weather/atmosphere.h"
 
 // The GL driver keeps memory when it is unloaded; nobody could name the culprit by then.
@@ -45,7 +45,7 @@ protected:
     }
     static picture look(float psi, float the, float phi) {
         flt[0].psi = psi, flt[0].the = the, flt[0].phi = phi;
-        plain_view_draw();
+        flying_view_draw();
         return {mnw.x_res_now, mnw.y_res_now, pixels(0, 0, mnw.x_res_now, mnw.y_res_now)};
     }
     // Drains events until something holds.

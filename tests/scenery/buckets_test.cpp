@@ -81,4 +81,31 @@ TEST(buckets, a_loose_bucket_is_as_wide_as_what_lies_in_its_middle) {
     EXPECT_TRUE(b.Empty());
     EXPECT_EQ(destroyed, 2000);
 }
+
+XBucketID placed(int mode, const rectangle& box, unsigned depth = 8, Point2 far = {100.0, 100.0}) {
+    XBuckets<int, traits> b;
+    b.Reset(depth, {0.0, 0.0}, far, mode);
+    rectangles = {box};
+    return b.FindBucket(0);
+}
+
+TEST(buckets, what_is_no_place_lies_in_the_root_and_what_is_outside_on_the_rim) {
+    test::fresh();
+    EXPECT_EQ(placed(buckets_loose, {0, 0, 100, 100}), 0u);
+    EXPECT_EQ(XBucket_GetLevel(placed(buckets_loose, {50, 50, 51, 51})), 6u) << "a hundredth of the width";
+    EXPECT_EQ(placed(buckets_strict, {49.9, 10, 50.1, 10.1}), 0u) << "over the middle line";
+    EXPECT_EQ(placed(buckets_strict, {300, -7, 301, -6}), XBucket_Compose(7, 127, 0));
+    EXPECT_EQ(placed(buckets_loose, {-300, 500, -299.9, 500.1}), XBucket_Compose(7, 0, 127));
+    const double inf = INFINITY;
+    for (const int mode : {buckets_loose, buckets_strict}) {
+        for (const rectangle& box : {rectangle{NAN, 1, 2, 2}, {1, 1, 2, NAN}, {-inf, 1, inf, 2}, {inf, 1, inf, 2}})
+            EXPECT_EQ(placed(mode, box), 0u);
+        EXPECT_EQ(placed(mode, {1, 1, 2, 2}, 8, {0.0, 100.0}), 0u) << "an area without width";
+        EXPECT_EQ(placed(mode, {1, 1, 2, 2}, 8, {NAN, 100.0}), 0u);
+        EXPECT_EQ(placed(mode, {1, 1, 2, 2}, 1), 0u);
+    }
+    EXPECT_EQ(test::expect_fatal([] { placed(buckets_strict, {1, 1, 2, 2}, 0); }).line[0], "Lev el<0!");
+    EXPECT_EQ(test::expect_fatal([] { placed(buckets_loose, {1, 1, 2, 2}, 0); }).line[0],
+              "level>=mItems.size()!");
+}
 }  // namespace

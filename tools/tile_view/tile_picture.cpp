@@ -1,4 +1,4 @@
-// Sky, sun and haze, then every layer and object of a tile, patch by patch.
+// Sky, sun and haze, then the ground scene as the simulator draws it.
 #include "tile_picture.h"
 
 #include <GL/gl.h>
@@ -11,12 +11,11 @@
 #include "core/records/con.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
+#include "draw/camera/xcam.h"
+#include "draw/gl/camera_load.h"
 #include "draw/gl/ogl.h"
-#include "layer_state.h"
-#include "scenery/draw/object_draw.h"
+#include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/terrain_query.h"
-#include "scenery/ground/tile.h"
-#include "scenery/objects/objects.h"
 
 namespace {
 constexpr float view_deg = 60.0f;                                              // horizontal
@@ -51,15 +50,20 @@ void light_the_land() {
 void look_from(const eye_place& eye) {
     // as far off as may be: the depth of distant ground has few bits
     constexpr float closest = 1.5f, per_height = 0.02f;
-    const float near_clip = fltmax2(closest, per_height * static_cast<float>(eye.height));
-    OGL_view_3d(view_deg, near_clip, far_clip);
-    glRotatef(static_cast<float>(-eye.pitch), 1.0f, 0.0f, 0.0f);
-    glRotatef(static_cast<float>(eye.heading), 0.0f, 1.0f, 0.0f);
-    const float lean = static_cast<float>(dob_radtodeg) / con.planet_rad;  // degrees for each metre
-    glRotatef(-lean * ren.view_xyz[2], 1.0f, 0.0f, 0.0f);
-    glRotatef(lean * ren.view_xyz[0], 0.0f, 0.0f, 1.0f);
+    const double near_clip = fltmax2(closest, per_height * static_cast<float>(eye.height));
+    const double x = near_clip * tan_deg(0.5f * view_deg), y = x * mnw.y_res_now / mnw.x_res_now;
+    xcam.SetupFrustum(-x, x, -y, y, near_clip, far_clip);
+    camera_load_projection();
+    xcam.Identity();
+    xcam.Rotate(-eye.pitch, 1.0, 0.0, 0.0);
+    xcam.Rotate(eye.heading, 0.0, 1.0, 0.0);
+    const double lean = dob_radtodeg / con.planet_rad;  // degrees for each metre
+    xcam.Rotate(-lean * ren.view_xyz[2], 1.0, 0.0, 0.0);
+    xcam.Rotate(lean * ren.view_xyz[0], 0.0, 0.0, 1.0);
+    LoadModelView();
     light_the_land();
-    glTranslatef(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
+    xcam.Translate(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
+    LoadModelView();
 }
 
 // -- sky
@@ -111,64 +115,14 @@ void set_haze() {
     glFogf(GL_FOG_START, haze_from);
     glFogf(GL_FOG_END, haze_to);
 }
-
-// -- the tile
-
-float distance_sqr(float x, float y, float z) {
-    return sqr(x - ren.view_xyz[0]) + sqr(y - ren.view_xyz[1]) + sqr(z - ren.view_xyz[2]);
-}
-
-// -1 is no limit.
-bool is_between(float dis_sqr, float near_sqr, float far_sqr) {
-    return dis_sqr >= near_sqr && (far_sqr < 0.0f || dis_sqr < far_sqr);
-}
-
-void draw_patches(const xlay_struct& layer) {
-    begin_layer(layer);
-    for (unsigned level = 0; level < bucket_levels; ++level)
-        layer.scene_buckets.IterateBucketLayer(level, [](XBucketID, const auto& patches) {
-            for (const scene_patch_struct* patch : patches)
-                if (is_between(distance_sqr(patch->center_x, patch->center_y, patch->center_z),
-                               patch->dis_near_sqr, patch->dis_far_sqr))
-                    glCallList(patch->patch_DL);
-        });
-    end_layer(layer);
-}
-
-// The last level whose range holds the distance; -1 for none. A model of one level is always seen.
-int level_of(const vec_mod_struct& model, float dis_sqr) {
-    if (model.vec_lod.size() == 1) return 0;
-    int level = -1;
-    for (size_t L = 0; L < model.vec_lod.size(); ++L)
-        if (is_between(dis_sqr, model.vec_lod[L].dis_near_sqr, model.vec_lod[L].dis_far_sqr))
-            level = static_cast<int>(L);
-    return level;
-}
-
-void draw_objects(const xlay_struct& layer) {
-    int model = -1;  // whose state is set
-    for (unsigned level = 0; level < bucket_levels; ++level)
-        layer.objct_buckets.IterateBucketLayer(level, [&model](XBucketID, const auto& objects) {
-            for (const scene_objct_struct* o : objects) {
-                const int L = level_of(vec_mod[static_cast<size_t>(o->M_SIM)],
-                                       distance_sqr(o->xyz[0], o->xyz[1], o->xyz[2]));
-                if (L < 0) continue;
-                if (model != o->M_SIM) object_state(model = o->M_SIM, 0);
-                plot_obj_inloop(o->M_SIM, L, o->xyz[0], o->xyz[1], o->xyz[2], o->psi, o->the, o->phi, 0);
-            }
-        });
-}
 }  // namespace
 
-void draw_tile(xdeg_struct& tile, const eye_place& eye) {
+void draw_tile(const eye_place& eye) {
     place_eye(eye);
     glDepthMask(1);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     draw_sky(eye);
     set_haze();
     look_from(eye);
-    for (const xlay_struct& layer : tile.tex_layers)
-        if (!layer.is_hidden && !layer.scene_buckets.Empty()) draw_patches(layer);
-    for (const xlay_struct& layer : tile.tex_layers)
-        if (!layer.is_hidden && !layer.objct_buckets.Empty()) draw_objects(layer);
+    OGL_terrain_grid(0, 0);
 }

@@ -1,5 +1,5 @@
-// A loaded tile on the screen.
+// The loaded region on the screen.
 #pragma once
 #include "tile_world.h"
 
-void draw_tile(xdeg_struct& tile, const eye_place& eye);
+void draw_tile(const eye_place& eye);

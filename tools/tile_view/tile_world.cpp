@@ -49,7 +49,7 @@ void forget_tiles() {
 }
 }  // namespace
 
-xdeg_struct* load_tile(int planet, int lat, int lon, const eye_place& eye) {
+bool load_tile(int planet, int lat, int lon, const eye_place& eye) {
     forget_tiles();
     set_planet_specs(planet);
     const double in_tile = std::clamp(eye.lat, lat + 0.001, lat + 0.999);
@@ -58,6 +58,7 @@ xdeg_struct* load_tile(int planet, int lat, int lon, const eye_place& eye) {
     env.lat_sou = static_cast<float>(south);
     env.lon_wes = static_cast<float>(west);
     find_region_extents();
-    if (!read_new_env(lat, lat - south, lon, lon - west)) return nullptr;
-    return &xdeg[lon - west][lat - south];
+    if (!read_new_env(lat, lat - south, lon, lon - west)) return false;
+    finish_degree(&xdeg[lon - west][lat - south]);
+    return true;
 }

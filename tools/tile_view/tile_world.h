@@ -2,8 +2,6 @@
 #pragma once
 #include <string>
 
-struct xdeg_struct;
-
 struct eye_place {
     double lat = 0.0, lon = 0.0;        // degrees
     double height = 0.0;                // above the ground, m
@@ -25,6 +23,6 @@ private:
 // Whether the package has the tile, and for which planet: 0 Earth, 1 Mars; -1 for none.
 int planet_of_tile(const std::string& package, int lat, int lon);
 
-// Loads the tile in the middle of a region around the eye; null when it is not sound. What was loaded before
+// Loads the tile in the middle of a region around the eye; false when it is not sound. What was loaded before
 // is forgotten.
-xdeg_struct* load_tile(int planet, int lat, int lon, const eye_place& eye);
+bool load_tile(int planet, int lat, int lon, const eye_place& eye);

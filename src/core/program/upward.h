@@ -30,6 +30,12 @@ int TVPHandleMenu(int item);
 int TVPCheckMenu(int item);
 int TVPMenuIsDisabled(int item);
 
+// Drawing of the world by plugins, before and after a part of it: 0 when the part is not to be drawn.
+int TVPDoDrawingHook(int kind);
+// Aircraft, and objects of the network, in the ground scene.
+void plot_airplanes(int is_map);
+void plot_objects();
+
 // The map's pan and zoom, by the codes of the arrow keys; and a pan in virtual units of the map.
 void poke_zoom(int int_key);
 void poke_pan(float dx, float dy);

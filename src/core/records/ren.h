@@ -57,11 +57,17 @@ struct ren_struct {
     int wpn_to_track;           // weapon that the view follows, -1 none; weapons
     int elum_renders;           // pictures of one frame for several screens, 0 to 4; preferences
     int draw_shadows;           // 0 or 1; rendering screen
+    int plot_lan_litemap;       // 0 or 1: the landing light shows on the ground; frame
+    int shadow_final_tex;       // reference of the clouds' shadow, 0 for none; clouds
+    float shadow_dx_by_dy, shadow_dz_by_dy;  // way of a shadow east and south for each metre down; sky
     int stars_are_vis;          // 0 or 1; sky
     float glare_rat;            // blinding by the sun, 0 to 1; frame
     float apt_lite_rat, hud_brt, pan_brt, ins_brt;  // brightness: airports, HUD, panel, instruments, 0 to 1; panel
     float deg_per_mtr_x, deg_per_mtr_z;  // at the region's centre
     int num_fas_finds, num_slo_finds;   // terrain queries of this frame
+    // drawn of the ground in this frame; terrain drawing
+    int num_terrain_buckets, num_object_buckets;  // that hold something
+    int num_patches, num_objects;
     // what each asker of the terrain found last; terrain queries
     int is_set[checkDIM], is_wet[checkDIM];   // 0 or 1: the triangle below holds; it is water
     int i_lat[checkDIM], i_lon[checkDIM];     // its tile in the region, from the south-west

@@ -11,10 +11,12 @@
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
 #include "draw/gl/colours.h"
+#include "draw/gl/frame_counts.h"
 #include "platform/window.h"
 
 static void set_switch(GLenum which, bool on) {
     if (glIsEnabled(which) == on) return;
+    ++frame_counts.states;
     if (on)
         glEnable(which);
     else
@@ -25,6 +27,8 @@ static void set_texture_units(int wanted) {
     static int num_units = 0, generation = 0;
     if (generation != window_generation) num_units = 0;
     generation = window_generation;
+    if (num_units == wanted) return;
+    ++frame_counts.states;
     for (; num_units < wanted; ++num_units) {
         glActiveTexture(GL_TEXTURE0 + num_units);
         glEnable(GL_TEXTURE_2D);
@@ -61,6 +65,7 @@ void OGL_setstate(int fog, int tex, int lit, int al, int deR, int deW) {
 }
 
 static void put_switch(GLenum which, bool on) {
+    ++frame_counts.states;
     if (on)
         glEnable(which);
     else

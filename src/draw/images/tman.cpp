@@ -11,6 +11,7 @@
 #include "core/program/upward.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
+#include "draw/gl/frame_counts.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/image_bmp.h"
@@ -352,8 +353,14 @@ void tman_class::bind_ref(int ref, int unit, int multi_tex_mode) {
     if (mode == combine_add && combine_avail && r.tex_mode != mode_rgba) mode = combine_env_add;
     if (o_tex[unit] == r.ogl_num && o_mod[unit] == mode) return;
     if (unit != 0) glActiveTexture(GL_TEXTURE0 + unit);
-    if (o_tex[unit] != r.ogl_num) glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(r.ogl_num));
-    if (o_mod[unit] != mode) apply_mode(mode);
+    if (o_tex[unit] != r.ogl_num) {
+        glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(r.ogl_num));
+        ++frame_counts.binds;
+    }
+    if (o_mod[unit] != mode) {
+        apply_mode(mode);
+        ++frame_counts.states;
+    }
     o_tex[unit] = r.ogl_num;
     o_mod[unit] = mode;
     if (unit != 0) glActiveTexture(GL_TEXTURE0);

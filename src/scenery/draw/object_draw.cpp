@@ -10,6 +10,7 @@
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
 #include "draw/gl/colours.h"
+#include "draw/gl/frame_counts.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
@@ -406,6 +407,8 @@ void plot_build_obj(const plot_struct& plot, float x, float y, float z, float ps
     glPushMatrix();
     place_object(x, y, z, psi, the, phi);
     glCallList(static_cast<GLuint>(lit ? lod.dl_nit : lod.dl_day));
+    ++frame_counts.lists;
+    frame_counts.triangles += lod.triangles;
     if (lod.binds_in_list) tman.reset_bind();
     if (!lod.vec_act.empty()) {
         const int lites_on = object_calls.lites_on(plot.M);

@@ -28,6 +28,21 @@ bool has_command(const vec_lod_struct& lod, int code) {
                        [code](const vec_act_struct& act) { return act.act == code; });
 }
 
+// A primitive of n corners is n - 2 triangles, one of single triangles or quads a third or half as many as it
+// has corners.
+int triangles_of(const vec_lod_struct& lod) {
+    int shape = obj_none, corners = 0, triangles = 0;
+    for (const vec_act_struct& act : lod.vec_act) {
+        if (act.act == obj_vert_tex) ++corners;
+        if (act.act >= obj_tri && act.act <= obj_tri_fan) shape = act.act, corners = 0;
+        if (act.act != obj_end_poly) continue;
+        const bool apart = shape <= obj_quad_hard;
+        triangles += shape == obj_tri ? corners / 3 : apart ? corners / 2 : corners > 2 ? corners - 2 : 0;
+        corners = 0;
+    }
+    return triangles;
+}
+
 void hold_places(vec_lod_struct* lod) {
     constexpr int black = 0, dark = 40, white = 255;
     lod->binds_in_list = has_command(*lod, obj_quad_cockpit);
@@ -43,6 +58,7 @@ void compile_object_lists(int M) {
     if (!cx) return;
     for (size_t L = 0; L < vec_mod[M].vec_lod.size(); ++L) {
         hold_places(&vec_mod[M].vec_lod[L]);
+        vec_mod[M].vec_lod[L].triangles = triangles_of(vec_mod[M].vec_lod[L]);
         for (const int lit : {0, 1})
             plot_obj(M, static_cast<int>(L), 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, lit, plot_compile);
     }

@@ -74,6 +74,22 @@ void send_primitives(const std::vector<scene_pol_struct>& pols, int format) {
     if (open != closed) glEnd();
 }
 
+int triangles_of(const scene_pol_struct& pol) {
+    const int n = static_cast<int>(pol.geo.size());
+    switch (pol.pol_type) {
+        case pol_triangles:
+            return n / 3;
+        case pol_quads:
+            return n / 4 * 2;
+        case pol_strip:
+        case pol_fan:
+        case pol_quad_strip:
+        case pol_polygon:
+            return n > 2 ? n - 2 : 0;
+        default:
+            return 0;
+    }
+}
 }  // namespace
 
 int vertex_format(const xlay_struct& layer, const scene_patch_struct_temp& geometry) {
@@ -88,6 +104,8 @@ void compile_patch_list(const xlay_struct* layer, scene_patch_struct* patch) {
     glNewList(patch->patch_DL, GL_COMPILE);
     send_primitives(patch->temp->scene_pol, vertex_format(*layer, *patch->temp));
     glEndList();
+    patch->triangles = 0;
+    for (const scene_pol_struct& pol : patch->temp->scene_pol) patch->triangles += triangles_of(pol);
 }
 
 void destroy_patch_list(scene_patch_struct* patch) {

@@ -1,6 +1,7 @@
 // Quadtree of buckets over the area of a tile, by size and place of what lies in them.
 // Role: holds patches and objects for culling, and collision patches for terrain queries. Filled while a tile
-// loads; knows nothing of what it holds but its bounds.
+// loads; knows nothing of what it holds but its bounds. What cannot be placed, because its bounds or the area
+// are no numbers or the area has no width, lies in the root.
 #pragma once
 #include <math.h>
 #include <stdint.h>
@@ -112,44 +113,59 @@ public:
     Point2 mMin, mMax, mSize;  // the area, in the traits' plane
 
 private:
-    // Column or row at a ratio of the area, the last one for its far edge.
+    // Column or row at a ratio of the area, the nearest one for a place outside.
     static uint32_t cell(double ratio, uint32_t level) {
         const double last = static_cast<double>((1u << level) - 1u);
         const double at = ratio * static_cast<double>(1u << level);
         return static_cast<uint32_t>(at < 0.0 || !(at == at) ? 0.0 : at > last ? last : at);
     }
 
+    // The bounds as ratios of the area; false when they, or the area, are no place.
+    bool find_place(const Point2& p1, const Point2& p2, double (&at)[4]) const {
+        if (!(mSize.x > 0.0 && mSize.y > 0.0)) return false;
+        at[0] = (p1.x - mMin.x) / mSize.x, at[1] = (p1.y - mMin.y) / mSize.y;
+        at[2] = (p2.x - mMin.x) / mSize.x, at[3] = (p2.y - mMin.y) / mSize.y;
+        double sum = 0.0;  // finite when all four are
+        for (const double ratio : at) sum += ratio * 0.0;
+        return sum == 0.0;
+    }
+
+    uint32_t checked(long level) const {
+        if (level < 0) MACIBM_alert(0, "Lev el<0!", "", "", "", alert_fatal);
+        if (level >= static_cast<long>(mItems.size()))
+            MACIBM_alert(0, "level>=mItems.size()!", "", "", "", alert_fatal);
+        return static_cast<uint32_t>(level);
+    }
+
     XBucketID find_loose(const Point2& p1, const Point2& p2) const {
-        double frac = fmax((p2.x - p1.x) / mSize.x, (p2.y - p1.y) / mSize.y);
+        double at[4];
+        if (!find_place(p1, p2, at)) return 0;
+        double frac = fmax(at[2] - at[0], at[3] - at[1]);
         uint32_t level = 0;
         while (level + 1 < mItems.size()) {
             frac *= 2.0;
-            if (!(frac <= 1.0)) break;
+            if (frac > 1.0) break;
             ++level;
         }
-        const double x = (0.5 * (p1.x + p2.x) - mMin.x) / mSize.x,
-                     y = (0.5 * (p1.y + p2.y) - mMin.y) / mSize.y;
-        return XBucket_Compose(level, cell(x, level), cell(y, level));
+        const uint32_t x = cell(0.5 * (at[0] + at[2]), level), y = cell(0.5 * (at[1] + at[3]), level);
+        return XBucket_Compose(checked(level), x, y);
     }
 
-    // Left and lower edge down, right and upper edge up to the grid of the deepest level.
+    // Left and lower edge down, right and upper edge up to the grid of the deepest level; what lies outside the
+    // area counts as lying on its rim.
     XBucketID find_strict(const Point2& p1, const Point2& p2) const {
-        const uint32_t deepest = static_cast<uint32_t>(mItems.size()) - 1;
-        const double n = static_cast<double>(1u << deepest);
-        const long last = (1l << deepest) - 1;
-        const auto grid = [last](double at) {
-            return at < 0.0 || !(at == at)              ? 0l
-                   : at > static_cast<double>(last + 1) ? last + 1
-                                                        : static_cast<long>(at);
+        double at[4];
+        if (!find_place(p1, p2, at)) return 0;
+        const long deepest = checked(static_cast<long>(mItems.size()) - 1);
+        const double n = static_cast<double>(1l << deepest);
+        const auto grid = [n](double line, double low, double high) {
+            return static_cast<long>(line < low ? low : line > high ? high : line);
         };
-        const long left = grid(floor((p1.x - mMin.x) / mSize.x * n)),
-                   right = grid(ceil((p2.x - mMin.x) / mSize.x * n));
-        const long bottom = grid(floor((p1.y - mMin.y) / mSize.y * n)),
-                   top = grid(ceil((p2.y - mMin.y) / mSize.y * n));
-        for (long level = deepest; level >= 0; --level) {
-            const long size = 1l << (static_cast<long>(deepest) - level), mask = ~(size - 1);
-            const long x = left < last ? left & mask : last & mask,
-                       y = bottom < last ? bottom & mask : last & mask;
+        const long left = grid(floor(at[0] * n), 0.0, n - 1.0), right = grid(ceil(at[2] * n), 0.0, n);
+        const long bottom = grid(floor(at[1] * n), 0.0, n - 1.0), top = grid(ceil(at[3] * n), 0.0, n);
+        for (long level = deepest; level > 0; --level) {
+            const long size = 1l << (deepest - level), mask = ~(size - 1);
+            const long x = left & mask, y = bottom & mask;
             if (x + size >= right && y + size >= top)
                 return XBucket_Compose(static_cast<uint32_t>(level), static_cast<uint32_t>(x / size),
                                        static_cast<uint32_t>(y / size));

@@ -10,6 +10,7 @@
 #include "core/math/geo3.h"
 #include "scenery/extrude/road_data.h"
 #include "scenery/ground/buckets.h"
+#include "scenery/ground/cull.h"
 
 struct d2_struct {
     float v[2];
@@ -46,6 +47,7 @@ struct scene_patch_struct {
     float dis_near_sqr = -1, dis_far_sqr = -1;  // squared limits of its level of detail, -1 none
     scene_patch_struct_temp* temp = nullptr;    // owned
     unsigned int patch_DL = 0;
+    int triangles = 0;  // in the list
 };
 
 // A placed object.
@@ -110,7 +112,8 @@ struct xlay_struct {
     unsigned char zap_base_alpha = 0;  // the base image's alpha is ignored
     ogl_proj_struct cus_proj;
     scene_patch_buckets scene_buckets;
-    int scene_buckets_max_layer = 0, scene_buckets_max_lod = 0;
+    int scene_buckets_max_layer = 0;  // the deepest level with something in it
+    int scene_buckets_max_lod = 0;    // m; beyond it nothing is seen; -1 without a limit
     scene_objct_buckets objct_buckets;
     int objct_buckets_max_layer = 0, objct_buckets_max_lod = 0;
 };
@@ -118,12 +121,22 @@ struct xlay_struct {
 using reg_hash_type = std::unordered_map<XBucketID, Sphere3>;
 
 struct xdeg_struct {
-    reg_hash_type sphere_hash;            // spheres of the buckets, for culling
+    reg_hash_type sphere_hash;            // of each bucket: around all that it and those below it hold
+    XCull<camera_cull_traits> visibles;   // what the view drawn now sees of them
     std::vector<xlay_struct> tex_layers;  // in the order of drawing
     ytest_patch_buckets ytest_buckets;
     RoadDef_t road_def;
     RoadData road_data;
 };
+inline bool camera_cull_traits::IsVisible(const xcam_class& camera, const xdeg_struct& reference, XBucketID id,
+                                          const Sphere3** sphere) {
+    const auto found = reference.sphere_hash.find(id);
+    if (found == reference.sphere_hash.end() || !(found->second.radius > 0.0)) return false;
+    const Sphere3& s = found->second;
+    *sphere = &s;
+    return camera.SphereInView(s.c.x, s.c.y, s.c.z, s.radius);
+}
+
 // By column from the west and row from the south; as many as the larger planet's region has.
 constexpr int xdeg_lons = 12, xdeg_lats = 8;
 extern xdeg_struct xdeg[xdeg_lons][xdeg_lats];

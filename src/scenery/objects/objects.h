@@ -59,6 +59,7 @@ struct vec_act_struct {
 struct vec_lod_struct {
     int dl_day = 0, dl_nit = 0;                // display lists, 0 without a window
     float dis_near_sqr = 0, dis_far_sqr = -1;  // where it is seen, squared distance from the eye, m2
+    int triangles = 0;                         // in a list
     bool binds_in_list = false;                // the lists bind textures past the texture manager
     std::vector<vec_act_struct> vec_act;       // all commands while a file is read, then the actions alone
 };

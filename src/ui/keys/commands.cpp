@@ -168,7 +168,11 @@ constexpr control_row control_keys[] = {
     {'.', cmd_screenshot}, {'q', view_up_left},     {'e', view_up_right},
 };
 
+// Counters and times of the frame, on the screen and in files.
+constexpr int profile_key = ';';
+
 void control_key(int key) {
+    if (key == profile_key) return toggle(mnw.track_cpu);
     for (const control_row& row : control_keys)
         if (row.key == key) return APP_handlemenu(row.command);
     switch_key(key);

@@ -1,0 +1,46 @@
+// The flying view's order, with a window and without.
+#include "scene/world.h"
+
+#include "core/craft/veh.h"
+#include "core/math/num.h"
+#include "core/program/seams.h"
+#include "core/records/flt.h"
+#include "core/records/ren.h"
+#include "scenery/draw/ground_pictures.h"
+#include "scenery/packages/library.h"
+
+void init_world_rendering() {
+    DSF_ScanSceneryFolder();
+    load_ground_pictures();
+}
+
+// At the aircraft, but never in the ground.
+static void place_eye() {
+    constexpr float least_height = 1.5f;  // m
+    const flt_struct& f = flt[0];
+    const float agl = f.y_agl_mtr + veh[0].h_eqlbm;
+    const float raised = fltmax2(least_height - agl, 0.0f);
+    ren.view_xyz[0] = static_cast<float>(f.dob_x);
+    ren.view_xyz[1] = static_cast<float>(f.dob_y) + raised;
+    ren.view_xyz[2] = static_cast<float>(f.dob_z);
+    ren.view_ele_msl = static_cast<float>(f.dob_ele) + raised;
+    ren.view_ele_agl = agl + raised;
+}
+
+static void turn_view() {
+    const flt_struct& f = flt[0];
+    ren.final_psi = f.psi, ren.final_the = f.the, ren.final_phi = f.phi;
+    ren.sin_final_psi = sin_deg(f.psi), ren.cos_final_psi = cos_deg(f.psi);
+    ren.sin_final_the = sin_deg(f.the), ren.cos_final_the = cos_deg(f.the);
+    ren.sin_final_phi = sin_deg(f.phi), ren.cos_final_phi = cos_deg(f.phi);
+}
+
+void scene_state_step() {
+    place_eye();
+    turn_view();
+}
+
+void WORLD_scene_all_cases() {
+    scene_state_step();
+    seam.draw_world();
+}
