@@ -8,6 +8,7 @@
 // The plain view stands for the world renderer, and there is no map.
 void poke_zoom(int) {}
 void poke_pan(float, float) {}
+void shift_camera_spot(const double*) {}
 void init_world_rendering() { DSF_ScanSceneryFolder(); }
 void build_DLs() {}
 void scene_state_step() {}

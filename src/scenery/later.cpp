@@ -2,15 +2,17 @@
 // answer here. The file shrinks as they are built.
 #include "scenery/extrude/facades.h"
 #include "scenery/extrude/road_data.h"
-#include "scenery/ground/region.h"
+#include "scenery/ground/runways.h"
 #include "scenery/ground/surfaces.h"
 #include "scenery/ground/tile.h"
 #include "scenery/old/old_env.h"
 
-// One region, a bare sphere at elevation 0, dry.
-void check_for_shift(double, double) {}
-void load_region(int) {}
 void finish_degree(xdeg_struct*) {}
+
+// No strips of runways, no tiles of the older kind.
+std::vector<vec_rwy_geo_struct> vec_rwy_geo;
+void UTIL_build_runways(int) {}
+std::vector<int> old_cus_texes;
 
 // Bare mesh: no decks, roofs, runways or bumps.
 bool surface_over_terrain(float, float, int, float*) { return false; }

@@ -9,5 +9,13 @@ public:
     void blow_region_z(float amount);                // m south
     float ret_wxr_local(float x, float h, float z);  // mean density around a point, 0 to 1
     float ret_wxr_above(float x, float h, float z);  // density of the column above, 0 to 10
+    // the volume's origin, its south-west corner, world frame, m
+    float region_x1() const { return origin_x_; }
+    float region_z1() const { return origin_z_; }
+    void set_region_x1(float x) { origin_x_ = x; }
+    void set_region_z1(float z) { origin_z_ = z; }
+
+private:
+    float origin_x_ = 0.0f, origin_z_ = 0.0f;
 };
 extern clou_class clou;

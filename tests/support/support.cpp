@@ -16,6 +16,8 @@
 #include "core/records/ren.h"
 #include "draw/gl/colours.h"
 #include "scenery/draw/scenery_gl.h"
+#include "scenery/ground/region.h"
+#include "scenery/ground/tile.h"
 
 namespace test {
 
@@ -49,6 +51,9 @@ void fresh() {
     con.sl_r_met = 1.225f;
     env.lat_sou = 33.0f;
     env.lon_wes = -119.0f;
+    find_region_extents();
+    reset_region();
+    region_steps = region_of_nothing;
     g_done = 0;
 }
 

@@ -117,12 +117,28 @@ struct xlay_struct {
 
 using reg_hash_type = std::unordered_map<XBucketID, Sphere3>;
 
+// An instance on the ground that roads and forests have put there.
+struct vec_ins_struct {
+    int obj;       // index into vec_mod
+    float xyz[3];  // m
+    float psi;     // degrees
+};
+// A car on the tile's roads.
+struct vec_hwy_car_struct {
+    int type;                      // of the vehicle, 0 to 11
+    float xyz[3];                  // m
+    float psi;                     // degrees
+    char lites, brakes, blinker;   // 0 or 1
+};
+
 struct xdeg_struct {
     reg_hash_type sphere_hash;            // spheres of the buckets, for culling
     std::vector<xlay_struct> tex_layers;  // in the order of drawing
     ytest_patch_buckets ytest_buckets;
+    std::vector<vec_ins_struct> vec_ins;
     RoadDef_t road_def;
     RoadData road_data;
+    std::vector<vec_hwy_car_struct> vec_hwy_car;
 };
 // By column from the west and row from the south; as many as the larger planet's region has.
 constexpr int xdeg_lons = 12, xdeg_lats = 8;
@@ -140,7 +156,5 @@ void clear_degree(xdeg_struct* deg);
 
 // Extent of the region and of a degree at its centre, from env.lat_sou and lon_wes.
 void find_region_extents();
-// Before the first region there is a bare, dry globe without a rim.
-bool has_region();
 // Inside the region by a margin of 2500 metres on each side.
 int ret_xz_inreg_tight(float x, float z);
