@@ -44,6 +44,7 @@ void fresh() {
     // Earth; spelled out, so that the tests of the core need no weather
     con.planet_mu = 3.986012e14f;
     con.planet_rad = 6378145.0f;
+    con.planet_deg_mtrs = 111120.0f;
     con.planet_mu_air = 1.7894e-05f;
     con.planet_rho_water = 1000.0f;
     con.sl_T_cel = 15.0f;
