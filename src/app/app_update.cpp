@@ -131,7 +131,7 @@ void APP_update() {
     WORLD_math_all_cases();
     profile_chart("math", 0);
     if (mnw.top_win == win_fly && !mnw.paused) update_aircraft();
-    check_for_shift(flt[0].dob_lat, flt[0].dob_lon);
+    follow_flight();
     if (mnw.top_win == win_fly) {
         WORLD_scene_all_cases();
         profile_chart("scene_frame", 0);

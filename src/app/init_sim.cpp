@@ -30,6 +30,7 @@
 #include "scenery/draw/scenery_gl.h"
 #include "scenery/ground/region.h"
 #include "scenery/nav/planet_nav.h"
+#include "scenery/region/region_tiles.h"
 #include "sound/chatter.h"
 #include "sound/sound.h"
 #include "ui/devices.h"
@@ -264,6 +265,7 @@ void init_records(const std::string& install_folder, log_target logs) {
     default_screen();
     alert_seam.finish = MACIBM_finishup;
     scenery_draw = scenery_draw_gl;
+    region_steps = region_of_scenery;
 }
 
 void init_gen() {

@@ -6,4 +6,5 @@
 // There is no map, and no fixed display lists.
 void poke_zoom(int) {}
 void poke_pan(float, float) {}
+void shift_camera_spot(const double*) {}
 void build_DLs() {}

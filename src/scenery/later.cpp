@@ -4,14 +4,15 @@
 #include "scenery/draw/ships_draw.h"
 #include "scenery/extrude/facades.h"
 #include "scenery/extrude/road_data.h"
-#include "scenery/ground/region.h"
+#include "scenery/ground/runways.h"
 #include "scenery/ground/surfaces.h"
 #include "scenery/ground/tile.h"
 #include "scenery/old/old_env.h"
 
-// One region, a bare sphere at elevation 0, dry.
-void check_for_shift(double, double) {}
-void load_region(int) {}
+// No strips of runways, no tiles of the older kind.
+std::vector<vec_rwy_geo_struct> vec_rwy_geo;
+void UTIL_build_runways(int) {}
+std::vector<int> old_cus_texes;
 
 // Bare mesh: no decks, roofs, runways or bumps.
 bool surface_over_terrain(float, float, int, float*) { return false; }

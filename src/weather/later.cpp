@@ -20,3 +20,4 @@ void clou_class::blow_region_z(float) {}
 float clou_class::ret_wxr_local(float, float, float) { return 0.0f; }
 float clou_class::ret_wxr_above(float, float, float) { return 0.0f; }
 void puff_class::spawn_puff(float, float, float, float, float, float, float, int, float) {}
+void puff_class::shift_puffs(const double*) {}

@@ -8,5 +8,7 @@ constexpr int puff_reverse_shift = 5;  // exhaust colours in reverse
 class puff_class {
 public:
     void spawn_puff(float x, float y, float z, float vx, float vy, float vz, float size1, int color1, float alpha1);
+    // All puffs into a new local frame: turned about the planet's centre (shift_xyz_quat).
+    void shift_puffs(const double q_shift[4]);
 };
 extern puff_class puff;

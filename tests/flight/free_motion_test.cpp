@@ -46,23 +46,9 @@ TEST_F(free_motion, keeps_a_circular_orbit_through_frame_shifts) {
     const double seconds = 1200.0;
     int shifts = 0;
     for (double t = 0.0; t < seconds; t += dt) {
+        const float lat_sou = env.lat_sou, lon_wes = env.lon_wes;
         lab_frame(dt);
-        const double east = dobwrap(flt[0].dob_lon - ref_lon(), -180.0, 180.0);
-        const double north = flt[0].dob_lat - ref_lat();
-        if (fabs(east) < 0.5 && fabs(north) < 0.5) continue;
-        // the reference moves; place, velocity and attitude turn with it
-        const double dlat = round(north), dlon = round(east);
-        env.lat_sou += static_cast<float>(dlat);
-        env.lon_wes = static_cast<float>(dobwrap(env.lon_wes + dlon, -180.0, 180.0));
-        double q[4];
-        axis_shift_to_quat(dlat, dlon, q);
-        shift_xyz_quat(q, &flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, 0);
-        double vx = flt[0].vx, vy = flt[0].vy, vz = flt[0].vz;
-        shift_xyz_quat(q, &vx, &vy, &vz, 1);
-        flt[0].vx = static_cast<float>(vx);
-        flt[0].vy = static_cast<float>(vy);
-        flt[0].vz = static_cast<float>(vz);
-        ++shifts;
+        shifts += env.lat_sou != lat_sou || env.lon_wes != lon_wes;
     }
     EXPECT_GT(shifts, 20);
     // a circle: the height stays, but for the local gravity's being that of the frame's y, and the angle
@@ -114,9 +100,10 @@ TEST_F(free_motion, fuel_off_the_centre_tips_the_aircraft) {
     EXPECT_NEAR(flt[0].Jzz_total, 9000.0f + 400.0f, 0.1f);
 }
 
-TEST_F(free_motion, climb_in_the_true_vertical_at_the_regions_rim) {
-    // level flight on the sphere 100 km east of the centre: the frame's y falls, the climb is none
-    const double east = 100000.0;
+TEST_F(free_motion, climb_in_the_true_vertical_far_from_the_regions_centre) {
+    // level flight on the sphere 45 km east of the centre, where the region just stays: the frame's y falls, the
+    // climb is none
+    const double east = 45000.0;
     double lat, lon, ele;
     flt[0].dob_x = east;
     flt[0].dob_y =
@@ -130,6 +117,6 @@ TEST_F(free_motion, climb_in_the_true_vertical_at_the_regions_rim) {
     flt[0].vy = static_cast<float>(-100.0 * sin(lean));
     lab_frame(0.001f);
     EXPECT_NEAR(flt[0].Vh_fpm * con.fpmtomsc, 0.0f, 0.03f);  // only gravity of one frame
-    EXPECT_LT(flt[0].vy, -1.0f);
+    EXPECT_LT(flt[0].vy, -0.5f);
 }
 }  // namespace

@@ -22,6 +22,7 @@
 #include "flight/slots.h"
 #include "flying.h"
 #include "random_aircraft.h"
+#include "scenery/region/survey_land.h"
 #include "weather/atmosphere.h"
 #include "weather/weather_step.h"
 #include "weather/wind.h"
@@ -543,6 +544,7 @@ TEST(recorded_flight, odd_motions_of_the_user) {
     after("on_mars", 0.5f, [] {
         env.planet = 1;
         set_planet_specs(1);
+        stand_on_survey_land();
         place(150.0f);
     });
     for (const auto& [label, line] : {std::pair("blocked", fail_pitot), {"static", fail_static}})

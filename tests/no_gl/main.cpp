@@ -23,6 +23,9 @@ void MACIBM_handleclick(int) {}
 void APP_handlekey(int, int) {}
 void stop_starter() {}
 void stop_fire() {}
+void TVPEventHook(int, float, float, long, long) {}
+int TVPGetNumberPlanesToHandle(int num_acf, int) { return num_acf; }
+void shift_camera_spot(const double*) {}
 
 namespace {
 int faults = 0;

@@ -16,6 +16,8 @@
 #include "core/records/ren.h"
 #include "draw/gl/colours.h"
 #include "scenery/draw/scenery_gl.h"
+#include "scenery/ground/region.h"
+#include "scenery/ground/tile.h"
 
 namespace test {
 
@@ -42,6 +44,7 @@ void fresh() {
     // Earth; spelled out, so that the tests of the core need no weather
     con.planet_mu = 3.986012e14f;
     con.planet_rad = 6378145.0f;
+    con.planet_deg_mtrs = 111120.0f;
     con.planet_mu_air = 1.7894e-05f;
     con.planet_rho_water = 1000.0f;
     con.sl_T_cel = 15.0f;
@@ -49,6 +52,9 @@ void fresh() {
     con.sl_r_met = 1.225f;
     env.lat_sou = 33.0f;
     env.lon_wes = -119.0f;
+    find_region_extents();
+    reset_region();
+    region_steps = region_of_nothing;
     g_done = 0;
 }
 

@@ -29,7 +29,11 @@
 #include "platform/window.h"
 #include "scene/frame_report.h"
 #include "scenery/draw/terrain_draw.h"
+#include "scenery/ground/ground_phase.h"
+#include "scenery/ground/region.h"
 #include "scenery/nav/nav_tables.h"
+#include "scenery/region/region_lists.h"
+#include "scenery/region/survey_land.h"
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
 #include "ui/text/language.h"
@@ -51,6 +55,7 @@ void headless_start(const std::string& install_folder, const std::string& acf_fi
     for (void (*reset)() : resets) reset();
     init_records(install_folder, logs);
     init_gen();
+    stand_on_survey_land();
     // where they have been built: what is told of an aircraft names its parts
     if (std::error_code ignored;
         std::filesystem::is_regular_file(set_dir_chars(txt_path + "english:Tarvane.txt"), ignored))

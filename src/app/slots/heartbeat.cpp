@@ -5,9 +5,9 @@
 #include <string.h>
 
 #include "core/math/num.h"
+#include "core/program/upward.h"
 #include "core/records/records.h"
 #include "net/messages.h"
-#include "plugins/host.h"
 
 namespace {
 struct heartbeat_state {

@@ -19,6 +19,7 @@
 #include "flight/recording.h"
 #include "flight/weapons/weapons.h"
 #include "net/data_table.h"
+#include "scenery/ground/region.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/nav/nav_tables.h"
 #include "ui/settings/logbook.h"
@@ -33,8 +34,8 @@ struct start_state {
     bool running = false;  // engines and electrics
 };
 
-// Until flights can start on the ground they begin over the selected airport, at a height for a free flight; where
-// no airports were read, over the default one's place.
+// Until flights can start on the ground they begin over the selected airport, at a height for a free flight above it
+// and above its land; where no airports were read, over the default one's place.
 constexpr float air_start_lat = 34.0954f, air_start_lon = -117.2349f, air_start_height = 3000.0f;
 
 int last_index(size_t size) { return intmax2(static_cast<int>(size) - 1, 0); }
@@ -68,23 +69,40 @@ void clear_but_keep_load() {
     flt[0].m_jettison = m_jettison;
 }
 
+// The region of the place where a flight begins; over its corner in two steps.
+void bring_region_to(float lat, float lon) {
+    check_for_shift(lat, lon);
+    check_for_shift(lat, lon);
+}
+
+// m above the sphere.
+float land_elevation(float lat, float lon) {
+    float x, y, z, ele;
+    xyz_with_latlonel(&x, &y, &z, lat, lon, 0.0);
+    latlonel_with_xyz(&lat, &lon, &ele, x, return_terrain_y(x, z, 0), z);
+    return ele;
+}
+
 // The custom position; any other start becomes one over the selected airport at a comfortable speed.
 start_state place_in_the_air(int type_start1) {
     start_state s;
-    float lat = air_start_lat, lon = air_start_lon, alt = air_start_height;
+    float lat = air_start_lat, lon = air_start_lon, alt = stg.cus_alt, airport_ele = 0.0f;
     if (!vec_apt.empty()) {
         const vec_apt_struct& apt = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
         lat = apt.rwy[0].lat;
         lon = apt.rwy[0].lon;
-        alt += apt.ele;
+        airport_ele = apt.ele;
     }
     if (type_start1 == start_custom) {
         lat = stg.cus_lat;
         lon = stg.cus_lon;
-        alt = stg.cus_alt;
+    }
+    bring_region_to(lat, lon);
+    if (type_start1 == start_custom) {
         s.psi = stg.cus_psi;
         s.V_msc = stg.cus_v;
     } else {
+        alt = air_start_height + fltmax2(airport_ele, land_elevation(lat, lon));
         const float sigma = find_standard_rho(env.planet, alt) * inv_rho_sl;
         s.V_msc = 1.1f * veh[0].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
     }

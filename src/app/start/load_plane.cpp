@@ -144,10 +144,8 @@ void init_flt_p_other_ai(int p) {
     const float half_way = 0.5f * distance;
     float x = static_cast<float>(flt[0].dob_x) + half_way * sin_deg(flt[0].psi) + distance * sin_deg(bearing);
     float z = static_cast<float>(flt[0].dob_z) - half_way * cos_deg(flt[0].psi) - distance * cos_deg(bearing);
-    if (env.reg_x2_mtr > env.reg_x1_mtr) {
-        x = fltlim(x, 0.9f * env.reg_x1_mtr, 0.9f * env.reg_x2_mtr);
-        z = fltlim(z, 0.9f * env.reg_z1_mtr, 0.9f * env.reg_z2_mtr);
-    }
+    x = fltlim(x, 0.9f * env.reg_x1_mtr, 0.9f * env.reg_x2_mtr);
+    z = fltlim(z, 0.9f * env.reg_z1_mtr, 0.9f * env.reg_z2_mtr);
     float y = return_terrain_y(x, z, checker_ai);
     const int on_approach = p % 3 != 2;
     float lo = 400.0f, hi = 1200.0f;

@@ -51,13 +51,17 @@ void init_quaternion(float psi_deg, float the_deg, float phi_deg, float* q) {
     q[3] = c_phi * c_the * s_psi - s_phi * s_the * c_psi;
 }
 
-void mul_quat(const float* q1, const float* q2, float* q) {
-    const float r[4] = {q1[0] * q2[0] - q1[1] * q2[1] - q1[2] * q2[2] - q1[3] * q2[3],
-                        q1[0] * q2[1] + q1[1] * q2[0] + q1[2] * q2[3] - q1[3] * q2[2],
-                        q1[0] * q2[2] - q1[1] * q2[3] + q1[2] * q2[0] + q1[3] * q2[1],
-                        q1[0] * q2[3] + q1[1] * q2[2] - q1[2] * q2[1] + q1[3] * q2[0]};
+template <class T>
+static void multiply(const T* q1, const T* q2, T* q) {
+    const T r[4] = {q1[0] * q2[0] - q1[1] * q2[1] - q1[2] * q2[2] - q1[3] * q2[3],
+                    q1[0] * q2[1] + q1[1] * q2[0] + q1[2] * q2[3] - q1[3] * q2[2],
+                    q1[0] * q2[2] - q1[1] * q2[3] + q1[2] * q2[0] + q1[3] * q2[1],
+                    q1[0] * q2[3] + q1[1] * q2[2] - q1[2] * q2[1] + q1[3] * q2[0]};
     for (int i = 0; i < 4; ++i) q[i] = r[i];
 }
+
+void mul_quat(const float* q1, const float* q2, float* q) { multiply<float>(q1, q2, q); }
+void mul_quat(const double* q1, const double* q2, double* q) { multiply<double>(q1, q2, q); }
 
 void quat_to_euler(float* q, float* psi_deg, float* the_deg, float* phi_deg) {
     // a length off by a rounding would tilt the pitch near the zenith, where the arcsine is steep

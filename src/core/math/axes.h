@@ -49,6 +49,7 @@ void disc_to_veh(float xi, float yi, float zi, float* xo, float* yo, float* zo, 
 void init_quaternion(float psi_deg, float the_deg, float phi_deg, float* q);
 // Hamilton product q1 q2; q may be q1 or q2.
 void mul_quat(const float* q1, const float* q2, float* q);
+void mul_quat(const double* q1, const double* q2, double* q);
 // Angles of q, and q scaled to unit length in place. psi 0 to 360, the and phi -180 to 180.
 void quat_to_euler(float* q, float* psi_deg, float* the_deg, float* phi_deg);
 // Turns q by angle increments of this step, radians (rate times step), and gives the new angles.

@@ -3,8 +3,15 @@
 #pragma once
 #include <string>
 
-// Tells the plugins: 0 start of a flying frame, 2 crash, 3 aircraft loaded, 4 flight started.
+// Tells the plugins: 0 start of a flying frame, 2 crash, 3 aircraft loaded, 4 flight started, 6 region loaded.
 void TVPEventHook(int event, float time, float data, long long_1, long long_2);
+
+// Slots that loops may use; a plugin may narrow them.
+int TVPGetNumberPlanesToHandle(int num_acf, int inLoading);
+
+// The camera's fixed spot moves into a new local frame: turned about the planet's centre by this rotation
+// (shift_xyz_quat).
+void shift_camera_spot(const double q_shift[4]);
 
 // The about window, until it is closed.
 void MACIBM_about();

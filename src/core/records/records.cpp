@@ -15,6 +15,8 @@ nav_struct nav;
 inet_struct net;
 ren_struct ren;
 path_struct pat;
+scn_struct scn;
+std::vector<vec_bro_struct> vec_bro;
 
 // Value-initialises in place: the records are too large for a temporary on the stack.
 template <class T>
@@ -39,6 +41,8 @@ void clear_records() {
     renew(stg);
     renew(net);
     renew(pat);
+    renew(scn);
+    vec_bro.clear();
     for (int p = 0; p < vehDIM; ++p) {
         clear_acf(p);
         clear_flt(p);

@@ -2,6 +2,7 @@
 #pragma once
 #include "core/craft/veh.h"
 #include "core/records/atm.h"
+#include "core/records/bro.h"
 #include "core/records/con.h"
 #include "core/records/env.h"
 #include "core/records/flt.h"
@@ -11,6 +12,7 @@
 #include "core/records/net.h"
 #include "core/records/pat.h"
 #include "core/records/ren.h"
+#include "core/records/scn.h"
 #include "core/records/stg.h"
 #include "core/records/stl.h"
 

@@ -103,6 +103,7 @@ void place_entry(int m, int i) {
 
 void MACIBM_create_menu(int m, int i, const std::string& stl_string) {
     constexpr size_t longest = 40;
+    if (menu.empty()) return;
     if (!intrange(m, 0, menuDIM - 1)) return MACIBM_fatal("Menu index out of range in create_menu!");
     menu_struct& own = menu[m];
     own.menu_name = stl_string.substr(0, longest);
@@ -133,6 +134,7 @@ void MACIBM_create_menu(int m, int i, const std::string& stl_string) {
 
 void MACIBM_append_menu(int m, int i, int code, const std::string& stl_string, int is_name) {
     constexpr size_t too_long = 40;
+    if (menu.empty()) return;
     if (!intrange(m, 0, menuDIM - 1)) return MACIBM_fatal("Menu index out of range in append_menu!");
     if (!intrange(i, 0, menu_itemDIM - 1)) return MACIBM_fatal("Item index out of range in append_menu!");
     if (stl_string.size() >= too_long) return MACIBM_fatal("Menu name too long in append_menu!");
@@ -146,11 +148,11 @@ void MACIBM_append_menu(int m, int i, int code, const std::string& stl_string, i
 }
 
 void MACIBM_clear_items(int m) {
-    if (intrange(m, 0, menuDIM - 1)) menu[m].item.clear();
+    if (intrange(m, 0, static_cast<int>(menu.size()) - 1)) menu[m].item.clear();
 }
 
 void MACIBM_clear_menu(int m) {
-    if (intrange(m, 0, menuDIM - 1)) menu[m] = menu_struct{};
+    if (intrange(m, 0, static_cast<int>(menu.size()) - 1)) menu[m] = menu_struct{};
 }
 
 void MACIBM_clear_menus(int level) {

@@ -28,6 +28,7 @@ extern std::vector<menu_struct> menu;
 // What the pop-up answers: the index, and the code of the control that opened it.
 extern int popup_menu_select, select_popup_code, active_popup_code;
 
+// A run without a window has no menus at all, until MACIBM_clear_menus(1): what follows then does nothing.
 // i 0 makes a title of the bar, any other is the parent's item as menu times 300 plus item.
 void MACIBM_create_menu(int m, int i, const std::string& stl_string);
 // is_name: a plain name, never Korean glyphs.

@@ -10,6 +10,7 @@
 
 const scenery_draw_struct scenery_draw_gl = {
     [](const std::string& path, int filter) { return tman.load_texture(0, load_ogl, tex_free, filter, path); },
+    [](int ref) { tman.unload_texture(ref); },
     [](int ref) { return tman.has_alpha(ref); },
     compile_patch_list,
     destroy_patch_list,

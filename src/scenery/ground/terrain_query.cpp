@@ -185,7 +185,6 @@ float return_terrain_y(float x, float z, int checker) {
 }
 
 int terrain_is_wet(float x, float z, int checker) {
-    if (!has_region()) return 0;
     return !ret_xz_inreg_tight(x, z) || !find_terrain_poly(x, z, checker) || ren.is_wet[checker];
 }
 

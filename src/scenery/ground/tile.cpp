@@ -66,6 +66,8 @@ void clear_degree(xdeg_struct* deg) {
     }
     deg->tex_layers.clear();
     deg->ytest_buckets.RemoveAllAndDestroy();
+    deg->vec_ins.clear();
+    deg->vec_hwy_car.clear();
     forget_found_terrain();
 }
 
@@ -89,11 +91,8 @@ void find_region_extents() {
     ren.deg_per_mtr_z = 1.0f / con.planet_deg_mtrs;
 }
 
-bool has_region() { return env.reg_x2_mtr != 0.0f; }
-
 int ret_xz_inreg_tight(float x, float z) {
     constexpr float margin = 2500.0f;
-    if (!has_region()) return 1;
     return x > env.reg_x1_mtr + margin && x < env.reg_x2_mtr - margin && z > env.reg_z1_mtr + margin &&
            z < env.reg_z2_mtr - margin;
 }

@@ -120,13 +120,29 @@ struct xlay_struct {
 
 using reg_hash_type = std::unordered_map<XBucketID, Sphere3>;
 
+// An instance on the ground that roads and forests have put there.
+struct vec_ins_struct {
+    int obj;       // index into vec_mod
+    float xyz[3];  // m
+    float psi;     // degrees
+};
+// A car on the tile's roads.
+struct vec_hwy_car_struct {
+    int type;                      // of the vehicle, 0 to 11
+    float xyz[3];                  // m
+    float psi;                     // degrees
+    char lites, brakes, blinker;   // 0 or 1
+};
+
 struct xdeg_struct {
     reg_hash_type sphere_hash;            // of each bucket: around all that it and those below it hold
     XCull<camera_cull_traits> visibles;   // what the view drawn now sees of them
     std::vector<xlay_struct> tex_layers;  // in the order of drawing
     ytest_patch_buckets ytest_buckets;
+    std::vector<vec_ins_struct> vec_ins;
     RoadDef_t road_def;
     RoadData road_data;
+    std::vector<vec_hwy_car_struct> vec_hwy_car;
 };
 inline bool camera_cull_traits::IsVisible(const xcam_class& camera, const xdeg_struct& reference, XBucketID id,
                                           const Sphere3** sphere) {
@@ -153,7 +169,5 @@ void clear_degree(xdeg_struct* deg);
 
 // Extent of the region and of a degree at its centre, from env.lat_sou and lon_wes.
 void find_region_extents();
-// Before the first region there is a bare, dry globe without a rim.
-bool has_region();
 // Inside the region by a margin of 2500 metres on each side.
 int ret_xz_inreg_tight(float x, float z);

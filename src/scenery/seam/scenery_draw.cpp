@@ -5,6 +5,7 @@
 
 scenery_draw_struct scenery_draw = {
     [](const std::string&, int) -> int { return tex_blank; },
+    [](int) {},
     [](int) { return 0; },
     [](const xlay_struct*, scene_patch_struct*) {},
     [](scene_patch_struct*) {},

@@ -10,6 +10,7 @@ struct scene_patch_struct;
 struct scenery_draw_struct {
     // Reference of the picture at a path, 0 when there is none. filter: a tex_filter.
     int (*load_texture)(const std::string& path, int filter);
+    void (*unload_texture)(int ref);
     int (*has_alpha)(int ref);  // non-zero when the texture's picture has an alpha channel
 
     void (*compile_patch)(const xlay_struct* layer, scene_patch_struct* patch);  // patch_DL from its geometry

@@ -5,6 +5,7 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/con.h"
+#include "core/records/flt.h"
 #include "core/records/mnw.h"
 #include "core/records/msc.h"
 #include "core/records/net.h"
@@ -107,15 +108,29 @@ void enter_window(int now) {
     }
 }
 
+// To the place of a flight that is about to begin, height in m above ground: how high the last one was must not
+// decide what its region shows.
+void shift_to_start(double lat, double lon, float height) {
+    flt[0].y_agl_mtr = height;
+    check_for_shift(lat, lon);
+}
+
+void shift_to_airport() {
+    if (vec_apt.empty()) return;
+    msc.loc_apt_wrl = intlim(msc.loc_apt_wrl, 0, static_cast<int>(vec_apt.size()) - 1);
+    const vec_rwy_struct& rwy = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)].rwy[0];
+    shift_to_start(rwy.lat, rwy.lon, 0.0f);
+}
+
 // Choosing an airport or a place on the planet begins a flight there.
 void start_flight_for(const std::string& from_str, int old, int now) {
     if (from_str == "select airport") {
         if (net.use_ip[ip_master_ios]) return send_airport_to_instructor(place_runway);
-        load_region(0);
+        shift_to_airport();
         init_flt_0(start_airport, stg.start_ramp ? place_ramp : place_runway);
         begin_user_flight_steady(start_airport);
     } else if (from_str == "planet region" && old == win_wrl && now == win_fly) {
-        check_for_shift(stg.cus_lat, stg.cus_lon);
+        shift_to_start(stg.cus_lat, stg.cus_lon, stg.cus_alt);
         init_flt_0(start_custom, 0);
         begin_user_flight_steady(start_custom);
     }
