@@ -26,7 +26,6 @@ int load_object_texture(const std::string& folder, const std::string& name, bool
 }
 
 void load_object_textures(const std::string& folder, const std::string& name, vec_mod_struct* mod) {
-    scenery_draw.before_object_textures();
     mod->tex_ref_1 = load_object_texture(folder, name + ".png", true);
     if (mod->tex_ref_1 == 0) mod->tex_ref_1 = tex_blank;
     mod->tex_ref_2 = load_object_texture(folder, name + "_LIT.png", false);

@@ -9,7 +9,6 @@ scenery_draw_struct scenery_draw = {
     [](int) { return 0; },
     [](const xlay_struct*, scene_patch_struct*) {},
     [](scene_patch_struct*) {},
-    [] {},
     [](int) {},
     [](int) {},
 };

@@ -1,6 +1,6 @@
 // What reading scenery asks of drawing, in one table: textures and display lists.
-// Role: readers of tiles and objects call through it and so link without OpenGL; whoever has a window fills it
-// with scenery_draw_gl (scenery/draw/scenery_gl.h).
+// Role: readers of tiles and objects call through it and so link without OpenGL; whoever has a window fills
+// it with scenery_draw_gl (scenery/draw/scenery_gl.h).
 #pragma once
 #include <string>
 
@@ -16,8 +16,7 @@ struct scenery_draw_struct {
     void (*compile_patch)(const xlay_struct* layer, scene_patch_struct* patch);  // patch_DL from its geometry
     void (*destroy_patch_list)(scene_patch_struct* patch);
 
-    void (*before_object_textures)();  // the state in which an object's pictures are loaded
-    void (*compile_object)(int M);     // lists of all levels of vec_mod[M]
+    void (*compile_object)(int M);  // lists of all levels of vec_mod[M]
 
     void (*load_planet_pictures)(int planet);  // env.planet: 0 Earth, 1 Mars
 };
