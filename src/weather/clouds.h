@@ -9,9 +9,15 @@ public:
     void blow_region_z(float amount);                // m south
     float ret_wxr_local(float x, float h, float z);  // mean density around a point, 0 to 1
     float ret_wxr_above(float x, float h, float z);  // density of the column above, 0 to 10
+    // of a bucket, m; the picture of the clouds' shadow covers eight
+    float cld_buc_dx = 1.0f, cld_buc_dz = 1.0f;
+    // the volume's origin, its south-west corner, world frame, m
+    float region_x1() const { return origin_x_; }
+    float region_z1() const { return origin_z_; }
+    void set_region_x1(float x) { origin_x_ = x; }
+    void set_region_z1(float z) { origin_z_ = z; }
 
-    // what their shadow on the ground is laid out by
-    float cld_buc_dx = 1.0f, cld_buc_dz = 1.0f;      // of a bucket, m; the shadow's picture covers eight
-    float region_x1 = 0.0f, region_z1 = 0.0f;        // corner of the volume, world frame, m
+private:
+    float origin_x_ = 0.0f, origin_z_ = 0.0f;
 };
 extern clou_class clou;

@@ -93,8 +93,8 @@ void cloud_shadow_planes(int ref, proj_planes_struct* out) {
     const double ds = tiles / (8.0 * clou.cld_buc_dx), dz = -tiles / (8.0 * clou.cld_buc_dz);
     const double height = atm.base_h_MSL[intlim(atm.prim_layer, 0, 1)];
     const double dx_by_dy = ren.shadow_dx_by_dy, dz_by_dy = ren.shadow_dz_by_dy;
-    set4(out->s, ds, dx_by_dy * ds, 0.0, (dx_by_dy * height - clou.region_x1) * ds);
-    set4(out->t, 0.0, dz_by_dy * dz, dz, (dz_by_dy * height - clou.region_z1) * dz);
+    set4(out->s, ds, dx_by_dy * ds, 0.0, (dx_by_dy * height - clou.region_x1()) * ds);
+    set4(out->t, 0.0, dz_by_dy * dz, dz, (dz_by_dy * height - clou.region_z1()) * dz);
 }
 
 // Along the wind and across it.
