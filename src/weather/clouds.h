@@ -9,8 +9,8 @@ public:
     void blow_region_z(float amount);                // m south
     float ret_wxr_local(float x, float h, float z);  // mean density around a point, 0 to 1
     float ret_wxr_above(float x, float h, float z);  // density of the column above, 0 to 10
-
-    float cld_buc_dx = 1.0f, cld_buc_dz = 1.0f;  // of a bucket, m; the shadow's picture covers eight
+    // of a bucket, m; the picture of the clouds' shadow covers eight
+    float cld_buc_dx = 1.0f, cld_buc_dz = 1.0f;
     // the volume's origin, its south-west corner, world frame, m
     float region_x1() const { return origin_x_; }
     float region_z1() const { return origin_z_; }

@@ -52,5 +52,9 @@ int main() {
     env.lon_wes = -121;
     read_env(34, 1, -118, 3);  // no file: water
     expect(!xdeg[3][1].tex_layers.empty() && !xdeg[3][1].ytest_buckets.Empty(), "a tile");
+    finish_degree(&xdeg[3][1]);
+    xcam.SetupPerspective(90.0, 1.0, 1.0, 1e7);
+    xcam.LookAtPtFromPt({0.0, 0.0, 0.0}, {0.0, 1e6, 0.0}, {0.0, 0.0, -1.0});
+    expect(xdeg[3][1].visibles.Cull(&xcam, &xdeg[3][1]) > 0, "what is seen of a tile");
     return faults ? 1 : 0;
 }

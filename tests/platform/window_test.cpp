@@ -11,6 +11,7 @@
 #include "core/program/input_gate.h"
 #include "core/program/upward.h"
 #include "scene/flying_view.h"
+#include "scene/world.h"
 #include "weather/atmosphere.h"
 
 // The GL driver keeps memory when it is unloaded; nobody could name the culprit by then.
@@ -35,6 +36,7 @@ protected:
         test::window::SetUp();
         set_planet_specs(0);
         init_weather_defaults();
+        atm.vis_ground = 1e8f;  // or the horizon lies in haze
         MACIBM_startwind(0, "");
         place(33.4, -117.5, 1000.0);
     }
@@ -45,6 +47,7 @@ protected:
     }
     static picture look(float psi, float the, float phi) {
         flt[0].psi = psi, flt[0].the = the, flt[0].phi = phi;
+        scene_state_step();
         flying_view_draw();
         return {mnw.x_res_now, mnw.y_res_now, pixels(0, 0, mnw.x_res_now, mnw.y_res_now)};
     }

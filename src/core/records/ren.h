@@ -67,7 +67,7 @@ struct ren_struct {
     int num_fas_finds, num_slo_finds;   // terrain queries of this frame
     // drawn of the ground in this frame; terrain drawing
     int num_terrain_buckets, num_object_buckets;  // that hold something
-    int num_patches, num_objects;
+    int num_patches, num_objects;  // the same: patches, objects
     // what each asker of the terrain found last; terrain queries
     int is_set[checkDIM], is_wet[checkDIM];   // 0 or 1: the triangle below holds; it is water
     int i_lat[checkDIM], i_lon[checkDIM];     // its tile in the region, from the south-west

@@ -158,7 +158,7 @@ private:
         if (!find_place(p1, p2, at)) return 0;
         const long deepest = checked(static_cast<long>(mItems.size()) - 1);
         const double n = static_cast<double>(1l << deepest);
-        const auto grid = [n](double line, double low, double high) {
+        const auto grid = [](double line, double low, double high) {
             return static_cast<long>(line < low ? low : line > high ? high : line);
         };
         const long left = grid(floor(at[0] * n), 0.0, n - 1.0), right = grid(ceil(at[2] * n), 0.0, n);
