@@ -4,7 +4,6 @@
 #include "core/program/upward.h"
 #include "flying.h"
 #include "scenery/ground/region.h"
-#include "scenery/ground/terrain_query.h"
 #include "scenery/ground/tile.h"
 #include "scenery/region/survey_land.h"
 
@@ -56,22 +55,5 @@ TEST_F(flight_region_test, begins_anew_where_its_place_is_however_far_the_last_o
     EXPECT_EQ(env.lat_sou, 33.0f);
     EXPECT_NEAR(flt[0].dob_lat, lat, 1e-6);
     EXPECT_NEAR(flt[0].dob_ele, ele, 0.01) << "the ground of another region had lifted it";
-}
-
-TEST_F(flight_region_test, passes_over_dry_level_land_for_hundreds_of_miles) {
-    lab_place({.speed = 3000.0f, .altitude = 60000.0f, .psi = 60.0f});
-    const float lat = env.lat_sou, lon = env.lon_wes;
-    int wet = 0;
-    double worst = 0.0;
-    for (int i = 0; i < 64 * 90; ++i) {
-        headless_frame();
-        flt[0].vx = 2600.0f, flt[0].vy = 0.0f, flt[0].vz = -1500.0f;
-        wet += terrain_is_wet(static_cast<float>(flt[0].dob_x), static_cast<float>(flt[0].dob_z), 0);
-        worst = fmax(worst, fabs(flt[0].y_agl_mtr + veh[0].h_eqlbm - flt[0].dob_ele));
-    }
-    EXPECT_GT(env.lat_sou, lat);
-    EXPECT_GT(env.lon_wes, lon);
-    EXPECT_EQ(wet, 0);
-    EXPECT_LT(worst, 150.0) << "height over the plane against height over the globe, half a degree away";
 }
 }  // namespace
