@@ -7,6 +7,7 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <random>
 
@@ -54,7 +55,6 @@ bool is_in_band(double lat, double lon) {
            dlon <= lon_secs[p] - lon_buff[p];
 }
 bool is_whole(float degrees) { return degrees == roundf(degrees); }
-size_t used_memory() { return mallinfo2().uordblks; }
 }  // namespace
 
 // -- when
@@ -63,24 +63,21 @@ TEST_F(region_test, moves_by_one_side_a_call_south_north_west_east) {
     const struct {
         double dlat, dlon;
         int shift;
-    } cases[] = {
-        {0.474, 1.5, shift_south},
-        {0.476, 1.5, 0},
-        {1.524, 1.5, 0},
-        {1.526, 1.5, shift_north},
-        {1.0, 0.949, shift_west},
-        {1.0, 0.951, 0},
-        {1.0, 2.049, 0},
-        {1.0, 2.051, shift_east},
-        {0.4, 2.1, shift_south},
-        {-0.524, 1.5, shift_south},
-        {2.524, 1.5, shift_north},
-        {1.0, -0.04, shift_west},
-        {-0.526, 1.5, shift_full_reload},
-        {2.526, 1.5, shift_full_reload},
-        {1.0, -0.06, shift_full_reload},
-        {1.0, 3.06, shift_full_reload},
-    };
+    } cases[] = {{0.474, 1.5, shift_south},
+                 {0.476, 1.5, 0},
+                 {1.524, 1.5, 0},
+                 {1.526, 1.5, shift_north},
+                 {1.0, 0.949, shift_west},
+                 {1.0, 0.951, 0},
+                 {1.0, 2.049, 0},
+                 {1.0, 2.051, shift_east},
+                 {0.4, 2.1, shift_south},
+                 {-0.524, 1.5, shift_south},
+                 {2.524, 1.5, shift_north},
+                 {-0.526, 1.5, shift_full_reload},
+                 {2.526, 1.5, shift_full_reload},
+                 {1.0, -0.06, shift_full_reload},
+                 {1.0, 3.06, shift_full_reload}};
     for (const auto& c : cases) {
         test::set_region(33.0f, -119.0f);
         EXPECT_EQ(shift_for(33.0 + c.dlat, -119.0 + c.dlon), c.shift) << c.dlat << ' ' << c.dlon;
@@ -174,13 +171,13 @@ TEST_F(region_test, a_random_walk_over_the_globe_stays_in_the_band) {
         broken += !is_whole(env.lat_sou) || !is_whole(env.lon_wes) || fabsf(env.lat_sou) > 90.0f ||
                   fabsf(env.lon_wes) > 180.0f;
         shifts.clear();
-        if (i == steps / 10) memory = used_memory();
+        if (i == steps / 10) memory = mallinfo2().uordblks;
     }
     EXPECT_EQ(outside, 0);
     EXPECT_EQ(broken, 0);
     EXPECT_GT(moves, steps / 20);
     EXPECT_TRUE(test::alerts.empty());
-    EXPECT_LT(used_memory(), memory + 4096);
+    EXPECT_LT(mallinfo2().uordblks, memory + 4096);
 }
 
 // -- what moves
@@ -196,74 +193,42 @@ vector planetary(double x, double y, double z, bool is_point) {
     return {-x * sin(o) + y * cos(a) * cos(o) + z * sin(a) * cos(o),
             x * cos(o) + y * cos(a) * sin(o) + z * sin(a) * sin(o), y * sin(a) - z * cos(a)};
 }
-struct watched {
+// In float, in the frame.
+struct thing {
     const char* name;
-    vector at;
-    double tolerance;
+    float *x, *y, *z;
+    bool is_point = true;
+    vector place() const { return planetary(*x, *y, *z, is_point); }
 };
-constexpr double of_float = 0.02;  // m: half a step of a float at 200 km, on each axis
-std::vector<watched> all_that_moves() {
-    std::vector<watched> all;
-    const auto point = [&](const char* name, double x, double y, double z, double tolerance = of_float) {
-        all.push_back({name, planetary(x, y, z, true), tolerance});
-    };
-    const auto velocity = [&](const char* name, double x, double y, double z) {
-        all.push_back({name, planetary(x, y, z, false), 1e-4});
-    };
-    for (int p : {0, 3}) {
-        const flt_struct& f = flt[p];
-        point("aircraft", f.dob_x, f.dob_y, f.dob_z, 1e-6);
-        velocity("its velocity", f.vx, f.vy, f.vz);
-        float x, y, z;
-        veh_to_wrl(0, 0, -1, &x, &y, &z, p);
-        all.push_back({"its nose", planetary(x, y, z, false), 1e-6});
-        veh_to_wrl(1, 0, 0, &x, &y, &z, p);
-        all.push_back({"its wing", planetary(x, y, z, false), 1e-6});
-    }
-    for (const auto& xyz : scn.firexyz) point("fire", xyz[0], xyz[1], xyz[2]);
-    point("eye", ren.view_xyz[0], ren.view_xyz[1], ren.view_xyz[2]);
-    for (int s = 0; s < boatDIM; ++s) point("ship", env.boat_x[s], env.boat_y[s], env.boat_z[s]);
-    for (const vec_bro_struct& bro : vec_bro) {
-        point("bullet", bro.x, bro.y, bro.z);
-        velocity("its velocity", bro.vx, bro.vy, bro.vz);
-    }
-    const wpn_struct& wpn = veh[1].wpn[5];
-    point("weapon", wpn.x, wpn.y, wpn.z);
-    velocity("its velocity", wpn.vx, wpn.vy, wpn.vz);
-    point("winch", stg.winxyz[0], stg.winxyz[1], stg.winxyz[2]);
-    return all;
-}
-
-void put_things_everywhere() {
-    std::mt19937 random(3);
-    std::uniform_real_distribution<float> place(-1.5e5f, 1.5e5f), speed(-200.0f, 200.0f),
-        angle(-80.0f, 80.0f);
-    const auto fill = [&](float& x, float& y, float& z, auto& draw) {
-        x = draw(random), y = draw(random), z = draw(random);
-    };
-    stg.num_acf = 4;
-    for (int p = 0; p < 4; ++p) {
-        flt_struct& f = flt[p];
-        f.dob_x = place(random), f.dob_y = 1e4 + 0.1 * p, f.dob_z = place(random);
-        fill(f.vx, f.vy, f.vz, speed);
-        init_quaternion(angle(random), angle(random), angle(random), f.q);
-        quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
-        cache_attitude(p);
-    }
-    for (auto& xyz : scn.firexyz) fill(xyz[0], xyz[1], xyz[2], place);
-    fill(ren.view_xyz[0], ren.view_xyz[1], ren.view_xyz[2], place);
-    for (int s = 0; s < boatDIM; ++s) fill(env.boat_x[s], env.boat_y[s], env.boat_z[s], place);
-    vec_bro.resize(2);
-    for (vec_bro_struct& bro : vec_bro) {
-        bro.type = 3;
-        fill(bro.x, bro.y, bro.z, place);
-        fill(bro.vx, bro.vy, bro.vz, speed);
-    }
+std::vector<thing> all_things() {
+    vec_bro.resize(1);
+    vec_bro[0].type = 3;
+    vec_bro_struct& bro = vec_bro[0];
     wpn_struct& wpn = veh[1].wpn[5];
     wpn.type = 22, wpn.free_flyer = 1, wpn.action_mode = 1;
-    fill(wpn.x, wpn.y, wpn.z, place);
-    fill(wpn.vx, wpn.vy, wpn.vz, speed);
-    fill(stg.winxyz[0], stg.winxyz[1], stg.winxyz[2], place);
+    const auto array = [](const char* name, float* xyz) { return thing{name, xyz, xyz + 1, xyz + 2}; };
+    return {{"velocity", &flt[0].vx, &flt[0].vy, &flt[0].vz, false},
+            {"other's velocity", &flt[3].vx, &flt[3].vy, &flt[3].vz, false},
+            array("fire", scn.firexyz[9]),
+            array("eye", ren.view_xyz),
+            array("winch", stg.winxyz),
+            {"ship", &env.boat_x[1], &env.boat_y[1], &env.boat_z[1]},
+            {"own wake", &env.boat_x[4], &env.boat_y[4], &env.boat_z[4]},
+            {"bullet", &bro.x, &bro.y, &bro.z},
+            {"bullet's velocity", &bro.vx, &bro.vy, &bro.vz, false},
+            {"weapon", &wpn.x, &wpn.y, &wpn.z},
+            {"weapon's velocity", &wpn.vx, &wpn.vy, &wpn.vz, false}};
+}
+void expect_same(const vector& a, const vector& b, double tolerance, const char* name) {
+    EXPECT_LT(hypot(a.x - b.x, a.y - b.y, a.z - b.z), tolerance) << name << " in the region of " << ref_lat();
+}
+// Place, nose and wing.
+std::array<vector, 3> aircraft(int p) {
+    float x[2], y[2], z[2];
+    veh_to_wrl(0, 0, -1, &x[0], &y[0], &z[0], p);
+    veh_to_wrl(1, 0, 0, &x[1], &y[1], &z[1], p);
+    return {planetary(flt[p].dob_x, flt[p].dob_y, flt[p].dob_z, true), planetary(x[0], y[0], z[0], false),
+            planetary(x[1], y[1], z[1], false)};
 }
 }  // namespace
 
@@ -273,41 +238,52 @@ TEST_F(region_test, all_that_has_a_place_keeps_it_through_a_shift) {
         double dlat, dlon;
     } cases[] = {{33, -119, 0.47, 1.5}, {33, -119, 1.53, 1.5}, {60, 20, 1.0, 0.94},
                  {-70, 178, 1.0, 2.06}, {0, -180, 1.0, 0.94},  {88, 10, 1.53, 1.5}};
+    std::mt19937 random(3);
+    std::uniform_real_distribution<float> share(-1.0f, 1.0f);
+    stg.num_acf = 4;
     for (const auto& c : cases) {
         test::set_region(c.lat, c.lon);
-        put_things_everywhere();
+        const std::vector<thing> things = all_things();
+        for (const thing& t : things)
+            for (float* v : {t.x, t.y, t.z}) *v = share(random) * (t.is_point ? 1.5e5f : 200.0f);
+        for (int p : {0, 3}) {
+            flt[p].dob_x = 1e5 * share(random), flt[p].dob_y = 1e4, flt[p].dob_z = 1e5 * share(random);
+            flt[p].psi = 180.0f * share(random), flt[p].the = 80.0f * share(random);
+            init_quaternion(flt[p].psi, flt[p].the, 30.0f, flt[p].q);
+            quat_to_euler(flt[p].q, &flt[p].psi, &flt[p].the, &flt[p].phi);
+            cache_attitude(p);
+        }
         veh[1].wpn[6] = veh[1].wpn[5];
         veh[1].wpn[6].action_mode = 0;
         const float on_board = veh[1].wpn[6].x;
         env.boat_x[2] = -9.9e9f;
         flt[2].dob_x = 9.9e9;
         clou.set_region_x1(-2000.0f), clou.set_region_z1(3000.0f);
-        const float wake = scn.cp[1][7][2][0] = env.boat_x[1] + 100.0f;
-        scn.cp[1][7][2][1] = env.boat_z[1];
-        const std::vector<watched> before = all_that_moves();
-        const vector wake_before = planetary(wake, env.boat_y[1], env.boat_z[1], true),
-                     cloud_before = planetary(-2000.0, 0.0, 3000.0, true);
+        scn.cp[1][7][2][0] = env.boat_x[1] + 100.0f, scn.cp[1][7][2][1] = env.boat_z[1];
+        std::vector<vector> before;
+        for (const thing& t : things) before.push_back(t.place());
+        const std::array<vector, 3> aircraft_before[] = {aircraft(0), aircraft(3)};
+        const vector wake = planetary(scn.cp[1][7][2][0], env.boat_y[1], env.boat_z[1], true),
+                     cloud = planetary(-2000.0, 0.0, 3000.0, true);
+
+        shifts.clear();
         check_for_shift(c.lat + c.dlat, c.lon + c.dlon);
         ASSERT_EQ(shifts.size(), 1u);
         ASSERT_NE(shifts[0], shift_full_reload);
-        const std::vector<watched> after = all_that_moves();
-        for (size_t i = 0; i < before.size(); ++i) {
-            const vector &a = before[i].at, &b = after[i].at;
-            if (fabs(a.x) + fabs(a.y) > 1e9) continue;
-            EXPECT_NEAR(a.x, b.x, before[i].tolerance) << before[i].name << " at " << c.lat;
-            EXPECT_NEAR(a.y, b.y, before[i].tolerance) << before[i].name << " at " << c.lat;
-            EXPECT_NEAR(a.z, b.z, before[i].tolerance) << before[i].name << " at " << c.lat;
-        }
+        // half a step of a float at 150 km; of one at 200 m/s
+        for (size_t i = 0; i < things.size(); ++i)
+            expect_same(things[i].place(), before[i], things[i].is_point ? 0.02 : 1e-4, things[i].name);
+        for (int i = 0; i < 2; ++i)
+            for (int axis = 0; axis < 3; ++axis)
+                expect_same(aircraft(3 * i)[axis], aircraft_before[i][axis], 2e-6, "aircraft");
         EXPECT_EQ(veh[1].wpn[6].x, on_board) << "it goes with its aircraft";
-        EXPECT_EQ(env.boat_x[2], -9.9e9f) << "nowhere stays nowhere";
-        EXPECT_EQ(flt[2].dob_x, 9.9e9);
+        EXPECT_TRUE(env.boat_x[2] == -9.9e9f && flt[2].dob_x == 9.9e9) << "nowhere stays nowhere";
         // a wake lies flat in the frame: its drop over the distance is left out
-        const vector moved = planetary(scn.cp[1][7][2][0], env.boat_y[1], scn.cp[1][7][2][1], true);
-        EXPECT_LT(hypot(moved.x - wake_before.x, moved.y - wake_before.y, moved.z - wake_before.z), 5.0);
+        expect_same(planetary(scn.cp[1][7][2][0], env.boat_y[1], scn.cp[1][7][2][1], true), wake, 5.0,
+                    "wake");
         const double o = ref_lon() * dob_degtorad;
-        EXPECT_NEAR(clou.region_x1(), cloud_before.y * cos(o) - cloud_before.x * sin(o), 0.02);
+        EXPECT_NEAR(clou.region_x1(), cloud.y * cos(o) - cloud.x * sin(o), 0.02);
         EXPECT_NE(clou.region_z1(), 3000.0f);
-        shifts.clear();
     }
 }
 
@@ -336,11 +312,10 @@ TEST_F(region_test, a_flight_by_a_pole_goes_along_with_a_wholly_new_region) {
     xdob_xyz_with_latlonel(&flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, 89.999, 20.0, 3000.0);
     init_quaternion(10.0f, 5.0f, -3.0f, flt[0].q);
     flt[0].dob_lat = 89.999, flt[0].dob_lon = 20.0;
-    const vector before = planetary(flt[0].dob_x, flt[0].dob_y, flt[0].dob_z, true);
+    const vector before = aircraft(0)[0];
     follow_flight();
     ASSERT_EQ(shifts, std::vector<int>{shift_full_reload});
-    const vector after = planetary(flt[0].dob_x, flt[0].dob_y, flt[0].dob_z, true);
-    EXPECT_LT(hypot(after.x - before.x, after.y - before.y, after.z - before.z), 1e-5);
+    expect_same(aircraft(0)[0], before, 1e-5, "aircraft");
     follow_flight();
     EXPECT_EQ(shifts.size(), 1u);
 }
