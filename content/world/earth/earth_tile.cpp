@@ -1,0 +1,140 @@
+// A tile from the heights and the cover of its place.
+#include "earth_tile.h"
+
+#include <math.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <stdexcept>
+
+#include "data_file.h"
+#include "ground_mesh.h"
+#include "land_cover.h"
+#include "relief.h"
+#include "scenery/tile/tile_load.h"
+#include "tile_check.h"
+
+namespace {
+constexpr double radians = 0.017453292519943295;
+constexpr double node_metres = earth_degree_metres / nodes_per_degree;
+constexpr int around = 24;  // nodes about the tile that its own depend on
+
+// Slopes of the rim come from heights that the neighbour has too, those within from the drained ones.
+void set_slope(const node_values<float>& height, int j, int i, ground_node* n) {
+    const double width = node_metres * std::max(cos(height.window.lat(j) * radians), 0.02);
+    const double east = (height.at(j, i + 1) - height.at(j, i - 1)) / (2.0 * width);
+    const double north = (height.at(j + 1, i) - height.at(j - 1, i)) / (2.0 * node_metres);
+    const double length = sqrt(1.0 + east * east + north * north);
+    n->nx = static_cast<float>(-east / length);
+    n->nz = static_cast<float>(north / length);
+}
+
+class tile_maker {
+public:
+    explicit tile_maker(const std::string& apt_path)
+        : coarse_(world_data_folder() + "elevation.z"),
+          places_(apt_path, world_data_folder()),
+          streams_(world_data_folder() + "rivers.z"),
+          relief_(coarse_, coast_, places_, streams_) {}
+
+    node_values<ground_node> nodes(tile_place tile) const {
+        const node_window window = {tile.lat * nodes_per_degree - around, tile.lon * nodes_per_degree - around,
+                                    nodes_per_degree + 1 + 2 * around, nodes_per_degree + 1 + 2 * around};
+        relief::ground g = relief_.of(window);
+        const node_values<float> shared = g.height;
+        relief_.drain_within(&g, around + 1);
+        const node_values<unsigned char> cover = land_cover(g, places_, streams_);
+        const node_window own = {window.row + around, window.column + around, nodes_per_degree + 1,
+                                 nodes_per_degree + 1};
+        node_values<ground_node> nodes(own, {});
+        for (int j = 0; j < own.rows; ++j)
+            for (int i = 0; i < own.columns; ++i) {
+                ground_node& n = nodes.at(j, i);
+                const bool rim = j == 0 || i == 0 || j == own.rows - 1 || i == own.columns - 1;
+                const node_values<float>& from = rim ? shared : g.height;
+                n.height = from.at(j + around, i + around);
+                n.cover = cover.at(j + around, i + around);
+                n.east = g.shore.at(j + around, i + around).east;
+                n.north = g.shore.at(j + around, i + around).north;
+                if (n.cover != cover_water) set_slope(from, j + around, i + around, &n);
+            }
+        return nodes;
+    }
+
+private:
+    elevation coarse_;
+    shores coast_;
+    known_places places_;
+    rivers streams_;
+    relief relief_;
+};
+
+// Tiles so far, whose borders later ones must meet.
+class border_keeper {
+public:
+    std::string add(tile_place at, tile_edges edges) {
+        std::string error;
+        const auto meet = [&](int lat, int lon, tile_edges::border tile_edges::*own,
+                              tile_edges::border tile_edges::*other) {
+            const auto neighbour = edges_.find({lat, lon});
+            if (neighbour != edges_.end() && error.empty())
+                error = check_border(edges.*own, neighbour->second.*other, edges.slack + neighbour->second.slack);
+        };
+        meet(at.lat, at.lon - 1, &tile_edges::west, &tile_edges::east);
+        meet(at.lat, at.lon + 1, &tile_edges::east, &tile_edges::west);
+        meet(at.lat - 1, at.lon, &tile_edges::south, &tile_edges::north);
+        meet(at.lat + 1, at.lon, &tile_edges::north, &tile_edges::south);
+        edges_[{at.lat, at.lon}] = std::move(edges);
+        return error;
+    }
+
+private:
+    std::map<std::pair<int, int>, tile_edges> edges_;
+};
+}  // namespace
+
+void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
+                      const std::string& apt_path, const std::function<void(const made_tile&)>& told) {
+    const tile_maker maker(apt_path);
+    border_keeper borders;
+    for (const tile_place& tile : tiles) {
+        const auto begin = std::chrono::steady_clock::now();
+        const node_values<ground_node> nodes = maker.nodes(tile);
+        const auto [low, high] =
+            std::minmax_element(nodes.values.begin(), nodes.values.end(),
+                                [](const ground_node& a, const ground_node& b) { return a.height < b.height; });
+        tile_writer writer(tile.lat, tile.lon, floor(low->height), ceil(high->height));
+        write_ground(&writer, nodes);
+        const std::string name = return_latlon_str_ENV(tile.lat, tile.lon, ".dsf");
+        const std::string path = folder + "/Earth nav data/" + name;
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+        std::string error;
+        tile_edges edges;
+        if (!writer.write(path, &error, &edges)) throw std::runtime_error(path + ": " + error);
+        error = borders.add(tile, std::move(edges));
+        if (!error.empty()) throw std::runtime_error(path + ": " + error);
+        made_tile made{tile};
+        made.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+        made.bytes = std::filesystem::file_size(path);
+        told(made);
+    }
+}
+
+std::vector<tile_place> block_of_tiles(int lat, int lon, int side) {
+    std::vector<tile_place> tiles;
+    for (int j = 0; j < side; ++j)
+        for (int i = 0; i < side; ++i) {
+            const int row = lat - (side - 1) / 2 + j, column = lon - (side - 1) / 2 + i;
+            if (row >= -90 && row < 90) tiles.push_back({row, ((column + 180) % 360 + 360) % 360 - 180});
+        }
+    return tiles;
+}
+
+std::vector<tile_place> box_of_tiles(int south, int west, int north, int east) {
+    std::vector<tile_place> tiles;
+    for (int lat = south; lat <= north; ++lat)
+        for (int lon = west; lon <= east; ++lon) tiles.push_back({lat, lon});
+    return tiles;
+}

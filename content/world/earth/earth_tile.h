@@ -1,0 +1,26 @@
+// Tiles of the Earth.
+#pragma once
+#include <functional>
+#include <string>
+#include <vector>
+
+struct tile_place {
+    int lat, lon;  // south-west corner, whole degrees
+};
+
+struct made_tile {
+    tile_place place;
+    double seconds = 0;
+    size_t triangles = 0, patches = 0, bytes = 0;
+};
+
+// Makes tiles into FOLDER/Earth nav data. `told` is called after each. Faults are thrown as
+// std::runtime_error; no half tile stays.
+void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
+                      const std::string& apt_path, const std::function<void(const made_tile&)>& told);
+
+// The side x side corners about the one given; those beyond the poles are left out, those beyond the date line
+// wrapped.
+std::vector<tile_place> block_of_tiles(int lat, int lon, int side);
+// All corners of a box, both ends included.
+std::vector<tile_place> box_of_tiles(int south, int west, int north, int east);
