@@ -37,6 +37,7 @@ public:
         : coarse_(world_data_folder() + "elevation.z"),
           places_(apt_path, world_data_folder()),
           streams_(world_data_folder() + "rivers.z"),
+          outlines_(world_data_folder() + "regions.csv"),
           relief_(coarse_, coast_, places_, streams_) {}
 
     node_values<ground_node> nodes(tile_place tile) const {
@@ -45,20 +46,21 @@ public:
         relief::ground g = relief_.of(window);
         const node_values<float> shared = g.height;
         relief_.drain_within(&g, around + 1);
-        const node_values<unsigned char> cover = land_cover(g, places_, streams_);
-        const node_window own = {window.row + around, window.column + around, nodes_per_degree + 1,
-                                 nodes_per_degree + 1};
+        const node_values<unsigned char> cover = land_cover(g, places_, outlines_);
+        const node_window own = {window.row + around - 1, window.column + around - 1, nodes_per_degree + 3,
+                                 nodes_per_degree + 3};
         node_values<ground_node> nodes(own, {});
         for (int j = 0; j < own.rows; ++j)
             for (int i = 0; i < own.columns; ++i) {
                 ground_node& n = nodes.at(j, i);
-                const bool rim = j == 0 || i == 0 || j == own.rows - 1 || i == own.columns - 1;
+                const int row = j + around - 1, column = i + around - 1;
+                const bool rim = j <= 1 || i <= 1 || j >= own.rows - 2 || i >= own.columns - 2;
                 const node_values<float>& from = rim ? shared : g.height;
-                n.height = from.at(j + around, i + around);
-                n.cover = cover.at(j + around, i + around);
-                n.east = g.shore.at(j + around, i + around).east;
-                n.north = g.shore.at(j + around, i + around).north;
-                if (n.cover != cover_water) set_slope(from, j + around, i + around, &n);
+                n.height = from.at(row, column);
+                n.cover = cover.at(row, column);
+                n.east = g.shore.at(row, column).east;
+                n.north = g.shore.at(row, column).north;
+                if (n.cover != cover_water) set_slope(from, row, column, &n);
             }
         return nodes;
     }
@@ -68,6 +70,7 @@ private:
     shores coast_;
     known_places places_;
     rivers streams_;
+    regions outlines_;
     relief relief_;
 };
 

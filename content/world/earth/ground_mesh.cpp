@@ -1,39 +1,44 @@
 // The mesh of a tile.
 #include "ground_mesh.h"
 
+#include <stdlib.h>
+
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "land_classes.h"
 #include "sphere_noise.h"
 
 namespace {
-constexpr int cells = nodes_per_degree, patches = 16;
+constexpr int cells = nodes_per_degree, side = cells + 1, patches = 16;
 constexpr double raw_degree = 65535.0;
 constexpr int least_cut = 26;  // parts of 257: no sliver triangles
 
 struct vertex {
     tile_point at;
-    unsigned char cover;
+    int land;  // node whose cover it has
 };
 using polygon = std::vector<vertex>;  // clockwise from above, convex
 
 bool has_night(int cover) { return land_class_of(static_cast<land_class>(cover)).has_night; }
 
 // Away from both ends of the mask, which meet where the texture repeats.
-double mask_place(bool part) { return part ? 0.9 : 0.1; }
+double mask_place(double part) { return 0.1 + 0.8 * part; }
 
 class mesh {
 public:
-    mesh(tile_writer* writer, const node_values<ground_node>& nodes) : writer_(*writer), nodes_(nodes) {}
+    mesh(tile_writer* writer, const node_values<ground_node>& nodes) : writer_(*writer), nodes_(nodes) {
+        for (int k = 0; k < land_classes_DIM; ++k) make_parts(k);
+        for (int j = 0; j < cells; ++j)
+            for (int i = 0; i < cells; ++i) base_.push_back(wet_corners(i, j) ? -1 : base_of(whole(i, j)));
+    }
 
     void write() {
-        std::array<bool, land_classes_DIM> used{};
-        for (const ground_node& n : nodes_.values)
-            if (n.cover != cover_water) used[n.cover] = true;
         write_water();
         for (int k = 0; k < land_classes_DIM; ++k) {
-            if (!used[static_cast<size_t>(k)]) continue;
+            if (!is_used(k)) continue;
             const unsigned definition = writer_.terrain(land_terrain_name(static_cast<land_class>(k)));
             for (int pj = 0; pj < patches; ++pj)
                 for (int pi = 0; pi < patches; ++pi) {
@@ -45,7 +50,7 @@ public:
 
 private:
     static int border(int patch) { return patch * cells / patches; }
-    const ground_node& node(int i, int j) const { return nodes_.at(j, i); }
+    const ground_node& node(int i, int j) const { return nodes_.at(j + 1, i + 1); }
     bool wet(int i, int j) const { return node(i, j).cover == cover_water; }
 
     tile_point place(double column, double row) const {
@@ -56,7 +61,7 @@ private:
     }
     vertex at(int i, int j) const {
         const ground_node& n = node(i, j);
-        vertex v{place(i, j), n.cover};
+        vertex v{place(i, j), j * side + i};
         v.at.ele = n.height;
         v.at.nx = n.nx;
         v.at.nz = n.nz;
@@ -70,7 +75,9 @@ private:
         const int told = eastward ? a.east : a.north;
         const int cut = std::clamp(told ? told : raw_per_cell / 2, least_cut, raw_per_cell - least_cut);
         const double part = static_cast<double>(cut) / raw_per_cell;
-        vertex v{eastward ? place(i + part, j) : place(i, j + part), land.cover};
+        const bool here = &land == &a;
+        vertex v{eastward ? place(i + part, j) : place(i, j + part),
+                 here ? j * side + i : eastward ? j * side + i + 1 : (j + 1) * side + i};
         v.at.ele = water.height;
         v.at.nx = 0.5f * land.nx;
         v.at.nz = 0.5f * land.nz;
@@ -156,24 +163,65 @@ private:
 
     // -- land
 
-    // The class under all others of a cell or a part of one. Classes with a night picture have no soft border:
-    // of several the most frequent is taken.
-    static int base_of(const polygon& p) {
-        int lowest = land_classes_DIM, best = -1, best_count = 0;
+    bool is_used(int k) const { return !part_[static_cast<size_t>(k)].empty(); }
+
+    // How much of a node and its neighbours is of this class or a higher one, drawn apart so that most nodes have
+    // none or all, and whether there is any of the class itself.
+    void make_parts(int k) {
+        std::vector<float> part;
+        std::vector<bool> present;
+        bool any = false;
+        for (int j = 0; j < side; ++j)
+            for (int i = 0; i < side; ++i) {
+                float over = 0.0f, own = 0.0f, sum = 0.0f;
+                for (int dj = -1; dj <= 1; ++dj)
+                    for (int di = -1; di <= 1; ++di) {
+                        const int cover = node(i + di, j + dj).cover;
+                        if (cover == cover_water) continue;
+                        const float weight = static_cast<float>((2 - abs(dj)) * (2 - abs(di)));
+                        sum += weight;
+                        if (cover >= k) over += weight;
+                        if (cover == k) own += weight;
+                    }
+                part.push_back(sum > 0.0f ? std::clamp(2.0f * over / sum - 0.5f, 0.0f, 1.0f) : 0.0f);
+                present.push_back(own > 0.0f);
+                any |= own > 0.0f;
+            }
+        if (!any) return;
+        part_[static_cast<size_t>(k)] = std::move(part);
+        present_[static_cast<size_t>(k)] = std::move(present);
+    }
+    float part(int k, const vertex& v) const { return part_[static_cast<size_t>(k)][static_cast<size_t>(v.land)]; }
+    bool present(int k, const polygon& p) const {
+        return std::any_of(p.begin(), p.end(), [&](const vertex& v) {
+            return present_[static_cast<size_t>(k)][static_cast<size_t>(v.land)];
+        });
+    }
+    int cover_of(const vertex& v) const { return node(v.land % side, v.land / side).cover; }
+
+    // What lies under all others: the topmost class that covers everything. Classes with a night picture have no
+    // soft border: of several the most frequent is taken.
+    int base_of(const polygon& p) const {
+        for (int k = land_classes_DIM - 1; k >= 0 && !has_night(k); --k)
+            if (is_used(k) && std::all_of(p.begin(), p.end(), [&](const vertex& v) { return part(k, v) >= 1.0f; }))
+                return k;
+        int best = -1, best_count = 0;
         for (const vertex& v : p) {
-            lowest = std::min<int>(lowest, v.cover);
-            if (!has_night(v.cover)) continue;
+            const int cover = cover_of(v);
+            if (!has_night(cover)) continue;
             const int count = static_cast<int>(
-                std::count_if(p.begin(), p.end(), [&](const vertex& o) { return o.cover == v.cover; }));
-            if (count > best_count) best = v.cover, best_count = count;
+                std::count_if(p.begin(), p.end(), [&](const vertex& o) { return cover_of(o) == cover; }));
+            if (count > best_count) best = cover, best_count = count;
         }
-        return best >= 0 ? best : lowest;
+        for (int k = 0; best < 0; ++k)
+            if (is_used(k) && present(k, p)) best = k;
+        return best;
     }
     polygon whole(int i, int j) const { return {at(i, j), at(i, j + 1), at(i + 1, j + 1), at(i + 1, j)}; }
-    bool base_is(int k, int i, int j) const { return wet_corners(i, j) == 0 && base_of(whole(i, j)) == k; }
-    static bool has_over(const polygon& p, int k) {
-        return base_of(p) < k &&
-               std::any_of(p.begin(), p.end(), [k](const vertex& v) { return v.cover == k; });
+    bool base_is(int k, int i, int j) const { return base_[static_cast<size_t>(j * cells + i)] == k; }
+    bool has_over(int base, const polygon& p, int k) const {
+        return base < k && present(k, p) &&
+               std::any_of(p.begin(), p.end(), [&](const vertex& v) { return part(k, v) > 0.0f; });
     }
 
     void write_base(int k, unsigned definition, int pi, int pj) {
@@ -189,12 +237,13 @@ private:
     void write_overlay(int k, unsigned definition, int pi, int pj) {
         bool open = false;
         const auto lies_over = [this, k](int i, int j) {
-            return wet_corners(i, j) == 0 && has_over(whole(i, j), k);
+            const int base = base_[static_cast<size_t>(j * cells + i)];
+            return base >= 0 && base < k && has_over(base, whole(i, j), k);
         };
         write_runs(pi, pj, lies_over, definition, k, &open);
         std::vector<tile_point> triangles;
         for_cut_cells(pi, pj, [&](polygon p) {
-            if (!has_over(p, k)) return;
+            if (!has_over(base_of(p), p, k)) return;
             for (vertex& v : p) mask(k, &v);
             fan_out(p, &triangles);
         });
@@ -209,9 +258,8 @@ private:
                     for (const polygon& p : parts(i, j, false)) each(p);
     }
 
-    // All higher classes count too, so that what lies between is not seen at their common border.
     void mask(int k, vertex* v) const {
-        v->at.s = mask_place(v->cover >= k);
+        v->at.s = mask_place(part(k, *v));
         v->at.t = sphere_noise::hash(static_cast<int>(v->at.lon * raw_degree),
                                      static_cast<int>(v->at.lat * raw_degree), 0, 161);
     }
@@ -251,6 +299,9 @@ private:
 
     tile_writer& writer_;
     const node_values<ground_node>& nodes_;
+    std::array<std::vector<float>, land_classes_DIM> part_;    // by node; empty of a class that is not used
+    std::array<std::vector<bool>, land_classes_DIM> present_;  // by node
+    std::vector<int> base_;                                    // by cell, -1 where there is water
 };
 }  // namespace
 

@@ -13,7 +13,6 @@ struct ground_node {
     unsigned char cover = 0;  // land_class, or cover_water
 };
 
-// `nodes` are the 256 x 256 of the tile. Shores are cut exactly; open water is coarse. Later classes lie over
-// earlier ones with soft borders.
+// `nodes` are the 256 x 256 of the tile and one more all round. Shores are cut exactly; open water is coarse.
+// Later classes lie over earlier ones with soft borders.
 void write_ground(tile_writer* writer, const node_values<ground_node>& nodes);
-

@@ -38,7 +38,7 @@ private:
 
 struct known_places {
     by_degree<known_airport> airports;
-    by_degree<known_point> summits, basins, lakes;
+    by_degree<known_point> summits, basins, lakes, salt_lakes;
     by_degree<known_town> towns;
 
     // apt_path is the table of airports as the simulator reads it; data the folder of the committed data.

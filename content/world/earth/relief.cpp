@@ -79,6 +79,15 @@ void route(const node_values<float>& height, drainage* d) {
     }
 }
 
+// Nodes that drain through each node.
+void add_up(const drainage& flow, std::vector<float>* area) {
+    area->assign(flow.to.size(), 1.0f);
+    for (size_t n = flow.order.size(); n-- > 0;) {
+        const uint32_t here = flow.order[n], there = flow.to[here];
+        if (there != here) (*area)[there] += (*area)[here];
+    }
+}
+
 void cut_outlets(node_values<float>* height, drainage* flow, const node_values<float>* fixed) {
     constexpr float fall = 0.12f;  // from node to node, metres: more than a step of the file
     route(*height, flow);
@@ -195,7 +204,39 @@ relief::water_distance relief::distance_to_water(const node_values<shore_node>& 
 
 // -- a degree
 
-// Coarse heights pulled to the known ones of airports.
+// What the water has left of the heights about a known summit is stretched upward from the valleys, so that
+// ridges rise to it.
+void relief::raise_summits(const node_values<float>& to_water, node_values<float>* height) const {
+    const node_window& w = height->window;
+    constexpr double reach = 9000.0;
+    for (const known_point& s : places_.summits.near(w.lat(w.rows / 2), w.lon(w.columns / 2), 0.9)) {
+        const int j0 = static_cast<int>(lround((s.lat - w.lat(0)) * nodes_per_degree));
+        const int i0 = static_cast<int>(lround((s.lon - w.lon(0)) * nodes_per_degree));
+        if (j0 < 0 || i0 < 0 || j0 >= w.rows || i0 >= w.columns) continue;
+        const int up = static_cast<int>(reach / node_metres) + 1, across = static_cast<int>(reach / width_of(s.lat)) + 1;
+        const int south = std::max(j0 - up, 0), north = std::min(j0 + up, w.rows - 1);
+        const int west = std::max(i0 - across, 0), east = std::min(i0 + across, w.columns - 1);
+        double low = 1.0e9;
+        for (int j = south; j <= north; ++j)
+            for (int i = west; i <= east; ++i) low = std::min(low, 1.0 * height->at(j, i));
+        low = std::min(low, s.ele - 200.0);
+        const double stretch = (s.ele - low) / std::max(height->at(j0, i0) - low, 0.25 * (s.ele - low));
+        for (int j = south; j <= north; ++j)
+            for (int i = west; i <= east; ++i) {
+                const double away = metres_between(s.lat, s.lon, w.lat(j), w.lon(i));
+                if (away >= reach || to_water.at(j, i) <= 0.0f) continue;
+                const double far = away / reach, part = (1.0 - far * far) * (1.0 - far * far);
+                const double h = height->at(j, i);
+                const double raised = low + (h - low) * (1.0 + (stretch - 1.0) * part);
+                // nothing but the summit itself stands so high
+                const double roof = s.ele - 0.12 * away;
+                height->at(j, i) = static_cast<float>(std::min(raised, std::max(h, roof)));
+            }
+        height->at(j0, i0) = static_cast<float>(s.ele);
+    }
+}
+
+// Coarse heights pulled to the known ones of airports and, as far as a massif goes, of summits.
 node_values<float> relief::base_heights(const node_window& window) const {
     node_values<float> base(window, 0.0f);
     for (int j = 0; j < window.rows; ++j)
@@ -221,6 +262,19 @@ node_values<float> relief::base_heights(const node_window& window) const {
     }
     for (size_t n = 0; n < window.size(); ++n)
         if (weight.values[n] > 0.0f) base.values[n] += pull.values[n] / weight.values[n];
+    constexpr double massif = 13000.0;
+    for (const known_point& s : places_.summits.near(lat, lon, 0.5 * window.rows / nodes_per_degree + 0.2)) {
+        const double off = 0.85 * (s.ele - coarse_.height(s.lat, s.lon));
+        if (off <= 0.0) continue;
+        for (int j = 0; j < window.rows; ++j)
+            for (int i = 0; i < window.columns; ++i) {
+                const double away = metres_between(s.lat, s.lon, window.lat(j), window.lon(i)) / massif;
+                if (away >= 1.0) continue;
+                const double raised = coarse_.height(s.lat, s.lon) + off * (1.0 - away) * (1.0 - away);
+                base.at(j, i) = std::max(base.at(j, i),
+                                         static_cast<float>(base.at(j, i) + (raised - base.at(j, i)) * (1.0 - away)));
+            }
+    }
     return base;
 }
 
@@ -248,19 +302,22 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
                 ground = std::max(ground, 3.0 + 0.002 * to_water);
             else
                 ground += near * (level + 0.01 * to_water - ground);
-            base.values[n] = static_cast<float>(ground);
-
             // low ground among mountains is filled, high ground is rough
             const elevation::surroundings s = coarse_.around(w.lat(j), w.lon(i));
-            const double range = std::min(s.wide_high - s.wide_low, 1.6 * (s.high - s.low));
-            const double raised = (ground - s.wide_low) / (s.wide_high - s.wide_low + 40.0);
+            if (s.wide_high < 5.0 && level == 0.0)  // an island that the coarse heights do not know
+                ground = std::max(ground, std::min(0.06 * to_water, 250.0));
+            base.values[n] = static_cast<float>(ground);
+            const double pulled = fabs(ground - coarse_.height(w.lat(j), w.lon(i)));
+            const double range =
+                std::max(std::min(s.wide_high - s.wide_low, 1.6 * (s.high - s.low)), 0.8 * pulled);
+            const double raised = (ground - s.wide_low) / (std::max(s.wide_high, ground) - s.wide_low + 40.0);
             const double rough = (0.10 + 0.90 * smooth(0.06, 0.40, raised)) * range *
                                  (0.25 + 0.75 * smooth(0.0, 2500.0, to_water));
             const sphere_noise::place p = sphere_noise::at(w.lat(j), w.lon(i));
             const double shape = sphere_noise::ridged(p, 9500.0, 5, 401) - 0.33;
             const double swell = sphere_noise::fractal(p, 2500.0, 3, 421) - 0.5;
             height.values[n] =
-                static_cast<float>(ground + 0.75 * rough * shape + std::min(6.0, 2.0 + 0.05 * range) * swell);
+                static_cast<float>(ground + 1.25 * rough * shape + std::min(6.0, 2.0 + 0.05 * range) * swell);
             if (to_water < 8000.0)
                 height.values[n] = std::max(height.values[n], static_cast<float>(level + 1.5));
         }
@@ -270,21 +327,17 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
     const double side = width_of(w.lat(w.rows / 2));
     std::vector<float> area;
     node_values<float> loss(w, 0.0f);
-    constexpr int rounds = 9;
+    constexpr int rounds = 10;
     for (int round = 0; round < rounds; ++round) {
         route(height, &flow);
-        area.assign(w.size(), 1.0f);
-        for (size_t n = flow.order.size(); n-- > 0;) {
-            const uint32_t here = flow.order[n];
-            if (flow.to[here] != here) area[flow.to[here]] += area[here];
-        }
+        add_up(flow, &area);
         for (const uint32_t here : flow.order) {
             const uint32_t there = flow.to[here];
             if (here == there) continue;
             const bool same_row = here / static_cast<uint32_t>(w.columns) == there / static_cast<uint32_t>(w.columns);
             const bool same_column = here % static_cast<uint32_t>(w.columns) == there % static_cast<uint32_t>(w.columns);
             const double length = same_row ? side : same_column ? node_metres : hypot(side, node_metres);
-            const double cut = 0.055 * sqrt(std::min(area[here], 4000.0f)) * node_metres / length;
+            const double cut = 0.06 * sqrt(std::min(area[here], 4000.0f)) * node_metres / length;
             float& h = height.values[here];
             const float below = height.values[there];
             h = static_cast<float>((h + cut * below) / (1.0 + cut));
@@ -299,21 +352,7 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
 
     cut_outlets(&height, &flow, nullptr);
 
-    // known summits: a bump over what the water has left
-    for (const known_point& s : places_.summits.near(lat + 0.5, lon + 0.5, 0.9)) {
-        const int j0 = static_cast<int>(lround((s.lat - w.lat(0)) * nodes_per_degree));
-        const int i0 = static_cast<int>(lround((s.lon - w.lon(0)) * nodes_per_degree));
-        if (j0 < 0 || i0 < 0 || j0 >= w.rows || i0 >= w.columns) continue;
-        const double off = s.ele - height.at(j0, i0), reach = 9000.0;
-        for (int j = 0; j < w.rows; ++j)
-            for (int i = 0; i < w.columns; ++i) {
-                const double away = metres_between(s.lat, s.lon, w.lat(j), w.lon(i)) / reach;
-                if (away >= 1.0 || !shore.at(j, i).land()) continue;
-                const double inner = std::max(0.0, 1.0 - 3.0 * away);
-                const double part = 0.55 * (1.0 - away) * (1.0 - away) + 0.45 * inner;
-                height.at(j, i) += static_cast<float>(off * part * smooth(0.0, 2500.0, water.metres.at(j, i)));
-            }
-    }
+    raise_summits(water.metres, &height);
     return height;
 }
 
@@ -327,8 +366,8 @@ const node_values<float>& relief::degree(int lat, int lon) const {
 // -- all together
 
 relief::ground relief::of(const node_window& window) const {
-    ground g{shore_with_airports(window), node_values<float>(window, 0.0f), {},
-             node_values<float>(window, 0.0f)};
+    const node_values<float> none(window, 0.0f);
+    ground g{shore_with_airports(window), none, none, none, none, none};
     const water_distance water = distance_to_water(g.shore);
     // 1 within a degree, 0 outside, both ways of one form, so that those of neighbours add up to 1
     const auto weight = [](int node, int degree_first) {
@@ -360,6 +399,7 @@ relief::ground relief::of(const node_window& window) const {
             g.height.values[n] = static_cast<float>(h);
         }
     g.to_water = water.metres;
+    g.water_level = water.level;
     level_airports(&g);
     return g;
 }
@@ -407,4 +447,5 @@ void relief::drain_within(ground* g, int rim) const {
             flow.outlet[w.at(j, i)] = j < rim || i < rim || j >= w.rows - rim || i >= w.columns - rim ||
                                       !g->shore.at(j, i).land();
     cut_outlets(&g->height, &flow, &g->on_airport);
+    add_up(flow, &g->upstream.values);
 }

@@ -20,6 +20,8 @@ public:
         node_values<shore_node> shore;
         node_values<float> height;    // metres; water is level
         node_values<float> to_water;    // metres to the nearest shore, on land
+        node_values<float> water_level;  // of that shore's water
+        node_values<float> upstream;    // nodes that drain through a node, itself too
         node_values<float> on_airport;  // 1 on the plane of an airport, falling to 0 in its rim
     };
     ground of(const node_window& window) const;
@@ -34,6 +36,7 @@ private:
     node_values<shore_node> shore_with_airports(const node_window& window) const;
     water_distance distance_to_water(const node_values<shore_node>& shore) const;
     node_values<float> base_heights(const node_window& window) const;
+    void raise_summits(const node_values<float>& to_water, node_values<float>* height) const;
     node_values<float> degree_heights(int lat, int lon) const;
     const node_values<float>& degree(int lat, int lon) const;
     void level_airports(ground* g) const;
