@@ -10,14 +10,16 @@
 
 #include "core/disk/paths.h"
 #include "earth_tile.h"
+#include "mars_tile.h"
 #include "../flightlab/options.h"
 #include "world_make.h"
 
 namespace {
 const char* const usage =
-    "world_make LAT LON [TILES] [--out FOLDER]     tiles of the Earth about a place\n"
-    "world_make --box SOUTH WEST NORTH EAST        tiles whose corners lie in a box, both ends included\n"
-    "world_make NAME FOLDER                        a small world as a scenery package\n"
+    "world_make [--mars] LAT LON [TILES] [--out FOLDER]    tiles of the Earth, or of Mars, about a place\n"
+    "world_make [--mars] --box SOUTH WEST NORTH EAST       tiles whose corners lie in a box, both ends included\n"
+    "world_make --mars                                     the region round Melas\n"
+    "world_make NAME FOLDER                                a small world as a scenery package\n"
     "\n"
     "LAT and LON lie in the tile, degrees; TILES is the side of a square of tiles about it, 1 by default, at "
     "most 20.\n"
@@ -61,7 +63,11 @@ order read_order(int argc, char** argv) {
     return o;
 }
 
+// The region round the landing ground in the canyon.
+constexpr int mars_box[4] = {-14, -79, -7, -68};
+
 std::vector<tile_place> tiles_of(const order& o) {
+    if (o.mars && o.words.empty()) return box_of_tiles(mars_box[0], mars_box[1], mars_box[2], mars_box[3]);
     const auto corner = [&](size_t word, double lowest, double highest) {
         return static_cast<int>(floor(number_in(o.words[word], lowest, highest)));
     };
@@ -73,16 +79,21 @@ std::vector<tile_place> tiles_of(const order& o) {
 }
 
 void make_land(const order& o) {
-    if (o.box ? o.words.size() != 4 : o.words.size() < 2 || o.words.size() > 3)
+    const bool whole_region = o.mars && !o.box && o.words.empty();
+    if (!whole_region && (o.box ? o.words.size() != 4 : o.words.size() < 2 || o.words.size() > 3))
         throw wrong_use(o.box ? "expected --box SOUTH WEST NORTH EAST" : "expected LAT LON [TILES]");
     const std::vector<tile_place> tiles = tiles_of(o);
     size_t done = 0;
-    make_earth_tiles(tiles, o.folder, executable_folder() + "../Orvelle/Resources/Earth nav data/apt.dat",
-                     [&](const made_tile& t) {
-                         printf("%zu of %zu  %+03d%+04d  %.1f s  %.1f MB\n", ++done, tiles.size(), t.place.lat,
-                                t.place.lon, t.seconds, static_cast<double>(t.bytes) / 1.0e6);
-                         fflush(stdout);
-                     });
+    const auto told = [&](const made_tile& t) {
+        printf("%zu of %zu  %+03d%+04d  %.1f s  %.1f MB\n", ++done, tiles.size(), t.place.lat, t.place.lon,
+               t.seconds, static_cast<double>(t.bytes) / 1.0e6);
+        fflush(stdout);
+    };
+    const std::string tables = executable_folder() + "../Orvelle/Resources/";
+    if (o.mars)
+        make_mars_tiles(tiles, o.folder, tables + "Mars nav data/apt.dat", told);
+    else
+        make_earth_tiles(tiles, o.folder, tables + "Earth nav data/apt.dat", told);
 }
 
 int run(int argc, char** argv) {

@@ -6,15 +6,12 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <map>
-#include <stdexcept>
 
 #include "data_file.h"
 #include "ground_mesh.h"
 #include "land_cover.h"
 #include "relief.h"
-#include "scenery/tile/tile_load.h"
-#include "tile_check.h"
+#include "tile_borders.h"
 
 namespace {
 constexpr double radians = 0.017453292519943295;
@@ -38,7 +35,7 @@ public:
           places_(apt_path, world_data_folder()),
           streams_(world_data_folder() + "rivers.z"),
           outlines_(world_data_folder() + "regions.csv"),
-          relief_(coarse_, coast_, places_, streams_) {}
+          relief_(coarse_, coast_, places_, streams_, outlines_) {}
 
     node_values<ground_node> nodes(tile_place tile) const {
         const node_window window = {tile.lat * nodes_per_degree - around, tile.lon * nodes_per_degree - around,
@@ -73,35 +70,12 @@ private:
     regions outlines_;
     relief relief_;
 };
-
-// Tiles so far, whose borders later ones must meet.
-class border_keeper {
-public:
-    std::string add(tile_place at, tile_edges edges) {
-        std::string error;
-        const auto meet = [&](int lat, int lon, tile_edges::border tile_edges::*own,
-                              tile_edges::border tile_edges::*other) {
-            const auto neighbour = edges_.find({lat, lon});
-            if (neighbour != edges_.end() && error.empty())
-                error = check_border(edges.*own, neighbour->second.*other, edges.slack + neighbour->second.slack);
-        };
-        meet(at.lat, at.lon - 1, &tile_edges::west, &tile_edges::east);
-        meet(at.lat, at.lon + 1, &tile_edges::east, &tile_edges::west);
-        meet(at.lat - 1, at.lon, &tile_edges::south, &tile_edges::north);
-        meet(at.lat + 1, at.lon, &tile_edges::north, &tile_edges::south);
-        edges_[{at.lat, at.lon}] = std::move(edges);
-        return error;
-    }
-
-private:
-    std::map<std::pair<int, int>, tile_edges> edges_;
-};
 }  // namespace
 
 void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
                       const std::string& apt_path, const std::function<void(const made_tile&)>& told) {
     const tile_maker maker(apt_path);
-    border_keeper borders;
+    tile_borders borders;
     for (const tile_place& tile : tiles) {
         const auto begin = std::chrono::steady_clock::now();
         const node_values<ground_node> nodes = maker.nodes(tile);
@@ -110,14 +84,7 @@ void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& f
                                 [](const ground_node& a, const ground_node& b) { return a.height < b.height; });
         tile_writer writer(tile.lat, tile.lon, floor(low->height), ceil(high->height));
         write_ground(&writer, nodes);
-        const std::string name = return_latlon_str_ENV(tile.lat, tile.lon, ".dsf");
-        const std::string path = folder + "/Earth nav data/" + name;
-        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-        std::string error;
-        tile_edges edges;
-        if (!writer.write(path, &error, &edges)) throw std::runtime_error(path + ": " + error);
-        error = borders.add(tile, std::move(edges));
-        if (!error.empty()) throw std::runtime_error(path + ": " + error);
+        const std::string path = borders.write(writer, folder + "/Earth nav data/");
         made_tile made{tile};
         made.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
         made.bytes = std::filesystem::file_size(path);

@@ -11,7 +11,7 @@ struct tile_place {
 struct made_tile {
     tile_place place;
     double seconds = 0;
-    size_t triangles = 0, patches = 0, bytes = 0;
+    size_t bytes = 0;
 };
 
 // Makes tiles into FOLDER/Earth nav data. `told` is called after each. Faults are thrown as

@@ -25,43 +25,12 @@ void turn_east(known_airport& a, double by) {
 void turn_east(known_point& p, double by) { turn(&p.lon, by); }
 void turn_east(known_town& t, double by) { turn(&t.lon, by); }
 
-ground_strip strip_of(double lat, double lon, double heading, double length, double width) {
-    const double north = 0.5 * length * cos(heading * radians) / earth_degree_metres;
+ground_strip strip_of(double lat, double lon, double heading, double length, double width,
+                      double degree_metres) {
+    const double north = 0.5 * length * cos(heading * radians) / degree_metres;
     const double east =
-        0.5 * length * sin(heading * radians) / (earth_degree_metres * std::max(cos(lat * radians), 0.01));
+        0.5 * length * sin(heading * radians) / (degree_metres * std::max(cos(lat * radians), 0.01));
     return {{lat - north, lat + north}, {lon - east, lon + east}, 0.5 * width};
-}
-
-// Rows of airports and of their pavement.
-void read_airports(const std::string& path, by_degree<known_airport>* airports) {
-    std::ifstream in(path);
-    if (!in) throw std::runtime_error(path + ": cannot be read; the target content makes it");
-    constexpr int land = 1, pad = 17;
-    known_airport airport;
-    const auto finish = [&] {
-        if (!airport.strips.empty()) airports->add(airport);
-        airport = {};
-    };
-    bool dry = false;
-    for (std::string line; std::getline(in, line);) {
-        int code = 0, used = 0, feet = 0;
-        char id[8] = "";
-        if (sscanf(line.c_str(), "%d%n", &code, &used) != 1) continue;
-        if (code == land || code == pad || code == 16) {
-            finish();
-            dry = code != 16 && sscanf(line.c_str() + used, "%d %*d %*d %7s", &feet, id) == 2;
-            airport.id = id;
-            airport.ele = feet * foot;
-        }
-        double lat, lon, heading, length, width;
-        if (code != 10 || !dry ||
-            sscanf(line.c_str() + used, "%lf %lf %*s %lf %lf %*s %*s %lf", &lat, &lon, &heading, &length,
-                   &width) != 5)
-            continue;
-        if (airport.strips.empty()) airport.lat = lat, airport.lon = lon;
-        airport.strips.push_back(strip_of(lat, lon, heading, length * foot, width * foot));
-    }
-    finish();
 }
 
 void read_points(const std::string& path, by_degree<known_point>* points) {
@@ -96,8 +65,41 @@ template class by_degree<known_airport>;
 template class by_degree<known_point>;
 template class by_degree<known_town>;
 
+// Rows of airports and of their pavement.
+void read_airports(const std::string& path, double degree_metres, by_degree<known_airport>* airports) {
+    std::ifstream in(path);
+    if (!in) throw std::runtime_error(path + ": cannot be read; the target content makes it");
+    constexpr int land = 1, pad = 17;
+    known_airport airport;
+    const auto finish = [&] {
+        if (!airport.strips.empty()) airports->add(airport);
+        airport = {};
+    };
+    bool dry = false;
+    for (std::string line; std::getline(in, line);) {
+        int code = 0, used = 0, feet = 0;
+        char id[8] = "";
+        if (sscanf(line.c_str(), "%d%n", &code, &used) != 1) continue;
+        if (code == land || code == pad || code == 16) {
+            finish();
+            dry = code != 16 && sscanf(line.c_str() + used, "%d %*d %*d %7s", &feet, id) == 2;
+            airport.id = id;
+            airport.ele = feet * foot;
+        }
+        double lat, lon, heading, length, width;
+        if (code != 10 || !dry ||
+            sscanf(line.c_str() + used, "%lf %lf %*s %lf %lf %*s %*s %lf", &lat, &lon, &heading, &length,
+                   &width) != 5)
+            continue;
+        if (airport.strips.empty()) airport.lat = lat, airport.lon = lon;
+        airport.strips.push_back(strip_of(lat, lon, heading, length * foot, width * foot,
+                                         degree_metres));
+    }
+    finish();
+}
+
 known_places::known_places(const std::string& apt_path, const std::string& data) {
-    read_airports(apt_path, &airports);
+    read_airports(apt_path, earth_degree_metres, &airports);
     read_points(data + "summits.csv", &summits);
     read_points(data + "closed_basins.csv", &basins);
     read_points(data + "lakes.csv", &lakes);

@@ -45,7 +45,10 @@ struct known_places {
     known_places(const std::string& apt_path, const std::string& data);
 };
 
-// Metres between places some degrees apart at most.
+// The airports of a table as the simulator reads it; a planet's degree in metres gives strips their length.
+void read_airports(const std::string& apt_path, double degree_metres, by_degree<known_airport>* airports);
+
+// Metres of the Earth between places some degrees apart at most.
 double metres_between(double lat0, double lon0, double lat1, double lon1);
-// Metres from the nearest edge of an airport's pavement, 0 on it.
+// Metres of the Earth from the nearest edge of an airport's pavement, 0 on it.
 double metres_from(const known_airport& airport, double lat, double lon);

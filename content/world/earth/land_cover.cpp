@@ -108,7 +108,7 @@ public:
         : g_(ground), outlines_(outlines), cover_(ground.height.window, cover_water) {
         const node_window& w = window();
         const double lat = w.lat(w.rows / 2), lon = w.lon(w.columns / 2), half = 0.5 * w.rows / nodes_per_degree;
-        towns_ = places.towns.near(lat, lon, half + 0.5);
+        towns_ = places.towns.near(lat, lon, half + 0.8);
         salt_ = places.salt_lakes.near(lat, lon, half + 0.5);
         airports_ = places.airports.near(lat, lon, half + 0.1);
         for (const known_airport& a : airports_) {  // a place without a name on the list has people too
@@ -165,18 +165,22 @@ private:
     // Town, or nothing where nobody builds.
     int settled(const site& s, double lat, double lon) const {
         if (s.slope > 0.075) return -1;
-        double best = 1.0;
+        // towns that lie close together fill what is between them
+        double nearest = 9.0, sum = 0.0;
         for (const known_town& t : towns_) {
             // from the middle to the rim, metres, as densely as towns are built
-            const double reach = std::max(1500.0, 12.7 * sqrt(t.people));
-            const double north = (lat - t.lat) * earth_degree_metres;
-            if (fabs(north) > 1.4 * reach) continue;
-            best = std::min(best, metres_between(lat, lon, t.lat, t.lon) / reach + 0.45 * (s.broad - 0.5) * (reach > 6000.0));
+            const double reach = std::max(1500.0, 15.0 * sqrt(t.people));
+            if (fabs(lat - t.lat) * earth_degree_metres > 1.5 * reach) continue;
+            const double away = metres_between(lat, lon, t.lat, t.lon) / reach +
+                                (reach > 6000.0 ? 0.4 * (s.broad - 0.5) : 0.0);
+            nearest = std::min(nearest, away);
+            if (away < 1.5) sum += (1.0 - away * away / 2.25) * (1.0 - away * away / 2.25);
         }
-        if (best >= 0.98) return -1;
+        constexpr double rim = 0.31, fields = 0.36;  // of one town: at its reach, and a little within
+        if (sum < rim) return -1;
         const bool dry = s.moisture < 0.44;
-        if (best > 0.86) return land_village;
-        if (best < 0.10) return land_city;
+        if (sum < fields) return land_village;
+        if (nearest < 0.10) return land_city;
         if (s.fine > 0.80 && s.slope < 0.025) return land_industry;
         return dry ? land_suburb_dry : land_suburb;
     }

@@ -79,11 +79,12 @@ void route(const node_values<float>& height, drainage* d) {
     }
 }
 
-// Nodes that drain through each node.
-void add_up(const drainage& flow, std::vector<float>* area) {
+// Nodes that drain through each node, or what a river brings there when that is more.
+void add_up(const drainage& flow, const std::vector<float>& brought, std::vector<float>* area) {
     area->assign(flow.to.size(), 1.0f);
     for (size_t n = flow.order.size(); n-- > 0;) {
         const uint32_t here = flow.order[n], there = flow.to[here];
+        (*area)[here] = std::max((*area)[here], brought[here]);
         if (there != here) (*area)[there] += (*area)[here];
     }
 }
@@ -204,6 +205,66 @@ relief::water_distance relief::distance_to_water(const node_values<shore_node>& 
 
 // -- a degree
 
+// Salt lakes are dry and level: 1 on them, falling to 0 about them, with their height.
+node_values<float> relief::dry_lakes(const node_window& window, node_values<float>* level) const {
+    node_values<float> part(window, 0.0f);
+    constexpr double rim = 5000.0;
+    const double lat = window.lat(window.rows / 2), lon = window.lon(window.columns / 2);
+    for (const known_point& lake :
+         places_.salt_lakes.near(lat, lon, 0.5 * window.rows / nodes_per_degree + 0.6))
+        for (int j = 0; j < window.rows; ++j)
+            for (int i = 0; i < window.columns; ++i) {
+                const double away = metres_between(lake.lat, lake.lon, window.lat(j), window.lon(i));
+                const float p = static_cast<float>(1.0 - smooth(lake.reach, lake.reach + rim, away));
+                if (p <= part.at(j, i)) continue;
+                part.at(j, i) = p;
+                level->at(j, i) = static_cast<float>(lake.ele);
+            }
+    return part;
+}
+
+// Where water ends without reaching the sea: salt lakes, and hollows of dry country.
+void relief::mark_sinks(const node_window& window, std::vector<unsigned char>* outlet) const {
+    const double lat = window.lat(window.rows / 2), lon = window.lon(window.columns / 2),
+                 half = 0.5 * window.rows / nodes_per_degree;
+    const auto mark = [&](const known_point& p) {
+        const int j = static_cast<int>(lround((p.lat - window.lat(0)) * nodes_per_degree));
+        const int i = static_cast<int>(lround((p.lon - window.lon(0)) * nodes_per_degree));
+        if (j >= 0 && i >= 0 && j < window.rows && i < window.columns) (*outlet)[window.at(j, i)] = 1;
+    };
+    for (const known_point& p : places_.salt_lakes.near(lat, lon, half + 0.1)) mark(p);
+    for (const known_point& p : places_.basins.near(lat, lon, half + 0.1))
+        if (outlines_.part(region_desert, p.lat, p.lon, 0.05) > 0.5) mark(p);
+}
+
+// Rivers bring water from beyond the window: by rank, in nodes drained.
+void relief::add_rivers(const node_window& window, std::vector<float>* water) const {
+    const int south = floor_div(window.row, nodes_per_degree),
+              north = floor_div(window.row + window.rows - 1, nodes_per_degree);
+    const int west = floor_div(window.column, nodes_per_degree),
+              east = floor_div(window.column + window.columns - 1, nodes_per_degree);
+    for (int lat = south; lat <= north; ++lat)
+        for (int lon = west; lon <= east; ++lon)
+            for (const river_side& side : streams_.in_degree(lat, wrapped(lon))) {
+                const double turn = lon - wrapped(lon);
+                const int steps = 1 + static_cast<int>(2.0 * nodes_per_degree *
+                                                       std::max(fabs(side.lat1 - side.lat0),
+                                                                fabs(side.lon1 - side.lon0)));
+                const float brought = static_cast<float>(6000.0 / (1.0 + side.rank));
+                for (int n = 0; n <= steps; ++n) {
+                    const double part = static_cast<double>(n) / steps;
+                    const int j = static_cast<int>(lround((side.lat0 + part * (side.lat1 - side.lat0)) * nodes_per_degree)) -
+                                  window.row;
+                    const int i = static_cast<int>(lround((side.lon0 + part * (side.lon1 - side.lon0) + turn) *
+                                                          nodes_per_degree)) -
+                                  window.column;
+                    if (j < 0 || i < 0 || j >= window.rows || i >= window.columns) continue;
+                    float& here = (*water)[window.at(j, i)];
+                    here = std::max(here, brought);
+                }
+            }
+}
+
 // What the water has left of the heights about a known summit is stretched upward from the valleys, so that
 // ridges rise to it.
 void relief::raise_summits(const node_values<float>& to_water, node_values<float>* height) const {
@@ -285,6 +346,11 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
     node_values<float> base = base_heights(w), height(w, 0.0f), gentle(w, 0.0f);
     drainage flow;
     flow.outlet.assign(w.size(), 0);
+    mark_sinks(w, &flow.outlet);
+    std::vector<float> rivers_here(w.size(), 0.0f);
+    add_rivers(w, &rivers_here);
+    node_values<float> lake_height(w, 0.0f);
+    const node_values<float> dry_lake = dry_lakes(w, &lake_height);
     for (int j = 0; j < w.rows; ++j)
         for (int i = 0; i < w.columns; ++i) {
             const size_t n = w.at(j, i);
@@ -306,6 +372,7 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
             const elevation::surroundings s = coarse_.around(w.lat(j), w.lon(i));
             if (s.wide_high < 5.0 && level == 0.0)  // an island that the coarse heights do not know
                 ground = std::max(ground, std::min(0.06 * to_water, 250.0));
+            ground += dry_lake.values[n] * (lake_height.values[n] - ground);
             base.values[n] = static_cast<float>(ground);
             const double pulled = fabs(ground - coarse_.height(w.lat(j), w.lon(i)));
             const double range =
@@ -316,8 +383,10 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
             const sphere_noise::place p = sphere_noise::at(w.lat(j), w.lon(i));
             const double shape = sphere_noise::ridged(p, 9500.0, 5, 401) - 0.33;
             const double swell = sphere_noise::fractal(p, 2500.0, 3, 421) - 0.5;
-            height.values[n] =
-                static_cast<float>(ground + 1.25 * rough * shape + std::min(6.0, 2.0 + 0.05 * range) * swell);
+            const double detail = 1.25 * rough * shape + std::min(6.0, 2.0 + 0.05 * range) * swell;
+            // rivers of the map keep to the low ground
+            const double valley = rivers_here[n] > 0.0f ? std::min(10.0 + 0.15 * range, 120.0) : 0.0;
+            height.values[n] = static_cast<float>(ground + (1.0 - dry_lake.values[n]) * (detail - valley));
             if (to_water < 8000.0)
                 height.values[n] = std::max(height.values[n], static_cast<float>(level + 1.5));
         }
@@ -330,7 +399,7 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
     constexpr int rounds = 10;
     for (int round = 0; round < rounds; ++round) {
         route(height, &flow);
-        add_up(flow, &area);
+        add_up(flow, rivers_here, &area);
         for (const uint32_t here : flow.order) {
             const uint32_t there = flow.to[here];
             if (here == there) continue;
@@ -347,7 +416,7 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
         blur(&loss, 10);
         if (round + 1 == rounds) break;
         for (size_t n = 0; n < w.size(); ++n)
-            if (shore.values[n].land()) height.values[n] += 0.8f * loss.values[n];
+            if (shore.values[n].land() && dry_lake.values[n] < 1.0f) height.values[n] += 0.8f * loss.values[n];
     }
 
     cut_outlets(&height, &flow, nullptr);
@@ -446,6 +515,9 @@ void relief::drain_within(ground* g, int rim) const {
         for (int i = 0; i < w.columns; ++i)
             flow.outlet[w.at(j, i)] = j < rim || i < rim || j >= w.rows - rim || i >= w.columns - rim ||
                                       !g->shore.at(j, i).land();
+    mark_sinks(w, &flow.outlet);
     cut_outlets(&g->height, &flow, &g->on_airport);
-    add_up(flow, &g->upstream.values);
+    std::vector<float> rivers_here(w.size(), 0.0f);
+    add_rivers(w, &rivers_here);
+    add_up(flow, rivers_here, &g->upstream.values);
 }

@@ -4,17 +4,20 @@
 // height, whichever tile asks.
 #pragma once
 #include <map>
+#include <vector>
 #include <utility>
 
 #include "elevation.h"
 #include "known_places.h"
+#include "regions.h"
 #include "rivers.h"
 #include "shores.h"
 
 class relief {
 public:
-    relief(const elevation& coarse, const shores& coast, const known_places& places, const rivers& streams)
-        : coarse_(coarse), coast_(coast), places_(places), streams_(streams) {}
+    relief(const elevation& coarse, const shores& coast, const known_places& places, const rivers& streams,
+           const regions& outlines)
+        : coarse_(coarse), coast_(coast), places_(places), streams_(streams), outlines_(outlines) {}
 
     struct ground {
         node_values<shore_node> shore;
@@ -35,6 +38,9 @@ private:
     };
     node_values<shore_node> shore_with_airports(const node_window& window) const;
     water_distance distance_to_water(const node_values<shore_node>& shore) const;
+    node_values<float> dry_lakes(const node_window& window, node_values<float>* level) const;
+    void mark_sinks(const node_window& window, std::vector<unsigned char>* outlet) const;
+    void add_rivers(const node_window& window, std::vector<float>* water) const;
     node_values<float> base_heights(const node_window& window) const;
     void raise_summits(const node_values<float>& to_water, node_values<float>* height) const;
     node_values<float> degree_heights(int lat, int lon) const;
@@ -45,6 +51,7 @@ private:
     const shores& coast_;
     const known_places& places_;
     const rivers& streams_;
+    const regions& outlines_;
     mutable std::map<int, double> lake_levels_;
     mutable std::map<std::pair<int, int>, node_values<float>> degrees_;
 };

@@ -6,13 +6,17 @@
 
 namespace sphere_noise {
 struct place {
-    double x, y, z;  // metres from the middle of the Earth
+    double x, y, z;  // metres from the middle of the globe
 };
 
 inline place at(double lat, double lon) {
     constexpr double radians = 0.017453292519943295, radius = earth_degree_metres / radians;
     const double across = radius * cos(lat * radians);
-    return {across * cos(lon * radians), across * sin(lon * radians), radius * sin(lat * radians)};
+    const double x = across * cos(lon * radians), y = across * sin(lon * radians), z = radius * sin(lat * radians);
+    // turned, so that the lattice of the noise lies along no meridian
+    constexpr double c = 0.8, s = 0.6, c2 = 12.0 / 13.0, s2 = 5.0 / 13.0;
+    const double u = c * x - s * y, v = s * x + c * y, w = c2 * v - s2 * z;
+    return {c * u - s * w, s * u + c * w, s2 * v + c2 * z};
 }
 
 // 0 to 1; bits mixed by the finaliser of MurmurHash3 (public domain, A. Appleby).
