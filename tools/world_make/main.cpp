@@ -1,5 +1,6 @@
 // world_make: makes tiles of real land, and small worlds as scenery packages.
 #include <math.h>
+#include <signal.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -8,16 +9,17 @@
 #include <string>
 #include <vector>
 
+#include "../flightlab/options.h"
 #include "core/disk/paths.h"
 #include "earth_tile.h"
 #include "mars_tile.h"
-#include "../flightlab/options.h"
 #include "world_make.h"
 
 namespace {
 const char* const usage =
     "world_make [--mars] LAT LON [TILES] [--out FOLDER]    tiles of the Earth, or of Mars, about a place\n"
-    "world_make [--mars] --box SOUTH WEST NORTH EAST       tiles whose corners lie in a box, both ends included\n"
+    "world_make [--mars] --box SOUTH WEST NORTH EAST       tiles whose corners lie in a box, both ends "
+    "included\n"
     "world_make --mars                                     the region round Melas\n"
     "world_make NAME FOLDER                                a small world as a scenery package\n"
     "\n"
@@ -34,8 +36,8 @@ void list_worlds(FILE* to) {
 double number_in(const std::string& text, double lowest, double highest) {
     double value = 0.0;
     if (!read_number(text, &value) || value < lowest || value > highest)
-        throw wrong_use("\"" + text.substr(0, 40) + "\" is no number from " + std::to_string(lowest) + " to " +
-                        std::to_string(highest));
+        throw wrong_use("\"" + text.substr(0, 40) + "\" is no number from " + std::to_string(lowest) +
+                        " to " + std::to_string(highest));
     return value;
 }
 
@@ -110,4 +112,7 @@ int run(int argc, char** argv) {
 }
 }  // namespace
 
-int main(int argc, char** argv) { return run_program("world_make", run, argc, argv); }
+int main(int argc, char** argv) {
+    signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is told as a full disk is
+    return run_program("world_make", run, argc, argv);
+}

@@ -28,60 +28,63 @@ void set_slope(const node_values<float>& height, int j, int i, ground_node* n) {
     n->nz = static_cast<float>(north / length);
 }
 
-class tile_maker {
-public:
-    explicit tile_maker(const std::string& apt_path)
-        : coarse_(world_data_folder() + "elevation.z"),
-          places_(apt_path, world_data_folder()),
-          streams_(world_data_folder() + "rivers.z"),
-          outlines_(world_data_folder() + "regions.csv"),
-          relief_(coarse_, coast_, places_, streams_, outlines_) {}
-
-    node_values<ground_node> nodes(tile_place tile) const {
-        const node_window window = {tile.lat * nodes_per_degree - around, tile.lon * nodes_per_degree - around,
-                                    nodes_per_degree + 1 + 2 * around, nodes_per_degree + 1 + 2 * around};
-        relief::ground g = relief_.of(window);
-        const node_values<float> shared = g.height;
-        relief_.drain_within(&g, around + 1);
-        const node_values<unsigned char> cover = land_cover(g, places_, outlines_);
-        const node_window own = {window.row + around - 1, window.column + around - 1, nodes_per_degree + 3,
-                                 nodes_per_degree + 3};
-        node_values<ground_node> nodes(own, {});
-        for (int j = 0; j < own.rows; ++j)
-            for (int i = 0; i < own.columns; ++i) {
-                ground_node& n = nodes.at(j, i);
-                const int row = j + around - 1, column = i + around - 1;
-                const bool rim = j <= 1 || i <= 1 || j >= own.rows - 2 || i >= own.columns - 2;
-                const node_values<float>& from = rim ? shared : g.height;
-                n.height = from.at(row, column);
-                n.cover = cover.at(row, column);
-                n.east = g.shore.at(row, column).east;
-                n.north = g.shore.at(row, column).north;
-                if (n.cover != cover_water) set_slope(from, row, column, &n);
-            }
-        return nodes;
-    }
-
-private:
-    elevation coarse_;
-    shores coast_;
-    known_places places_;
-    rivers streams_;
-    regions outlines_;
-    relief relief_;
-};
 }  // namespace
+
+struct earth_sources {
+    explicit earth_sources(const std::string& apt_path)
+        : coarse(world_data_folder() + "elevation.z"),
+          places(apt_path, world_data_folder()),
+          streams(world_data_folder() + "rivers.z"),
+          outlines(world_data_folder() + "regions.csv"),
+          heights(coarse, coast, places, streams, outlines) {}
+
+    elevation coarse;
+    shores coast;
+    known_places places;
+    rivers streams;
+    regions outlines;
+    relief heights;
+};
+
+earth_land::earth_land(const std::string& apt_path) : sources_(std::make_unique<earth_sources>(apt_path)) {}
+earth_land::~earth_land() = default;
+const known_places& earth_land::places() const { return sources_->places; }
+
+node_values<ground_node> earth_land::nodes(tile_place tile) const {
+    const node_window window = {tile.lat * nodes_per_degree - around, tile.lon * nodes_per_degree - around,
+                                nodes_per_degree + 1 + 2 * around, nodes_per_degree + 1 + 2 * around};
+    relief::ground g = sources_->heights.of(window);
+    const node_values<float> shared = g.height;
+    sources_->heights.drain_within(&g, around + 1);
+    const node_values<unsigned char> cover = land_cover(g, sources_->places, sources_->outlines);
+    const node_window own = {window.row + around - 1, window.column + around - 1, nodes_per_degree + 3,
+                             nodes_per_degree + 3};
+    node_values<ground_node> nodes(own, {});
+    for (int j = 0; j < own.rows; ++j)
+        for (int i = 0; i < own.columns; ++i) {
+            ground_node& n = nodes.at(j, i);
+            const int row = j + around - 1, column = i + around - 1;
+            const bool rim = j <= 1 || i <= 1 || j >= own.rows - 2 || i >= own.columns - 2;
+            const node_values<float>& from = rim ? shared : g.height;
+            n.height = from.at(row, column);
+            n.cover = cover.at(row, column);
+            n.east = g.shore.at(row, column).east;
+            n.north = g.shore.at(row, column).north;
+            if (n.cover != cover_water) set_slope(from, row, column, &n);
+        }
+    return nodes;
+}
 
 void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
                       const std::string& apt_path, const std::function<void(const made_tile&)>& told) {
-    const tile_maker maker(apt_path);
+    const earth_land land(apt_path);
     tile_borders borders;
     for (const tile_place& tile : tiles) {
         const auto begin = std::chrono::steady_clock::now();
-        const node_values<ground_node> nodes = maker.nodes(tile);
-        const auto [low, high] =
-            std::minmax_element(nodes.values.begin(), nodes.values.end(),
-                                [](const ground_node& a, const ground_node& b) { return a.height < b.height; });
+        const node_values<ground_node> nodes = land.nodes(tile);
+        const auto [low, high] = std::minmax_element(
+            nodes.values.begin(), nodes.values.end(),
+            [](const ground_node& a, const ground_node& b) { return a.height < b.height; });
         tile_writer writer(tile.lat, tile.lon, floor(low->height), ceil(high->height));
         write_ground(&writer, nodes);
         const std::string path = borders.write(writer, folder + "/Earth nav data/");

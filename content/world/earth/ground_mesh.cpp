@@ -76,8 +76,9 @@ private:
         const int cut = std::clamp(told ? told : raw_per_cell / 2, least_cut, raw_per_cell - least_cut);
         const double part = static_cast<double>(cut) / raw_per_cell;
         const bool here = &land == &a;
-        vertex v{eastward ? place(i + part, j) : place(i, j + part),
-                 here ? j * side + i : eastward ? j * side + i + 1 : (j + 1) * side + i};
+        vertex v{eastward ? place(i + part, j) : place(i, j + part), here       ? j * side + i
+                                                                     : eastward ? j * side + i + 1
+                                                                                : (j + 1) * side + i};
         v.at.ele = water.height;
         v.at.nx = 0.5f * land.nx;
         v.at.nz = 0.5f * land.nz;
@@ -92,10 +93,14 @@ private:
         for (int c = 0; c < 4; ++c) in[c] = wet(i + di[c], j + dj[c]) == of_water;
         const auto side = [&](int c) {  // from corner c to the next
             switch (c) {
-                case 0: return shore(i, j, false);
-                case 1: return shore(i, j + 1, true);
-                case 2: return shore(i + 1, j, false);
-                default: return shore(i, j, true);
+                case 0:
+                    return shore(i, j, false);
+                case 1:
+                    return shore(i, j + 1, true);
+                case 2:
+                    return shore(i + 1, j, false);
+                default:
+                    return shore(i, j, true);
             }
         };
         const bool apart = of_water && in[0] == in[2] && in[1] == in[3] && in[0] != in[1];
@@ -114,7 +119,9 @@ private:
         return result;
     }
 
-    int wet_corners(int i, int j) const { return wet(i, j) + wet(i + 1, j) + wet(i, j + 1) + wet(i + 1, j + 1); }
+    int wet_corners(int i, int j) const {
+        return wet(i, j) + wet(i + 1, j) + wet(i, j + 1) + wet(i + 1, j + 1);
+    }
 
     static void fan_out(const polygon& p, std::vector<tile_point>* triangles) {
         for (size_t n = 2; n < p.size(); ++n)
@@ -165,8 +172,8 @@ private:
 
     bool is_used(int k) const { return !part_[static_cast<size_t>(k)].empty(); }
 
-    // How much of a node and its neighbours is of this class or a higher one, drawn apart so that most nodes have
-    // none or all, and whether there is any of the class itself.
+    // How much of a node and its neighbours is of this class or a higher one, drawn apart so that most nodes
+    // have none or all, and whether there is any of the class itself.
     void make_parts(int k) {
         std::vector<float> part;
         std::vector<bool> present;
@@ -191,7 +198,9 @@ private:
         part_[static_cast<size_t>(k)] = std::move(part);
         present_[static_cast<size_t>(k)] = std::move(present);
     }
-    float part(int k, const vertex& v) const { return part_[static_cast<size_t>(k)][static_cast<size_t>(v.land)]; }
+    float part(int k, const vertex& v) const {
+        return part_[static_cast<size_t>(k)][static_cast<size_t>(v.land)];
+    }
     bool present(int k, const polygon& p) const {
         return std::any_of(p.begin(), p.end(), [&](const vertex& v) {
             return present_[static_cast<size_t>(k)][static_cast<size_t>(v.land)];
@@ -199,11 +208,12 @@ private:
     }
     int cover_of(const vertex& v) const { return node(v.land % side, v.land / side).cover; }
 
-    // What lies under all others: the topmost class that covers everything. Classes with a night picture have no
-    // soft border: of several the most frequent is taken.
+    // What lies under all others: the topmost class that covers everything. Classes with a night picture have
+    // no soft border: of several the most frequent is taken.
     int base_of(const polygon& p) const {
         for (int k = land_classes_DIM - 1; k >= 0 && !has_night(k); --k)
-            if (is_used(k) && std::all_of(p.begin(), p.end(), [&](const vertex& v) { return part(k, v) >= 1.0f; }))
+            if (is_used(k) &&
+                std::all_of(p.begin(), p.end(), [&](const vertex& v) { return part(k, v) >= 1.0f; }))
                 return k;
         int best = -1, best_count = 0;
         for (const vertex& v : p) {
@@ -226,7 +236,8 @@ private:
 
     void write_base(int k, unsigned definition, int pi, int pj) {
         bool open = false;
-        write_runs(pi, pj, [this, k](int i, int j) { return base_is(k, i, j); }, definition, -1, &open);
+        write_runs(
+            pi, pj, [this, k](int i, int j) { return base_is(k, i, j); }, definition, -1, &open);
         std::vector<tile_point> triangles;
         for_cut_cells(pi, pj, [&](const polygon& p) {
             if (base_of(p) == k) fan_out(p, &triangles);

@@ -92,8 +92,7 @@ void read_airports(const std::string& path, double degree_metres, by_degree<know
                    &width) != 5)
             continue;
         if (airport.strips.empty()) airport.lat = lat, airport.lon = lon;
-        airport.strips.push_back(strip_of(lat, lon, heading, length * foot, width * foot,
-                                         degree_metres));
+        airport.strips.push_back(strip_of(lat, lon, heading, length * foot, width * foot, degree_metres));
     }
     finish();
 }

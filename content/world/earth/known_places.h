@@ -28,8 +28,8 @@ template <class thing>
 class by_degree {
 public:
     void add(const thing& t);
-    // All within `reach` degrees of latitude, and as far east and west on the ground. Longitudes are turned by
-    // whole circles to lie beside the asked one.
+    // All within `reach` degrees of latitude, and as far east and west on the ground. Longitudes are turned
+    // by whole circles to lie beside the asked one.
     std::vector<thing> near(double lat, double lon, double reach) const;
 
 private:

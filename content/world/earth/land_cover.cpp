@@ -28,20 +28,20 @@ double table(const table_row (&t)[rows], double at) {
 }
 
 // By latitude. Snow as late winter leaves it outside the tropics; trees as far up as they grow.
-constexpr table_row snow_metres[] = {{0, 4900}, {20, 5000}, {30, 4000}, {34, 2950}, {40, 2850}, {46, 2400},
-                                     {55, 1400}, {62, 900}, {70, 450}, {80, 50}};
-constexpr table_row tree_metres[] = {{0, 3800}, {20, 3900}, {35, 3250}, {40, 3000}, {46, 2100}, {55, 1250},
-                                     {63, 700}, {68, 300}, {71, 0}};
+constexpr table_row snow_metres[] = {{0, 4900},  {20, 5000}, {30, 4000}, {34, 2950}, {40, 2850},
+                                     {46, 2400}, {55, 1400}, {62, 900},  {70, 450},  {80, 50}};
+constexpr table_row tree_metres[] = {{0, 3800},  {20, 3900}, {35, 3250}, {40, 3000}, {46, 2100},
+                                     {55, 1250}, {63, 700},  {68, 300},  {71, 0}};
 // 0 desert to 1 rain forest, away from named regions.
-constexpr table_row moisture_by_latitude[] = {{0, 1.0}, {8, 0.85}, {14, 0.5}, {20, 0.34}, {30, 0.33}, {36, 0.40},
-                                              {43, 0.55}, {60, 0.60}, {72, 0.45}};
+constexpr table_row moisture_by_latitude[] = {{0, 1.0},   {8, 0.85},  {14, 0.5},  {20, 0.34}, {30, 0.33},
+                                              {36, 0.40}, {43, 0.55}, {60, 0.60}, {72, 0.45}};
 
 // One node as the rules see it.
 struct site {
     double lat, height, slope, moisture, temperature, to_water, to_sea;
     double irrigated, dunes, plains, ice;
-    double broad, fine;    // noise, 0 to 1, of some 9 km and some 2 km
-    double upstream;       // nodes that drain through it
+    double broad, fine;  // noise, 0 to 1, of some 9 km and some 2 km
+    double upstream;     // nodes that drain through it
 };
 
 double clamp_part(double from, double to, double v) { return std::clamp((v - from) / (to - from), 0.0, 1.0); }
@@ -84,7 +84,8 @@ land_class of_moist_country(const site& s) {
     if (flat && s.height < 12.0 && s.to_water < 2500.0 && s.fine > 0.62) return land_marsh;
     if (s.temperature > 19.0 && s.moisture > 0.68)
         return flat && s.broad > 0.60 ? land_farm_green : land_jungle;
-    if (s.temperature > 18.0 && s.moisture < 0.68) return flat && s.broad > 0.58 ? land_farm_green : land_savanna;
+    if (s.temperature > 18.0 && s.moisture < 0.68)
+        return flat && s.broad > 0.58 ? land_farm_green : land_savanna;
     if (flat && s.plains > 0.5) return s.broad > 0.30 ? land_farm_square : land_grass_green;
     if (flat && s.broad > 0.42) return land_farm_green;
     if (s.slope < 0.12 && s.fine > 0.58) return land_grass_green;
@@ -96,7 +97,7 @@ land_class natural(const site& s) {
     if (s.ice > 0.5 || s.lat < -62.0 || s.height > snow + 500.0 * (s.fine - 0.5) ||
         s.height > trees + 300.0 * (s.fine - 0.5))
         return cold_or_high(s, trees, snow);
-    if (s.to_sea < 420.0 && s.slope < 0.035 && s.broad > 0.34 && fabs(s.lat) < 62.0) return land_beach;
+    if (s.to_sea < 520.0 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0) return land_beach;
     if (s.moisture < 0.22) return of_desert(s);
     if (s.moisture < 0.43) return of_dry_country(s);
     return of_moist_country(s);
@@ -107,7 +108,8 @@ public:
     cover_maker(const relief::ground& ground, const known_places& places, const regions& outlines)
         : g_(ground), outlines_(outlines), cover_(ground.height.window, cover_water) {
         const node_window& w = window();
-        const double lat = w.lat(w.rows / 2), lon = w.lon(w.columns / 2), half = 0.5 * w.rows / nodes_per_degree;
+        const double lat = w.lat(w.rows / 2), lon = w.lon(w.columns / 2),
+                     half = 0.5 * w.rows / nodes_per_degree;
         towns_ = places.towns.near(lat, lon, half + 0.8);
         salt_ = places.salt_lakes.near(lat, lon, half + 0.5);
         airports_ = places.airports.near(lat, lon, half + 0.1);
@@ -157,7 +159,8 @@ private:
                      moist = outlines_.part(region_moist, lat, lon, 1.0);
         s.moisture = usual + moist * std::max(0.72 - usual, 0.0);
         s.moisture += desert * (0.10 - s.moisture) + 0.04 * (s.broad - 0.5);
-        s.moisture += 0.06 * clamp_part(1000.0, 3000.0, s.height) + 0.10 * desert * clamp_part(1300.0, 2300.0, s.height);
+        s.moisture += 0.06 * clamp_part(1000.0, 3000.0, s.height) +
+                      0.10 * desert * clamp_part(1300.0, 2300.0, s.height);
         s.temperature = 28.0 - 46.0 * pow(sin(fabs(lat) * radians), 3.0) + 4.0 * moist - 0.006 * s.height;
         return s;
     }
@@ -190,7 +193,8 @@ private:
         const sphere_noise::place p = sphere_noise::at(lat, lon);
         const site s = site_at(j, i, p);
         for (const known_point& lake : salt_)
-            if (metres_between(lat, lon, lake.lat, lake.lon) < lake.reach * (0.7 + 0.6 * s.fine)) return land_salt;
+            if (metres_between(lat, lon, lake.lat, lake.lon) < lake.reach * (0.7 + 0.6 * s.fine))
+                return land_salt;
         const int town = settled(s, lat, lon);
         return town >= 0 ? static_cast<land_class>(town) : natural(s);
     }

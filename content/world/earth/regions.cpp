@@ -42,7 +42,8 @@ double regions::part(region_kind kind, double lat, double lon, double soft) cons
                 lon < a.lon + (lat - a.lat) / (b.lat - a.lat) * (b.lon - a.lon))
                 inside = !inside;
             const double dx = b.lon - a.lon, dy = b.lat - a.lat;
-            const double t = std::clamp(((lon - a.lon) * dx + (lat - a.lat) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
+            const double t =
+                std::clamp(((lon - a.lon) * dx + (lat - a.lat) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
             nearest = std::min(nearest, hypot(lon - a.lon - t * dx, lat - a.lat - t * dy));
         }
         const double depth = inside ? nearest : -nearest;

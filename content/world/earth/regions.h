@@ -16,7 +16,8 @@ enum region_kind : int {
 class regions {
 public:
     explicit regions(const std::string& path);
-    // 1 well within a region of the kind, 0 well outside, straight between within `soft` degrees of its outline.
+    // 1 well within a region of the kind, 0 well outside, straight between within `soft` degrees of its
+    // outline.
     double part(region_kind kind, double lat, double lon, double soft) const;
 
 private:

@@ -12,9 +12,9 @@
 namespace {
 constexpr double radians = 0.017453292519943295;
 constexpr double node_metres = earth_degree_metres / nodes_per_degree;
-constexpr int margin = 64;         // nodes round a degree
-constexpr int half_blend = 26;     // nodes to each side of its edge
-constexpr int reach_of_water = 40; // nodes; farther shores are no concern
+constexpr int margin = 64;          // nodes round a degree
+constexpr int half_blend = 26;      // nodes to each side of its edge
+constexpr int reach_of_water = 40;  // nodes; farther shores are no concern
 
 double width_of(double lat) { return node_metres * std::max(cos(lat * radians), 0.02); }
 
@@ -116,8 +116,8 @@ void blur(node_values<float>* field, int radius) {
         for (int n = 0; n < count; ++n) {
             if (n + radius < count) sum += value(n + radius);
             if (n - radius - 1 >= 0) sum -= value(n - radius - 1);
-            line[static_cast<size_t>(n)] = static_cast<float>(
-                sum / (std::min(n + radius, count - 1) - std::max(n - radius, 0) + 1));
+            line[static_cast<size_t>(n)] =
+                static_cast<float>(sum / (std::min(n + radius, count - 1) - std::max(n - radius, 0) + 1));
         }
         for (int n = 0; n < count; ++n)
             field->values[first + step * static_cast<size_t>(n)] = line[static_cast<size_t>(n)];
@@ -137,7 +137,8 @@ double relief::water_level(const shore_node& node) const {
     if (known != lake_levels_.end()) return known->second;
     // the lower part of the ground along the shore
     std::vector<double> heights;
-    for (const shores::place& p : coast_.lake_shore(node.lake)) heights.push_back(coarse_.height(p.lat, p.lon));
+    for (const shores::place& p : coast_.lake_shore(node.lake))
+        heights.push_back(coarse_.height(p.lat, p.lon));
     double level = 0.0;
     if (!heights.empty()) {
         const auto low = heights.begin() + static_cast<long>(heights.size() / 8);
@@ -158,7 +159,8 @@ double relief::water_level(const shore_node& node) const {
 node_values<shore_node> relief::shore_with_airports(const node_window& window) const {
     node_values<shore_node> shore = coast_.nodes(window);
     const double lat = window.lat(window.rows / 2), lon = window.lon(window.columns / 2);
-    for (const known_airport& a : places_.airports.near(lat, lon, 0.5 * window.rows / nodes_per_degree + 0.1)) {
+    for (const known_airport& a :
+         places_.airports.near(lat, lon, 0.5 * window.rows / nodes_per_degree + 0.1)) {
         constexpr double room = 450.0;
         const int across = static_cast<int>(8000.0 / width_of(a.lat));
         const int j0 = static_cast<int>((a.lat - window.lat(0)) * nodes_per_degree);
@@ -247,17 +249,19 @@ void relief::add_rivers(const node_window& window, std::vector<float>* water) co
         for (int lon = west; lon <= east; ++lon)
             for (const river_side& side : streams_.in_degree(lat, wrapped(lon))) {
                 const double turn = lon - wrapped(lon);
-                const int steps = 1 + static_cast<int>(2.0 * nodes_per_degree *
-                                                       std::max(fabs(side.lat1 - side.lat0),
-                                                                fabs(side.lon1 - side.lon0)));
+                const int steps =
+                    1 + static_cast<int>(2.0 * nodes_per_degree *
+                                         std::max(fabs(side.lat1 - side.lat0), fabs(side.lon1 - side.lon0)));
                 const float brought = static_cast<float>(6000.0 / (1.0 + side.rank));
                 for (int n = 0; n <= steps; ++n) {
                     const double part = static_cast<double>(n) / steps;
-                    const int j = static_cast<int>(lround((side.lat0 + part * (side.lat1 - side.lat0)) * nodes_per_degree)) -
-                                  window.row;
-                    const int i = static_cast<int>(lround((side.lon0 + part * (side.lon1 - side.lon0) + turn) *
+                    const int j = static_cast<int>(lround((side.lat0 + part * (side.lat1 - side.lat0)) *
                                                           nodes_per_degree)) -
-                                  window.column;
+                                  window.row;
+                    const int i =
+                        static_cast<int>(
+                            lround((side.lon0 + part * (side.lon1 - side.lon0) + turn) * nodes_per_degree)) -
+                        window.column;
                     if (j < 0 || i < 0 || j >= window.rows || i >= window.columns) continue;
                     float& here = (*water)[window.at(j, i)];
                     here = std::max(here, brought);
@@ -274,7 +278,8 @@ void relief::raise_summits(const node_values<float>& to_water, node_values<float
         const int j0 = static_cast<int>(lround((s.lat - w.lat(0)) * nodes_per_degree));
         const int i0 = static_cast<int>(lround((s.lon - w.lon(0)) * nodes_per_degree));
         if (j0 < 0 || i0 < 0 || j0 >= w.rows || i0 >= w.columns) continue;
-        const int up = static_cast<int>(reach / node_metres) + 1, across = static_cast<int>(reach / width_of(s.lat)) + 1;
+        const int up = static_cast<int>(reach / node_metres) + 1,
+                  across = static_cast<int>(reach / width_of(s.lat)) + 1;
         const int south = std::max(j0 - up, 0), north = std::min(j0 + up, w.rows - 1);
         const int west = std::max(i0 - across, 0), east = std::min(i0 + across, w.columns - 1);
         double low = 1.0e9;
@@ -306,7 +311,8 @@ node_values<float> relief::base_heights(const node_window& window) const {
     node_values<float> pull(window, 0.0f), weight(window, 0.0f);
     constexpr double reach = 14000.0;
     const double lat = window.lat(window.rows / 2), lon = window.lon(window.columns / 2);
-    for (const known_airport& a : places_.airports.near(lat, lon, 0.5 * window.rows / nodes_per_degree + 0.2)) {
+    for (const known_airport& a :
+         places_.airports.near(lat, lon, 0.5 * window.rows / nodes_per_degree + 0.2)) {
         const double off = a.ele - coarse_.height(a.lat, a.lon);
         const int up = static_cast<int>(reach / node_metres) + 1,
                   across = static_cast<int>(reach / width_of(a.lat)) + 1;
@@ -332,8 +338,9 @@ node_values<float> relief::base_heights(const node_window& window) const {
                 const double away = metres_between(s.lat, s.lon, window.lat(j), window.lon(i)) / massif;
                 if (away >= 1.0) continue;
                 const double raised = coarse_.height(s.lat, s.lon) + off * (1.0 - away) * (1.0 - away);
-                base.at(j, i) = std::max(base.at(j, i),
-                                         static_cast<float>(base.at(j, i) + (raised - base.at(j, i)) * (1.0 - away)));
+                base.at(j, i) =
+                    std::max(base.at(j, i),
+                             static_cast<float>(base.at(j, i) + (raised - base.at(j, i)) * (1.0 - away)));
             }
     }
     return base;
@@ -391,8 +398,8 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
                 height.values[n] = std::max(height.values[n], static_cast<float>(level + 1.5));
         }
 
-    // rain, running water, and a slow rise that keeps the coarse heights (implicit scheme of Braun and Willett
-    // 2013)
+    // rain, running water, and a slow rise that keeps the coarse heights (implicit scheme of Braun and
+    // Willett 2013)
     const double side = width_of(w.lat(w.rows / 2));
     std::vector<float> area;
     node_values<float> loss(w, 0.0f);
@@ -403,8 +410,10 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
         for (const uint32_t here : flow.order) {
             const uint32_t there = flow.to[here];
             if (here == there) continue;
-            const bool same_row = here / static_cast<uint32_t>(w.columns) == there / static_cast<uint32_t>(w.columns);
-            const bool same_column = here % static_cast<uint32_t>(w.columns) == there % static_cast<uint32_t>(w.columns);
+            const bool same_row =
+                here / static_cast<uint32_t>(w.columns) == there / static_cast<uint32_t>(w.columns);
+            const bool same_column =
+                here % static_cast<uint32_t>(w.columns) == there % static_cast<uint32_t>(w.columns);
             const double length = same_row ? side : same_column ? node_metres : hypot(side, node_metres);
             const double cut = 0.06 * sqrt(std::min(area[here], 4000.0f)) * node_metres / length;
             float& h = height.values[here];
@@ -416,7 +425,8 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
         blur(&loss, 10);
         if (round + 1 == rounds) break;
         for (size_t n = 0; n < w.size(); ++n)
-            if (shore.values[n].land() && dry_lake.values[n] < 1.0f) height.values[n] += 0.8f * loss.values[n];
+            if (shore.values[n].land() && dry_lake.values[n] < 1.0f)
+                height.values[n] += 0.8f * loss.values[n];
     }
 
     cut_outlets(&height, &flow, nullptr);
@@ -505,16 +515,17 @@ void relief::level_airports(ground* g) const {
         }
 }
 
-// Cuts outlets through what dams water up, then raises what lies lower than its outlet, so that all land drains
-// to water, to a closed basin or to the window's rim of `rim` nodes, which stays as it is. Airports stay too.
+// Cuts outlets through what dams water up, then raises what lies lower than its outlet, so that all land
+// drains to water, to a closed basin or to the window's rim of `rim` nodes, which stays as it is. Airports
+// stay too.
 void relief::drain_within(ground* g, int rim) const {
     const node_window& w = g->height.window;
     drainage flow;
     flow.outlet.assign(w.size(), 0);
     for (int j = 0; j < w.rows; ++j)
         for (int i = 0; i < w.columns; ++i)
-            flow.outlet[w.at(j, i)] = j < rim || i < rim || j >= w.rows - rim || i >= w.columns - rim ||
-                                      !g->shore.at(j, i).land();
+            flow.outlet[w.at(j, i)] =
+                j < rim || i < rim || j >= w.rows - rim || i >= w.columns - rim || !g->shore.at(j, i).land();
     mark_sinks(w, &flow.outlet);
     cut_outlets(&g->height, &flow, &g->on_airport);
     std::vector<float> rivers_here(w.size(), 0.0f);

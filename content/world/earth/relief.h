@@ -1,11 +1,11 @@
 // Heights of the Earth's land at the nodes.
 // Role: carries the coarse heights down to the mesh by noise and running water. Each degree is computed once,
-// with a margin, from what is known of the place alone, and neighbouring degrees are blended; so a node has one
-// height, whichever tile asks.
+// with a margin, from what is known of the place alone, and neighbouring degrees are blended; so a node has
+// one height, whichever tile asks.
 #pragma once
 #include <map>
-#include <vector>
 #include <utility>
+#include <vector>
 
 #include "elevation.h"
 #include "known_places.h"
@@ -21,11 +21,11 @@ public:
 
     struct ground {
         node_values<shore_node> shore;
-        node_values<float> height;    // metres; water is level
-        node_values<float> to_water;    // metres to the nearest shore, on land
+        node_values<float> height;       // metres; water is level
+        node_values<float> to_water;     // metres to the nearest shore, on land
         node_values<float> water_level;  // of that shore's water
-        node_values<float> upstream;    // nodes that drain through a node, itself too
-        node_values<float> on_airport;  // 1 on the plane of an airport, falling to 0 in its rim
+        node_values<float> upstream;     // nodes that drain through a node, itself too
+        node_values<float> on_airport;   // 1 on the plane of an airport, falling to 0 in its rim
     };
     ground of(const node_window& window) const;
     void drain_within(ground* g, int rim) const;

@@ -46,8 +46,8 @@ public:
         const hid_t space = H5Dget_space(set);
         const hssize_t count = H5Sget_simple_extent_npoints(space);
         std::vector<int> values(static_cast<size_t>(std::max<hssize_t>(count, 0)));
-        const bool good = count > 0 && H5Dread(set, H5T_NATIVE_INT, H5S_ALL, H5S_ALL, H5P_DEFAULT,
-                                               values.data()) >= 0;
+        const bool good =
+            count > 0 && H5Dread(set, H5T_NATIVE_INT, H5S_ALL, H5S_ALL, H5P_DEFAULT, values.data()) >= 0;
         H5Sclose(space);
         H5Dclose(set);
         if (!good) fail(std::string("is damaged: ") + name);
@@ -65,11 +65,11 @@ private:
 }  // namespace
 
 struct shore_data {
-    std::vector<int> node_levels, first_segment, segments;        // by bin
-    std::vector<int> info, first_point, polygon;                  // by segment
-    std::vector<int> east, north;                                 // by point
-    std::vector<int> area;                                        // by polygon, km2
-    std::map<int, std::vector<int>> segments_of_lake;             // by polygon
+    std::vector<int> node_levels, first_segment, segments;  // by bin
+    std::vector<int> info, first_point, polygon;            // by segment
+    std::vector<int> east, north;                           // by point
+    std::vector<int> area;                                  // by polygon, km2
+    std::map<int, std::vector<int>> segments_of_lake;       // by polygon
     std::vector<int> bin_of_segment;
 
     int level(int segment) const { return info[static_cast<size_t>(segment)] >> 6 & 7; }
@@ -96,17 +96,17 @@ shores::shores(const std::string& path) : data_(std::make_unique<shore_data>()) 
     d.north = file.numbers("Relative_latitude_from_SW_corner_of_bin");
     d.area = file.numbers("The_km_squared_area_of_polygons");
     const size_t bins = static_cast<size_t>(bin_columns * bin_rows);
-    bool sound = d.node_levels.size() == bins && d.first_segment.size() == bins && d.segments.size() == bins &&
-                 d.first_point.size() == d.info.size() && d.polygon.size() == d.info.size() &&
-                 d.north.size() == d.east.size();
+    bool sound = d.node_levels.size() == bins && d.first_segment.size() == bins &&
+                 d.segments.size() == bins && d.first_point.size() == d.info.size() &&
+                 d.polygon.size() == d.info.size() && d.north.size() == d.east.size();
     for (size_t s = 0; sound && s < d.info.size(); ++s)
         sound = d.first_point[s] >= 0 && d.info[s] >= 0 &&
                 static_cast<size_t>(d.first_point[s]) + static_cast<size_t>(d.info[s] >> 9) <= d.east.size();
     for (size_t b = 0; sound && b < bins; ++b)
-        sound = d.segments[b] == 0 ||
-                (d.first_segment[b] >= 0 && d.segments[b] > 0 &&
-                 static_cast<size_t>(d.first_segment[b]) + static_cast<size_t>(d.segments[b]) <=
-                     d.info.size());
+        sound =
+            d.segments[b] == 0 ||
+            (d.first_segment[b] >= 0 && d.segments[b] > 0 &&
+             static_cast<size_t>(d.first_segment[b]) + static_cast<size_t>(d.segments[b]) <= d.info.size());
     if (!sound) file.fail("is damaged");
     for (std::vector<int>* places : {&d.east, &d.north})
         for (int& v : *places) v &= 0xffff;  // the file holds them as signed words
@@ -219,8 +219,8 @@ node_values<shore_node> shores::nodes(const node_window& window) const {
                     for (; next < line.size() && line[next].at < i * raw_per_node + beside; ++next)
                         along.pass(line[next]);
                     if (west * bin_nodes + i < window.column) continue;
-                    shore_node& node = result.at(south * bin_nodes + j - window.row,
-                                                 west * bin_nodes + i - window.column);
+                    shore_node& node =
+                        result.at(south * bin_nodes + j - window.row, west * bin_nodes + i - window.column);
                     node.level = static_cast<unsigned char>(along.level);
                     node.lake = along.level == 2 || along.level == 4 ? along.lake : 0;
                     node.east = first_between(line, i);
@@ -242,13 +242,13 @@ std::vector<shores::place> shores::lake_shore(int lake) const {
                      south = 90.0 - (bin / bin_columns + 1) * bin_degrees;
         const size_t first = static_cast<size_t>(d.first_point[static_cast<size_t>(s)]);
         for (size_t p = first; p < first + static_cast<size_t>(d.points(s)); p += 4)
-            places.push_back({south + d.north[p] * bin_degrees / bin_raw,
-                              west + d.east[p] * bin_degrees / bin_raw});
+            places.push_back(
+                {south + d.north[p] * bin_degrees / bin_raw, west + d.east[p] * bin_degrees / bin_raw});
     }
     return places;
 }
 
 double shores::lake_area(int lake) const {
     return lake > 0 && static_cast<size_t>(lake) < data_->area.size() ? data_->area[static_cast<size_t>(lake)]
-                                                                     : 0.0;
+                                                                      : 0.0;
 }

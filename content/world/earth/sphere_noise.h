@@ -12,7 +12,8 @@ struct place {
 inline place at(double lat, double lon) {
     constexpr double radians = 0.017453292519943295, radius = earth_degree_metres / radians;
     const double across = radius * cos(lat * radians);
-    const double x = across * cos(lon * radians), y = across * sin(lon * radians), z = radius * sin(lat * radians);
+    const double x = across * cos(lon * radians), y = across * sin(lon * radians),
+                 z = radius * sin(lat * radians);
     // turned, so that the lattice of the noise lies along no meridian
     constexpr double c = 0.8, s = 0.6, c2 = 12.0 / 13.0, s2 = 5.0 / 13.0;
     const double u = c * x - s * y, v = s * x + c * y, w = c2 * v - s2 * z;
@@ -60,8 +61,7 @@ inline double fractal(const place& p, double wavelength, int octaves, unsigned s
 inline double ridged(const place& p, double wavelength, int octaves, unsigned seed) {
     double sum = 0.0, weight = 0.5, total = 0.0, before = 1.0;
     for (int i = 0; i < octaves; ++i, weight *= 0.55, wavelength *= 0.48) {
-        const double crest =
-            1.0 - fabs(2.0 * value(p, wavelength, seed + static_cast<unsigned>(i)) - 1.0);
+        const double crest = 1.0 - fabs(2.0 * value(p, wavelength, seed + static_cast<unsigned>(i)) - 1.0);
         sum += weight * crest * crest * (0.3 + 0.7 * before);
         total += weight;
         before = crest;

@@ -56,11 +56,11 @@ struct basin {
     double floor, floor_radius, rim_radius, rim;
 };
 constexpr basin basins[] = {
-    {{-42.4, 70.5}, -7.8, 550, 1150, 1.2},  // Hellas
-    {{-49.7, -43.4}, -3.0, 350, 800, 0.8},  // Argyre
-    {{12.9, 87.0}, -3.8, 500, 750, 0.3},    // Isidis
-    {{46.7, 117.5}, -4.8, 1000, 1700, 0.0}, // Utopia
-    {{-5.4, 137.8}, -4.5, 45, 77, 0.4},     // Gale
+    {{-42.4, 70.5}, -7.8, 550, 1150, 1.2},   // Hellas
+    {{-49.7, -43.4}, -3.0, 350, 800, 0.8},   // Argyre
+    {{12.9, 87.0}, -3.8, 500, 750, 0.3},     // Isidis
+    {{46.7, 117.5}, -4.8, 1000, 1700, 0.0},  // Utopia
+    {{-5.4, 137.8}, -4.5, 45, 77, 0.4},      // Gale
 };
 
 // Troughs of the canyon: an axis, half of the width from rim to rim, and the floor above the datum, km.
@@ -70,24 +70,19 @@ struct trough {
 };
 constexpr trough troughs[] = {
     {{-6.9, -104.0}, {-7.2, -97.5}, 35, 2.5},  // Noctis Labyrinthus, in pieces
-    {{-8.8, -103.0}, {-5.2, -99.5}, 22, 3.0},
-    {{-10.2, -99.5}, {-7.0, -96.0}, 22, 3.0},
-    {{-6.6, -96.0}, {-7.2, -86.0}, 45, -1.0},    // Ius
-    {{-7.2, -86.0}, {-8.4, -77.5}, 48, -3.5},
-    {{-5.3, -92.0}, {-4.6, -80.5}, 28, 0.5},     // Tithonium
-    {{-4.6, -80.5}, {-5.6, -77.0}, 24, -0.5},
-    {{-10.0, -75.2}, {-10.6, -70.8}, 120, -4.2},  // Melas
-    {{-6.9, -76.8}, {-5.6, -68.5}, 68, -3.6},    // Candor
-    {{-4.0, -73.8}, {-4.2, -70.8}, 58, -3.8},    // Ophir
+    {{-8.8, -103.0}, {-5.2, -99.5}, 22, 3.0},   {{-10.2, -99.5}, {-7.0, -96.0}, 22, 3.0},
+    {{-6.6, -96.0}, {-7.2, -86.0}, 45, -1.0},                                                 // Ius
+    {{-7.2, -86.0}, {-8.4, -77.5}, 48, -3.5},   {{-5.3, -92.0}, {-4.6, -80.5}, 28, 0.5},      // Tithonium
+    {{-4.6, -80.5}, {-5.6, -77.0}, 24, -0.5},   {{-10.0, -75.2}, {-10.6, -70.8}, 120, -4.2},  // Melas
+    {{-6.9, -76.8}, {-5.6, -68.5}, 68, -3.6},                                                 // Candor
+    {{-4.0, -73.8}, {-4.2, -70.8}, 58, -3.8},                                                 // Ophir
     {{-5.0, -72.5}, {-9.0, -72.6}, 50, -3.6},    // where those three open into one another
     {{-11.4, -70.5}, {-13.0, -63.0}, 48, -4.3},  // Coprates
-    {{-13.0, -63.0}, {-14.2, -56.0}, 55, -4.6},
-    {{-13.9, -56.0}, {-11.5, -46.0}, 110, -3.9},  // Eos and Capri
-    {{-11.5, -46.0}, {-6.5, -39.0}, 120, -3.8},
-    {{-6.5, -39.0}, {4.0, -36.0}, 90, -3.8},
-    {{-8.6, -50.5}, {-7.4, -45.0}, 60, -4.0},    // Ganges
-    {{-1.0, -77.6}, {-1.3, -74.4}, 55, -2.0},    // Hebes
-    {{-4.9, -62.2}, {-2.2, -61.2}, 50, -3.0},    // Juventae
+    {{-13.0, -63.0}, {-14.2, -56.0}, 55, -4.6}, {{-13.9, -56.0}, {-11.5, -46.0}, 110, -3.9},  // Eos and Capri
+    {{-11.5, -46.0}, {-6.5, -39.0}, 120, -3.8}, {{-6.5, -39.0}, {4.0, -36.0}, 90, -3.8},
+    {{-8.6, -50.5}, {-7.4, -45.0}, 60, -4.0},  // Ganges
+    {{-1.0, -77.6}, {-1.3, -74.4}, 55, -2.0},  // Hebes
+    {{-4.9, -62.2}, {-2.2, -61.2}, 50, -3.0},  // Juventae
 };
 
 double turned(double lon) { return lon - 360.0 * floor((lon + 180.0) / 360.0); }
@@ -106,7 +101,8 @@ double plains(double lat, double lon, const sphere_noise::place& p) {
     const double border = 8.0 + 14.0 * sin((lon - 60.0) * radians) * sin((lon - 60.0) * radians) -
                           22.0 * exp(-pow(turned(lon - 140.0) / 50.0, 2)) +
                           28.0 * exp(-pow(turned(lon - 10.0) / 45.0, 2));
-    const double south = 1.0 - smooth(border - 6.0, border + 9.0, lat + 9.0 * (sphere_noise::fractal(p, 400000.0, 3, 611) - 0.5));
+    const double south = 1.0 - smooth(border - 6.0, border + 9.0,
+                                      lat + 9.0 * (sphere_noise::fractal(p, 400000.0, 3, 611) - 0.5));
     const double high = 1.6 + 1.2 * smooth(-10.0, -70.0, lat), low = -4.0 - 0.4 * smooth(40.0, 75.0, lat);
     double h = low + (high - low) * south;
     const double tharsis = km_between({-3.0, -101.0}, lat, lon) / 2900.0;
@@ -132,8 +128,9 @@ double craters(double lat, double lon, double lattice, unsigned seed, double sha
             if (sphere_noise::hash(i, j, 0, seed) > share) continue;
             const double size = sphere_noise::hash(i, j, 1, seed) * sphere_noise::hash(i, j, 2, seed);
             const double radius = 0.10 + 0.36 * size;  // of a cell
-            const double away = hypot(u - n - sphere_noise::hash(i, j, 3, seed),
-                                      v - j - sphere_noise::hash(i, j, 4, seed)) / radius;
+            const double away =
+                hypot(u - n - sphere_noise::hash(i, j, 3, seed), v - j - sphere_noise::hash(i, j, 4, seed)) /
+                radius;
             // depth a tenth of the width for small ones, less for great ones
             const double km = 2.0 * radius * lattice * mars_degree / 1000.0, depth = 0.2 * pow(km, 0.7);
             if (away < 1.0)
@@ -153,8 +150,10 @@ double in_canyon(double lat, double lon, const sphere_noise::place& p, double* f
         const double rough = from_axis(t, lat, lon, 0.0);
         if (rough > 1.9) continue;
         if (waver > 1.0e8)  // spurs and gullies
-            waver = 26.0 * (0.5 - sphere_noise::ridged(p, 42000.0, 5, 631)) + 16.0 * (sphere_noise::fractal(p, 90000.0, 2, 641) - 0.5);
-        const double away = from_axis(t, lat, lon, std::clamp(waver, -0.4 * t.half_width, 0.4 * t.half_width));
+            waver = 26.0 * (0.5 - sphere_noise::ridged(p, 42000.0, 5, 631)) +
+                    16.0 * (sphere_noise::fractal(p, 90000.0, 2, 641) - 0.5);
+        const double away =
+            from_axis(t, lat, lon, std::clamp(waver, -0.4 * t.half_width, 0.4 * t.half_width));
         const double part = 1.0 - smooth(0.55, 1.0, away);
         if (part <= 0.0) continue;
         inside = std::max(inside, part);
@@ -188,8 +187,9 @@ double mars_relief::natural(double lat, double lon) const {
     for (const volcano& v : volcanoes) {
         const double km = km_between(v.at, lat, lon);
         if (km > v.radius) continue;
-        const double part = 1.0 - km / v.radius;
-        const double shield = v.scarp + (v.summit - h - v.scarp) * (0.55 * part + 0.45 * part * part * (3.0 - 2.0 * part));
+        const double part = std::min((v.radius - km) / (v.radius - v.caldera), 1.0);
+        const double shield =
+            v.scarp + (v.summit - h - v.scarp) * (0.55 * part + 0.45 * part * part * (3.0 - 2.0 * part));
         const double flows = 0.10 * (sphere_noise::ridged(p, 14000.0, 4, 621) - 0.4) * smooth(0.0, 0.2, part);
         double top = h + shield * (v.scarp > 0.0 ? smooth(0.0, 0.02, part) : 1.0) + flows;
         top -= v.depth * (1.0 - smooth(0.75 * v.caldera, v.caldera, km));
@@ -231,7 +231,8 @@ double mars_relief::dark(double lat, double lon) const {
     double floor_km = 0.0;
     const double inside = in_canyon(lat, lon, p, &floor_km);
     const double syrtis = 1.0 - smooth(400.0, 700.0, km_between({8.4, 69.5}, lat, lon));
-    return std::max(smooth(0.90, 1.0, inside) * smooth(0.45, 0.60, sphere_noise::fractal(p, 40000.0, 3, 671)), syrtis);
+    return std::max(smooth(0.90, 1.0, inside) * smooth(0.45, 0.60, sphere_noise::fractal(p, 40000.0, 3, 671)),
+                    syrtis);
 }
 
 double mars_relief::ice(double lat, double lon) const {

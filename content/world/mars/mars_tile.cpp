@@ -38,7 +38,8 @@ std::pair<double, double> range_of(const mars_relief& relief, const tile_place& 
     double low = 1.0e9, high = -1.0e9;
     for (int j = 0; j <= cells; ++j)
         for (int i = 0; i <= cells; ++i) {
-            const double h = relief.height(tile.lat + static_cast<double>(j) / cells, tile.lon + static_cast<double>(i) / cells);
+            const double h = relief.height(tile.lat + static_cast<double>(j) / cells,
+                                           tile.lon + static_cast<double>(i) / cells);
             low = std::min(low, h);
             high = std::max(high, h);
         }
