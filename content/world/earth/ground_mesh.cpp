@@ -1,6 +1,7 @@
 // The mesh of a tile.
 #include "ground_mesh.h"
 
+#include <math.h>
 #include <stdlib.h>
 
 #include <algorithm>
@@ -12,8 +13,8 @@
 #include "sphere_noise.h"
 
 namespace {
-constexpr int cells = nodes_per_degree, side = cells + 1, patches = 16;
-constexpr double raw_degree = 65535.0;
+constexpr int cells = nodes_per_degree, side = cells + 1, patches = 16;  // each way
+constexpr double raw_degree = 65535.0, radians = 0.017453292519943295;
 constexpr int least_cut = 26;  // parts of 257: no sliver triangles
 
 struct vertex {
@@ -30,6 +31,10 @@ double mask_place(double part) { return 0.1 + 0.8 * part; }
 class mesh {
 public:
     mesh(tile_writer* writer, const node_values<ground_node>& nodes) : writer_(*writer), nodes_(nodes) {
+        // near the poles patches are low too, or a narrow tile has no bucket for them
+        const double width = cos((writer->lat() + 0.5) * radians) * cells;  // in rows
+        const int most = std::clamp(static_cast<int>(0.48 * width), 1, cells / patches + 1);
+        patch_rows_ = std::max(patches, (cells + most - 1) / most);
         for (int k = 0; k < land_classes_DIM; ++k) make_parts(k);
         for (int j = 0; j < cells; ++j)
             for (int i = 0; i < cells; ++i) base_.push_back(wet_corners(i, j) ? -1 : base_of(whole(i, j)));
@@ -40,7 +45,7 @@ public:
         for (int k = 0; k < land_classes_DIM; ++k) {
             if (!is_used(k)) continue;
             const unsigned definition = writer_.terrain(land_terrain_name(static_cast<land_class>(k)));
-            for (int pj = 0; pj < patches; ++pj)
+            for (int pj = 0; pj < patch_rows_; ++pj)
                 for (int pi = 0; pi < patches; ++pi) {
                     write_base(k, definition, pi, pj);
                     if (!has_night(k)) write_overlay(k, definition, pi, pj);
@@ -49,6 +54,7 @@ public:
     }
 
 private:
+    int row_border(int patch) const { return patch * cells / patch_rows_; }
     static int border(int patch) { return patch * cells / patches; }
     const ground_node& node(int i, int j) const { return nodes_.at(j + 1, i + 1); }
     bool wet(int i, int j) const { return node(i, j).cover == cover_water; }
@@ -130,16 +136,19 @@ private:
 
     // -- water
 
-    bool all_wet(int pi, int pj) const {
-        for (int j = border(pj); j <= border(pj + 1); ++j)
+    // And not so low that it has no point in its midst.
+    bool is_open_water(int pi, int pj) const {
+        if (row_border(pj + 1) - row_border(pj) < 2) return false;
+        for (int j = row_border(pj); j <= row_border(pj + 1); ++j)
             for (int i = border(pi); i <= border(pi + 1); ++i)
-                if (!wet(i, j) || node(i, j).height != node(border(pi), border(pj)).height) return false;
+                if (!wet(i, j) || node(i, j).height != node(border(pi), row_border(pj)).height) return false;
         return true;
     }
 
     // Open water: one fan about the middle, with all points of its rim.
     void write_open_water(int pi, int pj) {
-        const int west = border(pi), east = border(pi + 1), south = border(pj), north = border(pj + 1);
+        const int west = border(pi), east = border(pi + 1), south = row_border(pj),
+                  north = row_border(pj + 1);
         std::vector<tile_point> fan = {at((west + east) / 2, (south + north) / 2).at};
         for (int j = south; j < north; ++j) fan.push_back(at(west, j).at);
         for (int i = west; i < east; ++i) fan.push_back(at(i, north).at);
@@ -150,9 +159,9 @@ private:
     }
 
     void write_water() {
-        for (int pj = 0; pj < patches; ++pj)
+        for (int pj = 0; pj < patch_rows_; ++pj)
             for (int pi = 0; pi < patches; ++pi) {
-                if (all_wet(pi, pj)) {
+                if (is_open_water(pi, pj)) {
                     write_open_water(pi, pj);
                     continue;
                 }
@@ -160,7 +169,7 @@ private:
                 std::vector<tile_point> triangles;
                 const auto is_water = [this](int i, int j) { return wet_corners(i, j) == 4; };
                 write_runs(pi, pj, is_water, 0, -1, &open);
-                for (int j = border(pj); j < border(pj + 1); ++j)
+                for (int j = row_border(pj); j < row_border(pj + 1); ++j)
                     for (int i = border(pi); i < border(pi + 1); ++i)
                         if (wet_corners(i, j) % 4 != 0)
                             for (const polygon& p : parts(i, j, true)) fan_out(p, &triangles);
@@ -263,7 +272,7 @@ private:
 
     template <class visit>
     void for_cut_cells(int pi, int pj, const visit& each) const {
-        for (int j = border(pj); j < border(pj + 1); ++j)
+        for (int j = row_border(pj); j < row_border(pj + 1); ++j)
             for (int i = border(pi); i < border(pi + 1); ++i)
                 if (wet_corners(i, j) % 4 != 0)
                     for (const polygon& p : parts(i, j, false)) each(p);
@@ -283,7 +292,7 @@ private:
     // Strips along the rows; south and north point in turn, eastward: clockwise from above. k: of an overlay.
     template <class taken>
     void write_runs(int pi, int pj, const taken& is_taken, unsigned definition, int k, bool* open) {
-        for (int j = border(pj); j < border(pj + 1); ++j)
+        for (int j = row_border(pj); j < row_border(pj + 1); ++j)
             for (int i = border(pi); i < border(pi + 1); ++i) {
                 if (!is_taken(i, j)) continue;
                 std::vector<tile_point> strip;
@@ -312,7 +321,8 @@ private:
     const node_values<ground_node>& nodes_;
     std::array<std::vector<float>, land_classes_DIM> part_;    // by node; empty of a class that is not used
     std::array<std::vector<bool>, land_classes_DIM> present_;  // by node
-    std::vector<int> base_;                                    // by cell, -1 where there is water
+    int patch_rows_ = patches;
+    std::vector<int> base_;  // by cell, -1 where there is water
 };
 }  // namespace
 

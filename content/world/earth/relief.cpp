@@ -269,6 +269,31 @@ void relief::add_rivers(const node_window& window, std::vector<float>* water) co
             }
 }
 
+// Nothing about a known summit rises above it, unless the coarse heights say so.
+void relief::lower_rivals(node_values<float>* height) const {
+    const node_window& w = height->window;
+    constexpr double reach = 16000.0, inner = 9000.0, soft = 300.0, none = -1.0e9;
+    node_values<float> cap(w, static_cast<float>(none)), nearest(w, static_cast<float>(reach));
+    for (const known_point& s : places_.summits.near(w.lat(w.rows / 2), w.lon(w.columns / 2), 0.95))
+        for (int j = 0; j < w.rows; ++j)
+            for (int i = 0; i < w.columns; ++i) {
+                const double away = metres_between(s.lat, s.lon, w.lat(j), w.lon(i));
+                if (away >= reach) continue;
+                cap.at(j, i) = std::max(cap.at(j, i), static_cast<float>(s.ele - 0.03 * away));
+                nearest.at(j, i) = std::min(nearest.at(j, i), static_cast<float>(away));
+            }
+    for (int j = 0; j < w.rows; ++j)
+        for (int i = 0; i < w.columns; ++i) {
+            if (cap.at(j, i) == static_cast<float>(none)) continue;
+            const double told = coarse_.around(w.lat(j), w.lon(i)).wide_high + 500.0;
+            const double knee = std::max(1.0 * cap.at(j, i), told) - soft;
+            const double over = height->at(j, i) - knee;
+            const double part = 1.0 - smooth(inner, reach, nearest.at(j, i));
+            if (over > 0.0)
+                height->at(j, i) -= static_cast<float>(part * (over - soft * (1.0 - exp(-over / soft))));
+        }
+}
+
 // What the water has left of the heights about a known summit is stretched upward from the valleys, so that
 // ridges rise to it.
 void relief::raise_summits(const node_values<float>& to_water, node_values<float>* height) const {
@@ -429,6 +454,7 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
                 height.values[n] += 0.8f * loss.values[n];
     }
 
+    lower_rivals(&height);
     cut_outlets(&height, &flow, nullptr);
 
     raise_summits(water.metres, &height);

@@ -42,6 +42,7 @@ private:
     void mark_sinks(const node_window& window, std::vector<unsigned char>* outlet) const;
     void add_rivers(const node_window& window, std::vector<float>* water) const;
     node_values<float> base_heights(const node_window& window) const;
+    void lower_rivals(node_values<float>* height) const;
     void raise_summits(const node_values<float>& to_water, node_values<float>* height) const;
     node_values<float> degree_heights(int lat, int lon) const;
     const node_values<float>& degree(int lat, int lon) const;
