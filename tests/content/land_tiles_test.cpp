@@ -24,7 +24,7 @@ const ground_node& node_at(const node_values<ground_node>& nodes, tile_place til
     return nodes.at(index_of(lat, tile.lat), index_of(lon, tile.lon));
 }
 
-TEST(land_test, land_and_water_lie_where_they_do) {
+TEST(land_tiles_test, land_and_water_lie_where_they_do) {
     const shores coast;
     const struct {
         const char* name;
@@ -68,7 +68,7 @@ TEST(land_test, land_and_water_lie_where_they_do) {
         }
 }
 
-TEST(land_test, a_tile_has_the_known_heights_drains_and_is_level_at_airports) {
+TEST(land_tiles_test, a_tile_has_the_known_heights_drains_and_is_level_at_airports) {
     const earth_land land(earth_tables);
     const tile_place tile = {34, -118};
     const node_values<ground_node> nodes = land.nodes(tile);
@@ -129,7 +129,7 @@ TEST(land_test, a_tile_has_the_known_heights_drains_and_is_level_at_airports) {
 }
 
 // Each from what is known of it alone, by programs that share nothing.
-TEST(land_test, neighbours_have_one_edge) {
+TEST(land_tiles_test, neighbours_have_one_edge) {
     const earth_land west_land(earth_tables), east_land(earth_tables);
     const node_values<ground_node> west = west_land.nodes({33, -119}), east = east_land.nodes({33, -118});
     for (int j = 1; j <= side + 1; ++j) {
@@ -142,7 +142,7 @@ TEST(land_test, neighbours_have_one_edge) {
     }
 }
 
-TEST(land_test, mars_has_its_mountains_and_its_canyon) {
+TEST(land_tiles_test, mars_has_its_mountains_and_its_canyon) {
     const mars_relief mars(INSTALL_FOLDER "Resources/Mars nav data/apt.dat");
     const auto highest = [&](double lat, double lon) {
         double h = -1.0e9;
@@ -160,7 +160,7 @@ TEST(land_test, mars_has_its_mountains_and_its_canyon) {
     EXPECT_NEAR(mars.height(30.0, 180.0), mars.height(30.0, -180.0), 0.001);
 }
 
-TEST(land_test, what_is_missing_or_damaged_is_told) {
+TEST(land_tiles_test, what_is_missing_or_damaged_is_told) {
     const auto fault = [](auto&& action) {
         try {
             action();
@@ -170,7 +170,7 @@ TEST(land_test, what_is_missing_or_damaged_is_told) {
         return std::string();
     };
     EXPECT_NE(fault([] { shores("/nowhere/shores.nc"); }).find("gmt-gshhg-high"), std::string::npos);
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "land_test";
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "land_tiles_test";
     std::filesystem::create_directories(folder);
     for (const char* name : {"elevation.z", "rivers.z"}) {
         std::ifstream in(world_data_folder() + name, std::ios::binary);
