@@ -1,8 +1,10 @@
 // Encoding of tiles.
 #include "tile_writer.h"
 
+#include <errno.h>
 #include <math.h>
 #include <stdio.h>
+#include <string.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -371,6 +373,7 @@ bool tile_writer::write(const std::string& path, std::string* error, tile_edges*
         return false;
     }
     const std::string beside = path + ".new";
+    errno = 0;
     FILE* const file = fopen(beside.c_str(), "wb");
     bool failed = !file;
     if (file) {
@@ -378,7 +381,7 @@ bool tile_writer::write(const std::string& path, std::string* error, tile_edges*
         failed |= ferror(file) != 0;
         failed |= fclose(file) != 0;
     }
-    if (failed) *error = "cannot write " + beside;
+    if (failed) *error = "cannot write " + beside + (errno ? std::string(": ") + strerror(errno) : "");
     if (!failed) *error = check_tile(beside, *this, edges);
     if (error->empty() && rename(beside.c_str(), path.c_str()) == 0) return true;
     if (error->empty()) *error = "cannot rename " + beside;

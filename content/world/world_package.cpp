@@ -6,8 +6,6 @@
 #include <stdexcept>
 
 #include "land_objects.h"
-#include "scenery/tile/tile_load.h"
-#include "tile_check.h"
 
 namespace {
 const char* stem(ground kind) {
@@ -81,22 +79,5 @@ void world_package::add_road() {
 }
 
 void world_package::add_tile(const tile_writer& tile, bool is_mars) {
-    const std::string name = return_latlon_str_ENV(tile.lat(), tile.lon(), ".dsf");
-    const std::string folder = folder_ + (is_mars ? "Mars nav data/" : "Earth nav data/");
-    made(folder + name.substr(0, name.find('/')));
-    std::string error;
-    tile_edges edges;
-    if (!tile.write(folder + name, &error, &edges)) throw std::runtime_error(folder + name + ": " + error);
-    const auto meet = [&](int lat, int lon, tile_edges::border tile_edges::*own,
-                          tile_edges::border tile_edges::*other) {
-        const auto neighbour = edges_.find({lat, lon});
-        if (neighbour == edges_.end()) return;
-        error = check_border(edges.*own, neighbour->second.*other, edges.slack + neighbour->second.slack);
-        if (!error.empty()) throw std::runtime_error(folder + name + ": " + error);
-    };
-    meet(tile.lat(), tile.lon() - 1, &tile_edges::west, &tile_edges::east);
-    meet(tile.lat(), tile.lon() + 1, &tile_edges::east, &tile_edges::west);
-    meet(tile.lat() - 1, tile.lon(), &tile_edges::south, &tile_edges::north);
-    meet(tile.lat() + 1, tile.lon(), &tile_edges::north, &tile_edges::south);
-    edges_[{tile.lat(), tile.lon()}] = std::move(edges);
+    borders_.write(tile, folder_ + (is_mars ? "Mars nav data/" : "Earth nav data/"));
 }

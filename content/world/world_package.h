@@ -1,10 +1,9 @@
 // A scenery package in the making: its folder, and its files where the loader looks for them.
 #pragma once
-#include <map>
 #include <string>
-#include <utility>
 
 #include "ground_pictures.h"
+#include "tile_borders.h"
 #include "tile_writer.h"
 
 class world_package {
@@ -27,7 +26,7 @@ public:
 
 private:
     std::string folder_, textures_, objects_, object_textures_;
-    std::map<std::pair<int, int>, tile_edges> edges_;  // of the tiles so far, by latitude and longitude
+    tile_borders borders_;
 };
 
 constexpr unsigned char country_road = 20;

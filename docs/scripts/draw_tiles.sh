@@ -5,7 +5,7 @@ cd "$(dirname "$0")/../.."
 build=$(realpath "${1:-build}")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-"$build"/content/world/world_make scene "$work/scene"
+"$build"/tools/world_make scene "$work/scene"
 "$build"/tools/tile_info --area 34.05,34.17,-117.385,-117.235 "$work"/scene/*/+30-120/+34-118.dsf \
     docs/pictures/tile-info.png >/dev/null
 (cd "$work" && LIBGL_ALWAYS_SOFTWARE=1 xvfb-run -a -s "-screen 0 1024x768x24" "$build"/tools/tile_view scene 34 -118 \

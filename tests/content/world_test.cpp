@@ -344,7 +344,7 @@ TEST_F(world_test, a_file_that_is_not_what_was_asked_for_and_borders_that_do_not
 }
 
 TEST_F(world_test, the_program_tells_what_it_makes_and_what_went_wrong) {
-    const std::string program = TOOL_FOLDER "../content/world/world_make";
+    const std::string program = TOOL_FOLDER "world_make";
     const test::run_result list = test::run(program);
     EXPECT_EQ(list.status, 0);
     for (const world_entry& world : all_worlds())
