@@ -198,8 +198,6 @@ void start_program(const std::string& install) {
     have_done_first_update = 1;
     snprintf(veh[0].path, sizeof veh[0].path, "%s%s", install.c_str(), aircraft);
     load_plane(0);
-    stg.cus_alt = 2400.0f;  // m: room for the spin over the hills
-    init_flt_0(start_custom, 0);
     headless_frame();  // opens the window, which then takes keys
     press(key_use_char, 'R');
     take_yoke();

@@ -108,12 +108,12 @@ void next_aircraft() {
     }
 }
 
-// 1,000 m up, gliding, with engines that have never run.
+// 1,500 m above the ground, gliding, with engines that have never run.
 void release_cold() {
-    constexpr float height = 1000.0f, over_reference = 1.2f;
+    constexpr float height = 1500.0f, over_reference = 1.2f;
     stg.cus_lat = static_cast<float>(flt[0].dob_lat);
     stg.cus_lon = static_cast<float>(flt[0].dob_lon);
-    stg.cus_alt = height;
+    stg.cus_alt = static_cast<float>(flt[0].dob_ele) - flt[0].y_agl_mtr + height;
     stg.cus_v = over_reference * veh[0].V_ref_ms;
     stg.cus_psi = 0.0f;
     init_flt_0(start_custom, 0);
