@@ -29,11 +29,11 @@ float frame_ms() {
     for (const float ms : section_ms) sum += ms;
     return sum;
 }
-template <int frame_counts_struct::* field>
+template <int frame_counts_struct::*field>
 float count_of() {
     return static_cast<float>(frame_counts.*field);
 }
-template <int ren_struct::* field>
+template <int ren_struct::*field>
 float drawn_of() {
     return static_cast<float>(ren.*field);
 }
