@@ -56,8 +56,8 @@ static constexpr palette_struct palettes[2] = {
 
 static const palette_struct& palette() { return palettes[env.planet == 1]; }
 
-// Two shells of air, a thin bright one at the horizon and a thick pale one above it; in front of them the haze, as
-// high as mountains that it hides: they come out of it without an edge.
+// Two shells of air, a thin bright one at the horizon and a thick pale one above it; in front of them the
+// haze, as high as mountains that it hides: they come out of it without an edge.
 static rgb sky_colour(float elevation_deg, float visibility) {
     constexpr float mountains = 2500.0f;  // m
     const palette_struct& p = palette();
@@ -184,7 +184,8 @@ static void add_sky(const eye_struct& eye, std::vector<ring_struct>& rings) {
     for (const float above :
          {0.0f, 1.0f, 2.5f, 5.0f, 8.0f, 12.0f, 18.0f, 26.0f, 36.0f, 50.0f, 68.0f, 90.0f}) {
         const float elevation = -eye.dip_deg + above * (90.0f + eye.dip_deg) / 90.0f;
-        rings.push_back({dome * cos_deg(elevation), dome * sin_deg(elevation), sky_colour(above, eye.visibility)});
+        rings.push_back(
+            {dome * cos_deg(elevation), dome * sin_deg(elevation), sky_colour(above, eye.visibility)});
     }
 }
 
