@@ -92,12 +92,15 @@ land_class of_moist_country(const site& s) {
     return s.temperature < 6.0 || s.height > 900.0 ? land_forest_conifer : land_forest_broad;
 }
 
+bool is_beach(const site& s) {
+    return s.to_sea < 520.0 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0;
+}
+
 land_class natural(const site& s) {
     const double snow = table(snow_metres, fabs(s.lat)), trees = table(tree_metres, fabs(s.lat));
     if (s.ice > 0.5 || s.lat < -62.0 || s.height > snow + 500.0 * (s.fine - 0.5) ||
         s.height > trees + 300.0 * (s.fine - 0.5))
         return cold_or_high(s, trees, snow);
-    if (s.to_sea < 520.0 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0) return land_beach;
     if (s.moisture < 0.22) return of_desert(s);
     if (s.moisture < 0.43) return of_dry_country(s);
     return of_moist_country(s);
@@ -195,6 +198,7 @@ private:
         for (const known_point& lake : salt_)
             if (metres_between(lat, lon, lake.lat, lake.lon) < lake.reach * (0.7 + 0.6 * s.fine))
                 return land_salt;
+        if (is_beach(s)) return land_beach;
         const int town = settled(s, lat, lon);
         return town >= 0 ? static_cast<land_class>(town) : natural(s);
     }
