@@ -82,6 +82,7 @@ land_class of_moist_country(const site& s) {
     if (s.temperature < 2.5)
         return flat && s.fine > 0.66 ? land_marsh : s.temperature < -7.0 ? land_tundra : land_forest_conifer;
     if (flat && s.height < 12.0 && s.to_water < 2500.0 && s.fine > 0.62) return land_marsh;
+    if (flat && s.upstream > 1500.0) return s.fine > 0.6 ? land_marsh : land_forest_broad;  // along rivers
     if (s.temperature > 19.0 && s.moisture > 0.68)
         return flat && s.broad > 0.60 ? land_farm_green : land_jungle;
     if (s.temperature > 18.0 && s.moisture < 0.68)
@@ -178,7 +179,7 @@ private:
             const double reach = std::max(1500.0, 15.0 * sqrt(t.people));
             if (fabs(lat - t.lat) * earth_degree_metres > 1.5 * reach) continue;
             const double away = metres_between(lat, lon, t.lat, t.lon) / reach +
-                                (reach > 6000.0 ? 0.4 * (s.broad - 0.5) : 0.0);
+                                (reach > 6000.0 ? 0.4 * (s.broad - 0.5) : 0.6 * (s.fine - 0.5));
             nearest = std::min(nearest, away);
             if (away < 1.5) sum += (1.0 - away * away / 2.25) * (1.0 - away * away / 2.25);
         }

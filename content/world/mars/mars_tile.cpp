@@ -20,6 +20,7 @@ blend_source source_of(const mars_relief& relief) {
     for (int n = 0; n <= cells; ++n) source.columns.push_back(n * (raw_degree / cells));
     source.rows = source.columns;
     source.patch_lines = 11;
+    source.even_mask = true;
     source.height = [&](double lat, double lon) { return relief.height(lat, lon); };
     source.water = [](double, double) { return false; };
     const auto add = [&](land_class which, auto weight) {
