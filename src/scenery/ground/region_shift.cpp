@@ -77,7 +77,8 @@ void lower(double at[3], double by) {
     at[0] *= rat, at[1] = (at[1] + R) * rat - R, at[2] *= rat;
 }
 
-// 3. The pattern of the ground keeps its phase below the eye, or below the aircraft while no view has been set.
+// 3. The pattern of the ground keeps its phase below the eye, or below the aircraft while no view has been
+// set.
 void move_eye(const double q[4]) {
     double at[3] = {ren.view_xyz[0], ren.view_xyz[1], ren.view_xyz[2]};
     if (at[0] == 0.0 && at[1] == 0.0 && at[2] == 0.0) {
