@@ -10,6 +10,7 @@
 #include "draw/camera/xcam.h"
 #include "draw/gl/camera_load.h"
 #include "draw/gl/frame_counts.h"
+#include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
 #include "scenery/draw/ground_pictures.h"
@@ -336,6 +337,16 @@ TEST_F(terrain_draw_test, water_moves_with_the_flight_and_not_with_the_wall_cloc
     EXPECT_EQ(at(5, 5).substr(at(5, 5).find(' ')), " 255 0") << "in the water's colour, unlit";
     mnw.real_time = 0.0f;
     EXPECT_EQ(frame(), 6 * 16 + 4) << "a clock that begins anew is no step back";
+}
+
+TEST_F(terrain_draw_test, the_sea_from_a_low_height_took_minutes_where_the_processor_draws) {
+    constexpr GLenum most_anisotropy = 0x84FE;
+    scratch_dx = scratch_dy = 4;
+    tman.load_texture(0, load_ogl, tex_water, filter_rgb_mip, scratch_name);
+    tman.bind_ref(tex_water, 0, combine_default);
+    float samples = 0.0f;
+    glGetTexParameterfv(GL_TEXTURE_2D, most_anisotropy, &samples);
+    EXPECT_EQ(samples == 1.0f, gl_renderer.find("llvmpipe") != std::string::npos) << gl_renderer;
 }
 
 TEST_F(terrain_draw_test, fog_lies_over_the_view_and_not_over_the_map) {
