@@ -8,6 +8,7 @@
 #include "core/disk/paths.h"
 #include "core/math/globe.h"
 #include "core/program/input_gate.h"
+#include "core/program/logs.h"
 #include "core/program/upward.h"
 #include "scene/frame_report.h"
 #include "scene/world.h"
@@ -112,5 +113,19 @@ TEST_F(flying_view_test, the_report_writes_a_line_a_frame_while_it_is_on) {
         EXPECT_EQ(lists, ren.num_patches);
     }
     EXPECT_EQ(lines, 3) << "from the first whole frame on";
+}
+
+TEST_F(flying_view_test, a_report_on_a_full_disk_was_cut_off_without_a_word) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    std::filesystem::create_symlink("/dev/full", "Frames.csv");
+    xer.open("Error.out");
+    mnw.track_cpu = 1;
+    for (int i = 0; i < 3; ++i) flying_view_draw();
+    mnw.track_cpu = 0;
+    flying_view_draw();
+    xer.close();
+    EXPECT_NE(test::read_file("Error.out").find("Frames.csv is cut off"), std::string::npos);
+    std::filesystem::current_path(before);
 }
 }  // namespace
