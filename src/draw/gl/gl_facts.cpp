@@ -58,8 +58,8 @@ static std::string gl_text(GLenum name) {
     return text ? reinterpret_cast<const char*>(text) : "";
 }
 
-// The processor draws. Mesa's filter goes over every texel under a pixel there, which for ground that runs to the
-// horizon takes seconds to minutes a frame, at any ratio above 1.
+// The processor draws. Mesa's filter goes over every texel under a pixel there, which for ground that runs to
+// the horizon takes seconds to minutes a frame, at any ratio above 1.
 static bool is_software(const std::string& renderer) {
     for (const char* name : {"llvmpipe", "softpipe", "Software Rasterizer"})
         if (renderer.find(name) != std::string::npos) return true;
