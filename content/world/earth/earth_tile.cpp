@@ -111,6 +111,7 @@ std::vector<tile_place> block_of_tiles(int lat, int lon, int side) {
 std::vector<tile_place> box_of_tiles(int south, int west, int north, int east) {
     std::vector<tile_place> tiles;
     for (int lat = south; lat <= north; ++lat)
-        for (int lon = west; lon <= east; ++lon) tiles.push_back({lat, lon});
+        for (int lon = west; lon <= (east < west ? east + 360 : east); ++lon)
+            tiles.push_back({lat, (lon + 180) % 360 - 180});
     return tiles;
 }

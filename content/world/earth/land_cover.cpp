@@ -58,6 +58,7 @@ land_class of_desert(const site& s) {
     if (s.irrigated > 0.5 && s.slope < 0.04) return s.broad > 0.62 ? land_orchard : land_farm_dry;
     if (s.dunes > 0.5 && s.slope < 0.12) return land_dunes;
     if (s.slope > 0.10 + 0.06 * (s.fine - 0.5)) return land_desert_rock;
+    if (s.broad < 0.14 && s.fine < 0.6 && s.slope > 0.012) return land_desert_rock;  // stony plains
     if (s.upstream > 250.0 && s.slope < 0.05) return land_wash;
     if (s.height > 1350.0 && s.moisture > 0.17) return s.fine > 0.5 ? land_scrub : land_desert;
     return land_desert;
