@@ -1,6 +1,6 @@
-// The ground scene: a walk over a full tree of buckets, one test of a sphere, and whole pictures of the flying view
-// at three heights and visibilities, with what they asked of OpenGL. The land is that of the install folder where
-// it has tiles round the place, else a small world made here.
+// The ground scene: a walk over a full tree of buckets, one test of a sphere, and whole pictures of the
+// flying view at three heights and visibilities, with what they asked of OpenGL. The land is that of the
+// install folder where it has tiles round the place, else a small world made here.
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 #include <math.h>
@@ -40,8 +40,8 @@ void full_tree(xdeg_struct* tile) {
         const double step = side / n;
         for (uint32_t y = 0; y < n; ++y)
             for (uint32_t x = 0; x < n; ++x)
-                tile->sphere_hash[XBucket_Compose(level, x, y)] = {
-                    {(x + 0.5) * step, 0.0, (y + 0.5) * step}, 0.75 * step};
+                tile->sphere_hash[XBucket_Compose(level, x, y)] = {{(x + 0.5) * step, 0.0, (y + 0.5) * step},
+                                                                   0.75 * step};
     }
     tile->visibles.Reset(bucket_levels);
 }

@@ -1,6 +1,6 @@
-// Buckets of any boxes over any area, no numbers and infinities among them, against the definition of where a box
-// belongs: in the strict mode the smallest bucket that holds it, in the loose one the deepest that is as wide, by
-// its middle.
+// Buckets of any boxes over any area, no numbers and infinities among them, against the definition of where a
+// box belongs: in the strict mode the smallest bucket that holds it, in the loose one the deepest that is as
+// wide, by its middle.
 
 #include "scenery/ground/buckets.h"
 #include "support.h"
@@ -69,7 +69,8 @@ void check_loose(const double (&r)[4], uint32_t level, uint32_t x, uint32_t y, u
 
 // A point finds each box that it lies in, but for those that end there.
 void check_point(const buckets& b, Point2 p) {
-    if (!(p.x >= b.mMin.x && p.x <= b.mMin.x + b.mSize.x && p.y >= b.mMin.y && p.y <= b.mMin.y + b.mSize.y)) return;
+    if (!(p.x >= b.mMin.x && p.x <= b.mMin.x + b.mSize.x && p.y >= b.mMin.y && p.y <= b.mMin.y + b.mSize.y))
+        return;
     std::set<size_t> found;
     b.AtPoint(p, [&](const std::vector<size_t>& objects) {
         found.insert(objects.begin(), objects.end());

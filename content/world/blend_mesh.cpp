@@ -139,7 +139,10 @@ private:
                 tile_point p = points_[vertex(i, row)];
                 if (k > 0) {
                     p.s = mask_place(weight(k, i, row));
-                    p.t = noise::hash(i, row, 161);  // a stretch of its own along each edge
+                    // a stretch of its own along each edge, or an even run
+                    p.t = source_.even_mask
+                              ? mask_along(i + columns_ * writer_.lon(), row + rows_ * writer_.lat())
+                              : noise::hash(i, row, 161);
                 }
                 strip.push_back(p);
             }
@@ -167,6 +170,12 @@ std::vector<int> graded_lines(int centre, int reach, int finest, int coarsest) {
     lines.push_back(at = std::min(at, whole_degree));
     for (const int step : growing(whole_degree - at, finest, coarsest)) lines.push_back(at += step);
     return lines;
+}
+
+double mask_along(double column, double row) {
+    constexpr double period = 5.3;  // cells that the mask lasts there and back
+    const double turns = (0.83 * column + 0.56 * row) / period, part = turns - floor(turns);
+    return part < 0.5 ? 2.0 * part : 2.0 - 2.0 * part;
 }
 
 void write_blend_mesh(tile_writer* writer, const blend_source& source) { mesh(writer, source).write(); }

@@ -19,6 +19,7 @@ struct blend_source {
     std::function<bool(double lat, double lon)> water;     // by a cell's middle
     std::vector<blend_class> classes;                      // later ones lie over earlier ones
     int patch_lines = 24;                                  // at most, each way
+    bool even_mask = false;  // borders run evenly along the mask instead of in stretches of their own
 };
 
 // Lines that lie `finest` apart within `reach` of `centre` (all in parts of 65535 of a degree) and farther
@@ -29,3 +30,6 @@ std::vector<int> graded_lines(int centre, int reach, int finest, int coarsest);
 // have a part in it; those are overlays, masked by their weight. Water is the base of its cells; the first
 // class has no part in them.
 void write_blend_mesh(tile_writer* writer, const blend_source& source);
+
+// The mask's second coordinate, 0 to 1, of a place in cells of the grid: back and forth, without a jump.
+double mask_along(double column, double row);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/math/axes.h"
+#include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/records/atm.h"
 #include "core/records/con.h"
@@ -56,8 +57,8 @@ static constexpr palette_struct palettes[2] = {
 
 static const palette_struct& palette() { return palettes[env.planet == 1]; }
 
-// Two shells of air, a thin bright one at the horizon and a thick pale one above it; in front of them the haze, as
-// high as mountains that it hides: they come out of it without an edge.
+// Two shells of air, a thin bright one at the horizon and a thick pale one above it; in front of them the
+// haze, as high as mountains that it hides: they come out of it without an edge.
 static rgb sky_colour(float elevation_deg, float visibility) {
     constexpr float mountains = 2500.0f;  // m
     const palette_struct& p = palette();
@@ -70,7 +71,8 @@ static rgb sky_colour(float elevation_deg, float visibility) {
 // -- eye
 
 struct eye_struct {
-    Vector3 up, side;  // the local vertical, which leans from world y towards the region's edge
+    // the local vertical, which leans from world y towards the region's edge, and the true east and north
+    Vector3 up, east, north;
     float height;      // above the sphere, m
     float dip_deg;     // of the horizon below the level
     float visibility;  // m
@@ -88,8 +90,10 @@ static eye_struct find_eye() {
     eye_struct eye{};
     eye.up = {ren.view_xyz[0], ren.view_xyz[1] + R, ren.view_xyz[2]};
     const double height = fmax(eye.up.normalize() - R, 1.0);
-    eye.side = eye.up.cross({0.0, 0.0, 1.0});
-    eye.side.normalize();
+    const Vector3 pole = {0.0, sin(ref_lat() * dob_degtorad), -cos(ref_lat() * dob_degtorad)};
+    eye.east = pole.cross(eye.up);
+    if (eye.east.normalize() < 1e-9) eye.east = {1.0, 0.0, 0.0};  // at a pole
+    eye.north = eye.up.cross(eye.east);
     eye.height = static_cast<float>(height);
     eye.dip_deg = acos_deg(static_cast<float>(R / (R + height)));
     eye.visibility = visibility();
@@ -136,9 +140,13 @@ static void turn_to_view() {
     LoadModelView();
 }
 
-static void set_sun() {
-    const float sun[4] = {sin_deg(skyc.lgt_psi) * cos_deg(skyc.lgt_the), sin_deg(skyc.lgt_the),
-                          -cos_deg(skyc.lgt_psi) * cos_deg(skyc.lgt_the), 0.0f};
+// Where it stands in the sky of the eye's place, so that a shift of the region does not move it.
+static void set_sun(const eye_struct& eye) {
+    const Vector3 at =
+        (eye.east * sin_deg(skyc.lgt_psi) + eye.north * cos_deg(skyc.lgt_psi)) * cos_deg(skyc.lgt_the) +
+        eye.up * sin_deg(skyc.lgt_the);
+    const float sun[4] = {static_cast<float>(at.dx), static_cast<float>(at.dy), static_cast<float>(at.dz),
+                          0.0f};
     const float direct[4] = {skyc.lgt_dir_r, skyc.lgt_dir_g, skyc.lgt_dir_b, 1.0f};
     const float ambient[4] = {skyc.lgt_amb_r, skyc.lgt_amb_g, skyc.lgt_amb_b, 1.0f};
     glLightfv(GL_LIGHT0, GL_POSITION, sun);
@@ -184,7 +192,8 @@ static void add_sky(const eye_struct& eye, std::vector<ring_struct>& rings) {
     for (const float above :
          {0.0f, 1.0f, 2.5f, 5.0f, 8.0f, 12.0f, 18.0f, 26.0f, 36.0f, 50.0f, 68.0f, 90.0f}) {
         const float elevation = -eye.dip_deg + above * (90.0f + eye.dip_deg) / 90.0f;
-        rings.push_back({dome * cos_deg(elevation), dome * sin_deg(elevation), sky_colour(above, eye.visibility)});
+        rings.push_back(
+            {dome * cos_deg(elevation), dome * sin_deg(elevation), sky_colour(above, eye.visibility)});
     }
 }
 
@@ -207,7 +216,7 @@ static void add_ground(const eye_struct& eye, std::vector<ring_struct>& rings) {
 
 static void draw_backdrop(const eye_struct& eye) {
     float level[16] = {};  // the local level frame: side, up, and what completes them
-    const Vector3 axes[3] = {eye.side, eye.up, eye.side.cross(eye.up)};
+    const Vector3 axes[3] = {eye.east, eye.up, eye.east.cross(eye.up)};
     for (int i = 0; i < 3; ++i) {
         level[4 * i] = static_cast<float>(axes[i].dx);
         level[4 * i + 1] = static_cast<float>(axes[i].dy);
@@ -236,7 +245,7 @@ static void draw_land(const eye_struct& eye) {
     LoadModelView();
     xcam.Translate(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
     LoadModelView();
-    set_sun();
+    set_sun(eye);
     set_fog();
     OGL_depth_write(depth_write);
     glClear(GL_DEPTH_BUFFER_BIT);

@@ -9,6 +9,7 @@
 #include "core/math/num.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/frame_counts.h"
 #include "draw/gl/ogl.h"
 #include "draw/type.h"
@@ -28,11 +29,11 @@ float frame_ms() {
     for (const float ms : section_ms) sum += ms;
     return sum;
 }
-template <int frame_counts_struct::* field>
+template <int frame_counts_struct::*field>
 float count_of() {
     return static_cast<float>(frame_counts.*field);
 }
-template <int ren_struct::* field>
+template <int ren_struct::*field>
 float drawn_of() {
     return static_cast<float>(ren.*field);
 }
@@ -55,7 +56,7 @@ constexpr value_row rows[] = {
     {"marks_ms", "marks, ms", ms_of<section_marks>},
     {"frame_ms", "frame, ms", frame_ms},
 };
-constexpr int first_time_row = 10;
+constexpr size_t first_time_row = 10;
 
 struct report_struct {
     FILE* csv = nullptr;
@@ -104,13 +105,15 @@ void take_means() {
 }
 
 void show() {
-    constexpr float left = 12.0f, below_menu = 60.0f, line = 13.0f, column = 130.0f;
+    constexpr float left = 12.0f, below_menu = 60.0f, line = 13.0f, right = 190.0f;
     float y = mnw.y2_pix - below_menu;
     OGL_view_2d();
     for (size_t i = 0; i < std::size(rows); ++i, y -= line) {
-        const bool time = i >= first_time_row;
-        OGL_string(0, mnw.x1_pix + left, y, rows[i].label, no_wrap, charset_text);
-        OGL_number(0, mnw.x1_pix + left + column, y, report.shown[i], time ? 5 : 7, time ? 1 : 0, charset_small);
+        char number[32];
+        const float value = report.shown[i];
+        snprintf(number, sizeof number, i < first_time_row ? "%.0f" : "%.1f", static_cast<double>(value));
+        OGL_string(col_white, mnw.x1_pix + left, y, rows[i].label, no_wrap, charset_text);
+        OGL_string(col_white, mnw.x1_pix + right - str_dx(number), y, number, no_wrap, charset_text);
     }
 }
 }  // namespace

@@ -1,4 +1,5 @@
-// The flying view as a whole: where its eye stands, land in haze before an open sky, and the report of a frame.
+// The flying view as a whole: where its eye stands, land in haze before an open sky, and the report of a
+// frame.
 #include "scene/flying_view.h"
 
 #include <filesystem>

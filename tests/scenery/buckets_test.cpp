@@ -98,14 +98,17 @@ TEST(buckets, what_is_no_place_lies_in_the_root_and_what_is_outside_on_the_rim) 
     EXPECT_EQ(placed(buckets_loose, {-300, 500, -299.9, 500.1}), XBucket_Compose(7, 0, 127));
     const double inf = INFINITY;
     for (const int mode : {buckets_loose, buckets_strict}) {
-        for (const rectangle& box : {rectangle{NAN, 1, 2, 2}, {1, 1, 2, NAN}, {-inf, 1, inf, 2}, {inf, 1, inf, 2}})
+        for (const rectangle& box :
+             {rectangle{NAN, 1, 2, 2}, {1, 1, 2, NAN}, {-inf, 1, inf, 2}, {inf, 1, inf, 2}})
             EXPECT_EQ(placed(mode, box), 0u);
         EXPECT_EQ(placed(mode, {1, 1, 2, 2}, 8, {0.0, 100.0}), 0u) << "an area without width";
         EXPECT_EQ(placed(mode, {1, 1, 2, 2}, 8, {NAN, 100.0}), 0u);
         EXPECT_EQ(placed(mode, {1, 1, 2, 2}, 1), 0u);
     }
     EXPECT_EQ(test::expect_fatal([] { placed(buckets_strict, {1, 1, 2, 2}, 0); }).line[0], "Lev el<0!");
-    EXPECT_EQ(test::expect_fatal([] { placed(buckets_loose, {1, 1, 2, 2}, 0); }).line[0],
+    EXPECT_EQ(test::expect_fatal([] {
+                  placed(buckets_loose, {1, 1, 2, 2}, 0);
+              }).line[0],
               "level>=mItems.size()!");
 }
 }  // namespace

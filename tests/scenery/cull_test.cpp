@@ -14,9 +14,7 @@
 namespace {
 constexpr double tile_side = 100000.0;
 
-double random(double low, double high) {
-    return flt_rand(static_cast<float>(low), static_cast<float>(high));
-}
+double random(double low, double high) { return flt_rand(static_cast<float>(low), static_cast<float>(high)); }
 
 // A place in the eye's axes, by the angles alone.
 Vector3 seen_from(const Point3& eye, double psi, double the, const Point3& p) {
@@ -43,14 +41,20 @@ struct view {
     double depth_in(const Point3& p) const {
         const Vector3 e = seen_from(eye, psi, the, p);
         const double ax = half_x * M_PI / 180.0, ay = half_y * M_PI / 180.0;
-        const double sides = fmin(-e.dz * sin(ax) - fabs(e.dx) * cos(ax), -e.dz * sin(ay) - fabs(e.dy) * cos(ay));
+        const double sides =
+            fmin(-e.dz * sin(ax) - fabs(e.dx) * cos(ax), -e.dz * sin(ay) - fabs(e.dy) * cos(ay));
         return fmin(sides, fmin(-e.dz - near_clip, far_clip + e.dz));
     }
 };
 
 view random_view() {
     return {{random(0, tile_side), random(1, 8000), random(0, tile_side)},
-            random(0, 360), random(-60, 60), random(5, 60), random(5, 50), random(0.5, 20), random(3e3, 6e4)};
+            random(0, 360),
+            random(-60, 60),
+            random(5, 60),
+            random(5, 50),
+            random(0.5, 20),
+            random(3e3, 6e4)};
 }
 
 TEST(camera, a_sphere_is_seen_as_far_as_its_radius_reaches_over_the_six_planes) {
@@ -59,7 +63,8 @@ TEST(camera, a_sphere_is_seen_as_far_as_its_radius_reaches_over_the_six_planes) 
     for (int i = 0; i < 20000; ++i) {
         const view v = random_view();
         v.set(&camera);
-        const Point3 p = {v.eye.x + random(-2e4, 2e4), v.eye.y + random(-2e4, 2e4), v.eye.z + random(-2e4, 2e4)};
+        const Point3 p = {v.eye.x + random(-2e4, 2e4), v.eye.y + random(-2e4, 2e4),
+                          v.eye.z + random(-2e4, 2e4)};
         const double reach = -v.depth_in(p), slack = 1e-3;
         EXPECT_FALSE(reach > slack && camera.SphereInView(p.x, p.y, p.z, reach - slack)) << i;
         EXPECT_TRUE(camera.SphereInView(p.x, p.y, p.z, fmax(reach, 0.0) + slack)) << i;

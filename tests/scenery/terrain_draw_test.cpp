@@ -1,5 +1,5 @@
-// The ground scene in a real context, from straight above: what the layers show, what moves, what passes leave out;
-// and, without one, which units a layer asks for and where projections put a place.
+// The ground scene in a real context, from straight above: what the layers show, what moves, what passes
+// leave out; and, without one, which units a layer asks for and where projections put a place.
 #include "scenery/draw/terrain_draw.h"
 
 #include <GL/gl.h>

@@ -97,7 +97,8 @@ std::string picture_name(const order& o, size_t eye) {
 
 void save_pictures(const order& o, int planet) {
     const package_seat seat(o.package);
-    if (!load_tile(planet, o.lat, o.lon, o.eyes.front())) throw std::runtime_error("the tile is not sound: Error.out tells why");
+    if (!load_tile(planet, o.lat, o.lon, o.eyes.front()))
+        throw std::runtime_error("the tile is not sound: Error.out tells why");
     for (size_t eye = 0; eye < o.eyes.size(); ++eye) {
         draw_tile(o.eyes[eye]);
         const std::string name = picture_name(o, eye);

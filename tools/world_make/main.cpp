@@ -86,16 +86,26 @@ void make_land(const order& o) {
         throw wrong_use(o.box ? "expected --box SOUTH WEST NORTH EAST" : "expected LAT LON [TILES]");
     const std::vector<tile_place> tiles = tiles_of(o);
     size_t done = 0;
-    const auto told = [&](const made_tile& t) {
-        printf("%zu of %zu  %+03d%+04d  %.1f s  %.1f MB\n", ++done, tiles.size(), t.place.lat, t.place.lon,
-               t.seconds, static_cast<double>(t.bytes) / 1.0e6);
-        fflush(stdout);
-    };
+    const tile_progress progress = {[&](const tile_place& t) {
+                                        printf("%zu of %zu  %+03d%+04d ", ++done, tiles.size(), t.lat, t.lon);
+                                        fflush(stdout);
+                                    },
+                                    [](const made_tile& t) {
+                                        printf(" %.1f s  %.1f MB\n", t.seconds,
+                                               static_cast<double>(t.bytes) / 1.0e6);
+                                        fflush(stdout);
+                                    }};
     const std::string tables = executable_folder() + "../Orvelle/Resources/";
-    if (o.mars)
-        make_mars_tiles(tiles, o.folder, tables + "Mars nav data/apt.dat", told);
-    else
-        make_earth_tiles(tiles, o.folder, tables + "Earth nav data/apt.dat", told);
+    try {
+        if (o.mars)
+            make_mars_tiles(tiles, o.folder, tables + "Mars nav data/apt.dat", progress);
+        else
+            make_earth_tiles(tiles, o.folder, tables + "Earth nav data/apt.dat", progress);
+    } catch (...) {
+        if (done > 0) printf("\n");  // the line of the tile that was begun
+        fflush(stdout);
+        throw;
+    }
 }
 
 int run(int argc, char** argv) {

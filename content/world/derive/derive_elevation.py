@@ -95,9 +95,6 @@ def closed_basins(heights, sea):
             level[cell] = 0
             if not all(sea[n] for n in neighbours(cell)):
                 heap.append((0, cell))
-    for cell in range(COLUMNS):  # the south pole is land and has no shore
-        if level[cell] is None and not heap:
-            heap.append((heights[cell], cell))
     heapq.heapify(heap)
     while heap:
         height, cell = heapq.heappop(heap)

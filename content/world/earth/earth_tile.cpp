@@ -76,10 +76,11 @@ node_values<ground_node> earth_land::nodes(tile_place tile) const {
 }
 
 void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
-                      const std::string& apt_path, const std::function<void(const made_tile&)>& told) {
+                      const std::string& apt_path, const tile_progress& progress) {
     const earth_land land(apt_path);
     tile_borders borders;
     for (const tile_place& tile : tiles) {
+        progress.begun(tile);
         const auto begin = std::chrono::steady_clock::now();
         const node_values<ground_node> nodes = land.nodes(tile);
         const auto [low, high] = std::minmax_element(
@@ -91,7 +92,7 @@ void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& f
         made_tile made{tile};
         made.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
         made.bytes = std::filesystem::file_size(path);
-        told(made);
+        progress.done(made);
     }
 }
 

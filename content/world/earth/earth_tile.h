@@ -36,10 +36,15 @@ private:
     std::unique_ptr<earth_sources> sources_;
 };
 
-// Makes tiles into FOLDER/Earth nav data. `told` is called after each. Faults are thrown as
-// std::runtime_error; no half tile stays.
+// Who is told before and after each tile.
+struct tile_progress {
+    std::function<void(const tile_place&)> begun;
+    std::function<void(const made_tile&)> done;
+};
+
+// Makes tiles into FOLDER/Earth nav data. Faults are thrown as std::runtime_error; no half tile stays.
 void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
-                      const std::string& apt_path, const std::function<void(const made_tile&)>& told);
+                      const std::string& apt_path, const tile_progress& progress);
 
 // The side x side corners about the one given; those beyond the poles are left out, those beyond the date
 // line wrapped.

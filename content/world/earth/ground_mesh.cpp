@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "blend_mesh.h"
 #include "land_classes.h"
-#include "sphere_noise.h"
 
 namespace {
 constexpr int cells = nodes_per_degree, side = cells + 1, patches = 16;  // each way
@@ -280,8 +280,7 @@ private:
 
     void mask(int k, vertex* v) const {
         v->at.s = mask_place(part(k, *v));
-        v->at.t = sphere_noise::hash(static_cast<int>(v->at.lon * raw_degree),
-                                     static_cast<int>(v->at.lat * raw_degree), 0, 161);
+        v->at.t = mask_along(v->at.lon * nodes_per_degree, v->at.lat * nodes_per_degree);
     }
 
     void begin(unsigned definition, unsigned char flags, bool* open) {

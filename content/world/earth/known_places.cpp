@@ -103,8 +103,9 @@ known_places::known_places(const std::string& apt_path, const std::string& data)
     read_points(data + "closed_basins.csv", &basins);
     read_points(data + "lakes.csv", &lakes);
     read_points(data + "salt_lakes.csv", &salt_lakes);
-    for (const std::vector<std::string>& row : csv_rows(data + "places.csv", 4))
-        towns.add({atof(row[0].c_str()), atof(row[1].c_str()), atoi(row[2].c_str())});
+    for (const char* list : {"places.csv", "towns.csv"})
+        for (const std::vector<std::string>& row : csv_rows(data + list, 4))
+            towns.add({atof(row[0].c_str()), atof(row[1].c_str()), atoi(row[2].c_str())});
 }
 
 double metres_between(double lat0, double lon0, double lat1, double lon1) {

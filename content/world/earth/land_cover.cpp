@@ -82,6 +82,7 @@ land_class of_moist_country(const site& s) {
     if (s.temperature < 2.5)
         return flat && s.fine > 0.66 ? land_marsh : s.temperature < -7.0 ? land_tundra : land_forest_conifer;
     if (flat && s.height < 12.0 && s.to_water < 2500.0 && s.fine > 0.62) return land_marsh;
+    if (flat && s.upstream > 1500.0) return s.fine > 0.6 ? land_marsh : land_forest_broad;  // along rivers
     if (s.temperature > 19.0 && s.moisture > 0.68)
         return flat && s.broad > 0.60 ? land_farm_green : land_jungle;
     if (s.temperature > 18.0 && s.moisture < 0.68)
@@ -92,12 +93,15 @@ land_class of_moist_country(const site& s) {
     return s.temperature < 6.0 || s.height > 900.0 ? land_forest_conifer : land_forest_broad;
 }
 
+bool is_beach(const site& s) {
+    return s.to_sea < 520.0 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0;
+}
+
 land_class natural(const site& s) {
     const double snow = table(snow_metres, fabs(s.lat)), trees = table(tree_metres, fabs(s.lat));
     if (s.ice > 0.5 || s.lat < -62.0 || s.height > snow + 500.0 * (s.fine - 0.5) ||
         s.height > trees + 300.0 * (s.fine - 0.5))
         return cold_or_high(s, trees, snow);
-    if (s.to_sea < 520.0 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0) return land_beach;
     if (s.moisture < 0.22) return of_desert(s);
     if (s.moisture < 0.43) return of_dry_country(s);
     return of_moist_country(s);
@@ -175,7 +179,7 @@ private:
             const double reach = std::max(1500.0, 15.0 * sqrt(t.people));
             if (fabs(lat - t.lat) * earth_degree_metres > 1.5 * reach) continue;
             const double away = metres_between(lat, lon, t.lat, t.lon) / reach +
-                                (reach > 6000.0 ? 0.4 * (s.broad - 0.5) : 0.0);
+                                (reach > 6000.0 ? 0.4 * (s.broad - 0.5) : 0.6 * (s.fine - 0.5));
             nearest = std::min(nearest, away);
             if (away < 1.5) sum += (1.0 - away * away / 2.25) * (1.0 - away * away / 2.25);
         }
@@ -195,6 +199,7 @@ private:
         for (const known_point& lake : salt_)
             if (metres_between(lat, lon, lake.lat, lake.lon) < lake.reach * (0.7 + 0.6 * s.fine))
                 return land_salt;
+        if (is_beach(s)) return land_beach;
         const int town = settled(s, lat, lon);
         return town >= 0 ? static_cast<land_class>(town) : natural(s);
     }

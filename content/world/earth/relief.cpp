@@ -12,9 +12,8 @@
 namespace {
 constexpr double radians = 0.017453292519943295;
 constexpr double node_metres = earth_degree_metres / nodes_per_degree;
-constexpr int margin = 64;          // nodes round a degree
-constexpr int half_blend = 26;      // nodes to each side of its edge
-constexpr int reach_of_water = 40;  // nodes; farther shores are no concern
+constexpr int margin = 64;      // nodes round a degree
+constexpr int half_blend = 26;  // nodes to each side of its edge
 
 double width_of(double lat) { return node_metres * std::max(cos(lat * radians), 0.02); }
 
@@ -371,41 +370,48 @@ node_values<float> relief::base_heights(const node_window& window) const {
     return base;
 }
 
-node_values<float> relief::degree_heights(int lat, int lon) const {
-    const node_window w = degree_window(lat, lon);
-    const node_values<shore_node> shore = shore_with_airports(w);
-    const water_distance water = distance_to_water(shore);
-    node_values<float> base = base_heights(w), height(w, 0.0f), gentle(w, 0.0f);
+// What a degree is computed from.
+struct relief::degree_work {
+    node_window w;
+    node_values<shore_node> shore;
+    water_distance water;
+    node_values<float> base, height;     // metres: what the water is to keep, and what it has made
+    node_values<float> dry, dry_height;  // salt lakes: 1 on them, and their level
+    std::vector<float> rivers;           // nodes that drain through what the map shows as a river
     drainage flow;
-    flow.outlet.assign(w.size(), 0);
-    mark_sinks(w, &flow.outlet);
-    std::vector<float> rivers_here(w.size(), 0.0f);
-    add_rivers(w, &rivers_here);
-    node_values<float> lake_height(w, 0.0f);
-    const node_values<float> dry_lake = dry_lakes(w, &lake_height);
+};
+
+// The ground of a node before noise: lakes lie in their surroundings, and no land below the sea's level
+// stands at its shore.
+double relief::ground_at(const degree_work& d, size_t n, const elevation::surroundings& about) const {
+    const double to_water = d.water.metres.values[n], level = d.water.level.values[n];
+    double ground = d.base.values[n];
+    if (d.shore.values[n].level == 1 && level == 0.0 && to_water < 8000.0)
+        ground = std::max(ground, 3.0 + 0.002 * to_water);
+    else
+        ground += (1.0 - smooth(0.0, 4000.0, to_water)) * (level + 0.01 * to_water - ground);
+    if (about.wide_high < 5.0 && level == 0.0)  // an island that the coarse heights do not know
+        ground = std::max(ground, std::min(0.06 * to_water, 250.0));
+    return ground + d.dry.values[n] * (d.dry_height.values[n] - ground);
+}
+
+// Ground and noise of each node of land, and where water ends.
+void relief::begin(degree_work* d) const {
+    const node_window& w = d->w;
     for (int j = 0; j < w.rows; ++j)
         for (int i = 0; i < w.columns; ++i) {
             const size_t n = w.at(j, i);
-            const double to_water = water.metres.values[n], level = water.level.values[n];
-            if (j == 0 || i == 0 || j == w.rows - 1 || i == w.columns - 1) flow.outlet[n] = 1;
-            if (!shore.values[n].land()) {
-                base.values[n] = height.values[n] = static_cast<float>(level);
-                flow.outlet[n] = 1;
+            const double to_water = d->water.metres.values[n], level = d->water.level.values[n];
+            if (j == 0 || i == 0 || j == w.rows - 1 || i == w.columns - 1) d->flow.outlet[n] = 1;
+            if (!d->shore.values[n].land()) {
+                d->base.values[n] = d->height.values[n] = static_cast<float>(level);
+                d->flow.outlet[n] = 1;
                 continue;
             }
-            // lakes lie in their surroundings, and no land below the sea's level stands at its shore
-            const double near = 1.0 - smooth(0.0, 4000.0, to_water);
-            double ground = base.values[n];
-            if (shore.values[n].level == 1 && level == 0.0 && to_water < 8000.0)
-                ground = std::max(ground, 3.0 + 0.002 * to_water);
-            else
-                ground += near * (level + 0.01 * to_water - ground);
-            // low ground among mountains is filled, high ground is rough
             const elevation::surroundings s = coarse_.around(w.lat(j), w.lon(i));
-            if (s.wide_high < 5.0 && level == 0.0)  // an island that the coarse heights do not know
-                ground = std::max(ground, std::min(0.06 * to_water, 250.0));
-            ground += dry_lake.values[n] * (lake_height.values[n] - ground);
-            base.values[n] = static_cast<float>(ground);
+            const double ground = ground_at(*d, n, s);
+            d->base.values[n] = static_cast<float>(ground);
+            // low ground among mountains is filled, high ground is rough
             const double pulled = fabs(ground - coarse_.height(w.lat(j), w.lon(i)));
             const double range =
                 std::max(std::min(s.wide_high - s.wide_low, 1.6 * (s.high - s.low)), 0.8 * pulled);
@@ -417,48 +423,73 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
             const double swell = sphere_noise::fractal(p, 2500.0, 3, 421) - 0.5;
             const double detail = 1.25 * rough * shape + std::min(6.0, 2.0 + 0.05 * range) * swell;
             // rivers of the map keep to the low ground
-            const double valley = rivers_here[n] > 0.0f ? std::min(10.0 + 0.15 * range, 120.0) : 0.0;
-            height.values[n] = static_cast<float>(ground + (1.0 - dry_lake.values[n]) * (detail - valley));
-            if (to_water < 8000.0)
-                height.values[n] = std::max(height.values[n], static_cast<float>(level + 1.5));
+            const double valley = d->rivers[n] > 0.0f ? std::min(10.0 + 0.15 * range, 120.0) : 0.0;
+            float& h = d->height.values[n];
+            h = static_cast<float>(ground + (1.0 - d->dry.values[n]) * (detail - valley));
+            if (to_water < 8000.0) h = std::max(h, static_cast<float>(level + 1.5));
         }
+}
 
-    // rain, running water, and a slow rise that keeps the coarse heights (implicit scheme of Braun and
-    // Willett 2013)
+// One round of running water (stream power, implicit scheme of Braun and Willett 2013).
+void relief::run_water(degree_work* d) const {
+    const node_window& w = d->w;
     const double side = width_of(w.lat(w.rows / 2));
+    const uint32_t columns = static_cast<uint32_t>(w.columns);
     std::vector<float> area;
-    node_values<float> loss(w, 0.0f);
+    route(d->height, &d->flow);
+    add_up(d->flow, d->rivers, &area);
+    for (const uint32_t here : d->flow.order) {
+        const uint32_t there = d->flow.to[here];
+        if (here == there) continue;
+        const bool same_row = here / columns == there / columns,
+                   same_column = here % columns == there % columns;
+        const double length = same_row ? side : same_column ? node_metres : hypot(side, node_metres);
+        const double cut = 0.06 * sqrt(std::min(area[here], 4000.0f)) * node_metres / length;
+        float& h = d->height.values[here];
+        const float below = d->height.values[there];
+        h = static_cast<float>((h + cut * below) / (1.0 + cut));
+        h = std::min(h, below + static_cast<float>(0.75 * length));  // steeper ground falls
+    }
+}
+
+// A slow rise that keeps the coarse heights.
+static void rise(const node_values<float>& base, const node_values<shore_node>& shore,
+                 const node_values<float>& dry, node_values<float>* height) {
+    node_values<float> loss = base;
+    for (size_t n = 0; n < loss.values.size(); ++n) loss.values[n] -= height->values[n];
+    constexpr int radius = 10;  // nodes
+    blur(&loss, radius);
+    for (size_t n = 0; n < loss.values.size(); ++n)
+        if (shore.values[n].land() && dry.values[n] < 1.0f) height->values[n] += 0.8f * loss.values[n];
+}
+
+node_values<float> relief::degree_heights(int lat, int lon) const {
+    const node_window w = degree_window(lat, lon);
+    const node_values<float> none(w, 0.0f);
+    const node_values<shore_node> shore = shore_with_airports(w);
+    degree_work d{w,
+                  shore,
+                  distance_to_water(shore),
+                  base_heights(w),
+                  none,
+                  none,
+                  none,
+                  std::vector<float>(w.size(), 0.0f),
+                  {}};
+    d.flow.outlet.assign(w.size(), 0);
+    mark_sinks(w, &d.flow.outlet);
+    add_rivers(w, &d.rivers);
+    d.dry = dry_lakes(w, &d.dry_height);
+    begin(&d);
     constexpr int rounds = 10;
     for (int round = 0; round < rounds; ++round) {
-        route(height, &flow);
-        add_up(flow, rivers_here, &area);
-        for (const uint32_t here : flow.order) {
-            const uint32_t there = flow.to[here];
-            if (here == there) continue;
-            const bool same_row =
-                here / static_cast<uint32_t>(w.columns) == there / static_cast<uint32_t>(w.columns);
-            const bool same_column =
-                here % static_cast<uint32_t>(w.columns) == there % static_cast<uint32_t>(w.columns);
-            const double length = same_row ? side : same_column ? node_metres : hypot(side, node_metres);
-            const double cut = 0.06 * sqrt(std::min(area[here], 4000.0f)) * node_metres / length;
-            float& h = height.values[here];
-            const float below = height.values[there];
-            h = static_cast<float>((h + cut * below) / (1.0 + cut));
-            h = std::min(h, below + static_cast<float>(0.75 * length));
-        }
-        for (size_t n = 0; n < w.size(); ++n) loss.values[n] = base.values[n] - height.values[n];
-        blur(&loss, 10);
-        if (round + 1 == rounds) break;
-        for (size_t n = 0; n < w.size(); ++n)
-            if (shore.values[n].land() && dry_lake.values[n] < 1.0f)
-                height.values[n] += 0.8f * loss.values[n];
+        if (round > 0) rise(d.base, d.shore, d.dry, &d.height);
+        run_water(&d);
     }
-
-    lower_rivals(&height);
-    cut_outlets(&height, &flow, nullptr);
-
-    raise_summits(water.metres, &height);
-    return height;
+    lower_rivals(&d.height);
+    cut_outlets(&d.height, &d.flow, nullptr);
+    raise_summits(d.water.metres, &d.height);
+    return d.height;
 }
 
 const node_values<float>& relief::degree(int lat, int lon) const {

@@ -44,6 +44,10 @@ private:
     node_values<float> base_heights(const node_window& window) const;
     void lower_rivals(node_values<float>* height) const;
     void raise_summits(const node_values<float>& to_water, node_values<float>* height) const;
+    struct degree_work;
+    double ground_at(const degree_work& d, size_t n, const elevation::surroundings& about) const;
+    void begin(degree_work* d) const;
+    void run_water(degree_work* d) const;
     node_values<float> degree_heights(int lat, int lon) const;
     const node_values<float>& degree(int lat, int lon) const;
     void level_airports(ground* g) const;

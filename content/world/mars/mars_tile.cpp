@@ -20,6 +20,7 @@ blend_source source_of(const mars_relief& relief) {
     for (int n = 0; n <= cells; ++n) source.columns.push_back(n * (raw_degree / cells));
     source.rows = source.columns;
     source.patch_lines = 11;
+    source.even_mask = true;
     source.height = [&](double lat, double lon) { return relief.height(lat, lon); };
     source.water = [](double, double) { return false; };
     const auto add = [&](land_class which, auto weight) {
@@ -48,18 +49,19 @@ std::pair<double, double> range_of(const mars_relief& relief, const tile_place& 
 }  // namespace
 
 void make_mars_tiles(const std::vector<tile_place>& tiles, const std::string& folder,
-                     const std::string& apt_path, const std::function<void(const made_tile&)>& told) {
+                     const std::string& apt_path, const tile_progress& progress) {
     const mars_relief relief(apt_path);
     const blend_source source = source_of(relief);
     tile_borders borders;
     for (const tile_place& tile : tiles) {
+        progress.begun(tile);
         const auto begin = std::chrono::steady_clock::now();
         const auto [low, high] = range_of(relief, tile);
         tile_writer writer(tile.lat, tile.lon, low, high);
         writer.set_degree_metres(degree_metres_mars);
         write_blend_mesh(&writer, source);
         const std::string path = borders.write(writer, folder + "/Mars nav data/");
-        told({tile, std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(),
-              std::filesystem::file_size(path)});
+        progress.done({tile, std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(),
+                       std::filesystem::file_size(path)});
     }
 }

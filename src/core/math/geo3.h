@@ -19,6 +19,7 @@ struct Vector3 {
         return len;
     }
     Vector3 operator*(double k) const { return {dx * k, dy * k, dz * k}; }
+    Vector3 operator+(const Vector3& v) const { return {dx + v.dx, dy + v.dy, dz + v.dz}; }
 };
 
 struct Point3 {

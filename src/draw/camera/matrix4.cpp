@@ -86,9 +86,21 @@ void buildRotationMatrix(double m[16], double degrees, double x, double y, doubl
     const double length = sqrt(x * x + y * y + z * z), rad = degrees * (M_PI / 180.0);
     const double c = cos(rad), s = sin(rad), t = 1.0 - c;
     x /= length, y /= length, z /= length;
-    const double turned[16] = {t * x * x + c,     t * x * y + s * z, t * x * z - s * y, 0.0,  //
-                               t * x * y - s * z, t * y * y + c,     t * y * z + s * x, 0.0,  //
-                               t * x * z + s * y, t * y * z - s * x, t * z * z + c,     0.0,  //
-                               0.0,               0.0,               0.0,               1.0};
+    const double turned[16] = {t * x * x + c,
+                               t * x * y + s * z,
+                               t * x * z - s * y,
+                               0.0,  //
+                               t * x * y - s * z,
+                               t * y * y + c,
+                               t * y * z + s * x,
+                               0.0,  //
+                               t * x * z + s * y,
+                               t * y * z - s * x,
+                               t * z * z + c,
+                               0.0,  //
+                               0.0,
+                               0.0,
+                               0.0,
+                               1.0};
     memcpy(m, turned, sizeof turned);
 }

@@ -38,8 +38,8 @@ private:
     void turned();
 
     bool mIsOrtho = false;
-    double mNear = 0, mFar = 0, mFakeFar = 0;                                  // z of the eye's axes, m
-    double mTop[3] = {}, mLeft[3] = {}, mRight[3] = {}, mBottom[3] = {};       // unit normals that point inward
+    double mNear = 0, mFar = 0, mFakeFar = 0;                             // z of the eye's axes, m
+    double mTop[3] = {}, mLeft[3] = {}, mRight[3] = {}, mBottom[3] = {};  // unit normals that point inward
     double mOrthoTop = 0, mOrthoLeft = 0, mOrthoRight = 0, mOrthoBottom = 0;  // m
     double mLocation[4] = {};
     bool mLocationStale = true;

@@ -24,6 +24,6 @@ enum frame_section : int {
 inline float section_ms[frame_sections] = {};
 inline bool sections_timed = false;
 
-// The time since the last call belongs to that part. While parts are timed each call waits for the driver, which
-// else would draw later; else it does nothing.
+// The time since the last call belongs to that part. While parts are timed each call waits for the driver,
+// which else would draw later; else it does nothing.
 void end_section(frame_section which);

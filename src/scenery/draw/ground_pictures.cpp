@@ -11,8 +11,8 @@
 #include "platform/window_x11.h"
 
 namespace {
-const char* const sea_states[] = {"1 Calm:",  "2 Smooth:",     "3 Slight:", "4 Moderate:",
-                                  "5 Rough:", "6 Very Rough:", "7 High:"};
+const char* const sea_states[] = {
+    "1 Calm:", "2 Smooth:", "3 Slight:", "4 Moderate:", "5 Rough:", "6 Very Rough:", "7 High:"};
 constexpr int frames = 16;
 
 // White, so that the water's own colour is left.

@@ -1,5 +1,6 @@
 // What each texture unit shows for a layer of the ground: a table of pictures, combiners and projections.
-// Role: asked once a layer and pass by terrain_draw.cpp, which hands the answer to OpenGL. Makes no call of it.
+// Role: asked once a layer and pass by terrain_draw.cpp, which hands the answer to OpenGL. Makes no call of
+// it.
 #pragma once
 #include "scenery/ground/tile.h"
 

@@ -83,7 +83,8 @@ void landing_light_planes(proj_planes_struct* out) {
     const double ahead = low_way + 0.5 * semi_length;
     const double east = sin(lamp.psi * deg), south = -cos(lamp.psi * deg);  // along the beam
     const double x = lamp.x + ahead * east, z = lamp.z + ahead * south;
-    const double across = 0.5 / semi_width * interp(0.0f, 0.35f, -90.0f, 1.0f, centre), along = 0.5 / semi_length;
+    const double across = 0.5 / semi_width * interp(0.0f, 0.35f, -90.0f, 1.0f, centre),
+                 along = 0.5 / semi_length;
     set4(out->s, -south * across, 0.0, east * across, 0.5 - (-south * x + east * z) * across);
     set4(out->t, east * along, 0.0, south * along, 0.5 - (east * x + south * z) * along);
 }
@@ -100,7 +101,8 @@ void cloud_shadow_planes(int ref, proj_planes_struct* out) {
 // Along the wind and across it.
 void snow_planes(proj_planes_struct* out) {
     constexpr double scale = 0.02;  // repeats a metre
-    const double from = atm.set_wind_dir_mag[0] * (M_PI / 180.0), c = scale * cos(from), s = scale * sin(from);
+    const double from = atm.set_wind_dir_mag[0] * (M_PI / 180.0), c = scale * cos(from),
+                 s = scale * sin(from);
     set4(out->s, c, 0.0, s, 0.0);
     set4(out->t, -s, 0.0, c, -moving.snow_os_meter * scale);
 }

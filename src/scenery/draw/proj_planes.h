@@ -1,6 +1,6 @@
 // Planes that give texture coordinates to a place of the world.
-// Role: the mathematics of set_proj_tex (proj_tex.h); main thread, since what moves with water and wind is kept
-// here. Makes no call of OpenGL.
+// Role: the mathematics of set_proj_tex (proj_tex.h); main thread, since what moves with water and wind is
+// kept here. Makes no call of OpenGL.
 #pragma once
 #include "scenery/draw/layer_units.h"
 

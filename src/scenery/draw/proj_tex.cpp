@@ -1,4 +1,5 @@
-// Generation of texture coordinates, unit by unit. Nothing else changes it, so that what is set already is known.
+// Generation of texture coordinates, unit by unit. Nothing else changes it, so that what is set already is
+// known.
 #define GL_GLEXT_PROTOTYPES
 #include "scenery/draw/proj_tex.h"
 

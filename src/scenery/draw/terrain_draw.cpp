@@ -54,8 +54,9 @@ float biased(float lod_m_sqr) { return lod_m_sqr * sqr(stg.LOD_bias_rat); }
 
 void set_water_land_color_state(const xlay_struct& layer) {
     const bool bare_water = drawn.look.is_water && !drawn.look.is_untex_map;
-    OGL_setstate(drawn.fog, drawn.look.count, bare_water ? lit_off : lit_on, layer.alpha_blnd ? al_both : al_none,
-                 depth_read, layer.poly_offset > 0 ? depth_no_write : depth_write);
+    OGL_setstate(drawn.fog, drawn.look.count, bare_water ? lit_off : lit_on,
+                 layer.alpha_blnd ? al_both : al_none, depth_read,
+                 layer.poly_offset > 0 ? depth_no_write : depth_write);
     if (bare_water)
         OGL_setcolorRGBA(drawn.water.r, drawn.water.g, drawn.water.b, 1.0f, 1);
     else
@@ -67,8 +68,8 @@ void set_surface(int poly_offset, int two_sided) {
     if (two_sided != drawn.two_sided) OGL_cull(!(drawn.two_sided = two_sided));
 }
 
-// Units that do not project any more are turned off here, or at the end of the pass: the next layer mostly asks
-// for the same.
+// Units that do not project any more are turned off here, or at the end of the pass: the next layer mostly
+// asks for the same.
 void begin_terrain(const xlay_struct& layer) {
     drawn.begun = true;
     set_water_land_color_state(layer);
@@ -168,7 +169,8 @@ void turn_lite_on() {
 
 void turn_lite_off(int is_map, int is_hits) {
     glDisable(GL_LIGHT1);
-    drawn.water = is_map || is_hits ? map_water : colour_struct{skyc.wat_col_r, skyc.wat_col_g, skyc.wat_col_b};
+    drawn.water =
+        is_map || is_hits ? map_water : colour_struct{skyc.wat_col_r, skyc.wat_col_g, skyc.wat_col_b};
 }
 
 // -- passes
@@ -177,7 +179,8 @@ namespace {
 void tell_left_out() {
     if (kept.told_units) return;
     kept.told_units = true;
-    xer << "There are more textures on the ground than texture units: landing light, shadow or night are left "
+    xer << "There are more textures on the ground than texture units: landing light, shadow or night are "
+           "left "
            "out\n";
 }
 

@@ -1,6 +1,6 @@
 // The ground scene: layers of terrain and objects of all tiles, and what is drawn between them.
-// Role: once a view, with xcam set up and loaded (draw/gl/camera_load.h), light and fog set. Draws what xdeg holds,
-// which may be nothing. Main thread.
+// Role: once a view, with xcam set up and loaded (draw/gl/camera_load.h), light and fog set. Draws what xdeg
+// holds, which may be nothing. Main thread.
 #pragma once
 #include "scenery/ground/tile.h"
 

@@ -151,8 +151,8 @@ private:
         return XBucket_Compose(checked(level), x, y);
     }
 
-    // Left and lower edge down, right and upper edge up to the grid of the deepest level; what lies outside the
-    // area counts as lying on its rim.
+    // Left and lower edge down, right and upper edge up to the grid of the deepest level; what lies outside
+    // the area counts as lying on its rim.
     XBucketID find_strict(const Point2& p1, const Point2& p2) const {
         double at[4];
         if (!find_place(p1, p2, at)) return 0;

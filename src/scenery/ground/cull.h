@@ -1,6 +1,6 @@
 // What a view sees of a tile's quadtree of buckets.
-// Role: one walk of the tree a tile and view marks the buckets that are seen, with their distances; every layer
-// then visits those that it has. Valid until the next walk of the same tile. Knows no OpenGL.
+// Role: one walk of the tree a tile and view marks the buckets that are seen, with their distances; every
+// layer then visits those that it has. Valid until the next walk of the same tile. Knows no OpenGL.
 #pragma once
 #include <vector>
 
@@ -30,15 +30,16 @@ public:
         mTotalVisible = 0;
     }
 
-    // Gives how many buckets are seen. Below one that is not, what was marked before stays, and is never read.
+    // Gives how many buckets are seen. Below one that is not, what was marked before stays, and is never
+    // read.
     int Cull(xcam_class* inCamera, const xdeg_struct* reference) {
         mTotalVisible = 0;
         if (!mVisible.empty()) mark(*inCamera, inCamera->Location(), *reference, 0, 0, 0);
         return mTotalVisible;
     }
 
-    // func(id, squared distance, inRef) for each bucket that a layer draws: down to its deepest level, and not
-    // where the whole branch is farther than its largest distance. inBucketSize: the root's radius.
+    // func(id, squared distance, inRef) for each bucket that a layer draws: down to its deepest level, and
+    // not where the whole branch is farther than its largest distance. inBucketSize: the root's radius.
     template <class Reference>
     void Iterate(int inMaxLevel, int inMaxLOD, double inBucketSize,
                  void (*func)(XBucketID id, float lod_m_sqr, Reference* ref), Reference* inRef) const {

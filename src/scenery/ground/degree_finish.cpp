@@ -1,4 +1,5 @@
-// A loaded tile is made ready for culling: how deep and how far each layer goes, and a sphere around each bucket.
+// A loaded tile is made ready for culling: how deep and how far each layer goes, and a sphere around each
+// bucket.
 #include "scenery/ground/degree_finish.h"
 
 #include <math.h>
@@ -49,11 +50,11 @@ void UTIL_compute_instance_bucketsize(xdeg_struct* deg, xlay_struct& layer, XBuc
         intmax2(layer.objct_buckets_max_layer, static_cast<int>(XBucket_GetLevel(id)));
     for (const scene_objct_struct* object : objects) {
         const vec_mod_struct& model = vec_mod[static_cast<size_t>(object->M_SIM)];
-        if (!model.vec_lod.empty())
-            grow_lod(layer.objct_buckets_max_lod, model.vec_lod.back().dis_far_sqr);
+        if (!model.vec_lod.empty()) grow_lod(layer.objct_buckets_max_lod, model.vec_lod.back().dis_far_sqr);
         const float* const centre = model.cull_center_xyz;
         extend(deg->sphere_hash, id,
-               {{object->xyz[0] + static_cast<double>(centre[0]), object->xyz[1] + static_cast<double>(centre[1]),
+               {{object->xyz[0] + static_cast<double>(centre[0]),
+                 object->xyz[1] + static_cast<double>(centre[1]),
                  object->xyz[2] + static_cast<double>(centre[2])},
                 model.cull_radius});
     }

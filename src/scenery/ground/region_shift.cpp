@@ -73,20 +73,30 @@ void move_fires(const double q[4]) {
     for (float(&xyz)[3] : scn.firexyz) move(q, xyz, point);
 }
 
-// 3. The pattern of the ground keeps its phase at the eye, or at the aircraft while no view has been set.
+// Down along the local vertical, m.
+void lower(double at[3], double by) {
+    const double R = con.planet_rad, rad = sqrt(at[0] * at[0] + (at[1] + R) * (at[1] + R) + at[2] * at[2]);
+    const double rat = (rad - by) / rad;
+    at[0] *= rat, at[1] = (at[1] + R) * rat - R, at[2] *= rat;
+}
+
+// 3. The pattern of the ground keeps its phase below the eye, or below the aircraft while no view has been
+// set.
 void move_eye(const double q[4]) {
-    double eye[3] = {ren.view_xyz[0], ren.view_xyz[1], ren.view_xyz[2]};
-    if (eye[0] == 0.0 && eye[1] == 0.0 && eye[2] == 0.0) {
+    double at[3] = {ren.view_xyz[0], ren.view_xyz[1], ren.view_xyz[2]};
+    if (at[0] == 0.0 && at[1] == 0.0 && at[2] == 0.0) {
         // the aircraft has moved already: back to where it was
         const double back[4] = {q[0], -q[1], -q[2], -q[3]};
-        eye[0] = flt[0].dob_x, eye[1] = flt[0].dob_y, eye[2] = flt[0].dob_z;
-        shift_xyz_quat(back, &eye[0], &eye[1], &eye[2], point);
+        at[0] = flt[0].dob_x, at[1] = flt[0].dob_y, at[2] = flt[0].dob_z;
+        shift_xyz_quat(back, &at[0], &at[1], &at[2], point);
+        lower(at, flt[0].y_agl_mtr);
     } else {
         move(q, ren.view_xyz, point);
+        lower(at, ren.view_ele_agl);
     }
-    const double old_xz[2] = {eye[0], eye[2]};
-    shift_xyz_quat(q, &eye[0], &eye[1], &eye[2], point);
-    const double new_xz[2] = {eye[0], eye[2]};
+    const double old_xz[2] = {at[0], at[2]};
+    shift_xyz_quat(q, &at[0], &at[1], &at[2], point);
+    const double new_xz[2] = {at[0], at[2]};
     keep_ground_phase(old_xz, new_xz);
 }
 
