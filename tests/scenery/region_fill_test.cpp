@@ -214,7 +214,8 @@ TEST_F(region_fill_test, menus_take_what_fits_and_tell_once_of_what_does_not) {
             const menu_struct& own = menu[20 + 300 * k + c];
             adrift += own.menux1 != entry.itemx1 || own.menuy1 != entry.itemy1 || own.menuy2 != entry.itemy2;
         }
-        EXPECT_EQ(adrift, 0) << "a menu that had grown over the screen's edge moved off those that hang on it";
+        EXPECT_EQ(adrift, 0)
+            << "a menu that had grown over the screen's edge moved off those that hang on it";
     }
     for (int k = 1; k < 4; ++k) {
         const std::vector<item_struct>& item = menu[20 + 300 * k].item;

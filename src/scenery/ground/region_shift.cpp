@@ -39,8 +39,8 @@ void move_attitude(const double q[4], flt_struct& f) {
 
 // -- the groups, in their order
 
-// 1. Slots that wait for a place stay away. The ground below, which the next half step reads before it asks anew,
-// keeps its distance.
+// 1. Slots that wait for a place stay away. The ground below, which the next half step reads before it asks
+// anew, keeps its distance.
 void move_aircraft(const double q[4]) {
     const int planes = TVPGetNumberPlanesToHandle(stg.num_acf, 0);
     for (int p = 0; p < planes; ++p) {
