@@ -111,6 +111,10 @@ TEST_F(region_test, goes_over_the_date_line_and_stays_at_the_poles) {
     EXPECT_EQ(shift_for(-90.0, 20.0), shift_full_reload) << "a wrapped difference is none";
     expect_corner(-90.0f, 19.0f);
     EXPECT_EQ(shift_for(-89.9, 20.0), 0) << "south of the band, where the corner cannot follow";
+    float x, y, z;
+    find_region_extents();
+    xyz_with_latlonel(&x, &y, &z, -89.999, 20.0, 0.0);
+    EXPECT_EQ(ret_xz_inreg_tight(x, z), 1) << "ground there would lie 970 m too high";
     EXPECT_EQ(shift_for(-89.9, 21.2), shift_east) << "the side that does not count lets the next one count";
 
     env.planet = 1;
