@@ -97,7 +97,7 @@ land_class of_moist_country(const site& s) {
     if (s.slope < 0.12 && s.fine > 0.58) return land_grass_green;
     if (s.slope > 0.62 && s.fine > 0.55) return land_rock;
     if (s.temperature > 10.0 && s.slope < 0.25 && s.broad > 0.60) return land_farm_green;  // terraces
-    if (s.slope < 0.35 && s.fine > 0.74) return land_grass_green;                           // pastures
+    if (s.slope < 0.35 && s.fine > 0.74) return land_grass_green;                          // pastures
     return s.temperature < 6.0 || s.height > 900.0 ? land_forest_conifer : land_forest_broad;
 }
 
@@ -136,11 +136,37 @@ public:
         for (int j = 0; j < window().rows; ++j)
             for (int i = 0; i < window().columns; ++i)
                 if (g_.shore.at(j, i).land()) cover_.at(j, i) = static_cast<unsigned char>(class_at(j, i));
+        drop_specks();
         lay_airfields();
         return cover_;
     }
 
 private:
+    // A class on two nodes or three would show as no more than the ghost of its soft border. What is narrow
+    // by nature stays.
+    void drop_specks() {
+        const node_values<unsigned char> before = cover_;
+        const node_window& w = window();
+        constexpr int fewest = 3;  // neighbours of its own class
+        for (int j = 1; j + 1 < w.rows; ++j)
+            for (int i = 1; i + 1 < w.columns; ++i) {
+                const int own = before.at(j, i);
+                if (own < land_grass_green || own == cover_water || own == land_forest_broad ||
+                    own == land_marsh || own == land_wash || own == land_beach)
+                    continue;
+                int counts[land_classes_DIM] = {}, best = own;
+                for (int dj = -1; dj <= 1; ++dj)
+                    for (int di = -1; di <= 1; ++di) {
+                        const int cover = before.at(j + dj, i + di);
+                        if (cover != cover_water && (dj || di)) ++counts[cover];
+                    }
+                if (counts[own] >= fewest) continue;
+                for (int k = land_grass_green; k < land_classes_DIM; ++k)
+                    if (counts[k] > counts[best]) best = k;
+                cover_.at(j, i) = static_cast<unsigned char>(best);
+            }
+    }
+
     const node_window& window() const { return g_.height.window; }
 
     double slope_at(int j, int i) const {

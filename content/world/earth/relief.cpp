@@ -468,7 +468,8 @@ static void roughen(const node_values<shore_node>& shore, const node_values<floa
                     node_values<float>* height) {
     const node_window& w = height->window;
     const node_values<float> smooth_height = *height;
-    constexpr double wavelength = 1900.0, share = 0.9, mean = 0.36;  // metres; of a step between nodes; of the noise
+    constexpr double wavelength = 1900.0, share = 0.9,
+                     mean = 0.46;  // metres; of a step between nodes; of the noise
     for (int j = 1; j + 1 < w.rows; ++j) {
         const double side = width_of(w.lat(j));
         for (int i = 1; i + 1 < w.columns; ++i) {
@@ -480,7 +481,8 @@ static void roughen(const node_values<shore_node>& shore, const node_values<floa
             if (slope < 0.04) continue;
             const double crest =
                 sphere_noise::ridged(sphere_noise::at(w.lat(j), w.lon(i)), wavelength, 2, 441) - mean;
-            height->values[n] += static_cast<float>(share * std::min(slope - 0.04, 0.5) * node_metres * crest);
+            height->values[n] +=
+                static_cast<float>(share * std::min(slope - 0.04, 0.5) * node_metres * crest);
         }
     }
 }
