@@ -102,13 +102,19 @@ void canvas::white_pixel(int s, int t, unsigned char alpha) {
     cairo_surface_mark_dirty(picture);
 }
 
+// A fault is told by the file: the library would end the program.
+static void write_bytes(png_structp png, png_bytep bytes, size_t count) {
+    FILE* const out = static_cast<FILE*>(png_get_io_ptr(png));
+    fwrite(bytes, 1, count, out);
+}
+
 void canvas::save(const std::string& file_path, bool with_alpha) {
     cairo_surface_flush(picture);
     FILE* out = fopen(file_path.c_str(), "wb");
     if (!out) throw std::runtime_error("cannot write " + file_path);
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
     png_infop info = png_create_info_struct(png);
-    png_init_io(png, out);
+    png_set_write_fn(png, out, write_bytes, nullptr);
     png_set_IHDR(png, info, size_x, size_y, 8, with_alpha ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB,
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_set_gAMA_fixed(png, info, png_gamma);
@@ -128,7 +134,10 @@ void canvas::save(const std::string& file_path, bool with_alpha) {
     }
     png_write_end(png, info);
     png_destroy_write_struct(&png, &info);
-    if (fclose(out) != 0) throw std::runtime_error("cannot write " + file_path);
+    const bool failed = ferror(out) != 0;
+    if (fclose(out) == 0 && !failed) return;
+    remove(file_path.c_str());
+    throw std::runtime_error("cannot write " + file_path);
 }
 
 void set_colour(cairo_t* cr, const rgba& c) { cairo_set_source_rgba(cr, c.r, c.g, c.b, c.a); }

@@ -33,7 +33,7 @@ void desert(ground_picture* p) {
             smooth(0.80, 0.93, p->ridges(x + 90 * p->noise(x, y, 200, 3, 302), y, 330, 3, 303));
         const rgba ground =
             ramp(hex(0x8b7657), hex(0xa28c69), hex(0xb59f7c), 0.5 + 0.7 * (broad - 0.5) + 0.35 * fine);
-        return mix(ground, hex(0xc2b08e), 0.55 * wash);
+        return mix(ground, hex(0xc2b08e), 0.25 * wash);
     });
     lot draw(304);
     const int count = static_cast<int>(p->metres() * p->metres() / 170.0);
@@ -125,7 +125,7 @@ void snow(ground_picture* p, bool is_ice) {
         const double sunny = p->noise(x - 8, y - 8 + 60 * p->noise(x, y, 200, 3, 370), 240, 5, 371) - drift;
         const rgba c = ramp(hex(is_ice ? 0xb4c6d0 : 0xd0d8e2), hex(is_ice ? 0xcbd8df : 0xe2e7ed),
                             hex(0xf3f5f8), 0.2 + 0.8 * drift);
-        return shade(c, 1.0 + std::clamp(-4.0 * sunny, -0.1, 0.06));
+        return shade(c, 1.0 + std::clamp(-2.0 * sunny, -0.09, 0.06));
     });
     if (!is_ice) return;
     p->change([p](double x, double y, const rgba& old) {
@@ -236,5 +236,5 @@ void draw_bare(land_class which, ground_picture* p) {
         default:
             mars_ice(p);
     }
-    p->even_out(420, 0.85);
+    p->even_out(240, 0.9);
 }

@@ -66,7 +66,7 @@ void grass_green(ground_picture* p) {
 }
 void grass_dry(ground_picture* p) {
     soil(p, {hex(0x8a7a4c), hex(0xa3925f), hex(0xb9a975)}, 160, 0.7, 110);
-    patches(p, hex(0x7c7448), 70, 0.52, 0.72, 0.55, 111);
+    patches(p, hex(0x7c7448), 70, 0.52, 0.72, 0.35, 111);
     plant(p, {2.5, 5.0, 0.02, 0.9, 180, hex(0x3c4525), hex(0x525a31)}, 112);
 }
 void savanna(ground_picture* p) {
@@ -168,5 +168,5 @@ void draw_grown(land_class which, ground_picture* p) {
         default:
             tundra(p);
     }
-    p->even_out(320, 0.85);
+    p->even_out(220, 0.9);
 }

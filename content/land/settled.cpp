@@ -137,7 +137,7 @@ void add_car_park(town* t, spot m, double dx, double dy, lot* draw) {
 
 void add_shops(town* t, spot corner, double side, const look& l, lot* draw) {
     add_hall(t, {corner.x + 0.5 * side, corner.y + side - 24}, side - 30, 34, 7,
-             mix(hex(0xb9b5ab), hex(0xd8d5cd), draw->from(0, 1)));
+             mix(hex(0x9a958a), hex(0xb3aea3), draw->from(0, 1)));
     add_hall(t, {corner.x + side - 24, corner.y + 0.42 * side}, 32, 0.6 * side, 6, l.roofs[3]);
     add_car_park(t, {corner.x + 0.42 * side, corner.y + 0.4 * side}, 0.62 * side, 0.55 * side, draw);
 }
@@ -145,7 +145,8 @@ void add_shops(town* t, spot corner, double side, const look& l, lot* draw) {
 // A school with its field, or a park.
 void add_green(town* t, spot corner, double side, const look& l, bool school, lot* draw) {
     const auto at = [&](double u, double v) { return spot{corner.x + u * side, corner.y + v * side}; };
-    t->areas.push_back({{at(0.08, 0.08), at(0.92, 0.08), at(0.92, 0.92), at(0.08, 0.92)}, hex(0x616e45)});
+    const rgba grass = mix(l.ground[1], hex(0x616e45), 0.6);
+    t->areas.push_back({{at(0.08, 0.08), at(0.92, 0.08), at(0.92, 0.92), at(0.08, 0.92)}, grass});
     if (school) {
         std::vector<spot> track;
         for (int k = 0; k < 24; ++k)
@@ -193,12 +194,22 @@ town plan_suburb(double size, const look& l, unsigned seed) {
         for (int i = 0; i < quarters; ++i) {
             const spot corner = {i * side, j * side};
             const double kind = draw.from(0, 1);
-            if (kind < 0.10 && (i + j) % 2 == 0)
-                add_shops(&t, {corner.x + 18, corner.y + 18}, side - 36, l, &draw);
-            else if (kind < 0.2)
-                add_green(&t, corner, side, l, kind < 0.14, &draw);
-            else
+            if (kind > 0.5) {
                 add_quarter(&t, corner, side, l, &draw);
+                continue;
+            }
+            // a school, a park or shops take a quarter of it: small enough not to mark each repeat from above
+            const int special = draw.below(4);
+            const double half = 0.5 * side;
+            for (int part = 0; part < 4; ++part) {
+                const spot at = {corner.x + part % 2 * half, corner.y + part / 2 * half};
+                if (part != special)
+                    add_quarter(&t, at, half, l, &draw);
+                else if (kind < 0.2)
+                    add_shops(&t, {at.x + 14, at.y + 14}, half - 28, l, &draw);
+                else
+                    add_green(&t, at, half, l, kind < 0.35, &draw);
+            }
         }
     for (int k = 0; k < quarters; ++k) {
         const double width = k % 2 == 0 ? 22 : 13;
@@ -372,7 +383,7 @@ void draw_town(const town& t, const look& l, ground_picture* p, unsigned seed) {
     p->change([&](double x, double y, const rgba& old) {
         return shade(old, 1.0 + 0.1 * (p->noise(x, y, 9, 2, seed + 5) - 0.5));
     });
-    p->even_out(0.5 * t.size, 0.5);
+    p->even_out(0.2 * t.size, 0.75);
 }
 
 void draw_lights(const town& t, ground_picture* p) {

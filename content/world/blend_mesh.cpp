@@ -39,8 +39,11 @@ public:
         for (size_t k = 0; k < source.classes.size(); ++k) make_weights(k);
         for (int j = 0; j < rows_; ++j)
             for (int i = 0; i < columns_; ++i) base_.push_back(base_of(i, j));
-        west_of_patch_ = patch_borders(source.columns);
-        south_of_patch_ = patch_borders(source.rows);
+        west_of_patch_ = patch_borders(source.columns, whole_degree / 8);
+        // near the poles patches are low too, or a narrow tile has no bucket for them
+        const double narrow = 0.35 * cos((writer->lat() + 0.5) * 0.017453292519943295);
+        south_of_patch_ =
+            patch_borders(source.rows, std::min(whole_degree / 8, static_cast<int>(narrow * whole_degree)));
     }
 
     // All classes get their definitions first, so that their order is that of the list.
@@ -98,14 +101,15 @@ private:
         return k;
     }
 
-    // No patch is wider than an eighth of the tile, or has more lines than asked for.
-    std::vector<int> patch_borders(const std::vector<int>& lines) const {
+    // No patch is wider than `widest` (in parts of 65535 of a degree) unless a single cell is, or has more
+    // lines than asked for.
+    std::vector<int> patch_borders(const std::vector<int>& lines, int widest) const {
         std::vector<int> borders = {0};
         const int last = static_cast<int>(lines.size()) - 1;
         for (int n = 1; n < last; ++n) {
             const size_t from = static_cast<size_t>(borders.back());
             if (n - borders.back() >= source_.patch_lines ||
-                lines[static_cast<size_t>(n) + 1] - lines[from] > whole_degree / 8)
+                lines[static_cast<size_t>(n) + 1] - lines[from] > widest)
                 borders.push_back(n);
         }
         borders.push_back(last);

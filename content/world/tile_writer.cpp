@@ -2,9 +2,12 @@
 #include "tile_writer.h"
 
 #include <errno.h>
+#include <fcntl.h>
 #include <math.h>
 #include <stdio.h>
 #include <string.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -367,6 +370,22 @@ void tile_writer::write_file(FILE* file, bool* failed) const {
     expect(fwrite(&footer, 1, sizeof footer, file) == sizeof footer, failed);
 }
 
+// An empty file that this program alone writes: another that makes the same tile waits until this one has
+// closed it. By then it may have its final name, and is not to be touched.
+static FILE* open_alone(const std::string& path) {
+    for (;;) {
+        const int handle = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+        if (handle < 0) return nullptr;
+        struct stat opened, named;
+        const bool locked = flock(handle, LOCK_EX) == 0;
+        if (locked && fstat(handle, &opened) == 0 && stat(path.c_str(), &named) == 0 &&
+            opened.st_ino == named.st_ino && opened.st_dev == named.st_dev && ftruncate(handle, 0) == 0)
+            return fdopen(handle, "wb");
+        close(handle);
+        if (!locked) return nullptr;
+    }
+}
+
 bool tile_writer::write(const std::string& path, std::string* error, tile_edges* edges) const {
     if (!fault_.empty()) {
         *error = fault_;
@@ -374,17 +393,16 @@ bool tile_writer::write(const std::string& path, std::string* error, tile_edges*
     }
     const std::string beside = path + ".new";
     errno = 0;
-    FILE* const file = fopen(beside.c_str(), "wb");
+    FILE* const file = open_alone(beside);
     bool failed = !file;
     if (file) {
         write_file(file, &failed);
-        failed |= ferror(file) != 0;
-        failed |= fclose(file) != 0;
+        failed |= fflush(file) != 0 || ferror(file) != 0 || fsync(fileno(file)) != 0;
     }
     if (failed) *error = "cannot write " + beside + (errno ? std::string(": ") + strerror(errno) : "");
     if (!failed) *error = check_tile(beside, *this, edges);
-    if (error->empty() && rename(beside.c_str(), path.c_str()) == 0) return true;
-    if (error->empty()) *error = "cannot rename " + beside;
-    unlink(beside.c_str());
-    return false;
+    if (error->empty() && rename(beside.c_str(), path.c_str()) != 0) *error = "cannot rename " + beside;
+    if (!error->empty() && file) unlink(beside.c_str());
+    if (file) fclose(file);
+    return error->empty();
 }

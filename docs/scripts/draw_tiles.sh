@@ -11,7 +11,6 @@ trap 'rm -rf "$work"' EXIT
 (cd "$work" && LIBGL_ALWAYS_SOFTWARE=1 xvfb-run -a -s "-screen 0 1024x768x24" "$build"/tools/tile_view scene 34 -118 \
     view.png 34.0918 -117.3085 300 10 -12 34.0968 -117.3 2 20 -4 34.1184 -117.2842 9 75 -8 34.05 -117.32 3000 10 -25)
 cd "$work"
-convert \( view_1.png view_2.png +append \) \( view_3.png view_4.png +append \) -append -resize 50% -strip \
-    -colors 128 +dither -define png:compression-level=9 PNG8:sheet.png
+convert \( view_1.png view_2.png +append \) \( view_3.png view_4.png +append \) -append -resize 50% -strip -quality 80 sheet.jpg
 cd - >/dev/null
-mv "$work/sheet.png" docs/pictures/tile-view.png
+mv "$work/sheet.jpg" docs/pictures/tile-view.jpg

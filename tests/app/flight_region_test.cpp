@@ -1,10 +1,12 @@
 // Flights and the region: where they begin, and what a long one passes over.
 #include "app/lab/headless.h"
+#include "core/disk/paths.h"
 #include "core/math/globe.h"
 #include "core/program/upward.h"
 #include "flying.h"
 #include "scenery/ground/region.h"
 #include "scenery/ground/tile.h"
+#include "scenery/region/region_tiles.h"
 #include "scenery/region/survey_land.h"
 
 namespace {
@@ -55,5 +57,20 @@ TEST_F(flight_region_test, begins_anew_where_its_place_is_however_far_the_last_o
     EXPECT_EQ(env.lat_sou, 33.0f);
     EXPECT_NEAR(flt[0].dob_lat, lat, 1e-6);
     EXPECT_NEAR(flt[0].dob_ele, ele, 0.01) << "the ground of another region had lifted it";
+}
+
+TEST_F(flight_region_test, begins_over_land_where_the_last_one_passed_in_space) {
+    init_paths("/no such folder/");
+    region_steps = region_of_scenery;
+    static int loads;
+    loads = 0;
+    region_steps.place = [](int) { ++loads; };
+    flt[0].y_agl_mtr = 40000.0f;
+    load_region(shift_full_reload);
+    for (int again = 0; again < 2; ++again) {
+        init_flt_0(start_airport, place_runway);
+        EXPECT_EQ(loads, 2) << "its water stood under the airport";
+    }
+    init_paths(INSTALL_FOLDER);
 }
 }  // namespace

@@ -132,7 +132,9 @@ TEST(land_tiles_test, a_tile_has_the_known_heights_drains_and_is_level_at_airpor
 TEST(land_tiles_test, neighbours_have_one_edge) {
     const earth_land west_land(earth_tables), east_land(earth_tables);
     const node_values<ground_node> west = west_land.nodes({33, -119}), east = east_land.nodes({33, -118});
+    int seams = 0;  // where the cover of one does not go on in the other
     for (int j = 1; j <= side + 1; ++j) {
+        for (int i = 0; i < 3; ++i) seams += west.at(j, side + i).cover != east.at(j, i).cover;
         const ground_node &a = west.at(j, side + 1), &b = east.at(j, 1);
         ASSERT_EQ(a.height, b.height) << j;
         ASSERT_EQ(a.nx, b.nx) << j;
@@ -140,6 +142,24 @@ TEST(land_tiles_test, neighbours_have_one_edge) {
         ASSERT_EQ(a.cover == cover_water, b.cover == cover_water) << j;
         ASSERT_EQ(a.north, b.north) << j;
     }
+    EXPECT_LE(seams, 3 * side / 100) << "of nodes that both have";
+}
+
+TEST(land_tiles_test, harbours_have_quays_and_open_shores_beaches) {
+    const earth_land land(earth_tables);
+    const tile_place tile = {33, -119};
+    const node_values<ground_node> nodes = land.nodes(tile);
+    const auto count = [&](double lat, double lon, int reach, int cover) {
+        int sum = 0;
+        const int j0 = index_of(lat, tile.lat), i0 = index_of(lon, tile.lon);
+        for (int j = j0 - reach; j <= j0 + reach; ++j)
+            for (int i = i0 - reach; i <= i0 + reach; ++i) sum += nodes.at(j, i).cover == cover;
+        return sum;
+    };
+    const int quays = count(33.765, -118.23, 8, land_industry);
+    EXPECT_GT(quays, 40) << "Long Beach";
+    EXPECT_LT(count(33.765, -118.23, 8, land_beach), quays);
+    EXPECT_GT(count(33.91, -118.43, 5, land_beach), 5) << "El Segundo";
 }
 
 TEST(land_tiles_test, mars_has_its_mountains_and_its_canyon) {
@@ -188,18 +208,31 @@ TEST(land_tiles_test, what_is_missing_or_damaged_is_told) {
     EXPECT_NE(fault([&] { shores((folder / "half.nc").string()); }).find("gmt-gshhg-high"),
               std::string::npos);
 
+    EXPECT_EQ(box_of_tiles(10, 179, 11, -179).size(), 6u) << "a box across the date line";
     EXPECT_EQ(block_of_tiles(10, 179, 3).back().lon, -180);
     EXPECT_EQ(block_of_tiles(89, 0, 3).size(), 6u);
 
     const std::string program = TOOL_FOLDER "world_make ", out = " --out '" + folder.string() + "/out'";
     for (const char* wrong :
-         {"34", "34 x", "34 -118 0", "34 -118 21", "91 0", "--box 34 -118 33 -117", "34 -118 --out"})
+         {"34", "34 x", "34 -118 0", "34 -118 21", "91 0", "34 -118 1.5", "34 -118 nan", "--foo 34 -118",
+          "--box 34 -118 33 -117", "--box 33 -117 34 -118", "34 -118 --out", "scene ''"})
         EXPECT_EQ(test::run(program + wrong).status, 2) << wrong;
     const test::run_result full = test::run("ulimit -f 40; " + program + "--mars -10 -73" + out);
     EXPECT_EQ(full.status, 1);
     EXPECT_NE(full.output.find("cannot write"), std::string::npos) << full.output;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / "out"))
         EXPECT_TRUE(entry.is_directory()) << entry.path();
+    const test::run_result scene =
+        test::run("ulimit -f 40; " + program + "scene '" + (folder / "out").string() + "'");
+    EXPECT_EQ(scene.status, 1) << "a picture that does not fit ended the program";
+    std::filesystem::remove_all(folder / "out");
+    // the same tile twice at once, at the pole and at the date line, where it is narrow
+    const std::string pole = program + "--mars -90 180" + out;
+    EXPECT_EQ(test::run(pole + " & " + pole + " && wait $!").status, 0);
+    int left = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / "out"))
+        left += !entry.is_directory();
+    EXPECT_EQ(left, 1);
     std::ofstream(folder / "file") << "in the way";
     EXPECT_EQ(test::run(program + "--mars -10 -73 --out '" + (folder / "file").string() + "'").status, 1);
     EXPECT_EQ(test::run(program + "--mars -10 -73" + out).status, 0);

@@ -171,10 +171,9 @@ TEST_F(region_fill_test, lists_what_lies_between_its_rims_over_the_date_line_too
     EXPECT_EQ(loa_lcl_max, 0);
     EXPECT_EQ(hia_lcl_max, -1);
     EXPECT_FLOAT_EQ(msc.radio_busy_fac, 2000.0f * 5e-06f);
-    float at[3];
-    xyz_with_latlonel(&at[0], &at[1], &at[2], 12.0f, 179.0f, 30.0);
     EXPECT_EQ(vec_apt[0].bcn_xyz[1], return_terrain_y(vec_apt[0].bcn_xyz[0], vec_apt[0].bcn_xyz[2], 0));
-    EXPECT_EQ(vec_apt[0].soc[0].soc_xyz[1], at[1]) << "on the rim no ground is known";
+    EXPECT_EQ(vec_apt[0].soc[0].soc_xyz[1], 0.0f) << "on the rim no ground is known";
+    EXPECT_NEAR(vec_apt[0].soc[0].soc_xyz[0], -env.reg_x2_mtr, 2000.0f);
     EXPECT_EQ(vec_apt[2].bcn_xyz[0], 0.0f) << "a beacon at 0, 0 is none";
 }
 
@@ -207,7 +206,17 @@ TEST_F(region_fill_test, menus_take_what_fits_and_tell_once_of_what_does_not) {
     EXPECT_EQ(menu[20].item[0].item_name, std::string(39, 'r'));
     EXPECT_EQ(menu[20].item[299].item_code, 6299);
     const int parents[] = {8, 9, 10, 11}, codes[] = {0, 96000, 186000, 276000};
-    for (int k = 0; k < 4; ++k) EXPECT_EQ(menu[20 + 300 * k + 7].menu_prnt, parents[k]);
+    for (int k = 0; k < 4; ++k) {
+        EXPECT_EQ(menu[20 + 300 * k + 7].menu_prnt, parents[k]);
+        int adrift = 0;
+        for (int c = 0; c < 300; ++c) {
+            const item_struct& entry = menu[parents[k]].item[c];
+            const menu_struct& own = menu[20 + 300 * k + c];
+            adrift += own.menux1 != entry.itemx1 || own.menuy1 != entry.itemy1 || own.menuy2 != entry.itemy2;
+        }
+        EXPECT_EQ(adrift, 0)
+            << "a menu that had grown over the screen's edge moved off those that hang on it";
+    }
     for (int k = 1; k < 4; ++k) {
         const std::vector<item_struct>& item = menu[20 + 300 * k].item;
         ASSERT_EQ(item.size(), 298u) << "149 of 150 that have a code are runways";

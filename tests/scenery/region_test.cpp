@@ -106,6 +106,10 @@ TEST_F(region_test, goes_over_the_date_line_and_stays_at_the_poles) {
     EXPECT_EQ(shift_for(-90.0, 20.0), shift_full_reload) << "a wrapped difference is none";
     expect_corner(-90.0f, 19.0f);
     EXPECT_EQ(shift_for(-89.9, 20.0), 0) << "south of the band, where the corner cannot follow";
+    float x, y, z;
+    find_region_extents();
+    xyz_with_latlonel(&x, &y, &z, -89.999, 20.0, 0.0);
+    EXPECT_EQ(ret_xz_inreg_tight(x, z), 1) << "ground there would lie 970 m too high";
     EXPECT_EQ(shift_for(-89.9, 21.2), shift_east) << "the side that does not count lets the next one count";
 
     EXPECT_TRUE(test::alerts.empty());
@@ -240,6 +244,7 @@ TEST_F(region_test, all_that_has_a_place_keeps_it_through_a_shift) {
             init_quaternion(flt[p].psi, flt[p].the, 30.0f, flt[p].q);
             quat_to_euler(flt[p].q, &flt[p].psi, &flt[p].the, &flt[p].phi);
             cache_attitude(p);
+            flt[p].terrain_y_cg = 9990.0f;
         }
         veh[1].wpn[6] = veh[1].wpn[5];
         veh[1].wpn[6].action_mode = 0;
@@ -264,6 +269,8 @@ TEST_F(region_test, all_that_has_a_place_keeps_it_through_a_shift) {
         for (int i = 0; i < 2; ++i)
             for (int axis = 0; axis < 3; ++axis)
                 expect_same(aircraft(3 * i)[axis], aircraft_before[i][axis], 2e-6, "aircraft");
+        for (int p : {0, 3})
+            EXPECT_NEAR(flt[p].dob_y - flt[p].terrain_y_cg, 10.0, 0.01) << "ground effect jumped";
         EXPECT_EQ(veh[1].wpn[6].x, on_board) << "it goes with its aircraft";
         EXPECT_TRUE(env.boat_x[2] == -9.9e9f && flt[2].dob_x == 9.9e9) << "nowhere stays nowhere";
         // a wake lies flat in the frame: its drop over the distance is left out

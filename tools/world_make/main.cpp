@@ -4,6 +4,7 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <string>
@@ -19,7 +20,7 @@ namespace {
 const char* const usage =
     "world_make [--mars] LAT LON [TILES] [--out FOLDER]    tiles of the Earth, or of Mars, about a place\n"
     "world_make [--mars] --box SOUTH WEST NORTH EAST       tiles whose corners lie in a box, both ends "
-    "included\n"
+    "included; it may cross the date line\n"
     "world_make --mars                                     the region round Melas\n"
     "world_make NAME FOLDER                                a small world as a scenery package\n"
     "\n"
@@ -33,12 +34,28 @@ void list_worlds(FILE* to) {
     for (const world_entry& world : all_worlds()) fprintf(to, "  %-8s%s\n", world.name, world.about);
 }
 
+std::string told(double value) {
+    char text[32];
+    snprintf(text, sizeof text, "%g", value);
+    return text;
+}
+
 double number_in(const std::string& text, double lowest, double highest) {
     double value = 0.0;
     if (!read_number(text, &value) || value < lowest || value > highest)
-        throw wrong_use("\"" + text.substr(0, 40) + "\" is no number from " + std::to_string(lowest) +
-                        " to " + std::to_string(highest));
+        throw wrong_use("\"" + text.substr(0, 40) + "\" is no number from " + told(lowest) + " to " +
+                        told(highest));
     return value;
+}
+
+// The corner of the tile that a place lies in. The pole belongs to the last row, the date line to the eastern
+// side.
+int corner_of_lat(const std::string& text) {
+    return std::min(static_cast<int>(floor(number_in(text, -90.0, 90.0))), 89);
+}
+int corner_of_lon(const std::string& text) {
+    const int lon = static_cast<int>(floor(number_in(text, -180.0, 180.0)));
+    return lon == 180 ? -180 : lon;
 }
 
 struct order {
@@ -58,6 +75,8 @@ order read_order(int argc, char** argv) {
             o.mars = true;
         } else if (strcmp(argv[n], "--box") == 0) {
             o.box = true;
+        } else if (strncmp(argv[n], "--", 2) == 0) {
+            throw wrong_use(std::string("there is no option ") + argv[n]);
         } else {
             o.words.push_back(argv[n]);
         }
@@ -70,14 +89,18 @@ constexpr int mars_box[4] = {-14, -79, -7, -68};
 
 std::vector<tile_place> tiles_of(const order& o) {
     if (o.mars && o.words.empty()) return box_of_tiles(mars_box[0], mars_box[1], mars_box[2], mars_box[3]);
-    const auto corner = [&](size_t word, double lowest, double highest) {
-        return static_cast<int>(floor(number_in(o.words[word], lowest, highest)));
-    };
-    const int lat = corner(0, -90.0, 89.999999), lon = corner(1, -180.0, 179.999999);
-    if (o.box) return box_of_tiles(lat, lon, corner(2, lat, 89.999999), corner(3, lon, 179.999999));
+    const int lat = corner_of_lat(o.words[0]), lon = corner_of_lon(o.words[1]);
+    if (o.box) {
+        const int north = corner_of_lat(o.words[2]);
+        if (north < lat) throw wrong_use("NORTH lies south of SOUTH");
+        const int east = corner_of_lon(o.words[3]);
+        if (east < lon && lon - east < 180) throw wrong_use("EAST lies west of WEST");
+        return box_of_tiles(lat, lon, north, east);
+    }
     constexpr double most_side = 20.0;
-    return block_of_tiles(lat, lon,
-                          o.words.size() > 2 ? static_cast<int>(number_in(o.words[2], 1.0, most_side)) : 1);
+    const double side = o.words.size() > 2 ? number_in(o.words[2], 1.0, most_side) : 1.0;
+    if (side != floor(side)) throw wrong_use("TILES is a whole number");
+    return block_of_tiles(lat, lon, static_cast<int>(side));
 }
 
 void make_land(const order& o) {
@@ -117,6 +140,7 @@ int run(int argc, char** argv) {
         return exit_good;
     }
     if (o.words.size() != 2) throw wrong_use("expected LAT LON [TILES], or NAME FOLDER");
+    if (o.words[1].empty()) throw wrong_use("the folder has no name");
     make_world(o.words[0], o.words[1]);
     return exit_good;
 }

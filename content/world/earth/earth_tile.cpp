@@ -23,9 +23,11 @@ void set_slope(const node_values<float>& height, int j, int i, ground_node* n) {
     const double width = node_metres * std::max(cos(height.window.lat(j) * radians), 0.02);
     const double east = (height.at(j, i + 1) - height.at(j, i - 1)) / (2.0 * width);
     const double north = (height.at(j + 1, i) - height.at(j - 1, i)) / (2.0 * node_metres);
-    const double length = sqrt(1.0 + east * east + north * north);
-    n->nx = static_cast<float>(-east / length);
-    n->nz = static_cast<float>(north / length);
+    // real slopes are broken into steeper ones that lie between the nodes: light shows them
+    constexpr double between_nodes = 1.4;
+    const double x = between_nodes * east, z = between_nodes * north, length = sqrt(1.0 + x * x + z * z);
+    n->nx = static_cast<float>(-x / length);
+    n->nz = static_cast<float>(z / length);
 }
 
 }  // namespace
@@ -109,6 +111,7 @@ std::vector<tile_place> block_of_tiles(int lat, int lon, int side) {
 std::vector<tile_place> box_of_tiles(int south, int west, int north, int east) {
     std::vector<tile_place> tiles;
     for (int lat = south; lat <= north; ++lat)
-        for (int lon = west; lon <= east; ++lon) tiles.push_back({lat, lon});
+        for (int lon = west; lon <= (east < west ? east + 360 : east); ++lon)
+            tiles.push_back({lat, (lon + 180) % 360 - 180});
     return tiles;
 }

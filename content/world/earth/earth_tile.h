@@ -49,5 +49,5 @@ void make_earth_tiles(const std::vector<tile_place>& tiles, const std::string& f
 // The side x side corners about the one given; those beyond the poles are left out, those beyond the date
 // line wrapped.
 std::vector<tile_place> block_of_tiles(int lat, int lon, int side);
-// All corners of a box, both ends included.
+// All corners of a box, both ends included; across the date line when east is less than west.
 std::vector<tile_place> box_of_tiles(int south, int west, int north, int east);

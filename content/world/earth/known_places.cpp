@@ -69,7 +69,7 @@ template class by_degree<known_town>;
 void read_airports(const std::string& path, double degree_metres, by_degree<known_airport>* airports) {
     std::ifstream in(path);
     if (!in) throw std::runtime_error(path + ": cannot be read; the target content makes it");
-    constexpr int land = 1, pad = 17;
+    constexpr int land = 1, water = 16, pad = 17, runway = 10;  // codes of rows
     known_airport airport;
     const auto finish = [&] {
         if (!airport.strips.empty()) airports->add(airport);
@@ -80,14 +80,14 @@ void read_airports(const std::string& path, double degree_metres, by_degree<know
         int code = 0, used = 0, feet = 0;
         char id[8] = "";
         if (sscanf(line.c_str(), "%d%n", &code, &used) != 1) continue;
-        if (code == land || code == pad || code == 16) {
+        if (code == land || code == pad || code == water) {
             finish();
-            dry = code != 16 && sscanf(line.c_str() + used, "%d %*d %*d %7s", &feet, id) == 2;
+            dry = code != water && sscanf(line.c_str() + used, "%d %*d %*d %7s", &feet, id) == 2;
             airport.id = id;
             airport.ele = feet * foot;
         }
         double lat, lon, heading, length, width;
-        if (code != 10 || !dry ||
+        if (code != runway || !dry ||
             sscanf(line.c_str() + used, "%lf %lf %*s %lf %lf %*s %*s %lf", &lat, &lon, &heading, &length,
                    &width) != 5)
             continue;

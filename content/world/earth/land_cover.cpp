@@ -40,6 +40,7 @@ constexpr table_row moisture_by_latitude[] = {{0, 1.0},   {8, 0.85},  {14, 0.5},
 struct site {
     double lat, height, slope, moisture, temperature, to_water, to_sea;
     double irrigated, dunes, plains, ice;
+    double open_sea;     // share of sea in some 3 km about a place near the sea
     double broad, fine;  // noise, 0 to 1, of some 9 km and some 2 km
     double upstream;     // nodes that drain through it
 };
@@ -57,6 +58,7 @@ land_class of_desert(const site& s) {
     if (s.irrigated > 0.5 && s.slope < 0.04) return s.broad > 0.62 ? land_orchard : land_farm_dry;
     if (s.dunes > 0.5 && s.slope < 0.12) return land_dunes;
     if (s.slope > 0.10 + 0.06 * (s.fine - 0.5)) return land_desert_rock;
+    if (s.broad < 0.14 && s.fine < 0.6 && s.slope > 0.012) return land_desert_rock;  // stony plains
     if (s.upstream > 250.0 && s.slope < 0.05) return land_wash;
     if (s.height > 1350.0 && s.moisture > 0.17) return s.fine > 0.5 ? land_scrub : land_desert;
     return land_desert;
@@ -65,7 +67,10 @@ land_class of_desert(const site& s) {
 // Dry summers: golden hills, chaparral, oaks, and pines above.
 land_class of_dry_country(const site& s) {
     const double wooded = s.height + 500.0 * (s.fine - 0.5);
-    if (wooded > 1750.0) return land_forest_conifer;
+    if (wooded > 1750.0) {
+        if (s.slope > 0.38 && s.fine > 0.62) return land_rock;
+        return s.fine < 0.28 && s.broad < 0.6 ? land_woods_open : land_forest_conifer;
+    }
     if (wooded > 1300.0 && s.slope > 0.05) return s.fine > 0.62 ? land_scrub : land_woods_open;
     if (s.slope > 0.42 && s.fine > 0.72) return land_rock;
     if (fabs(s.lat) < 25.0) return s.slope > 0.15 ? land_scrub : land_savanna;
@@ -90,11 +95,15 @@ land_class of_moist_country(const site& s) {
     if (flat && s.plains > 0.5) return s.broad > 0.30 ? land_farm_square : land_grass_green;
     if (flat && s.broad > 0.42) return land_farm_green;
     if (s.slope < 0.12 && s.fine > 0.58) return land_grass_green;
+    if (s.slope > 0.62 && s.fine > 0.55) return land_rock;
+    if (s.temperature > 10.0 && s.slope < 0.25 && s.broad > 0.60) return land_farm_green;  // terraces
+    if (s.slope < 0.35 && s.fine > 0.74) return land_grass_green;                          // pastures
     return s.temperature < 6.0 || s.height > 900.0 ? land_forest_conifer : land_forest_broad;
 }
 
+// Harbours and lagoons have none.
 bool is_beach(const site& s) {
-    return s.to_sea < 520.0 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0;
+    return s.to_sea < 520.0 && s.open_sea > 0.36 && s.slope < 0.05 && s.broad > 0.30 && fabs(s.lat) < 62.0;
 }
 
 land_class natural(const site& s) {
@@ -127,11 +136,37 @@ public:
         for (int j = 0; j < window().rows; ++j)
             for (int i = 0; i < window().columns; ++i)
                 if (g_.shore.at(j, i).land()) cover_.at(j, i) = static_cast<unsigned char>(class_at(j, i));
+        drop_specks();
         lay_airfields();
         return cover_;
     }
 
 private:
+    // A class on two nodes or three would show as no more than the ghost of its soft border. What is narrow
+    // by nature stays.
+    void drop_specks() {
+        const node_values<unsigned char> before = cover_;
+        const node_window& w = window();
+        constexpr int fewest = 3;  // neighbours of its own class
+        for (int j = 1; j + 1 < w.rows; ++j)
+            for (int i = 1; i + 1 < w.columns; ++i) {
+                const int own = before.at(j, i);
+                if (own < land_grass_green || own == cover_water || own == land_forest_broad ||
+                    own == land_marsh || own == land_wash || own == land_beach)
+                    continue;
+                int counts[land_classes_DIM] = {}, best = own;
+                for (int dj = -1; dj <= 1; ++dj)
+                    for (int di = -1; di <= 1; ++di) {
+                        const int cover = before.at(j + dj, i + di);
+                        if (cover != cover_water && (dj || di)) ++counts[cover];
+                    }
+                if (counts[own] >= fewest) continue;
+                for (int k = land_grass_green; k < land_classes_DIM; ++k)
+                    if (counts[k] > counts[best]) best = k;
+                cover_.at(j, i) = static_cast<unsigned char>(best);
+            }
+    }
+
     const node_window& window() const { return g_.height.window; }
 
     double slope_at(int j, int i) const {
@@ -143,6 +178,17 @@ private:
                      (g_.height.at(j, i1) - g_.height.at(j, i0)) / ((i1 - i0) * side));
     }
 
+    double sea_about(int j, int i) const {
+        const node_window& w = window();
+        constexpr int up = 7;  // nodes
+        const int across = static_cast<int>(up / std::max(cos(w.lat(j) * radians), 0.1));
+        int sea = 0, all = 0;
+        for (int y = std::max(j - up, 0); y <= std::min(j + up, w.rows - 1); ++y)
+            for (int x = std::max(i - across, 0); x <= std::min(i + across, w.columns - 1); ++x, ++all)
+                sea += g_.shore.at(y, x).level == 0;
+        return static_cast<double>(sea) / all;
+    }
+
     site site_at(int j, int i, const sphere_noise::place& p) const {
         const double lat = window().lat(j), lon = window().lon(i);
         site s{};
@@ -151,6 +197,7 @@ private:
         s.slope = slope_at(j, i);
         s.to_water = g_.to_water.at(j, i);
         s.to_sea = g_.water_level.at(j, i) == 0.0f ? s.to_water : 1.0e9;
+        s.open_sea = s.to_sea < 1500.0 ? sea_about(j, i) : 0.0;
         s.upstream = g_.upstream.at(j, i);
         s.broad = clamp_part(0.2, 0.8, sphere_noise::fractal(p, 9000.0, 3, 511));
         s.fine = clamp_part(0.2, 0.8, sphere_noise::fractal(p, 2200.0, 2, 521));
@@ -172,8 +219,10 @@ private:
     // Town, or nothing where nobody builds.
     int settled(const site& s, double lat, double lon) const {
         if (s.slope > 0.075) return -1;
+        constexpr int port_people = 150000;
         // towns that lie close together fill what is between them
         double nearest = 9.0, sum = 0.0;
+        bool is_port = false;
         for (const known_town& t : towns_) {
             // from the middle to the rim, metres, as densely as towns are built
             const double reach = std::max(1500.0, 15.0 * sqrt(t.people));
@@ -181,12 +230,15 @@ private:
             const double away = metres_between(lat, lon, t.lat, t.lon) / reach +
                                 (reach > 6000.0 ? 0.4 * (s.broad - 0.5) : 0.6 * (s.fine - 0.5));
             nearest = std::min(nearest, away);
+            is_port |= away < 1.0 && t.people >= port_people;
             if (away < 1.5) sum += (1.0 - away * away / 2.25) * (1.0 - away * away / 2.25);
         }
         constexpr double rim = 0.31, fields = 0.36;  // of one town: at its reach, and a little within
         if (sum < rim) return -1;
         const bool dry = s.moisture < 0.44;
         if (sum < fields) return land_village;
+        // broken shores of large towns are built over with quays
+        if (is_port && s.to_sea < 900.0 && s.open_sea > 0.10 && s.open_sea < 0.36) return land_industry;
         if (nearest < 0.10) return land_city;
         if (s.fine > 0.80 && s.slope < 0.025) return land_industry;
         return dry ? land_suburb_dry : land_suburb;

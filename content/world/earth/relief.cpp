@@ -463,6 +463,30 @@ static void rise(const node_values<float>& base, const node_values<shore_node>& 
         if (shore.values[n].land() && dry.values[n] < 1.0f) height->values[n] += 0.8f * loss.values[n];
 }
 
+// Spurs and gullies finer than the water has cut, as high as the ground is steep.
+static void roughen(const node_values<shore_node>& shore, const node_values<float>& dry,
+                    node_values<float>* height) {
+    const node_window& w = height->window;
+    const node_values<float> smooth_height = *height;
+    constexpr double wavelength = 1900.0, share = 0.9,
+                     mean = 0.46;  // metres; of a step between nodes; of the noise
+    for (int j = 1; j + 1 < w.rows; ++j) {
+        const double side = width_of(w.lat(j));
+        for (int i = 1; i + 1 < w.columns; ++i) {
+            const size_t n = w.at(j, i);
+            if (!shore.values[n].land() || dry.values[n] > 0.0f) continue;
+            const double slope =
+                hypot((smooth_height.at(j + 1, i) - smooth_height.at(j - 1, i)) / (2.0 * node_metres),
+                      (smooth_height.at(j, i + 1) - smooth_height.at(j, i - 1)) / (2.0 * side));
+            if (slope < 0.04) continue;
+            const double crest =
+                sphere_noise::ridged(sphere_noise::at(w.lat(j), w.lon(i)), wavelength, 2, 441) - mean;
+            height->values[n] +=
+                static_cast<float>(share * std::min(slope - 0.04, 0.5) * node_metres * crest);
+        }
+    }
+}
+
 node_values<float> relief::degree_heights(int lat, int lon) const {
     const node_window w = degree_window(lat, lon);
     const node_values<float> none(w, 0.0f);
@@ -486,6 +510,7 @@ node_values<float> relief::degree_heights(int lat, int lon) const {
         if (round > 0) rise(d.base, d.shore, d.dry, &d.height);
         run_water(&d);
     }
+    roughen(d.shore, d.dry, &d.height);
     lower_rivals(&d.height);
     cut_outlets(&d.height, &d.flow, nullptr);
     raise_summits(d.water.metres, &d.height);

@@ -231,7 +231,7 @@ double mars_relief::dark(double lat, double lon) const {
     double floor_km = 0.0;
     const double inside = in_canyon(lat, lon, p, &floor_km);
     const double syrtis = 1.0 - smooth(400.0, 700.0, km_between({8.4, 69.5}, lat, lon));
-    return std::max(smooth(0.90, 1.0, inside) * smooth(0.45, 0.60, sphere_noise::fractal(p, 40000.0, 3, 671)),
+    return std::max(smooth(0.90, 1.0, inside) * smooth(0.51, 0.54, sphere_noise::fractal(p, 40000.0, 3, 671)),
                     syrtis);
 }
 
@@ -241,5 +241,5 @@ double mars_relief::ice(double lat, double lon) const {
 }
 
 double mars_relief::plain(double lat, double lon) const {
-    return smooth(0.44, 0.56, sphere_noise::fractal(place_at(lat, lon), 70000.0, 4, 681));
+    return smooth(0.485, 0.515, sphere_noise::fractal(place_at(lat, lon), 70000.0, 4, 681));
 }

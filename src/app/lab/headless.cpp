@@ -46,6 +46,7 @@ void (*const resets[])() = {
     reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
     wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke, reset_clicks,
     reset_widgets,     forget_nav_tables,  reset_terrain_draw, reset_frame_report,
+    reset_region,      reset_region_lists, reset_ground_phase,
 };
 }  // namespace
 

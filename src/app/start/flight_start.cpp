@@ -22,6 +22,7 @@
 #include "scenery/ground/region.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/nav/nav_tables.h"
+#include "scenery/region/region_tiles.h"
 #include "ui/settings/logbook.h"
 #include "weather/atmosphere.h"
 
@@ -69,10 +70,12 @@ void clear_but_keep_load() {
     flt[0].m_jettison = m_jettison;
 }
 
-// The region of the place where a flight begins; over its corner in two steps.
+// The region of the place where a flight begins; over its corner in two steps. The last flight may have left
+// it without its land.
 void bring_region_to(float lat, float lon) {
     check_for_shift(lat, lon);
     check_for_shift(lat, lon);
+    if (region_left_out_files()) load_region(shift_full_reload);
 }
 
 // m above the sphere.

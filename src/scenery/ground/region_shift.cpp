@@ -39,13 +39,16 @@ void move_attitude(const double q[4], flt_struct& f) {
 
 // -- the groups, in their order
 
-// 1. Slots that wait for a place stay away.
+// 1. Slots that wait for a place stay away. The ground below, which the next half step reads before it asks
+// anew, keeps its distance.
 void move_aircraft(const double q[4]) {
     const int planes = TVPGetNumberPlanesToHandle(stg.num_acf, 0);
     for (int p = 0; p < planes; ++p) {
         flt_struct& f = flt[p];
         if (is_nowhere(f.dob_x)) continue;
+        const double old_y = f.dob_y;
         shift_xyz_quat(q, &f.dob_x, &f.dob_y, &f.dob_z, point);
+        f.terrain_y_cg += static_cast<float>(f.dob_y - old_y);
         f.dat_x = static_cast<float>(f.dob_x);
         f.dat_y = static_cast<float>(f.dob_y);
         f.dat_z = static_cast<float>(f.dob_z);

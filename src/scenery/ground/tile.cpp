@@ -93,6 +93,8 @@ void find_region_extents() {
 
 int ret_xz_inreg_tight(float x, float z) {
     constexpr float margin = 2500.0f;
+    // a region at the south pole, whose corner cannot follow, has no rim there
+    const bool has_south_rim = env.lat_sou > -90.0f;
     return x > env.reg_x1_mtr + margin && x < env.reg_x2_mtr - margin && z > env.reg_z1_mtr + margin &&
-           z < env.reg_z2_mtr - margin;
+           (!has_south_rim || z < env.reg_z2_mtr - margin);
 }

@@ -169,5 +169,5 @@ void clear_degree(xdeg_struct* deg);
 
 // Extent of the region and of a degree at its centre, from env.lat_sou and lon_wes.
 void find_region_extents();
-// Inside the region by a margin of 2500 metres on each side.
+// Inside the region by a margin of 2500 metres on each side, but for the south pole, which is no rim.
 int ret_xz_inreg_tight(float x, float z);

@@ -65,11 +65,11 @@ void list_airways() {
         if (has_end_here(vec_hia[i])) put(hia_lcl_to_wrl, &hia_lcl_max, i);
 }
 
-// Near the rim no ground is known; there the airport's elevation holds.
+// Near the rim, which nobody sees, no ground is known and y is 0.
 void stand_on_ground(float (&xyz)[3], float lat, float lon, float ele) {
     constexpr int checker_airport = 26;
     xyz_with_latlonel(&xyz[0], &xyz[1], &xyz[2], lat, lon, ele);
-    if (ret_xz_inreg_tight(xyz[0], xyz[2])) xyz[1] = return_terrain_y(xyz[0], xyz[2], checker_airport);
+    xyz[1] = return_terrain_y(xyz[0], xyz[2], checker_airport);
 }
 
 // A beacon at 0, 0 is none.

@@ -87,11 +87,17 @@ void append_runways(int c, const vec_apt_struct& apt) {
     }
 }
 
+const vec_apt_struct& airport(int c) { return vec_apt[static_cast<size_t>(apt_lcl_to_wrl[c])]; }
+
 void append_airport(int c) {
-    const vec_apt_struct& apt = vec_apt[static_cast<size_t>(apt_lcl_to_wrl[c])];
-    const std::string name = menu_name(apt);
     for (int m = menu_plan; m <= menu_instrument; ++m)
-        MACIBM_append_menu(m, c, code_plan + (m - menu_plan) * menu_itemDIM + c, name, 1);
+        MACIBM_append_menu(m, c, code_plan + (m - menu_plan) * menu_itemDIM + c, menu_name(airport(c)), 1);
+}
+
+// A further menu hangs on its entry's box, and a long menu moves as it grows: all entries have to be there.
+void add_further_menus(int c) {
+    const vec_apt_struct& apt = airport(c);
+    const std::string name = menu_name(apt);
     MACIBM_create_menu(ramps.first + c, ramps.parent * menu_itemDIM + c, name);
     for (const further_menu& m : runways) MACIBM_create_menu(m.first + c, m.parent * menu_itemDIM + c, name);
     append_ramps(c, apt);
@@ -106,6 +112,7 @@ void append_aids(int m, int code, const int* list, int last) {
 
 void build_region_menus() {
     for (int c = 0; c <= apt_lcl_max; ++c) append_airport(c);
+    for (int c = 0; c <= apt_lcl_max; ++c) add_further_menus(c);
     append_aids(menu_vor, code_vor, vor_lcl_to_wrl, vor_lcl_max);
     append_aids(menu_ndb, code_ndb, ndb_lcl_to_wrl, ndb_lcl_max);
     tell_too_much();

@@ -15,6 +15,9 @@
 #include "scenery/tile/tile_edge.h"
 #include "scenery/tile/tile_load.h"
 
+static bool left_out_files = false;
+bool region_left_out_files() { return left_out_files; }
+
 void IO_env(int IO_type, int lat_file, int lat_os, int lon_file, int lon_os) {
     constexpr float ceiling_ft = 100000.0f;  // from there on nobody sees what lies on the ground
     lat_file = intlim(lat_file, -90, 90);
@@ -25,7 +28,8 @@ void IO_env(int IO_type, int lat_file, int lat_os, int lon_file, int lon_os) {
     }
     xdeg_struct* const degree = &xdeg[lon_os][lat_os];
     clear_degree(degree);
-    if (flt[0].y_agl_mtr * con.mtrstoft < ceiling_ft)
+    left_out_files = !(flt[0].y_agl_mtr * con.mtrstoft < ceiling_ft);
+    if (!left_out_files)
         read_env(lat_file, lat_os, lon_file, lon_os);
     else
         make_def_env(lat_file, lat_os, lon_file, lon_os);
@@ -34,6 +38,7 @@ void IO_env(int IO_type, int lat_file, int lat_os, int lon_file, int lon_os) {
 
 void clear_region() {
     constexpr int region_menus = 3;
+    left_out_files = false;
     for (const int ref : old_cus_texes) scenery_draw.unload_texture(ref);
     old_cus_texes.clear();
     vec_rwy_geo.clear();

@@ -7,6 +7,9 @@
 // are. IO_type: 0 reads; anything else is refused with a message, and the tile stays.
 void IO_env(int IO_type, int lat_file, int lat_os, int lon_file, int lon_os);
 
+// The present region has only default tiles because it was loaded from that high.
+bool region_left_out_files();
+
 // Gives up what belongs to the region: textures of its own, runway strips, seams, menus.
 void clear_region();
 
