@@ -81,7 +81,10 @@ BENCHMARK(sphere_in_view);
 
 // -- pictures
 
-constexpr double place_lat = 34.09, place_lon = -117.31;  // beside the default airport
+struct place_struct {
+    double lat, lon;
+};
+constexpr place_struct places[] = {{34.09, -117.31}, {33.60, -118.40}};  // beside the default airport; at sea
 
 struct stage_struct {
     test::xvfb screen;
@@ -113,7 +116,7 @@ struct stage_struct {
     }
     static void load_land() {
         env.planet = 0;
-        centre_region_on(place_lat, place_lon);
+        centre_region_on(places[0].lat, places[0].lon);
         find_region_extents();
         handle_edge(0, 0, nullptr, nullptr, edge_clear);
         const int south = static_cast<int>(env.lat_sou), west = static_cast<int>(env.lon_wes);
@@ -126,10 +129,10 @@ struct stage_struct {
         stg.draw_objs_05 = 3;
         stg.LOD_bias_rat = 1.0f;
     }
-    static void place_eye(float height) {
+    static void place_eye(const place_struct& place, float height) {
         constexpr int checker = 27;
         flt_struct& f = flt[0];
-        xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, place_lat, place_lon, 0.0);
+        xdob_xyz_with_latlonel(&f.dob_x, &f.dob_y, &f.dob_z, place.lat, place.lon, 0.0);
         const float ground =
             return_terrain_y(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), checker);
         f.dob_y = ground + height;
@@ -145,7 +148,7 @@ stage_struct& stage() {
 }
 
 void picture(benchmark::State& state) {
-    stage().place_eye(static_cast<float>(state.range(0)));
+    stage().place_eye(places[state.range(2)], static_cast<float>(state.range(0)));
     atm.vis_rep = atm.vis_ground = static_cast<float>(state.range(1)) * con.nmtomtrs;
     mnw.top_win = win_fly;
     WORLD_scene_all_cases();
@@ -168,12 +171,12 @@ void picture(benchmark::State& state) {
     if (const char* pictures = getenv("BENCH_PICTURES"); pictures) {
         WORLD_scene_all_cases();
         save_screenshot(std::string(pictures) + "/ground_" + std::to_string(state.range(0)) + "_" +
-                        std::to_string(state.range(1)) + ".png");
+                        std::to_string(state.range(1)) + (state.range(2) ? "_sea.png" : ".png"));
     }
 }
 BENCHMARK(picture)
-    ->ArgNames({"height_m", "visibility_nm"})
-    ->ArgsProduct({{2, 300, 1500, 6000}, {5, 10, 25}})
+    ->ArgNames({"height_m", "visibility_nm", "sea"})
+    ->ArgsProduct({{2, 300, 1500, 6000}, {5, 10, 25}, {0, 1}})
     ->MeasureProcessCPUTime()  // software OpenGL draws in threads
     ->Unit(benchmark::kMillisecond);
 }  // namespace
