@@ -226,7 +226,7 @@ static void draw_backdrop(const eye_struct& eye) {
     static std::vector<ring_struct> rings;
     OGL_setstate(fog_off, 0, lit_off, al_none, depth_no_read, depth_no_write);
     glDisable(GL_CULL_FACE);
-    OGL_view_3d(field_of_view(), 1.0f, 1e6f);
+    OGL_view_3d(field_of_view(), 1.0f, 2.0f * (eye.height + con.planet_rad));  // beyond any horizon
     LoadModelView();
     glMultMatrixf(level);
     rings.clear();

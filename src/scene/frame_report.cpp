@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "core/math/num.h"
+#include "core/program/logs.h"
 #include "core/records/mnw.h"
 #include "core/records/ren.h"
 #include "draw/gl/colours.h"
@@ -71,14 +72,20 @@ void begin() {
     report = {};
     report.since = mnw.real_time;
     report.csv = fopen("Frames.csv", "w");
-    if (!report.csv) return;  // no place to write: the screen alone
+    if (!report.csv) {
+        xer << "Frames.csv cannot be written: the counters show on the screen alone\n";
+        return;
+    }
     fputs("frame,time_s", report.csv);
     for (const value_row& row : rows) fprintf(report.csv, ",%s", row.csv);
     fputc('\n', report.csv);
 }
 
 void end() {
-    if (report.csv) fclose(report.csv);
+    if (report.csv) {
+        const bool failed = ferror(report.csv) != 0;
+        if (fclose(report.csv) != 0 || failed) xer << "Frames.csv is cut off: the disk has no room\n";
+    }
     report = {};
 }
 

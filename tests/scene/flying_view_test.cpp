@@ -8,6 +8,7 @@
 #include "core/disk/paths.h"
 #include "core/math/globe.h"
 #include "core/program/input_gate.h"
+#include "core/program/logs.h"
 #include "core/program/upward.h"
 #include "scene/frame_report.h"
 #include "scene/world.h"
@@ -58,6 +59,18 @@ TEST_F(flying_view_test, tiles_and_what_lies_beyond_them_meet_in_the_haze) {
     EXPECT_EQ(steps, 0) << "neither where the tiles end nor at the horizon";
 }
 
+TEST_F(flying_view_test, from_orbit_the_picture_before_stayed_below_the_horizon) {
+    glClearColor(1, 0, 0, 0);
+    glClear(GL_COLOR_BUFFER_BIT);
+    xdob_xyz_with_latlonel(&flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, 34.5, -117.5, 4e5);
+    flt[0].y_agl_mtr = 4e5f;
+    flt[0].the = -25.0f;
+    scene_state_step();
+    flying_view_draw();
+    const auto column = pixels(200, 60, 1, 700);
+    for (int y = 0; y < 700; ++y) ASSERT_GT(column[3 * y + 2], 100) << "a clear red at " << y;
+}
+
 TEST_F(flying_view_test, the_eye_stays_out_of_the_ground) {
     flt[0].y_agl_mtr = 0.0f;
     veh[0].h_eqlbm = 0.4f;
@@ -100,5 +113,19 @@ TEST_F(flying_view_test, the_report_writes_a_line_a_frame_while_it_is_on) {
         EXPECT_EQ(lists, ren.num_patches);
     }
     EXPECT_EQ(lines, 3) << "from the first whole frame on";
+}
+
+TEST_F(flying_view_test, a_report_on_a_full_disk_was_cut_off_without_a_word) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    std::filesystem::create_symlink("/dev/full", "Frames.csv");
+    xer.open("Error.out");
+    mnw.track_cpu = 1;
+    for (int i = 0; i < 3; ++i) flying_view_draw();
+    mnw.track_cpu = 0;
+    flying_view_draw();
+    xer.close();
+    EXPECT_NE(test::read_file("Error.out").find("Frames.csv is cut off"), std::string::npos);
+    std::filesystem::current_path(before);
 }
 }  // namespace

@@ -58,12 +58,21 @@ static std::string gl_text(GLenum name) {
     return text ? reinterpret_cast<const char*>(text) : "";
 }
 
+// The processor draws. Mesa's filter goes over every texel under a pixel there, which for ground that runs to
+// the horizon takes seconds to minutes a frame, at any ratio above 1.
+static bool is_software(const std::string& renderer) {
+    for (const char* name : {"llvmpipe", "softpipe", "Software Rasterizer"})
+        if (renderer.find(name) != std::string::npos) return true;
+    return false;
+}
+
 static void read_limits() {
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &maxtexdim);
     ren.num_tex_units = 1;
     if (found_mul_tex || opengl_1_3) glGetIntegerv(GL_MAX_TEXTURE_UNITS, &ren.num_tex_units);
     ren.max_iso = 1;
-    if (found_filter_iso) glGetIntegerv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &ren.max_iso);
+    if (found_filter_iso && !is_software(gl_renderer))
+        glGetIntegerv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &ren.max_iso);
 }
 
 void read_gl_facts() {

@@ -80,13 +80,19 @@ void add_night(stack_struct& to, const xlay_struct& layer, bool untex_map, const
         to.add(role_night, refs.lit, combine_add, layer.project_texes ? proj_ground : proj_none);
 }
 
-// Something is always drawn: at the worst the first units alone.
+// Something is always drawn: when even the ground does not fit, the first picture alone, lit and opaque,
+// since without their last unit a composite has no light and a border no shape.
 layer_units_struct& fit(layer_units_struct& look, stack_struct& stack, int units) {
     const int most = intmin2(units, most_ground_units);
     for (const unit_role spare : {role_light, role_shadow, role_night}) {
         if (stack.count <= most) break;
         stack.leave_out(spare);
         look.left_out = true;
+    }
+    if (stack.count > most && most > 0) {
+        look.left_out = true;
+        stack.count = 1;
+        if (stack.unit[0].mode == combine_base) stack.unit[0].mode = combine_zap_alpha;
     }
     look.count = intmin2(stack.count, most);
     for (int i = 0; i < look.count; ++i) look.unit[i] = stack.unit[i];
