@@ -3,10 +3,10 @@
 # A floor is the score of the folder's last long run, less what a sample of 40 may scatter (twice its deviation).
 set -e
 floors="
-flight          83
-weather         78
-aircraft/derive 84
-core/math       76
+flight          86
+weather         82
+aircraft/derive 80
+core/math       86
 scenery/decode  83
 "
 status=0

@@ -417,7 +417,7 @@ void relief::begin(degree_work* d) const {
                 std::max(std::min(s.wide_high - s.wide_low, 1.6 * (s.high - s.low)), 0.8 * pulled);
             const double raised = (ground - s.wide_low) / (std::max(s.wide_high, ground) - s.wide_low + 40.0);
             const double rough = (0.10 + 0.90 * smooth(0.06, 0.40, raised)) * range *
-                                 (0.25 + 0.75 * smooth(0.0, 2500.0, to_water));
+                                 (0.25 + 0.75 * smooth(0.0, 1200.0, to_water));
             const sphere_noise::place p = sphere_noise::at(w.lat(j), w.lon(i));
             const double shape = sphere_noise::ridged(p, 9500.0, 5, 401) - 0.33;
             const double swell = sphere_noise::fractal(p, 2500.0, 3, 421) - 0.5;
@@ -565,14 +565,22 @@ relief::ground relief::of(const node_window& window) const {
     return g;
 }
 
-// Level under all pavement and some way about it, then a soft rim. Where airports lie close together each
-// counts by its nearness.
+// Level under all pavement and some way about it, then a soft rim that spares known summits. Where airports
+// lie close together each counts by its nearness.
 void relief::level_airports(ground* g) const {
     const node_window& w = g->height.window;
     constexpr double flat = 700.0, rim = 3000.0;
     node_values<float> pull(w, 0.0f), weight(w, 0.0f);
     node_values<float>& most = g->on_airport;
     const double lat = w.lat(w.rows / 2), lon = w.lon(w.columns / 2);
+    const std::vector<known_point> summits =
+        places_.summits.near(lat, lon, 0.5 * w.rows / nodes_per_degree + 0.2);
+    const auto from_summits = [&](int j, int i) {
+        double nearest = 1.0e9;
+        for (const known_point& s : summits)
+            nearest = std::min(nearest, metres_between(s.lat, s.lon, w.lat(j), w.lon(i)));
+        return nearest;
+    };
     for (const known_airport& a : places_.airports.near(lat, lon, 0.5 * w.rows / nodes_per_degree + 0.2)) {
         const int up = static_cast<int>(10000.0 / node_metres),
                   across = static_cast<int>(10000.0 / width_of(a.lat));
@@ -583,7 +591,9 @@ void relief::level_airports(ground* g) const {
                 if (!g->shore.at(j, i).land()) continue;
                 const double away = metres_from(a, w.lat(j), w.lon(i));
                 if (away >= flat + rim) continue;
-                const double part = 1.0 - smooth(flat, flat + rim, away);
+                const double spared =
+                    (1.0 - smooth(400.0, 1800.0, from_summits(j, i))) * smooth(flat, flat + 1000.0, away);
+                const double part = (1.0 - smooth(flat, flat + rim, away)) * (1.0 - spared);
                 const double sharp = part * part * part / (1.0 + away * away / (flat * flat));
                 pull.at(j, i) += static_cast<float>(sharp * a.ele);
                 weight.at(j, i) += static_cast<float>(sharp);
