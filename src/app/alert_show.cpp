@@ -12,13 +12,15 @@
 #include "draw/type.h"
 #include "draw/widgets/frames.h"
 #include "draw/widgets/widgets.h"
+#include "scenery/draw/proj_tex.h"
 #include "ui/screens/start_screen.h"
 #include "ui/text/korean.h"
 #include "ui/text/language.h"
 
 namespace {
 // By mnw.lang, each in its own language with the letters that the fonts have; Korean has glyphs of its own.
-const char* const languages[] = {"English", "Francais", "Deutsch", "Italiano", "Espanol", "한국어", "Portugues"};
+const char* const languages[] = {"English", "Francais", "Deutsch",  "Italiano",
+                                 "Espanol", "한국어",   "Portugues"};
 
 // Set by the first frame that the button is clicked in.
 bool accepted;
@@ -34,7 +36,8 @@ void language_buttons() {
             BTN_is_int(x, y, &mnw.lang, at, "|" + language);
         } else if (korean_glyphs) {
             BTN_is_int(x, y, &mnw.lang, at, "");
-            OGL_string(37, x + glyphs_in, y - 1.0f, char_string_to_int_string(language), no_wrap, charset_korean);
+            OGL_string(37, x + glyphs_in, y - 1.0f, char_string_to_int_string(language), no_wrap,
+                       charset_korean);
         } else {
             BTN_is_int(x, y, &mnw.lang, at, "|Korean");
         }
@@ -80,6 +83,7 @@ void show(int close_to, const alert_lines& text, int type) {
     const float mx = mnw.mx, my = mnw.my;
     if (type == alert_sys_event) check_sys_event = 1;
     return_hit = 0;
+    end_projections();  // the ground may be half drawn
     if (type == alert_language) korean_glyphs = load_korean_glyphs();
     MACIBM_startwind(win_alrt, "alert");
     wait_for_user(text, type);

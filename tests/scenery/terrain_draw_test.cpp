@@ -5,6 +5,7 @@
 #include <GL/gl.h>
 #include <math.h>
 
+#include "app/alert_show.h"
 #include "core/disk/paths.h"
 #include "core/math/axes.h"
 #include "draw/camera/xcam.h"
@@ -381,4 +382,15 @@ TEST_F(terrain_draw_test, a_bias_of_detail_puts_everything_farther_off) {
     EXPECT_EQ(at(100, 100), "0 255 0");
 }
 
+TEST_F(terrain_draw_test, an_alert_in_its_midst_was_written_with_the_ground_s_coordinates) {
+    const ogl_proj_struct repeat = {40.0f, 80.0f};
+    set_proj_tex(proj_ground, 0, &repeat);
+    const auto show = alert_seam.show;
+    alerts_in_window();
+    g_done = 1;  // nobody is there to answer
+    alert_seam.show(0, {}, alert_message);
+    g_done = 0;
+    alert_seam.show = show;
+    EXPECT_FALSE(glIsEnabled(GL_TEXTURE_GEN_S));
+}
 }  // namespace
