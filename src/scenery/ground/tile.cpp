@@ -10,7 +10,8 @@
 #include "scenery/objects/objects.h"
 #include "scenery/seam/scenery_draw.h"
 
-xdeg_struct xdeg[xdeg_lons][xdeg_lats];
+// Lives as long as the process: display lists in it belong to a window that is gone when statics end.
+xdeg_struct (&xdeg)[xdeg_lons][xdeg_lats] = *new xdeg_struct[1][xdeg_lons][xdeg_lats];
 
 // -- what the buckets ask
 

@@ -128,10 +128,10 @@ struct vec_ins_struct {
 };
 // A car on the tile's roads.
 struct vec_hwy_car_struct {
-    int type;                      // of the vehicle, 0 to 11
-    float xyz[3];                  // m
-    float psi;                     // degrees
-    char lites, brakes, blinker;   // 0 or 1
+    int type;                     // of the vehicle, 0 to 11
+    float xyz[3];                 // m
+    float psi;                    // degrees
+    char lites, brakes, blinker;  // 0 or 1
 };
 
 struct xdeg_struct {
@@ -144,8 +144,8 @@ struct xdeg_struct {
     RoadData road_data;
     std::vector<vec_hwy_car_struct> vec_hwy_car;
 };
-inline bool camera_cull_traits::IsVisible(const xcam_class& camera, const xdeg_struct& reference, XBucketID id,
-                                          const Sphere3** sphere) {
+inline bool camera_cull_traits::IsVisible(const xcam_class& camera, const xdeg_struct& reference,
+                                          XBucketID id, const Sphere3** sphere) {
     const auto found = reference.sphere_hash.find(id);
     if (found == reference.sphere_hash.end() || !(found->second.radius > 0.0)) return false;
     const Sphere3& s = found->second;
@@ -155,7 +155,7 @@ inline bool camera_cull_traits::IsVisible(const xcam_class& camera, const xdeg_s
 
 // By column from the west and row from the south; as many as the larger planet's region has.
 constexpr int xdeg_lons = 12, xdeg_lats = 8;
-extern xdeg_struct xdeg[xdeg_lons][xdeg_lats];
+extern xdeg_struct (&xdeg)[xdeg_lons][xdeg_lats];
 
 // Finds the patch's sphere from its box, has its geometry made into a display list where something draws, and
 // frees the geometry.
