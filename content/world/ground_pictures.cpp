@@ -166,21 +166,6 @@ void draw_ground(ground kind, const std::string& path) {
     c.save(path, false);
 }
 
-void draw_border_mask(const std::string& path) {
-    constexpr int size = 256;
-    canvas c(size, size);
-    // nothing of either end reaches the other where the texture repeats, and on the smaller levels
-    constexpr double outside = 0.2, inside = 0.8;
-    paint(c, size, size, [](double s, double t) {
-        const double ragged = 0.6 * (noise::wrapped_fractal(s, t, 6, 5, 151) - 0.5);
-        const double held = noise::smooth(outside, 0.4, s) * (1.0 - noise::smooth(0.6, inside, s));
-        const double v = noise::smooth(0.36, 0.64, s + ragged * held);
-        const double a = s < outside ? 0.0 : s > inside ? 1.0 : v;
-        return rgba{a, a, a};
-    });
-    c.save(path, false);
-}
-
 void draw_road(const std::string& path) {
     constexpr int across = 64, along = 256;
     canvas c(across, along);

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "land_objects.h"
+#include "soft_border.h"
 
 namespace {
 const char* stem(ground kind) {
@@ -50,7 +51,7 @@ std::string world_package::ground_name(ground kind) { return std::string(stem(ki
 void world_package::add_ground(ground kind, int repeat_metres, bool with_border) {
     const std::string name = stem(kind), repeat = std::to_string(repeat_metres);
     draw_ground(kind, made(textures_) + name + ".png");
-    if (with_border) draw_border_mask(textures_ + "soft_border.png");
+    if (with_border) draw_soft_border(textures_ + "soft_border.png");
     write_text(textures_ + ground_name(kind), "I\n800\nTERRAIN\n\nBASE_TEX " + name + ".png\n" +
                                                   (with_border ? "BORDER_TEX soft_border.png\n" : "") +
                                                   "PROJECTED " + repeat + " " + repeat + "\nNO_ALPHA\n");
