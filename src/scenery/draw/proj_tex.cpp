@@ -7,6 +7,8 @@
 #include <GL/glext.h>
 #include <string.h>
 
+#include <algorithm>
+
 #include "core/math/num.h"
 #include "core/program/alert.h"
 #include "core/records/ren.h"
@@ -35,7 +37,7 @@ void put(GLenum axis, GLenum axis_switch, bool wanted, bool* on, const float (&p
         *on = wanted;
         wanted ? glEnable(axis_switch) : glDisable(axis_switch);
         if (wanted) glTexGeni(axis, GL_TEXTURE_GEN_MODE, GL_OBJECT_LINEAR);
-    } else if (!wanted || memcmp(plane, known, sizeof plane) == 0) {
+    } else if (!wanted || std::equal(plane, plane + 4, known)) {
         return;
     }
     if (!wanted) return;

@@ -16,7 +16,7 @@ constexpr int patch_cells = 8;
 // Columns of vertices, each from the south.
 std::vector<d3_struct> make_vertices(int lat_file, int lon_file, int n) {
     std::vector<d3_struct> at;
-    at.reserve(static_cast<size_t>((n + 1) * (n + 1)));
+    at.reserve(static_cast<size_t>(n + 1) * static_cast<size_t>(n + 1));
     for (int i = 0; i <= n; ++i)
         for (int j = 0; j <= n; ++j) {
             d3_struct& v = at.emplace_back();
@@ -36,7 +36,8 @@ ytest_patch_struct* make_patch(const std::vector<d3_struct>& at, int n, int i0, 
     };
     for (int i = i0; i < i0 + patch_cells; ++i)
         for (int j = j0; j < j0 + patch_cells; ++j) {
-            const d3_struct* const west = &at[static_cast<size_t>(i * (n + 1) + j)];
+            const d3_struct* const west =
+                &at[static_cast<size_t>(i) * static_cast<size_t>(n + 1) + static_cast<size_t>(j)];
             const d3_struct* const east = west + n + 1;
             add(west[0], west[1], east[1]);
             add(west[0], east[1], east[0]);
