@@ -3,6 +3,16 @@
 // which its next search starts. The one writer of env.terrain_ctr, terrain_nrm and terrain_vel.
 #pragma once
 
+// Who asks. The first and the tyres see decks, roofs, runways and bumps, all others bare terrain.
+enum terrain_checker : int {
+    checker_user = 0,  // the user's centre of gravity
+    checker_ai = 25,
+    checker_scenery = 26,      // scenery being placed
+    checker_tire_first = 69,   // + leg, to 78
+    checker_part_first = 80,   // + part, to 164: wing tips and bodies
+    checker_slot_first = 165,  // + slot, to 174: other aircraft
+};
+
 // World y of the surface at (x, z); sets env.terrain_ctr, terrain_nrm, terrain_vel. checker tells who
 // asks: 0 and 69 to 79 see decks, roofs and runways, others bare terrain. Outside the region, less 2500 m, it
 // is 0 and sets nothing.
