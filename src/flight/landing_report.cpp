@@ -9,6 +9,7 @@
 #include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/records/records.h"
+#include "scenery/airports/strip_marks.h"
 #include "scenery/nav/nav_tables.h"
 #include "scenery/region/region_lists.h"
 
@@ -20,13 +21,6 @@ struct landing_state {
     float since_touch = 0.0f;  // s
 };
 landing_state state;
-
-// Displacements of both ends are packed into one number: whole feet at the first, ten-thousandths at the far
-// end.
-float displaced_threshold(float disp, bool far_end) {
-    const float first = floorf(disp);
-    return (far_end ? 10000.0f * (disp - first) : first) * con.fttomtrs;
-}
 
 // A place as a pilot sees it who lands on the end of a runway that lies nearest to his heading.
 struct runway_place {
@@ -44,7 +38,9 @@ runway_place place_on(const vec_rwy_struct& rwy, float ele) {
     float across = dx * cos_deg(heading) + dz * sin_deg(heading);
     const bool from_far_end = fabsf(fltwrap(f.psi - heading, -180.0f, 180.0f)) > 90.0f;
     if (from_far_end) along = -along, across = -across;
-    return {from_far_end, along + 0.5f * rwy.len - displaced_threshold(rwy.disp, from_far_end), across};
+    float displaced[2];
+    split_feet(rwy.disp, displaced);
+    return {from_far_end, along + 0.5f * rwy.len - displaced[from_far_end], across};
 }
 
 // The number of the other end: 18 further round, left and right exchanged.
