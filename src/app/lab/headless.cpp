@@ -23,6 +23,7 @@
 #include "core/records/records.h"
 #include "draw/images/screenshot.h"
 #include "draw/widgets/widgets.h"
+#include "flight/ground/contact.h"
 #include "flight/instruments.h"
 #include "flight/landing_report.h"
 #include "flight/mass_motion.h"
@@ -48,7 +49,7 @@ void (*const resets[])() = {
     reset_heartbeat,    reset_warnings,     reset_pilot_input,    reset_motion,         reset_instruments,
     wind_reset,         forget_faulty_acf,  reset_screenshot,     reset_mouse_yoke,     reset_clicks,
     reset_widgets,      forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
-    reset_region_lists, reset_ground_phase, reset_landing_report, reset_airport_search,
+    reset_region_lists, reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
 };
 }  // namespace
 
