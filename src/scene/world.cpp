@@ -10,6 +10,7 @@
 #include "core/records/ren.h"
 #include "scene/airport_search.h"
 #include "scenery/draw/ground_pictures.h"
+#include "scenery/ground/roofs.h"
 #include "scenery/packages/library.h"
 
 void init_world_rendering() {
@@ -53,6 +54,7 @@ void scene_state_step() {
     place_eye();
     turn_view();
     roll_found_ground();
+    find_roof_below();
     nearest_airport_step();
 }
 
