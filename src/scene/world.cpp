@@ -11,6 +11,7 @@
 #include "scene/airport_search.h"
 #include "scenery/draw/ground_pictures.h"
 #include "scenery/ground/roofs.h"
+#include "scenery/ground/terrain_query.h"
 #include "scenery/packages/library.h"
 
 void init_world_rendering() {
@@ -50,11 +51,18 @@ static void roll_found_ground() {
     env.over_obs_this = env.over_rwy_this = 0;
 }
 
+// The kind of ground that the next flight step begins with: its wheels ask for it before they ask for their
+// heights.
+static void look_below() {
+    return_terrain_y(static_cast<float>(flt[0].dob_x), static_cast<float>(flt[0].dob_z), checker_user);
+}
+
 void scene_state_step() {
     place_eye();
     turn_view();
     roll_found_ground();
     find_roof_below();
+    look_below();
     nearest_airport_step();
 }
 
