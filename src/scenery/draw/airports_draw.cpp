@@ -1,10 +1,11 @@
-// Plain strips: one colour a surface, and white marks where the rows' pictures have them. One display list an
-// airport.
+// Plain strips: one colour a surface, and white marks where the rows' pictures have them. An airport has a
+// display list of its ground and one of its marks.
 #include "scenery/draw/airports_draw.h"
 
 #include <GL/gl.h>
 
 #include "core/math/num.h"
+#include "core/records/ren.h"
 #include "draw/camera/xcam.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/frame_counts.h"
@@ -18,9 +19,12 @@ struct list_struct {
     GLuint name = 0;  // 0 while it has not been built
     int quads = 0;
 };
+struct airport_lists_struct {
+    list_struct ground, marks;
+};
 struct kept_struct {
-    int revision = -1;               // of the strips that the lists show
-    std::vector<list_struct> lists;  // by index in vec_apt_strips
+    int revision = -1;                        // of the strips that the lists show
+    std::vector<airport_lists_struct> lists;  // by index in vec_apt_strips
 };
 kept_struct kept;
 int quads_sent = 0;
@@ -181,38 +185,50 @@ piece_struct piece_at(const std::vector<vec_rwy_pol_struct>& rows, size_t s) {
 }
 
 // Neighbouring rows differ a little, as slabs do, so that speed can be seen.
-float shade_of(size_t s) { return 1.0f + 0.04f * static_cast<float>(s * 7 % 5) - 0.08f; }
+float shade_of(size_t s) { return 0.98f + 0.01f * static_cast<float>(s * 7 % 5); }
 
-void send_strip(const vec_rwy_geo_struct& strip) {
+void send_ground(const vec_rwy_geo_struct& strip) {
     const paint_struct ground = surface_paint(strip.surf_tex);
     const std::vector<vec_rwy_pol_struct>& rows = strip.vec_rwy_pol;
     for (size_t s = 0; s + 1 < rows.size(); ++s) {
-        const piece_struct piece = piece_at(rows, s);
         glNormal3fv(rows[s].nrm);
         set_paint(ground, shade_of(s));
         glBegin(GL_QUADS);
-        send_mark(piece, 0.0f, 0.0f, 1.0f, 1.0f);
+        send_mark(piece_at(rows, s), 0.0f, 0.0f, 1.0f, 1.0f);
         glEnd();
-        send_marks(piece, rows[s].tex);
     }
 }
 
-// Runways over taxiways, and the first runway over all.
-void send_airport(const airport_strips_struct& airport) {
-    for (const int is_taxiway : {1, 0})
-        for (size_t i = airport.count; i-- > 0;) {
-            const vec_rwy_geo_struct& strip = vec_rwy_geo[airport.first + i];
-            if (strip.is_taxiway == is_taxiway && strip.surf_tex != surface_water) send_strip(strip);
-        }
+void send_all_marks(const vec_rwy_geo_struct& strip) {
+    const std::vector<vec_rwy_pol_struct>& rows = strip.vec_rwy_pol;
+    for (size_t s = 0; s + 1 < rows.size(); ++s) {
+        glNormal3fv(rows[s].nrm);
+        send_marks(piece_at(rows, s), rows[s].tex);
+    }
 }
 
-void build_list(const airport_strips_struct& airport, list_struct* list) {
+// Runways over taxiways, and the first runway over all. Marks of a runway that another covers are drawn where
+// they cross.
+void build_list(const airport_strips_struct& airport, void (*send)(const vec_rwy_geo_struct&),
+                list_struct* list) {
     quads_sent = 0;
     list->name = glGenLists(1);
     glNewList(list->name, GL_COMPILE);
-    send_airport(airport);
+    for (const int is_taxiway : {1, 0})
+        for (size_t i = airport.count; i-- > 0;) {
+            const vec_rwy_geo_struct& strip = vec_rwy_geo[airport.first + i];
+            if (strip.is_taxiway == is_taxiway && strip.surf_tex != surface_water) send(strip);
+        }
     glEndList();
     list->quads = quads_sent;
+}
+
+void call_list(const airport_strips_struct& airport, void (*send)(const vec_rwy_geo_struct&),
+               list_struct* list) {
+    if (!list->name) build_list(airport, send, list);
+    glCallList(list->name);
+    ++frame_counts.lists;
+    frame_counts.triangles += 2 * list->quads;
 }
 
 bool is_seen(const box_struct& box) {
@@ -221,10 +237,20 @@ bool is_seen(const box_struct& box) {
     return xcam.SphereInView(centre.x, centre.y, centre.z, 0.5f * pythag(size.x, size.y, size.z)) != 0;
 }
 
+// Further off a mark is narrower than a pixel, and what is left of it flickers.
+bool shows_marks(const box_struct& box) {
+    constexpr float far = 4000.0f;  // m
+    const float(&eye)[3] = ren.view_xyz;
+    return pythag(eye[0] - fltlim(eye[0], box.min_x, box.max_x),
+                  eye[1] - fltlim(eye[1], box.min_y, box.max_y),
+                  eye[2] - fltlim(eye[2], box.min_z, box.max_z)) < far;
+}
+
 void follow_strips() {
     if (kept.revision == strips_revision()) return;
-    for (const list_struct& list : kept.lists)
-        if (list.name) glDeleteLists(list.name, 1);
+    for (const airport_lists_struct& lists : kept.lists)
+        for (const GLuint name : {lists.ground.name, lists.marks.name})
+            if (name) glDeleteLists(name, 1);
     kept.lists.assign(vec_apt_strips.size(), {});
     kept.revision = strips_revision();
 }
@@ -236,12 +262,10 @@ void plot_airports(int is_map, int is_hits) {
     OGL_setstate(is_map ? fog_off : fog_on, 0, lit_on, al_blend, depth_read, depth_no_write);
     OGL_poly_offset(2);
     for (size_t i = 0; i < vec_apt_strips.size(); ++i) {
-        if (!is_map && !is_seen(vec_apt_strips[i].box)) continue;
-        list_struct& list = kept.lists[i];
-        if (!list.name) build_list(vec_apt_strips[i], &list);
-        glCallList(list.name);
-        ++frame_counts.lists;
-        frame_counts.triangles += 2 * list.quads;
+        const airport_strips_struct& airport = vec_apt_strips[i];
+        if (!is_map && !is_seen(airport.box)) continue;
+        call_list(airport, send_ground, &kept.lists[i].ground);
+        if (!is_map && shows_marks(airport.box)) call_list(airport, send_all_marks, &kept.lists[i].marks);
     }
     OGL_poly_offset(0);
     OGL_setcolorRGBA(1.0f, 1.0f, 1.0f, 1.0f, 1);
