@@ -7,7 +7,7 @@
 
 #include "app/app_update.h"
 #include "app/lab/headless.h"
-#include "app/start/flight_start.h"
+#include "app/start/level_flight.h"
 #include "app/start/load_plane.h"
 #include "app/world_flight.h"
 #include "core/math/num.h"

@@ -37,17 +37,30 @@
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
 #include "ui/text/language.h"
+#include "weather/atmosphere.h"
 #include "weather/wind.h"
 
 namespace {
 // Whatever keeps something between frames, beside the records.
 void (*const resets[])() = {
-    reset_clocks,      reset_input_gate, reset_frame,       reset_app_update, reset_world_flight,
-    reset_heartbeat,   reset_warnings,   reset_pilot_input, reset_motion,     reset_instruments,
-    wind_reset,        forget_faulty_acf, reset_screenshot,  reset_mouse_yoke, reset_clicks,
-    reset_widgets,     forget_nav_tables,  reset_terrain_draw, reset_frame_report,
-    reset_region,      reset_region_lists, reset_ground_phase,
+    reset_clocks,       reset_input_gate,   reset_frame,        reset_app_update,   reset_world_flight,
+    reset_heartbeat,    reset_warnings,     reset_pilot_input,  reset_motion,       reset_instruments,
+    wind_reset,         forget_faulty_acf,  reset_screenshot,   reset_mouse_yoke,   reset_clicks,
+    reset_widgets,      forget_nav_tables,  reset_terrain_draw, reset_frame_report, reset_region,
+    reset_region_lists, reset_ground_phase,
 };
+
+// Over land of elevation 0, northbound, at a comfortable speed.
+void start_in_the_air() {
+    constexpr float over_reference = 1.1f;
+    stg.cus_lat = 34.0954f;
+    stg.cus_lon = -117.2349f;
+    stg.cus_alt = 3000.0f;
+    stg.cus_psi = 0.0f;
+    const float sigma = find_standard_rho(env.planet, stg.cus_alt) * inv_rho_sl;
+    stg.cus_v = over_reference * veh[0].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
+    init_flt_0(start_custom, 0);
+}
 }  // namespace
 
 void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
@@ -65,7 +78,7 @@ void headless_start(const std::string& install_folder, const std::string& acf_fi
     const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;
     snprintf(veh[0].path, sizeof veh[0].path, "%s", path.c_str());
     load_plane(0);
-    init_flt_0(start_airport, place_runway);
+    start_in_the_air();
     MACIBM_startwind(win_fly, "headless");
 }
 

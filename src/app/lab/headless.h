@@ -8,7 +8,8 @@ constexpr double headless_pass = 1.0 / 64.0;  // s of virtual clock a pass
 
 // Starts the system on quiet seams with a fixed seed. acf_path: an aircraft file in the platform's
 // form, or empty for the default. install_folder: where airfoils and resources lie, with a closing "/".
-// Flies over survey land (scenery/region/survey_land.h): no scenery is read, the ground is dry and level.
+// The flight begins in the air, 3,000 m up, northbound, by stg.cus_lat and its like, over survey land
+// (scenery/region/survey_land.h): no scenery is read, the ground is dry and level.
 // Private clocks and statics start over, so that equal runs repeat bit for bit.
 void headless_start(const std::string& install_folder, const std::string& acf_file,
                     log_target logs = log_to_files);
