@@ -15,6 +15,7 @@
 #include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "flight/landing_report.h"
 #include "flight/recording.h"
 #include "flight/slots.h"
 #include "flight/systems.h"
@@ -30,9 +31,9 @@
 
 namespace {
 struct update_state {
-    float next_aircraft = 0.0f;     // when the AI changes the aircraft next, totl_time
-    float o_locl_time = -1.0f;      // local time of the last frame; below 0 before the first
-    double next_send_time = 0.0;    // of data, clocks.real
+    float next_aircraft = 0.0f;   // when the AI changes the aircraft next, totl_time
+    float o_locl_time = -1.0f;    // local time of the last frame; below 0 before the first
+    double next_send_time = 0.0;  // of data, clocks.real
 };
 update_state state;
 
@@ -61,6 +62,7 @@ void update_aircraft() {
         PLANE_math_in_flight(p);
         profile_chart("plane", 0);
     }
+    landing_report_step();
 }
 
 void run_window() {
@@ -191,7 +193,8 @@ void record_flight() {
 
 void output_data() {
     const bool puff_udp = clocks.real.now > state.next_send_time;
-    if (puff_udp) state.next_send_time = clocks.real.now + 1.0 / fltmax2(net.data_rate, 1.0f) - 0.5 * mnw.prd_FM;
+    if (puff_udp)
+        state.next_send_time = clocks.real.now + 1.0 / fltmax2(net.data_rate, 1.0f) - 0.5 * mnw.prd_FM;
     if (collect_data()) {
         if (mnw.puff20) data_rows_to_graph();
         if (mnw.puff10) data_rows_to_file();

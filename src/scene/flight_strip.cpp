@@ -13,10 +13,12 @@
 #include "core/records/env.h"
 #include "core/records/flt.h"
 #include "core/records/mnw.h"
+#include "core/records/stg.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/primitives.h"
 #include "draw/type.h"
+#include "flight/landing_report.h"
 
 static constexpr int label_colour = 39, value_colour = col_white, warn_colour = 8;
 static constexpr float strip_height = 50.0f;  // virtual units, as all below
@@ -119,6 +121,16 @@ static void draw_note(const std::string& text) {
     OGL_string(warn_colour, middle - 0.5f * str_dx(text), low + 12.0f, text, no_wrap, charset_text);
 }
 
+// A landing is told for some seconds when it is over.
+static bool has_news() {
+    constexpr float shown = 12.0f;  // s
+    const landing_report_struct& landing = landing_report();
+    return landing.number > 0 && !landing.is_open && mnw.totl_time - landing.closed_time < shown;
+}
+
+// Whoever wonders why the aircraft does not move is told.
+static bool is_held() { return stg.parkbrake > 0.01f && flt[0].onground_any && flt[0].V_msc < 1.0f; }
+
 void flight_strip_draw() {
     OGL_view_2d();
     box(mnw.x1_pix, 0.0f, mnw.x2_pix, strip_height, 0.04f, 0.07f, 0.11f, 0.78f);
@@ -128,4 +140,8 @@ void flight_strip_draw() {
         draw_note("PAUSED");
     else if (mnw.replay_mode)
         draw_note("REPLAY");
+    else if (has_news())
+        draw_note(landing_report_text());
+    else if (is_held())
+        draw_note("BRAKE SET   b releases it");
 }

@@ -4,9 +4,13 @@
 #include "core/craft/veh.h"
 #include "core/math/num.h"
 #include "core/program/seams.h"
+#include "core/records/env.h"
 #include "core/records/flt.h"
+#include "core/records/net.h"
 #include "core/records/ren.h"
+#include "scene/airport_search.h"
 #include "scenery/draw/ground_pictures.h"
+#include "scenery/ground/terrain_query.h"
 #include "scenery/packages/library.h"
 
 void init_world_rendering() {
@@ -35,9 +39,28 @@ static void turn_view() {
     ren.sin_final_phi = sin_deg(f.phi), ren.cos_final_phi = cos_deg(f.phi);
 }
 
+// What is under the aircraft is found anew by drawing and by the next flight step; flight reads what the last
+// frame found.
+static void roll_found_ground() {
+    env.roughness = 0.0f;
+    if (!net.getting_terrain) env.surf_tex = 0;
+    env.over_carr = env.over_frig = 0;
+    env.over_obs_last = env.over_obs_this;
+    env.over_rwy_last = env.over_rwy_this;
+    env.over_obs_this = env.over_rwy_this = 0;
+}
+
+// The kind of ground that the next flight step begins with: its wheels ask for it before they ask for their heights.
+static void look_below() {
+    return_terrain_y(static_cast<float>(flt[0].dob_x), static_cast<float>(flt[0].dob_z), checker_user);
+}
+
 void scene_state_step() {
     place_eye();
     turn_view();
+    roll_found_ground();
+    look_below();
+    nearest_airport_step();
 }
 
 void WORLD_scene_all_cases() {

@@ -1,22 +1,14 @@
-// Routines of this folder that do not exist yet: each call stands in its place in the frame and gets its neutral
-// answer here. The file shrinks as they are built.
+// Routines of this folder that do not exist yet: each call stands in its place in the frame and gets its
+// neutral answer here. The file shrinks as they are built.
 #include "scenery/draw/airports_draw.h"
 #include "scenery/draw/ships_draw.h"
 #include "scenery/extrude/facades.h"
 #include "scenery/extrude/road_data.h"
-#include "scenery/ground/runways.h"
-#include "scenery/ground/surfaces.h"
 #include "scenery/ground/tile.h"
 #include "scenery/old/old_env.h"
 
-// No strips of runways, no tiles of the older kind.
-std::vector<vec_rwy_geo_struct> vec_rwy_geo;
-void UTIL_build_runways(int) {}
+// No tiles of the older kind.
 std::vector<int> old_cus_texes;
-
-// Bare mesh: no decks, roofs, runways or bumps.
-bool surface_over_terrain(float, float, int, float*) { return false; }
-float surface_detail(float, float) { return 0.0f; }
 int read_old_env(int, int, int, int) { return 0; }
 bool RoadDef_t::ReadFromDef(const char*) { return true; }
 void RoadDef_t::Clear() {}
@@ -25,7 +17,8 @@ RoadChain_t* RoadData::AddSimpleSegment(int, unsigned int, unsigned int, const f
 }
 void RoadData::AddShapePoint(RoadChain_t*, int, const float*) {}
 void RoadData::ProcessChains(bool, float, float, float, float) {}
-void RoadData::ExtrudeArea(int, const RoadDef_t&, int, int, ExtrudeFunc_f, ReceiveObj_f, void*, void*, void*) {}
+void RoadData::ExtrudeArea(int, const RoadDef_t&, int, int, ExtrudeFunc_f, ReceiveObj_f, void*, void*,
+                           void*) {}
 void RoadData::Clear() {}
 bool ReadFacadeObjFile(const char*, FacadeObj_t&) { return true; }
 int FindFloorsForHeight(const FacadeObj_t&, float) { return 0; }

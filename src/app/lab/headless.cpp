@@ -24,9 +24,11 @@
 #include "draw/images/screenshot.h"
 #include "draw/widgets/widgets.h"
 #include "flight/instruments.h"
+#include "flight/landing_report.h"
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
+#include "scene/airport_search.h"
 #include "scene/frame_report.h"
 #include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/ground_phase.h"
@@ -43,11 +45,11 @@
 namespace {
 // Whatever keeps something between frames, beside the records.
 void (*const resets[])() = {
-    reset_clocks,       reset_input_gate,   reset_frame,        reset_app_update,   reset_world_flight,
-    reset_heartbeat,    reset_warnings,     reset_pilot_input,  reset_motion,       reset_instruments,
-    wind_reset,         forget_faulty_acf,  reset_screenshot,   reset_mouse_yoke,   reset_clicks,
-    reset_widgets,      forget_nav_tables,  reset_terrain_draw, reset_frame_report, reset_region,
-    reset_region_lists, reset_ground_phase,
+    reset_clocks,       reset_input_gate,   reset_frame,          reset_app_update,     reset_world_flight,
+    reset_heartbeat,    reset_warnings,     reset_pilot_input,    reset_motion,         reset_instruments,
+    wind_reset,         forget_faulty_acf,  reset_screenshot,     reset_mouse_yoke,     reset_clicks,
+    reset_widgets,      forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
+    reset_region_lists, reset_ground_phase, reset_landing_report, reset_airport_search,
 };
 
 // Over land of elevation 0, northbound, at a comfortable speed.

@@ -69,6 +69,12 @@ private:
     double height(const Point3& p) const { return n.dx * p.x + n.dy * p.y + n.dz * p.z; }
 };
 
+// On the inner side of the edge from a to b, or on it, of a shape that runs clockwise seen from above, x east
+// and z south. In double, so that a point on the edge of two shapes is never outside of both by rounding.
+inline bool inside_cw_edge(double ax, double az, double bx, double bz, double x, double z) {
+    return (x - ax) * (bz - az) - (z - az) * (bx - ax) <= 0.0;
+}
+
 // -- in float
 
 // A point or a vector: a vertex of a tile, a force on a disc, a wind.

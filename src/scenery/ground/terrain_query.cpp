@@ -14,11 +14,8 @@ namespace {
 
 float edge_length(const d3_struct& a, const d3_struct& b) { return pythag(b.x - a.x, b.z - a.z); }
 
-// On the inner side of the edge from a to b of a shape that runs clockwise from above. In double, so that a
-// point on the edge of two triangles is never outside of both by rounding.
-bool inside_cw_reg(const d3_struct& a, const d3_struct& b, double x, double z) {
-    const double dx = static_cast<double>(b.x) - a.x, dz = static_cast<double>(b.z) - a.z;
-    return (x - a.x) * dz - (z - a.z) * dx <= 0.0;
+bool inside_cw_reg(const d3_struct& a, const d3_struct& b, float x, float z) {
+    return inside_cw_edge(a.x, a.z, b.x, b.z, x, z);
 }
 
 // Tiles are cleaned of such triangles while they load; their inside has no meaning.
@@ -113,19 +110,16 @@ void check_checker(int checker) {
     if (checker < 0 || checker >= checkDIM) MACIBM_fatal("Bad checker type!");
 }
 
+bool sees_all(int checker) {
+    return checker == checker_user || (checker >= checker_tire_first && checker < checker_part_first);
+}
+
 // -- the surface
 
 void set3(float (&to)[3], float x, float y, float z) {
     to[0] = x;
     to[1] = y;
     to[2] = z;
-}
-
-// Height over the point of a plane, by the normal's x and z alone: the mesh is never steep enough for its y
-// to matter.
-float y_on_plane(float x, float z) {
-    return env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * env.terrain_nrm[0] -
-           (z - env.terrain_ctr[2]) * env.terrain_nrm[2];
 }
 
 float sea_surface(float x, float z) {
@@ -148,14 +142,14 @@ float mesh_surface(float x, float z, int checker) {
     constexpr float least_up = 0.01f;  // past 45 degrees a unit normal of these slopes would not exist
     set3(env.terrain_nrm, nx, sqrtf(fltmax2(1.0f - nx * nx - nz * nz, least_up)), nz);
     set3(env.terrain_ctr, g1.x, g1.y, g1.z);
-    return y_on_plane(x, z);
+    return y_on_surface(x, z);
 }
 }  // namespace
 
 float y_with_xhz(float x, float ele, float z) {
     const double rad = static_cast<double>(con.planet_rad) + ele;
-    return static_cast<float>(sqrt(rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z) -
-                              con.planet_rad);
+    const double up_sqr = rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z;
+    return static_cast<float>(sqrt(fmax(up_sqr, 0.0)) - con.planet_rad);
 }
 
 long terrain_effort() { return triangles_tried; }
@@ -175,12 +169,13 @@ int find_terrain_poly(float x, float z, int checker) {
 
 float return_terrain_y(float x, float z, int checker) {
     check_checker(checker);
-    if (!ret_xz_inreg_tight(x, z)) return 0.0f;
+    if (!isfinite(x) || !isfinite(z) || !ret_xz_inreg_tight(x, z)) return 0.0f;
     set3(env.terrain_vel, 0.0f, 0.0f, 0.0f);
-    const bool fullcheck = checker == 0 || (checker >= 69 && checker <= 79);
-    float y = 0.0f;
-    if (fullcheck && surface_over_terrain(x, z, checker, &y)) return y;
-    y = find_terrain_poly(x, z, checker) ? mesh_surface(x, z, checker) : sea_surface(x, z);
+    const bool fullcheck = sees_all(checker);
+    if (fullcheck && smooth_surface_at(x, z)) return y_on_surface(x, z);
+    const float y = fullcheck && runway_surface_at(x, z, checker) ? y_on_surface(x, z)
+                    : find_terrain_poly(x, z, checker)            ? mesh_surface(x, z, checker)
+                                                                  : sea_surface(x, z);
     return fullcheck ? y + surface_detail(x, z) : y;
 }
 

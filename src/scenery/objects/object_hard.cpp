@@ -1,6 +1,7 @@
 // Solid surfaces of objects: what makes a roof or a deck the ground under the user's aircraft.
 #include "scenery/objects/object_hard.h"
 
+#include "core/math/geo3.h"
 #include "core/program/alert.h"
 #include "core/records/env.h"
 #include "core/records/flt.h"
@@ -14,8 +15,7 @@ constexpr int surface_hard_object = 107;
 bool inside_cw_reg_vecs(const vec_act_struct* corner, double x, double z) {
     for (int i = 0; i < 4; ++i) {
         const float *a = corner[i].dat, *b = corner[(i + 1) % 4].dat;
-        const double dx = static_cast<double>(b[0]) - a[0], dz = static_cast<double>(b[2]) - a[2];
-        if ((x - a[0]) * dz - (z - a[2]) * dx > 0.0) return false;
+        if (!inside_cw_edge(a[0], a[2], b[0], b[2], x, z)) return false;
     }
     return true;
 }

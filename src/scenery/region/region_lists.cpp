@@ -6,6 +6,7 @@
 #include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/records/records.h"
+#include "scenery/airports/strips.h"
 #include "scenery/ground/runways.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/ground/tile.h"
@@ -93,6 +94,7 @@ float busy_factor() {
 
 void reset_region_lists() {
     apt_lcl_max = vor_lcl_max = ndb_lcl_max = fix_lcl_max = loa_lcl_max = hia_lcl_max = -1;
+    clear_strips();
 }
 
 void finish_region() {

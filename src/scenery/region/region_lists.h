@@ -14,5 +14,5 @@ extern int apt_lcl_max, vor_lcl_max, ndb_lcl_max, fix_lcl_max, loa_lcl_max, hia_
 // lists: airports by their first runway, airways by either end. Then runways, beacons and windsocks of its
 // airports on their ground, msc.radio_busy_fac, and the menus.
 void finish_region();
-// Empties the lists.
+// Empties the lists, and the strips of their airports go.
 void reset_region_lists();

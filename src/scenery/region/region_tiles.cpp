@@ -41,7 +41,7 @@ void clear_region() {
     left_out_files = false;
     for (const int ref : old_cus_texes) scenery_draw.unload_texture(ref);
     old_cus_texes.clear();
-    vec_rwy_geo.clear();
+    clear_strips();
     handle_edge(0, 0, nullptr, nullptr, edge_clear);
     MACIBM_clear_menus(region_menus);
 }

@@ -36,18 +36,27 @@ struct command_row {
     void (*run)();
 };
 constexpr command_row commands[] = {
-    {cmd_about, MACIBM_about},
-    {cmd_quit, quit},
-    {view_fwd_panel, forward_view},
-    {cmd_night_vision, night_vision},
-    {cmd_trace, write_trace},
-    {cmd_screenshot, picture},
-    {cmd_kick_pitch, kick_pitch},
-    {cmd_kick_heading, kick_heading},
+    {cmd_about, MACIBM_about},      {cmd_quit, quit},
+    {view_fwd_panel, forward_view}, {cmd_night_vision, night_vision},
+    {cmd_trace, write_trace},       {cmd_screenshot, picture},
+    {cmd_kick_pitch, kick_pitch},   {cmd_kick_heading, kick_heading},
 };
+
+// Exercises that begin a flight, by the code of the start.
+bool is_special_start(int item) {
+    return intrange(item, start_grass, start_winch) || intrange(item, start_formation, start_carried) ||
+           intrange(item, start_carrier, start_fire) ||
+           intrange(item, start_shuttle_first, start_shuttle_last);
+}
+
+void begin_special(int item) {
+    init_flt_0(item, 0);
+    begin_user_flight_steady(item);
+}
 }  // namespace
 
 int command_exists(int item) {
+    if (is_special_start(item)) return 1;
     for (const command_row& command : commands)
         if (command.code == item) return 1;
     return 0;
@@ -56,6 +65,7 @@ int command_exists(int item) {
 void APP_handlemenu(int item) {
     for (const command_row& command : commands)
         if (command.code == item) command.run();
+    if (is_special_start(item)) begin_special(item);
     TVPEventHook(1, mnw.real_time, 0.0f, 0, 0);
 }
 
@@ -120,8 +130,11 @@ void release_cold() {
     cold_engines();
 }
 
-// Rudder on z and x, centred by c; speed brakes on 3 and 4, flaps on 1 and 2, igniters on i;
-// r starts over, R with cold engines, n in the next aircraft.
+// Set when it is off, else off.
+void toggle_brake(float set) { stg.parkbrake = stg.parkbrake < 0.01f ? set : 0.0f; }
+
+// Rudder on z and x, centred by c; brakes on b and, half, v; speed brakes on 3 and 4, flaps on 1 and 2,
+// igniters on i; r starts over, R with cold engines, n in the next aircraft.
 void flight_key(int key) {
     constexpr float rudder_step = 0.1f, brake_step = 0.25f;
     flt_struct& f = flt[0];
@@ -133,6 +146,10 @@ void flight_key(int key) {
         case 'c':
             mnw.YK_hdng = 0.0f;
             return;
+        case 'b':
+            return toggle_brake(1.0f);
+        case 'v':
+            return toggle_brake(0.5f);
         case '1':
             return update_flap_slat_rqst_with_hand(0, -1);
         case '2':
