@@ -19,6 +19,7 @@ lab_steady_order order_for(float speed) {
     lab_steady_order order;
     order.speed = speed;
     order.altitude = static_cast<float>(flt[0].dob_ele);
+    order.track = flt[0].psi;
     order.by_trims = true;
     if (veh[0].num_engines > 0) return order;
     order.power = 0.0f;
