@@ -52,7 +52,8 @@ void (*const resets[])() = {
     reset_region_lists, reset_ground_phase, reset_landing_report, reset_airport_search,
 };
 
-// Over land of elevation 0, northbound, at a comfortable speed.
+}  // namespace
+
 void start_in_the_air() {
     constexpr float over_reference = 1.1f;
     stg.cus_lat = 34.0954f;
@@ -63,7 +64,6 @@ void start_in_the_air() {
     stg.cus_v = over_reference * veh[0].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
     init_flt_0(start_custom, 0);
 }
-}  // namespace
 
 void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
     seams_headless();

@@ -217,6 +217,7 @@ bool place_on_water(start_state& s) {
         tell_refusal(start_water);
         return false;
     }
+    explain_exercise(start_water);
     s.V_msc = drift;
     return true;
 }
