@@ -13,6 +13,7 @@
 #include "scenery/ground/region.h"
 #include "scenery/ground/tile.h"
 #include "scenery/nav/nav_tables.h"
+#include "scenery/nav/planet_nav.h"
 #include "scenery/region/survey_land.h"
 
 namespace {
@@ -135,6 +136,22 @@ TEST_F(flight_start, stands_ten_metres_from_the_end_of_the_runway_and_looks_alon
     EXPECT_LT(between(f.dob_lat, f.dob_lon, 34.655f, -118.71f).distance, 1.0);
     expect_angle(true_heading(), 301.5, 0.05);
     expect_parked();
+}
+
+TEST_F(flight_start, stands_so_at_airports_all_over_the_world) {
+    read_nav_tables();
+    ASSERT_TRUE(apt_hash.count(apt_id_key("KSBD")) && apt_hash.count(apt_id_key("KEDW")));
+    const size_t sample = vec_apt.size() / 50 + 1;
+    for (size_t a = 0; a < vec_apt.size(); a += sample) {
+        msc.loc_apt_wrl = static_cast<int>(a);
+        msc.lcl_rwy_ram = 0;
+        const vec_rwy_struct& rwy = vec_apt[a].rwy[0];
+        const bool pad = vec_apt[a].apt_type == apt_helipad || vec_apt[a].apt_type == apt_carrier;
+        init_flt_0(start_airport, place_runway);
+        expect_before(rwy, pad ? 0.0 : fmax(0.5 * rwy.len - 10.0, 0.0), rwy.psi_true);
+        expect_parked();
+        if (HasFailure()) FAIL() << vec_apt[a].apt_id;
+    }
 }
 
 TEST_F(flight_start, a_final_approach_lies_on_its_slope_before_the_threshold) {

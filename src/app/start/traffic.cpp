@@ -2,6 +2,7 @@
 #include "app/start/traffic.h"
 
 #include <stdio.h>
+
 #include <string>
 #include <vector>
 
