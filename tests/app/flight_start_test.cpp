@@ -145,6 +145,7 @@ TEST_F(flight_start, stands_so_at_airports_all_over_the_world) {
     for (size_t a = 0; a < vec_apt.size(); a += sample) {
         msc.loc_apt_wrl = static_cast<int>(a);
         msc.lcl_rwy_ram = 0;
+        vec_apt[a].ele = 0.0f;  // of survey land
         const vec_rwy_struct& rwy = vec_apt[a].rwy[0];
         const bool pad = vec_apt[a].apt_type == apt_helipad || vec_apt[a].apt_type == apt_carrier;
         init_flt_0(start_airport, place_runway);
