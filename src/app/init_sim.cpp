@@ -4,8 +4,8 @@
 #include <fstream>
 
 #include "app/alert_show.h"
-#include "app/start/flight_start.h"
 #include "app/start/load_plane.h"
+#include "app/start/traffic.h"
 #include "atc/controllers.h"
 #include "cockpit/panel.h"
 #include "core/disk/paths.h"

@@ -26,6 +26,7 @@ void update_with_AI(int) {}
 void zero_path() {}
 void snap_save(snap_struct*, int) {}
 void snap_recall(snap_struct, snap_struct, float) {}
+int load_situation(const std::string&, int) { return 0; }
 void attach_weapon(int, int) {}
 void force_weapons() {}
 void integ_weapons(int) {}

@@ -40,20 +40,23 @@ protected:
     }
 };
 
-TEST_F(flight_region_test, begins_above_the_ground_whatever_its_height) {
-    const double over_plain = flt[0].y_agl_mtr;
+TEST_F(flight_region_test, is_lifted_onto_the_ground_whatever_its_height) {
     region_steps.fill_tile = fill_tableland;
     load_region(shift_full_reload);
-    init_flt_0(start_airport, place_runway);
-    // the chord of a degree lies a quarter of a kilometre below the globe
-    EXPECT_NEAR(flt[0].y_agl_mtr, over_plain, 1.0);
-    EXPECT_NEAR(flt[0].dob_ele, 3000.0 + tableland, 500.0);
+    for (const float below : {1000.0f, 3000.0f}) {
+        stg.cus_alt = static_cast<float>(tableland) - below;
+        init_flt_0(start_custom, 0);
+        EXPECT_NEAR(flt[0].y_agl_mtr, 0.0, 1e-3);
+        EXPECT_GE(stg.parkbrake, 1.0f);
+        // the chord of a degree lies some hundred metres below the globe
+        EXPECT_NEAR(flt[0].dob_ele, tableland, 500.0);
+    }
 }
 
 TEST_F(flight_region_test, begins_anew_where_its_place_is_however_far_the_last_one_went) {
     const double lat = flt[0].dob_lat, ele = flt[0].dob_ele;
     check_for_shift(-41.3, 174.8);
-    init_flt_0(start_airport, place_runway);
+    init_flt_0(start_custom, 0);
     EXPECT_EQ(env.lat_sou, 33.0f);
     EXPECT_NEAR(flt[0].dob_lat, lat, 1e-6);
     EXPECT_NEAR(flt[0].dob_ele, ele, 0.01) << "the ground of another region had lifted it";

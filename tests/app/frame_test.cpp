@@ -7,7 +7,7 @@
 
 #include "app/app_update.h"
 #include "app/lab/headless.h"
-#include "app/start/flight_start.h"
+#include "app/start/level_flight.h"
 #include "app/start/load_plane.h"
 #include "app/world_flight.h"
 #include "core/math/num.h"
@@ -168,7 +168,8 @@ TEST_F(frame, a_crash_is_explained_and_the_flight_starts_again) {
     ASSERT_EQ(test::alerts.size(), 2u);
     EXPECT_EQ(test::alerts[0].text.line[0], "The aircraft was carrying ice at time of impact.");
     EXPECT_EQ(test::alerts[1].text.line[0], "You busted the airframe G-limit.");
-    EXPECT_GT(flt[0].dob_ele, 2000.0);
+    EXPECT_EQ(stg.parkbrake, 1.0f);
+    EXPECT_LT(hypot(flt[0].dob_x, flt[0].dob_z), 1.0) << "on the runway again";
     EXPECT_GE(seam.epoch_millisec() - before, 4000 + 3100);
 }
 

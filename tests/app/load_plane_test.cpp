@@ -8,6 +8,7 @@
 #include "aircraft/file/acf_file.h"
 #include "aircraft/io_acf.h"
 #include "app/lab/headless.h"
+#include "app/start/traffic.h"
 #include "core/disk/paths.h"
 #include "flying.h"
 

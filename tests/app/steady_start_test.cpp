@@ -8,7 +8,6 @@
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "flying.h"
-#include "ui/text/language.h"
 #include "weather/atmosphere.h"
 
 namespace {
@@ -16,7 +15,8 @@ class steady_start : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(steady_start, flies_straight_and_level_for_half_a_minute_with_the_hands_off) {
     test::fly_aircraft(GetParam());
-    init_flt_0(start_airport, place_runway);
+    stg.cus_v *= 1.3f;
+    init_flt_0(start_custom, 0);
     const float fuel = flt[0].m_fuel[0];
     ASSERT_TRUE(start_steady());
     EXPECT_EQ(flt[0].m_fuel[0], fuel);
@@ -46,7 +46,7 @@ TEST(user_start, is_trimmed_in_the_mean_wind_and_not_in_a_gust) {
     }
 }
 
-TEST(user_start, an_airport_a_place_on_the_planet_and_a_language_begin_a_trimmed_flight) {
+TEST(user_start, a_place_on_the_planet_and_a_final_approach_begin_a_trimmed_flight) {
     test::fly_aircraft("Wren 160");
     seam.has_user = 1;
     const auto flies_level = [](const char* after) {
@@ -54,15 +54,17 @@ TEST(user_start, an_airport_a_place_on_the_planet_and_a_language_begin_a_trimmed
         EXPECT_LT(fabsf(flt[0].Vh_fpm), 300.0f) << after;
         EXPECT_LT(fabsf(flt[0].phi), 5.0f) << after;
     };
-    mnw.top_win = win_apt;
-    MACIBM_startwind(win_fly, "select airport");
-    flies_level("airport");
+    for (const int place : {place_final_3, place_final_10}) {
+        init_flt_0(start_airport, place);
+        EXPECT_GE(flt[0].handle_rat_act, 0.5f);
+        begin_user_flight_steady(start_airport);
+        EXPECT_NEAR(flt[0].V_msc, veh[0].V_ref_ms, 0.1f);
+        flies_level("final");
+    }
     stg.cus_lat = static_cast<float>(flt[0].dob_lat), stg.cus_lon = static_cast<float>(flt[0].dob_lon);
     mnw.top_win = win_wrl;
     MACIBM_startwind(win_fly, "planet region");
     flies_level("planet");
-    MACIBM_setupforlang(1);
-    flies_level("language");
     seams_headless();
 }
 

@@ -7,6 +7,7 @@
 #include "aircraft/derive/derive.h"
 #include "aircraft/design/autoset.h"
 #include "aircraft/io_acf.h"
+#include "app/lab/headless.h"
 #include "app/lab/lab_steady.h"
 #include "core/program/upward.h"
 #include "draw/images/interface_layout.h"
@@ -31,7 +32,7 @@ protected:
         ACF_autoset(0);
         ASSERT_TRUE(derive_model(0)) << test::alerts.back().text.line[0];
         stg.start_running = 1;
-        init_flt_0(start_airport, place_runway);
+        start_in_the_air();
         lab_still_air();
         stg.reset_on_crash = 0;
         flt[0].gear_handle = 0;

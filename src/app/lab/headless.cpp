@@ -41,6 +41,7 @@
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
 #include "ui/text/language.h"
+#include "weather/atmosphere.h"
 #include "weather/wind.h"
 
 namespace {
@@ -53,7 +54,19 @@ void (*const resets[])() = {
     reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
     reset_airports_draw,
 };
+
 }  // namespace
+
+void start_in_the_air() {
+    constexpr float over_reference = 1.1f;
+    stg.cus_lat = 34.0954f;
+    stg.cus_lon = -117.2349f;
+    stg.cus_alt = 3000.0f;
+    stg.cus_psi = 0.0f;
+    const float sigma = find_standard_rho(env.planet, stg.cus_alt) * inv_rho_sl;
+    stg.cus_v = over_reference * veh[0].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
+    init_flt_0(start_custom, 0);
+}
 
 void headless_start(const std::string& install_folder, const std::string& acf_file, log_target logs) {
     seams_headless();
@@ -70,7 +83,7 @@ void headless_start(const std::string& install_folder, const std::string& acf_fi
     const std::string path = acf_file.empty() ? install_folder + stg.def_pln_path : acf_file;
     snprintf(veh[0].path, sizeof veh[0].path, "%s", path.c_str());
     load_plane(0);
-    init_flt_0(start_airport, place_runway);
+    start_in_the_air();
     MACIBM_startwind(win_fly, "headless");
 }
 

@@ -84,14 +84,16 @@ void lab_place(const lab_flight& at) {
 void lab_place_moving(const lab_flight& at, float the, float turn_rate) {
     flt_struct& f = flt[0];
     place_at_height(at.altitude);
-    set_attitude(fltwrap(at.psi, 0.0f, 360.0f), the, at.phi);
+    set_attitude(fltwrap(at.track + at.psi, 0.0f, 360.0f), the, at.phi);
     f.P = -turn_rate * f.sin_the;
     f.Q = turn_rate * f.sin_phi * f.cos_the;
     f.R = turn_rate * f.cos_phi * f.cos_the;
     f.Prad = f.P * con.degtorad;
     f.Qrad = f.Q * con.degtorad;
     f.Rrad = f.R * con.degtorad;
-    set_velocity(0.0f, at.speed * sin_deg(at.gamma), -at.speed * cos_deg(at.gamma));
+    const float level_speed = at.speed * cos_deg(at.gamma);
+    set_velocity(level_speed * sin_deg(at.track), at.speed * sin_deg(at.gamma),
+                 -level_speed * cos_deg(at.track));
 }
 
 // Engines that ran before leave their slipstream in the state; in the tunnel nothing would let it die out.

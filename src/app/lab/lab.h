@@ -16,11 +16,12 @@ struct lab_flight {
     float alpha = 0.0f, beta = 0.0f;
     float gamma = 0.0f;       // flight-path angle, up
     float phi = 0.0f, psi = 0.0f;
+    float track = 0.0f;       // true course of the motion of lab_place_moving; psi counts from it
 };
 // Puts slot 0 there over the region's centre, rates zero, caches and local air to match.
 void lab_place(const lab_flight& at);
 
-// The same by the attitude: the nose at the and phi and psi, moving north along gamma, turning as a steady
+// The same by the attitude: the nose at the and phi and psi, moving on its track along gamma, turning as a steady
 // turn of turn_rate (deg/s, right) does. alpha and beta of the order are not read.
 void lab_place_moving(const lab_flight& at, float the, float turn_rate);
 

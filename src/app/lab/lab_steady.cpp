@@ -174,10 +174,11 @@ private:
         at.gamma = gamma_of(s);
         at.phi = s.u[u_phi];
         at.psi = s.u[u_crab];
+        at.track = order_.track;
         return at;
     }
 
-    // Puts the aircraft there, motion along the track to the north, and lets it settle.
+    // Puts the aircraft there, motion along the track, and lets it settle.
     void place(const state& s, float seconds) const {
         lab_place_moving(flight_of(s), s.u[u_the], order_.turn_rate);
         set_controls(s.u[u_ptch], s.u[u_roll], s.u[u_hdng], order_.by_trims);
@@ -192,9 +193,12 @@ private:
         const flt_struct& f = flt[0];
         const float level_speed = order_.speed * cos_deg(gamma_of(s));
         const float to_centre = order_.turn_rate * con.degtorad * level_speed;
-        res[0] = -f.az / con.g / accel_tolerance;
+        const float sin_track = sin_deg(order_.track), cos_track = cos_deg(order_.track);
+        const float along = f.ax * sin_track - f.az * cos_track;
+        const float across = f.ax * cos_track + f.az * sin_track;
+        res[0] = along / con.g / accel_tolerance;
         res[1] = f.ay / con.g / accel_tolerance;
-        res[2] = (f.ax - to_centre) / con.g / accel_tolerance;
+        res[2] = (across - to_centre) / con.g / accel_tolerance;
         res[3] = f.Qdot / spin_tolerance;
         res[4] = f.Pdot / spin_tolerance;
         res[5] = f.Rdot / spin_tolerance;

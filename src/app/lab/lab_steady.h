@@ -22,6 +22,7 @@ bool lab_start_engines();
 struct lab_steady_order {
     float speed = 50.0f;      // true airspeed, m/s; below 8 the nose keeps to the track in place of the air
     float altitude = 1000.0f; // m above the sphere
+    float track = 0.0f;       // true course of the motion over the ground, degrees
     float gamma = 0.0f;       // flight-path angle, degrees; the first guess when the power is given
     float turn_rate = 0.0f;   // degrees per second, right
     float power = -1.0f;      // power lever, 0 to 1; negative: to be found
@@ -30,7 +31,7 @@ struct lab_steady_order {
 };
 struct lab_steady {
     bool found;
-    lab_flight at;            // with gamma and attitude found; psi is the nose, the track is north
+    lab_flight at;            // with gamma and attitude found; psi is the nose, counted from the track
     float the;                // degrees
     float ptch, roll, hdng;   // commands FC_*, or the trims
     bool by_trims;

@@ -19,6 +19,7 @@ lab_steady_order order_for(float speed) {
     lab_steady_order order;
     order.speed = speed;
     order.altitude = static_cast<float>(flt[0].dob_ele);
+    order.track = flt[0].psi;
     order.by_trims = true;
     if (veh[0].num_engines > 0) return order;
     order.power = 0.0f;
@@ -36,7 +37,8 @@ void put_back(const flt_struct& before) {
     cache_air(0);
 }
 
-// While one lives the wind is the mean wind: trimmed in a gust the aircraft would rise or sink as that one passes.
+// While one lives the wind is the mean wind: trimmed in a gust the aircraft would rise or sink as that one
+// passes.
 class mean_wind {
 public:
     mean_wind() : set(atm) {
@@ -60,30 +62,38 @@ private:
     const atm_struct set;
 };
 
-// Speeds to try, m/s. The speed of an airport's start is slow with the flaps up: the nose stands high; a glider keeps
-// to it. A speed that the user has chosen comes first, then those of the aircraft. None is above its redline.
-std::vector<float> speeds_to_try(bool chosen, float now) {
+// Speeds to try, m/s: the one of the start, then, where any will do, those of the aircraft; a glider keeps to
+// it. None is above its redline.
+std::vector<float> speeds_to_try(bool any_speed, float now) {
     constexpr float faster[] = {1.3f, 1.15f, 1.0f, 1.5f}, glider[] = {1.0f, 1.1f, 1.2f, 1.3f};
     const float redline = veh[0].Vne_kts > 0.0f ? veh[0].Vne_kts * con.ktstomsc : INFINITY;
-    std::vector<float> speeds;
-    const auto add = [&](float speed) {
-        if (speed < redline) speeds.push_back(speed);
-    };
-    if (chosen) add(now);
-    for (const float factor : veh[0].num_engines > 0 ? faster : glider)
-        add(factor * (chosen ? veh[0].V_ref_ms : now));
+    std::vector<float> speeds = {now};
+    if (any_speed)
+        for (const float factor : veh[0].num_engines > 0 ? faster : glider)
+            speeds.push_back(factor * veh[0].V_ref_ms);
+    std::erase_if(speeds, [&](float speed) { return !(speed < redline); });
     return speeds;
+}
+
+// The weather goes on while nothing flies, in steps of one length and without the draws of a new second: the
+// frames before the start do not show in it.
+void let_wind_rise() {
+    constexpr int steps = 1000;
+    constexpr float period = 0.02f;  // s
+    mnw.prd_FM = period;
+    const int new_second = mnw.puff1;
+    mnw.puff1 = 0;
+    for (int i = 0; i < steps; ++i) weather_step();
+    mnw.puff1 = new_second;
 }
 }  // namespace
 
-bool start_steady(bool chosen_speed) {
-    // the wind rises over some seconds of its own steps: it has done so when the flight begins
-    constexpr int wind_steps = 1000;
-    const mean_wind no_gusts;
-    for (int i = 0; i < wind_steps; ++i) weather_step();
-    const flt_struct before = flt[0];
+bool start_steady(bool any_speed) {
     const lab_in_place in_place;
-    for (const float speed : speeds_to_try(chosen_speed, before.V_msc)) {
+    const mean_wind no_gusts;
+    let_wind_rise();
+    const flt_struct before = flt[0];
+    for (const float speed : speeds_to_try(any_speed, before.V_msc)) {
         const lab_steady steady = lab_find_steady(order_for(speed));
         if (!steady.found) {
             flt[0] = before;
@@ -98,5 +108,7 @@ bool start_steady(bool chosen_speed) {
 }
 
 void begin_user_flight_steady(int type_start1) {
-    if (seam.has_user && !msc.ai_flys && !stg.parkbrake) start_steady(type_start1 == start_custom);
+    const bool guided = stg.car_inprog || intrange(type_start1, start_shuttle_first, start_shuttle_last);
+    if (!seam.has_user || msc.ai_flys || stg.parkbrake || guided) return;
+    start_steady(type_start1 == start_custom || type_start1 == start_airport);
 }
