@@ -49,7 +49,10 @@ void name_end(const char* num_str, bool is_far_end, char (&name)[4]) {
     if (!is_far_end) return;
     const int other = intwrap(atoi(num_str) + 18, 1, 36);
     const char side = num_str[2] == 'L' ? 'R' : num_str[2] == 'R' ? 'L' : num_str[2];
-    snprintf(name, sizeof name, "%02d%c", other % 100, side == 'x' ? '\0' : side);
+    name[0] = static_cast<char>('0' + other / 10);
+    name[1] = static_cast<char>('0' + other % 10);
+    name[2] = side == 'x' ? '\0' : side;
+    name[3] = '\0';
 }
 
 // The runway whose centreline is nearest, among those that the aircraft is over or just short of.

@@ -16,6 +16,7 @@
 #include "core/math/num.h"
 #include "core/program/clocks.h"
 #include "core/records/records.h"
+#include "flight/ground/contact.h"
 #include "flight/instruments.h"
 #include "flight/mass_motion.h"
 #include "flight/pilots/pilot_input.h"
@@ -243,5 +244,6 @@ void init_flt_0(int type_start1, int type_start2) {
     show_what_it_needs(s.code);
     load_aircraft_of(s.code);
     start_at_place(s);
+    contact_start();
     TVPEventHook(4, mnw.real_time, 0.0f, 0, 0);
 }
