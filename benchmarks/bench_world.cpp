@@ -1,6 +1,6 @@
 // Worlds: tiles of 14,450 and of 130,050 triangles from their files to what is stood on and drawn, decoding,
 // assembly and display lists apart; seams between tiles; water tiles; and what a question about the terrain
-// costs, against the bare test of a triangle and a plain walk over a patch's triangles.
+// costs, on runways too, against the bare test of a triangle and a plain walk over a patch's triangles.
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -26,11 +26,15 @@
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "platform/window.h"
+#include "scenery/airports/strips.h"
 #include "scenery/decode/dsf.h"
 #include "scenery/draw/scenery_gl.h"
 #include "scenery/draw/terrain_list.h"
+#include "scenery/ground/runways.h"
+#include "scenery/ground/surfaces.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/ground/tile.h"
+#include "scenery/nav/nav_tables.h"
 #include "scenery/packages/library.h"
 #include "scenery/tile/tile_default.h"
 #include "scenery/tile/tile_defs.h"
@@ -521,11 +525,59 @@ void ask_where_nothing_is(benchmark::State& state) {
     ask(state, places);
 }
 
+// One runway and thirty taxiways beside it, as a large airport has them.
+void found_airport() {
+    constexpr int pieces = 31;
+    vec_apt_struct& apt = vec_apt.emplace_back();
+    for (int i = 0; i < pieces; ++i) {
+        vec_rwy_struct& rwy = apt.rwy.emplace_back();
+        snprintf(rwy.num_str, sizeof rwy.num_str, i ? "xxx" : "36x");
+        rwy.lat = middle_lat + 0.5f, rwy.lon = middle_lon + 0.5f + 0.001f * static_cast<float>(i);
+        rwy.len = 3000.0f, rwy.width = i ? 23.0f : 45.0f, rwy.surf_tex = surface_asphalt, rwy.markings = 3;
+    }
+    UTIL_build_runways(0);
+}
+
+void leave_airport() {
+    clear_strips();
+    vec_apt.clear();
+}
+
+void strips_of_an_airport(benchmark::State& state) {
+    world_struct world(false);
+    world.load_middle();
+    found_airport();
+    for (auto _ : state) UTIL_build_runways(0);
+    size_t rows = 0;
+    for (const vec_rwy_geo_struct& strip : vec_rwy_geo) rows += strip.vec_rwy_pol.size();
+    state.counters["rows"] = static_cast<double>(rows);
+    leave_airport();
+}
+
+// A tyre: on one piece of a runway; from end to end of it; between the taxiways.
+void ask_as_a_tyre(benchmark::State& state) {
+    world_struct world(false);
+    world.load_middle();
+    found_airport();
+    const place_struct middle = place_of(middle_lat + 0.5, middle_lon + 0.5);
+    const float east = state.range(0) == 2 ? 960.0f : 0.0f, step = state.range(0) == 0 ? 0.02f : 2.0f;
+    std::vector<place_struct> places;
+    for (size_t i = 0; i < questions; ++i)
+        places.push_back({middle.x + east, middle.z + step * (static_cast<float>(i) - questions / 2)});
+    env.over_rwy_this = 0;
+    size_t i = 0;
+    for (auto _ : state) {
+        const place_struct& at = places[i++ % questions];
+        benchmark::DoNotOptimize(return_terrain_y(at.x, at.z, checker_tire_first));
+    }
+    if (env.over_rwy_this == (state.range(0) == 2)) std::abort();
+    leave_airport();
+}
+
 // Ten wheels of a large aircraft, as they stand: metres to the right of its path and behind its nose wheels.
 constexpr place_struct wheels[] = {{-0.5f, 0.0f},  {0.5f, 0.0f},   {-6.0f, 26.0f}, {-5.0f, 26.0f},
                                    {-6.0f, 28.0f}, {-5.0f, 28.0f}, {5.0f, 26.0f},  {6.0f, 26.0f},
                                    {5.0f, 28.0f},  {6.0f, 28.0f}};
-constexpr int first_wheel = 69;  // of the askers
 
 // A kilometre to the north-east, over the border of four patches half way.
 void taxi(benchmark::State& state) {
@@ -544,14 +596,15 @@ void taxi(benchmark::State& state) {
                 const float along = step * static_cast<float>(i - steps / 2) - wheels[wheel].z;
                 const float x = half_way.x + along * east + wheels[wheel].x * north;
                 const float z = half_way.z - along * north + wheels[wheel].x * east;
-                benchmark::DoNotOptimize(return_terrain_y(x, z, first_wheel + static_cast<int>(wheel)));
+                benchmark::DoNotOptimize(
+                    return_terrain_y(x, z, checker_tire_first + static_cast<int>(wheel)));
             }
     state.counters["fast %"] = 100.0 * ren.num_fas_finds / (ren.num_fas_finds + ren.num_slo_finds);
     state.counters["slow/km"] = ren.num_slo_finds / static_cast<double>(state.iterations());
     count_vertices(state, steps * static_cast<int64_t>(std::size(wheels)));
 }
 
-constexpr auto ms = benchmark::kMillisecond;
+constexpr auto ms = benchmark::kMillisecond, us = benchmark::kMicrosecond;
 BENCHMARK(decode_alone)->Arg(small_cells)->Arg(large_cells)->Unit(ms);
 BENCHMARK(assembly)->Arg(small_cells)->Arg(large_cells)->Unit(ms);
 BENCHMARK(display_lists)->Arg(small_cells)->Arg(large_cells)->Unit(ms);
@@ -568,6 +621,8 @@ BENCHMARK(ask_same_patch)->Arg(small_cells)->Arg(large_cells);
 BENCHMARK(ask_other_patch)->Arg(small_cells)->Arg(large_cells);
 BENCHMARK(ask_other_tile);
 BENCHMARK(ask_where_nothing_is);
+BENCHMARK(strips_of_an_airport)->Unit(us);
+BENCHMARK(ask_as_a_tyre)->ArgName("piece, runway, beside")->DenseRange(0, 2);
 BENCHMARK(taxi)->Arg(small_cells)->Arg(large_cells)->Unit(ms);
 }  // namespace
 

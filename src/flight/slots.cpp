@@ -4,6 +4,7 @@
 #include "core/math/axes.h"
 #include "core/records/records.h"
 #include "flight/recording.h"
+#include "scenery/ground/terrain_query.h"
 #include "sound/sound.h"
 
 static void check_motion(const flt_struct& f) {
@@ -11,6 +12,14 @@ static void check_motion(const flt_struct& f) {
          {f.vx, f.vy, f.vz, f.P, f.Q, f.R, f.psi, f.the, f.phi, f.q[0], f.q[1], f.q[2], f.q[3]})
         check_val(v);
     for (const double v : {f.dob_x, f.dob_y, f.dob_z}) check_val(static_cast<float>(v));
+}
+
+// The ground of slot p; nothing is held up by it.
+static void see_ground(int p) {
+    flt_struct& f = flt[p];
+    f.terrain_y_cg = return_terrain_y(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z),
+                                      p == 0 ? static_cast<int>(checker_user) : checker_slot_first + p);
+    f.y_agl_mtr = static_cast<float>(f.dob_y) - veh[p].h_eqlbm - f.terrain_y_cg;
 }
 
 void update_with_net(int p) {
@@ -24,6 +33,7 @@ void update_with_net(int p) {
         const float rad = con.degtorad * step;
         update_quaternion(f.P * rad, f.Q * rad, f.R * rad, &f.psi, &f.the, &f.phi, f.q);
     }
+    see_ground(p);
     check_motion(f);
 }
 

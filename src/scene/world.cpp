@@ -10,6 +10,7 @@
 #include "core/records/ren.h"
 #include "scene/airport_search.h"
 #include "scenery/draw/ground_pictures.h"
+#include "scenery/ground/roofs.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/packages/library.h"
 
@@ -50,7 +51,8 @@ static void roll_found_ground() {
     env.over_obs_this = env.over_rwy_this = 0;
 }
 
-// The kind of ground that the next flight step begins with: its wheels ask for it before they ask for their heights.
+// The kind of ground that the next flight step begins with: its wheels ask for it before they ask for their
+// heights.
 static void look_below() {
     return_terrain_y(static_cast<float>(flt[0].dob_x), static_cast<float>(flt[0].dob_z), checker_user);
 }
@@ -59,6 +61,7 @@ void scene_state_step() {
     place_eye();
     turn_view();
     roll_found_ground();
+    find_roof_below();
     look_below();
     nearest_airport_step();
 }

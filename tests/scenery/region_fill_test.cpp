@@ -171,7 +171,8 @@ TEST_F(region_fill_test, lists_what_lies_between_its_rims_over_the_date_line_too
     EXPECT_EQ(loa_lcl_max, 0);
     EXPECT_EQ(hia_lcl_max, -1);
     EXPECT_FLOAT_EQ(msc.radio_busy_fac, 2000.0f * 5e-06f);
-    EXPECT_EQ(vec_apt[0].bcn_xyz[1], return_terrain_y(vec_apt[0].bcn_xyz[0], vec_apt[0].bcn_xyz[2], 0));
+    EXPECT_EQ(vec_apt[0].bcn_xyz[1],
+              return_terrain_y(vec_apt[0].bcn_xyz[0], vec_apt[0].bcn_xyz[2], checker_scenery));
     EXPECT_EQ(vec_apt[0].soc[0].soc_xyz[1], 0.0f) << "on the rim no ground is known";
     EXPECT_NEAR(vec_apt[0].soc[0].soc_xyz[0], -env.reg_x2_mtr, 2000.0f);
     EXPECT_EQ(vec_apt[2].bcn_xyz[0], 0.0f) << "a beacon at 0, 0 is none";

@@ -14,10 +14,14 @@
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
+#include "scenery/airports/strip_marks.h"
+#include "scenery/draw/airports_draw.h"
 #include "scenery/draw/ground_pictures.h"
 #include "scenery/draw/object_draw.h"
 #include "scenery/draw/proj_tex.h"
 #include "scenery/ground/ground_phase.h"
+#include "scenery/ground/runways.h"
+#include "scenery/ground/surfaces.h"
 #include "scenery/objects/objects.h"
 #include "weather/atmosphere.h"
 #include "weather/sky.h"
@@ -246,6 +250,57 @@ TEST_F(terrain_draw_test, layers_lie_over_each_other_and_the_camera_and_opengl_a
     glRotated(30.0, 1.0, 2.0, 3.0);
     glGetDoublev(GL_MODELVIEW_MATRIX, loaded);
     for (int i = 0; i < 16; ++i) EXPECT_NEAR(loaded[i], xcam.ModelView()[i], 1e-4);
+}
+
+// A strip of three rows to the south, 60 m wide: bare, with a threshold, bare.
+static void lay_strip(float west) {
+    clear_strips();
+    const airport_strips_struct mine = claim_strips(0, 1);
+    vec_rwy_geo_struct& strip = vec_rwy_geo[mine.first];
+    strip.surf_tex = surface_asphalt;
+    for (const float z : {20.0f, 80.0f, 140.0f, 200.0f}) {
+        const int tex = z == 140.0f ? strip_thr2 : strip_pave;
+        // the first end is in the south, so that left is west
+        strip.vec_rwy_pol.insert(
+            strip.vec_rwy_pol.begin(),
+            {static_cast<unsigned short>(tex), {{west, 0, z}, {west + 60.0f, 0, z}}, {0, 1, 0}});
+        strip.box.grow({west, 0, z}), strip.box.grow({west + 60.0f, 0, z});
+    }
+    vec_apt_strips[0].box = strip.box;
+}
+
+TEST_F(terrain_draw_test, a_runway_lies_on_the_land_until_its_region_goes) {
+    add_square(0, 0, 0, 200);
+    lay_strip(100.0f);
+    look_down();
+    draw();
+    const std::string bare = at(130, 170);
+    EXPECT_NE(bare, "255 0 0");
+    EXPECT_EQ(at(90, 170), "255 0 0");
+    const auto bars_at = [](int z) {
+        int bars = 0, was = 0;
+        for (int x = 101; x < 159; ++x) {
+            const int is = pixels(x, side - 1 - z, 1, 1)[0] > 200;
+            bars += is && !was;
+            was = is;
+        }
+        return bars;
+    };
+    EXPECT_EQ(bars_at(50), 0);
+    EXPECT_EQ(bars_at(110), 14) << "six on either side of the middle, and the sides";
+    ren.view_xyz[1] = 6000.0f;
+    draw();
+    EXPECT_NE(at(130, 170), "255 0 0");
+    EXPECT_EQ(bars_at(110), 0) << "no marks from afar";
+    draw(0, 1);
+    EXPECT_EQ(at(130, 170), "255 0 0") << "nothing to pick";
+    lay_strip(20.0f);
+    draw();
+    EXPECT_EQ(at(130, 170), "255 0 0") << "a new region has lists of its own";
+    EXPECT_EQ(at(50, 170), bare);
+    clear_strips();
+    draw();
+    EXPECT_EQ(at(50, 170), "255 0 0");
 }
 
 TEST_F(terrain_draw_test, a_projection_repeats_in_metres_and_ends_with_its_layer) {

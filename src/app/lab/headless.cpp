@@ -23,6 +23,7 @@
 #include "core/records/records.h"
 #include "draw/images/screenshot.h"
 #include "draw/widgets/widgets.h"
+#include "flight/ground/contact.h"
 #include "flight/instruments.h"
 #include "flight/landing_report.h"
 #include "flight/mass_motion.h"
@@ -30,6 +31,7 @@
 #include "platform/window.h"
 #include "scene/airport_search.h"
 #include "scene/frame_report.h"
+#include "scenery/draw/airports_draw.h"
 #include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/ground_phase.h"
 #include "scenery/ground/region.h"
@@ -45,11 +47,12 @@
 namespace {
 // Whatever keeps something between frames, beside the records.
 void (*const resets[])() = {
-    reset_clocks,       reset_input_gate,   reset_frame,          reset_app_update,     reset_world_flight,
-    reset_heartbeat,    reset_warnings,     reset_pilot_input,    reset_motion,         reset_instruments,
-    wind_reset,         forget_faulty_acf,  reset_screenshot,     reset_mouse_yoke,     reset_clicks,
-    reset_widgets,      forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
-    reset_region_lists, reset_ground_phase, reset_landing_report, reset_airport_search,
+    reset_clocks,        reset_input_gate,   reset_frame,          reset_app_update,     reset_world_flight,
+    reset_heartbeat,     reset_warnings,     reset_pilot_input,    reset_motion,         reset_instruments,
+    wind_reset,          forget_faulty_acf,  reset_screenshot,     reset_mouse_yoke,     reset_clicks,
+    reset_widgets,       forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
+    reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
+    reset_airports_draw,
 };
 
 }  // namespace

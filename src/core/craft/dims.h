@@ -50,7 +50,8 @@ enum fail_slot : int {
     fail_vacuum = 0,
     fail_ss_asi = 1, fail_ss_ahz = 2, fail_ss_alt = 3, fail_ss_tsi = 4, fail_ss_dgy = 5, fail_ss_vvi = 6,
     fail_L_flp = 26, fail_R_flp = 27, fail_L_flp_off = 28, fail_R_flp_off = 29,
-    fail_slat = 30, fail_throttle = 31, fail_gear = 32,
+    fail_slat = 30, fail_throttle = 31, fail_gear = 32,  // by leg, and its tyres
+    fail_tire = 37,
     fail_esys = 44, fail_otto = 47, fail_tail_drive = 48, fail_feather = 49, fail_inverter = 50,
     fail_pitot = 52, fail_static = 53,
     // per engine

@@ -16,7 +16,6 @@
 #include "draw/images/tman.h"
 #include "draw/point_lights.h"
 #include "platform/window_x11.h"
-#include "scenery/objects/object_hard.h"
 #include "scenery/objects/objects.h"
 #include "weather/puffs.h"
 #include "weather/sky.h"
@@ -42,7 +41,6 @@ struct plot_struct {
     int M, L;
     int use_tex1, use_tex2;
     bool compiling;  // the commands go into a list
-    int hard_pols;
     int units() const { return use_tex1 + use_tex2; }
     const vec_mod_struct& mod() const { return vec_mod[M]; }
     const vec_lod_struct& lod() const { return mod().vec_lod[L]; }
@@ -50,7 +48,7 @@ struct plot_struct {
 
 plot_struct plot_of(int M, int L, int lit) {
     const vec_mod_struct& mod = vec_mod[M];
-    return {M, L, mod.tex_ref_1 != 0, mod.tex_ref_2 != 0 && lit && add_env_avail, false, 0};
+    return {M, L, mod.tex_ref_1 != 0, mod.tex_ref_2 != 0 && lit && add_env_avail, false};
 }
 
 void set_state(const plot_struct& plot, int fog, int tex, int lit, int al) {
@@ -365,12 +363,10 @@ void run_actions(const plot_struct& plot, float x, float y, float z, float psi, 
             case obj_end_movie:
                 end_movie(plot);
                 break;
-            case obj_quad_hard:
-                if (plot.hard_pols) poly_hard(plot.M, plot.L, C, x, y, z);
-                break;
+            case obj_quad_hard:  // found without drawing (scenery/ground/roofs.h)
             case obj_normal:
             case obj_vert_tex:
-                break;  // of a hard quad
+                break;
             default:
                 MACIBM_data_fault("An object has a polygon TYPE that is not an action-list!", plot.mod().path,
                                   "", "");
@@ -447,8 +443,7 @@ void plot_obj(int M, int L, float x, float y, float z, float psi, float the, flo
 
 void plot_obj_inloop(int M, int L, float x, float y, float z, float psi, float the, float phi, int lit) {
     if (!cx || !is_level(M, L)) return;
-    plot_struct plot = plot_of(M, L, lit);
-    plot.hard_pols = 1;
+    const plot_struct plot = plot_of(M, L, lit);
     tex_units_now = intmin2(plot.units(), ren.num_tex_units);
     plot_build_obj(plot, x, y, z, psi, the, phi, lit);
 }

@@ -6,6 +6,9 @@ std::vector<airport_strips_struct> vec_apt_strips;
 
 // Where the last one asked for was found: it is nearly always the same airport's.
 static size_t last_found = 0;
+static int revision = 0;
+
+int strips_revision() { return revision; }
 
 airport_strips_struct* strips_of_airport(int apt_wrl) {
     if (last_found < vec_apt_strips.size() && vec_apt_strips[last_found].apt_wrl == apt_wrl)
@@ -19,6 +22,7 @@ airport_strips_struct* strips_of_airport(int apt_wrl) {
 }
 
 airport_strips_struct& claim_strips(int apt_wrl, size_t count) {
+    ++revision;
     airport_strips_struct* mine = strips_of_airport(apt_wrl);
     if (!mine) mine = &vec_apt_strips.emplace_back();
     const bool fits = mine->count == count;
@@ -31,6 +35,7 @@ airport_strips_struct& claim_strips(int apt_wrl, size_t count) {
 void clear_strips() {
     vec_rwy_geo.clear();
     vec_apt_strips.clear();
+    ++revision;
     last_found = 0;
 }
 

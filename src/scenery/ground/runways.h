@@ -38,6 +38,9 @@ struct airport_strips_struct {
 // By airport of the region, in the order in which they were built.
 extern std::vector<airport_strips_struct> vec_apt_strips;
 
+// Grows with each change of the tables: what was made from strips is out of date.
+int strips_revision();
+
 // Null when the airport has none in this region.
 airport_strips_struct* strips_of_airport(int apt_wrl);
 // Room for the strips of an airport, emptied; the same as before when it had as many.

@@ -5,5 +5,5 @@
 // ground (env.over_obs_this, obj_y_top, surf_tex). No OpenGL.
 void poly_hard(int M, int L, int C, float x, float y, float z);
 
-// All hard quads of a level, for runs that draw nothing.
+// All hard quads of a level.
 void object_hard_quads(int M, int L, float x, float y, float z);
