@@ -31,7 +31,7 @@ int read_code(input& in) {
     constexpr int codes[] = {608,  1200, 4200, 4201, 4202, 4203, 4204, 4205, 4206, 4207, 4500, 4501,
                              4502, 4503, 4800, 4801, 4802, 4803, 4804, 4805, 4806, 4807, 4808, 4809};
     const unsigned b = in.byte();
-    return b < std::size(codes) ? codes[b] : b < 200 ? start_airport : in.value<int>();
+    return b < 250 ? codes[b % std::size(codes)] : in.value<int>();
 }
 
 // Any bits, or a place near the starter region.
