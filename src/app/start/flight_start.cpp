@@ -173,12 +173,14 @@ void reset_clocks_and_yoke() {
 // What the parts of the flight model keep beside the records: a start is the same whatever flew before.
 void forget_last_flight() {
     reset_motion();
+    contact_start();
     reset_instruments();
     reset_pilot_input();
     wind_reset();
     for (float& until : stg.start_time) until = 0.0f;
     for (float& until : stg.amvo_timeout) until = 0.0f;
-    stg.chute_deploy_rat = stg.trap_accel = 0.0f;
+    stg.chute_deploy_rat = stg.trap_accel = stg.l_brake_add = stg.r_brake_add = 0.0f;
+    stg.RAT_on = stg.apu_on = stg.water_scoop = stg.tran_ID = 0;
     msc.crash_damp_timeout = 0.0f;
     msc.stab_ptch_test = msc.stab_hdng_test = 0;
 }
@@ -244,6 +246,5 @@ void init_flt_0(int type_start1, int type_start2) {
     show_what_it_needs(s.code);
     load_aircraft_of(s.code);
     start_at_place(s);
-    contact_start();
     TVPEventHook(4, mnw.real_time, 0.0f, 0, 0);
 }
