@@ -105,6 +105,7 @@ float castor(const vector& v, float beta_road, float* tire_steer) {
     return 0.0f;
 }
 
+// Of a nosewheel, across the aircraft.
 float limit_side_force(const contact_point_struct& p, float fx, float beta_road) {
     const float side_k = veh[0].nw_side_k;
     if (!p.is_tire || !veh[0].gear[p.en].steers || !(side_k > 0.01f)) return fx;
@@ -139,12 +140,11 @@ slide_struct find_friction(const contact_point_struct& p, const touch_struct& t)
 
     const float fco_max = (s.total_fric_rat > slides ? p.fco_kine : p.fco_stat) * weather_friction(t.at);
     s.frc_max = t.force * fco_max;
-    float fx_tir = fltlim(s.frc_max * slide_x_rat, -s.frc_max, s.frc_max);
+    const float fx_tir = fltlim(s.frc_max * slide_x_rat, -s.frc_max, s.frc_max);
     const float fz_tir =
         fltlim(t.force * p.fco_roll * total_z_rat - trq / fltmax2(radius, 0.01f), -s.frc_max, s.frc_max);
     const float sin_steer = sin_deg(*p.tire_steer), cos_steer = cos_deg(*p.tire_steer);
-    fx_tir = limit_side_force(p, fx_tir, beta_road);
-    s.fx_veh = cos_steer * fx_tir - sin_steer * fz_tir;
+    s.fx_veh = limit_side_force(p, cos_steer * fx_tir - sin_steer * fz_tir, beta_road);
     s.fz_veh = sin_steer * fx_tir + cos_steer * fz_tir;
     return s;
 }
@@ -178,8 +178,7 @@ void turn_wheel(int en, const slide_struct& s) {
     drag_sys(wheel.tire_TRQ, leg.tire_mi, &wheel.tire_omega, wheel.term_omega, leg.tire_radius * s.frc_max);
     if (jumped_across(before, wheel.tire_omega, wheel.term_omega))
         wheel.tire_omega = wheel.term_omega;
-    else if (jumped_across(before, wheel.tire_omega, 0.0f))
-        wheel.tire_omega = 0.0f;
+    if (jumped_across(before, wheel.tire_omega, 0.0f)) wheel.tire_omega = 0.0f;
     wheel.tire_rot_deg = fltwrap(
         wheel.tire_rot_deg + fmodf(wheel.tire_omega * con.radtodeg * mnw.prd_FM, 360.0f), 0.0f, 360.0f);
 }
@@ -187,6 +186,7 @@ void turn_wheel(int en, const slide_struct& s) {
 // A locked wheel grinds a flat spot into a dry runway, until the tyre bursts.
 void wear_tyre(int en, const touch_struct& t, const slide_struct& s) {
     constexpr float still = 0.5f, bursts = 100.0f, mends = 0.05f;  // m/s, m, per s
+    if (veh[0].gear[en].gear_type == gear_skid) return;  // of steel
     flt_gear_struct& wheel = flt[0].gear[en];
     const bool locked = fabsf(wheel.tire_omega * veh[0].gear[en].tire_radius) < still && s.total_skid > still;
     if (t.bears && atm.rway_fric_code == 0 && locked) wheel.tire_drag_dis += s.total_skid * mnw.prd_FM;
