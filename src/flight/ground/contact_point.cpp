@@ -134,9 +134,10 @@ road_struct meet_road(const contact_point_struct& p, const touch_struct& t) {
     return road;
 }
 
+constexpr float slides = 0.999f;  // total_fric_rat above which static friction is lost
+
 // At the wheel's present speed and torque.
 slide_struct find_friction(const contact_point_struct& p, const touch_struct& t, const road_struct& road) {
-    constexpr float slides = 0.999f;
     const float slide_z = road.total_z - rim_speed(p);
     const float total_z_rat = fltlim(road.total_z * road.gain, -1.0f, 1.0f);
     const float slide_z_rat = fltlim(slide_z * road.gain, -1.0f, 1.0f);
@@ -183,7 +184,7 @@ void turn_wheel(int en, float term_omega, float max_TRQ, float dt) {
 // A wheel that rolls follows the road. One that slides answers its brakes within a millisecond or two, faster
 // than half steps can follow: it takes steps of its own, and the road feels their mean.
 slide_struct roll_wheel(const contact_point_struct& p, const touch_struct& t, const road_struct& road) {
-    constexpr float longest = 0.001f, slides = 0.999f;  // the first in s
+    constexpr float longest = 0.001f;  // s
     flt_gear_struct& wheel = flt[0].gear[p.en];
     const float radius = radius_of(p);
     slide_struct now = find_friction(p, t, road), mean;
@@ -199,7 +200,6 @@ slide_struct roll_wheel(const contact_point_struct& p, const touch_struct& t, co
         turn_wheel(p.en, term_omega, radius * now.frc_max, dt);
         mean.total_skid += share * now.total_skid;
         mean.total_fric_rat += share * now.total_fric_rat;
-        mean.frc_max += share * now.frc_max;
         mean.fx_tir += share * now.fx_tir;
         mean.fz_tir += share * now.fz_tir;
     }
