@@ -11,6 +11,7 @@
 #include "core/records/records.h"
 #include "flight/force/forces.h"
 #include "flight/ground/contact_state.h"
+#include "flight/ground/wheels.h"
 #include "scenery/ground/terrain_query.h"
 #include "sound/sound.h"
 #include "weather/puffs.h"
@@ -77,24 +78,31 @@ float weather_friction(const vector& at) {
     return con.lcl_T_cel > 0.0f ? above_freezing[code] : freezing[code];
 }
 
-// Speeds in the wheel's axes, m/s; forces there, N.
+// How the road passes under the wheel, in its axes, m/s.
+struct road_struct {
+    float total_z = 0.0f, slide_x = 0.0f;
+    float beta_road = 0.0f;  // degrees
+    float gain = 0.0f;       // of slide speed to friction
+    float weather = 0.0f;    // share of the dry friction
+};
+
+// What friction does about it, N in the wheel's axes.
 struct slide_struct {
-    float total_z = 0.0f, slide_x = 0.0f, slide_z = 0.0f;
     float total_skid = 0.0f, total_fric_rat = 0.0f;
     float frc_max = 0.0f;  // what friction can bear
-    float fx_veh = 0.0f, fz_veh = 0.0f;
+    float fx_tir = 0.0f, fz_tir = 0.0f;
 };
 
 bool changed_sign(float was, float is) { return was * is < 0.0f; }
 
 // Friction grows with the slide, up to its limit; a tyre that flutters about zero has the slope taken back.
-float anti_flutter_gain(const contact_point_struct& p, const slide_struct& s) {
+float anti_flutter_gain(const contact_point_struct& p, float slide_x, float slide_z) {
     constexpr float usual = 2.0f;
     if (!p.is_tire) return usual;
     contact_state_struct& c = contact_state;
     float& gain = c.gain[p.en];
-    const bool flutters = changed_sign(c.o_slide_x_vel_tir[p.en], s.slide_x) ||
-                          changed_sign(c.o_slide_z_vel_tir[p.en], s.slide_z);
+    const bool flutters =
+        changed_sign(c.o_slide_x_vel_tir[p.en], slide_x) || changed_sign(c.o_slide_z_vel_tir[p.en], slide_z);
     gain = fltlim(gain * (flutters ? 0.9f : 1.1f), 0.2f, 20.0f);
     return gain;
 }
@@ -105,6 +113,102 @@ float castor(const vector& v, float beta_road, float* tire_steer) {
     return 0.0f;
 }
 
+float radius_of(const contact_point_struct& p) { return p.is_tire ? veh[0].gear[p.en].tire_radius : 0.2f; }
+float rim_speed(const contact_point_struct& p) {
+    return p.is_tire ? flt[0].gear[p.en].tire_omega * radius_of(p) : 0.0f;
+}
+
+road_struct meet_road(const contact_point_struct& p, const touch_struct& t) {
+    const vector v = to_veh(t.speed);
+    const float v_road = pythag(v.x, v.y, v.z);
+    road_struct road;
+    road.beta_road = atan2_deg(-v.x, -v.z);
+    if (p.castors)
+        road.beta_road = castor(v, road.beta_road, p.tire_steer);
+    else
+        road.beta_road += *p.tire_steer;
+    road.total_z = cos_deg(road.beta_road) * v_road;
+    road.slide_x = sin_deg(road.beta_road) * v_road;
+    road.gain = anti_flutter_gain(p, road.slide_x, road.total_z - rim_speed(p));
+    road.weather = weather_friction(t.at);
+    return road;
+}
+
+constexpr float slides = 0.999f;  // total_fric_rat above which static friction is lost
+
+// At the wheel's present speed and torque.
+slide_struct find_friction(const contact_point_struct& p, const touch_struct& t, const road_struct& road) {
+    const float slide_z = road.total_z - rim_speed(p);
+    const float total_z_rat = fltlim(road.total_z * road.gain, -1.0f, 1.0f);
+    const float slide_z_rat = fltlim(slide_z * road.gain, -1.0f, 1.0f);
+    const float slide_x_rat = fltlim(road.slide_x * road.gain, -1.0f, 1.0f);
+    slide_struct s;
+    s.total_skid = pythag(road.slide_x, slide_z);
+    s.total_fric_rat = fltlim(pythag(slide_x_rat, slide_z_rat), 0.0f, 1.0f);
+    s.frc_max = t.force * (s.total_fric_rat > slides ? p.fco_kine : p.fco_stat) * road.weather;
+    s.fx_tir = fltlim(s.frc_max * slide_x_rat, -s.frc_max, s.frc_max);
+    const float trq = p.is_tire ? flt[0].gear[p.en].tire_TRQ : 0.0f;
+    s.fz_tir = fltlim(t.force * p.fco_roll * total_z_rat - trq / fltmax2(radius_of(p), 0.01f), -s.frc_max,
+                      s.frc_max);
+    return s;
+}
+
+// -- the wheel
+
+// From one side of a mark to the other, by more than rounding; both counted from it, in rad/s.
+bool jumped_across(float before, float after) {
+    constexpr float least = 0.01f;
+    return (before > least && after < -least) || (before < -least && after > least);
+}
+
+float slip_clutch(float driv_TRQ, float driv_mi, float* omega, float omega_receiver, float max_TRQ,
+                  float dt) {
+    const float trq_to_sync = (*omega - omega_receiver) * driv_mi / dt;
+    const float transmitted_TRQ = fltlim(driv_TRQ + trq_to_sync, -max_TRQ, max_TRQ);
+    *omega += (driv_TRQ - transmitted_TRQ) / fltmax2(driv_mi, 0.01f) * dt;
+    return transmitted_TRQ;
+}
+
+// A road that slows down is not jumped across: before counts from the road as it was.
+void turn_wheel(int en, float term_omega, float max_TRQ, float dt) {
+    flt_gear_struct& wheel = flt[0].gear[en];
+    const float before = wheel.tire_omega, slip_before = before - wheel.term_omega;
+    wheel.term_omega = term_omega;
+    slip_clutch(wheel.tire_TRQ, veh[0].gear[en].tire_mi, &wheel.tire_omega, term_omega, max_TRQ, dt);
+    if (jumped_across(slip_before, wheel.tire_omega - term_omega)) wheel.tire_omega = term_omega;
+    if (jumped_across(before, wheel.tire_omega)) wheel.tire_omega = 0.0f;
+    wheel.tire_rot_deg =
+        fltwrap(wheel.tire_rot_deg + fmodf(wheel.tire_omega * con.radtodeg * dt, 360.0f), 0.0f, 360.0f);
+}
+
+// A wheel that rolls follows the road. One that slides answers its brakes within a millisecond or two, faster
+// than half steps can follow: it takes steps of its own, and the road feels their mean.
+slide_struct roll_wheel(const contact_point_struct& p, const touch_struct& t, const road_struct& road) {
+    constexpr float longest = 0.001f;  // s
+    flt_gear_struct& wheel = flt[0].gear[p.en];
+    const float radius = radius_of(p);
+    slide_struct now = find_friction(p, t, road), mean;
+    const float term_omega = road.total_z / fltmax2(radius, 0.01f);
+    const bool rolls = now.total_fric_rat <= slides && fabsf(wheel.tire_TRQ) <= radius * now.frc_max;
+    const int steps = rolls ? 1 : intmax2(intcut(ceilf(mnw.prd_FM / longest)), 1);
+    const float dt = mnw.prd_FM / static_cast<float>(steps), share = 1.0f / static_cast<float>(steps);
+    for (int i = 0; i < steps; ++i) {
+        if (i > 0) {
+            wheel.tire_TRQ = brake_torque(p.en);
+            now = find_friction(p, t, road);
+        }
+        turn_wheel(p.en, term_omega, radius * now.frc_max, dt);
+        mean.total_skid += share * now.total_skid;
+        mean.total_fric_rat += share * now.total_fric_rat;
+        mean.fx_tir += share * now.fx_tir;
+        mean.fz_tir += share * now.fz_tir;
+    }
+    return mean;
+}
+
+// -- the aircraft
+
+// Of a nosewheel, across the aircraft.
 float limit_side_force(const contact_point_struct& p, float fx, float beta_road) {
     const float side_k = veh[0].nw_side_k;
     if (!p.is_tire || !veh[0].gear[p.en].steers || !(side_k > 0.01f)) return fx;
@@ -112,81 +216,25 @@ float limit_side_force(const contact_point_struct& p, float fx, float beta_road)
     return fltlim(fx, -most, most);
 }
 
-slide_struct find_friction(const contact_point_struct& p, const touch_struct& t) {
-    constexpr float slides = 0.999f;
-    const vector v = to_veh(t.speed);
-    const float v_road = pythag(v.x, v.y, v.z);
-    float beta_road = atan2_deg(-v.x, -v.z);
-    if (p.castors)
-        beta_road = castor(v, beta_road, p.tire_steer);
-    else
-        beta_road += *p.tire_steer;
-
-    const float omega = p.is_tire ? flt[0].gear[p.en].tire_omega : 0.0f;
-    const float radius = p.is_tire ? veh[0].gear[p.en].tire_radius : 0.2f;
-    const float trq = p.is_tire ? flt[0].gear[p.en].tire_TRQ : 0.0f;
-    slide_struct s;
-    s.total_z = cos_deg(beta_road) * v_road;
-    s.slide_z = s.total_z - omega * radius;
-    s.slide_x = sin_deg(beta_road) * v_road;
-
-    const float this_gain = anti_flutter_gain(p, s);
-    const float total_z_rat = fltlim(s.total_z * this_gain, -1.0f, 1.0f);
-    const float slide_z_rat = fltlim(s.slide_z * this_gain, -1.0f, 1.0f);
-    const float slide_x_rat = fltlim(s.slide_x * this_gain, -1.0f, 1.0f);
-    s.total_skid = pythag(s.slide_x, s.slide_z);
-    s.total_fric_rat = fltlim(pythag(slide_x_rat, slide_z_rat), 0.0f, 1.0f);
-
-    const float fco_max = (s.total_fric_rat > slides ? p.fco_kine : p.fco_stat) * weather_friction(t.at);
-    s.frc_max = t.force * fco_max;
-    float fx_tir = fltlim(s.frc_max * slide_x_rat, -s.frc_max, s.frc_max);
-    const float fz_tir =
-        fltlim(t.force * p.fco_roll * total_z_rat - trq / fltmax2(radius, 0.01f), -s.frc_max, s.frc_max);
+// At the bottom of the compressed leg. Gives back the axial force of friction.
+float add_forces(const contact_point_struct& p, const touch_struct& t, const road_struct& road,
+                 const slide_struct& s) {
     const float sin_steer = sin_deg(*p.tire_steer), cos_steer = cos_deg(*p.tire_steer);
-    fx_tir = limit_side_force(p, fx_tir, beta_road);
-    s.fx_veh = cos_steer * fx_tir - sin_steer * fz_tir;
-    s.fz_veh = sin_steer * fx_tir + cos_steer * fz_tir;
-    return s;
-}
-
-// At the bottom of the compressed leg.
-void add_forces(const contact_point_struct& p, const touch_struct& t, const slide_struct& s) {
+    const float fx_veh = limit_side_force(p, cos_steer * s.fx_tir - sin_steer * s.fz_tir, road.beta_road);
+    const float fz_veh = sin_steer * s.fx_tir + cos_steer * s.fz_tir;
     const float bottom = p.y_veh + t.deflection;
-    addFsgear(0, t.nrm_veh.x * t.force + s.fx_veh, bottom, p.z_veh);
+    addFsgear(0, t.nrm_veh.x * t.force + fx_veh, bottom, p.z_veh);
     addFngear(0, t.nrm_veh.y * t.force, p.x_veh, p.z_veh);
-    addFagear(0, t.nrm_veh.z * t.force + s.fz_veh, p.x_veh, bottom);
+    addFagear(0, t.nrm_veh.z * t.force + fz_veh, p.x_veh, bottom);
+    return fz_veh;
 }
 
-// -- the wheel
-
-// From one side of a mark to the other, by more than rounding.
-bool jumped_across(float before, float after, float mark) {
-    constexpr float least = 0.01f;  // rad/s
-    return (before - mark > least && after - mark < -least) ||
-           (before - mark < -least && after - mark > least);
-}
-
-void turn_wheel(int en, const slide_struct& s) {
-    flt_gear_struct& wheel = flt[0].gear[en];
-    const veh_gear_struct& leg = veh[0].gear[en];
-    if (leg.gear_type == gear_skid) {
-        wheel.term_omega = wheel.tire_omega = 0.0f;
-        return;
-    }
-    wheel.term_omega = s.total_z / fltmax2(leg.tire_radius, 0.01f);
-    const float before = wheel.tire_omega;
-    drag_sys(wheel.tire_TRQ, leg.tire_mi, &wheel.tire_omega, wheel.term_omega, leg.tire_radius * s.frc_max);
-    if (jumped_across(before, wheel.tire_omega, wheel.term_omega))
-        wheel.tire_omega = wheel.term_omega;
-    else if (jumped_across(before, wheel.tire_omega, 0.0f))
-        wheel.tire_omega = 0.0f;
-    wheel.tire_rot_deg = fltwrap(
-        wheel.tire_rot_deg + fmodf(wheel.tire_omega * con.radtodeg * mnw.prd_FM, 360.0f), 0.0f, 360.0f);
-}
+// -- the tyre
 
 // A locked wheel grinds a flat spot into a dry runway, until the tyre bursts.
 void wear_tyre(int en, const touch_struct& t, const slide_struct& s) {
     constexpr float still = 0.5f, bursts = 100.0f, mends = 0.05f;  // m/s, m, per s
+    if (veh[0].gear[en].gear_type == gear_skid) return;            // of steel
     flt_gear_struct& wheel = flt[0].gear[en];
     const bool locked = fabsf(wheel.tire_omega * veh[0].gear[en].tire_radius) < still && s.total_skid > still;
     if (t.bears && atm.rway_fric_code == 0 && locked) wheel.tire_drag_dis += s.total_skid * mnw.prd_FM;
@@ -194,34 +242,37 @@ void wear_tyre(int en, const touch_struct& t, const slide_struct& s) {
     wheel.tire_drag_dis *= 1.0f - mends * mnw.prd_FM;
 }
 
-void keep_tyre(const contact_point_struct& p, const touch_struct& t, const slide_struct& s) {
+void keep_tyre(const contact_point_struct& p, const touch_struct& t, const road_struct& road,
+               const slide_struct& s, float fz_veh) {
     flt_gear_struct& wheel = flt[0].gear[p.en];
     const float skid =
         fltlim(sqr(0.5f * s.total_skid), 0.0f, 1.0f) * interp(0.8f, 0.0f, 1.0f, 1.0f, s.total_fric_rat);
     wheel.tire_skid_rat = skid < 0.1f ? 0.0f : skid;
     wheel.tire_vrt_frc_veh = t.force * t.nrm_veh.y;
     wheel.tire_vrt_def_veh = t.deflection * t.nrm_veh.y;
-    wheel.tire_net_thrust = -s.fz_veh;
-    wheel.tire_net_power = s.total_z * s.fz_veh;
-    turn_wheel(p.en, s);
+    wheel.tire_net_thrust = -fz_veh;
+    wheel.tire_net_power = road.total_z * fz_veh;
     wear_tyre(p.en, t, s);
-    contact_state.o_slide_x_vel_tir[p.en] = s.slide_x;
-    contact_state.o_slide_z_vel_tir[p.en] = s.slide_z;
+}
+
+// For the next half step's flutter.
+void remember_slide(const contact_point_struct& p, const road_struct& road) {
+    contact_state.o_slide_x_vel_tir[p.en] = road.slide_x;
+    contact_state.o_slide_z_vel_tir[p.en] = road.gain > 0.0f ? road.total_z - rim_speed(p) : 0.0f;
 }
 
 // -- what is seen and heard
 
-void raise_dust(const contact_point_struct& p, const touch_struct& t, const slide_struct& s) {
+void raise_dust(const contact_point_struct& p, const touch_struct& t, const road_struct& road,
+                const slide_struct& s) {
     constexpr float least = 0.01f, strength = 0.3f, still = 0.8f;
     const bool wet = atm.rway_fric_code > 0, plain = env.surf_tex == 0;
-    const float by = wet || plain ? s.total_z : s.total_skid - still;
+    const float by = wet || plain ? road.total_z : s.total_skid - still;
     const float puff_rat = strength * signsqrt(by);
     if (!(puff_rat > least)) return;
-    const float radius = p.is_tire ? veh[0].gear[p.en].tire_radius : 0.2f;
-    const float rim = p.is_tire ? flt[0].gear[p.en].tire_omega * radius : 0.0f;
-    const vector spin = to_wrl({0.0f, 0.0f, rim});
+    const vector spin = to_wrl({0.0f, 0.0f, rim_speed(p)});
     puff.spawn_puff(t.at.x, t.at.y, t.at.z, t.speed.x + spin.x, t.speed.y + spin.y, t.speed.z + spin.z,
-                    radius * puff_rat, wet ? puff_wet : puff_dust, puff_rat);
+                    radius_of(p) * puff_rat, wet ? puff_wet : puff_dust, puff_rat);
 }
 
 void sound_bump(float rate) {
@@ -236,23 +287,22 @@ bool held_by_catapult(const contact_point_struct& p) {
 }  // namespace
 
 float drag_sys(float driv_TRQ, float driv_mi, float* omega_powerplant, float omega_receiver, float max_TRQ) {
-    const float trq_to_sync = (*omega_powerplant - omega_receiver) * driv_mi / mnw.prd_FM;
-    const float transmitted_TRQ = fltlim(driv_TRQ + trq_to_sync, -max_TRQ, max_TRQ);
-    *omega_powerplant += (driv_TRQ - transmitted_TRQ) / fltmax2(driv_mi, 0.01f) * mnw.prd_FM;
-    return transmitted_TRQ;
+    return slip_clutch(driv_TRQ, driv_mi, omega_powerplant, omega_receiver, max_TRQ, mnw.prd_FM);
 }
 
 int handle_contact_point(const contact_point_struct& p) {
     const touch_struct t = meet_surface(p);
     const bool is_cat = held_by_catapult(p);
-    slide_struct s;
-    if (t.bears || is_cat) {
-        s = find_friction(p, t);
-        add_forces(p, t, s);
-    }
-    if (p.is_tire) keep_tyre(p, t, s);
+    const bool is_wheel = p.is_tire && veh[0].gear[p.en].gear_type != gear_skid;
+    road_struct road;
+    if (t.bears || is_cat) road = meet_road(p, t);
+    if (p.is_tire) remember_slide(p, road);
+    if (p.is_tire && !is_wheel) flt[0].gear[p.en].term_omega = flt[0].gear[p.en].tire_omega = 0.0f;
+    const slide_struct s = is_wheel ? roll_wheel(p, t, road) : find_friction(p, t, road);
+    const float fz_veh = t.bears || is_cat ? add_forces(p, t, road, s) : 0.0f;
+    if (p.is_tire) keep_tyre(p, t, road, s, fz_veh);
     if (t.bears) {
-        if (mnw.puff20) raise_dust(p, t, s);
+        if (mnw.puff20) raise_dust(p, t, road, s);
         sound_bump(t.rate);
     }
     return t.bears || is_cat;

@@ -15,7 +15,7 @@ int num_braking_wheels() {
     int count = 0;
     for (int en = 0; en < gearDIM; ++en)
         if (has_this_gear(0, en) && !veh[0].gear[en].steers) ++count;
-    return intmax2(count, 1);
+    return count;
 }
 
 bool autobrake_is_on() { return stg.parkbrake > 0.99f && veh[0].fbrk_on_td_EQ; }
@@ -51,14 +51,6 @@ float brake_of(int en) {
     if (leg.x_nodef < -beside) part_brake += stg.l_brake_add;
     if (leg.x_nodef > beside) part_brake += stg.r_brake_add;
     return part_brake;
-}
-
-// Against the wheel's turn, fading near a stop.
-float brake_torque(int en, int braking_wheels) {
-    constexpr float omega_for_full_brakes = 4.0f;  // rad/s
-    const float full =
-        veh[0].m_max * con.g / static_cast<float>(braking_wheels) * veh[0].gear[en].tire_radius;
-    return -full * brake_of(en) * fltlim(flt[0].gear[en].tire_omega / omega_for_full_brakes, -1.0f, 1.0f);
 }
 
 // How much of the leg's rubber a blown tyre takes, by the wheels that share the load.
@@ -113,13 +105,20 @@ void touch_wheel(int en, const surface_friction_struct& friction) {
 }
 }  // namespace
 
+float brake_torque(int en) {
+    constexpr float omega_for_full_brakes = 4.0f;  // rad/s
+    const auto wheels = static_cast<float>(intmax2(contact_state.braking_wheels, 1));
+    const float full = veh[0].m_max * con.g / wheels * veh[0].gear[en].tire_radius;
+    return -full * brake_of(en) * fltlim(flt[0].gear[en].tire_omega / omega_for_full_brakes, -1.0f, 1.0f);
+}
+
 void touch_wheels(const surface_friction_struct& friction) {
     hold_deceleration();
-    const int braking_wheels = num_braking_wheels();
+    contact_state.braking_wheels = num_braking_wheels();
     for (int en = 0; en < gearDIM; ++en) {
         contact_state.down[en] = 0;
         if (!has_this_gear(0, en)) continue;
-        flt[0].gear[en].tire_TRQ = brake_torque(en, braking_wheels);
+        flt[0].gear[en].tire_TRQ = brake_torque(en);
         touch_wheel(en, friction);
     }
 }

@@ -8,3 +8,6 @@ struct surface_friction_struct {
 
 // All legs of the user's aircraft on dry land.
 void touch_wheels(const surface_friction_struct& friction);
+
+// Of a leg's brakes at the present speed of its wheel, N m: against its turn, fading near a stop.
+float brake_torque(int en);
