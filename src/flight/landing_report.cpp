@@ -43,14 +43,15 @@ runway_place place_on(const vec_rwy_struct& rwy, float ele) {
     return {from_far_end, along + 0.5f * rwy.len - displaced[from_far_end], across};
 }
 
-// The number of the other end: 18 further round, left and right exchanged.
+// As a pilot says it: two digits, and the side when there are neighbours. The other end has 18 more, left and
+// right exchanged.
 void name_end(const char* num_str, bool is_far_end, char (&name)[4]) {
-    snprintf(name, sizeof name, "%s", num_str);
-    if (!is_far_end) return;
-    const int other = intwrap(atoi(num_str) + 18, 1, 36);
-    const char side = num_str[2] == 'L' ? 'R' : num_str[2] == 'R' ? 'L' : num_str[2];
-    name[0] = static_cast<char>('0' + other / 10);
-    name[1] = static_cast<char>('0' + other % 10);
+    const int number = atoi(num_str);
+    const int end = is_far_end ? intwrap(number + 18, 1, 36) : intlim(number, 0, 99);
+    const char left = is_far_end ? 'R' : 'L', right = is_far_end ? 'L' : 'R';
+    const char side = num_str[2] == 'L' ? left : num_str[2] == 'R' ? right : num_str[2];
+    name[0] = static_cast<char>('0' + end / 10);
+    name[1] = static_cast<char>('0' + end % 10);
     name[2] = side == 'x' ? '\0' : side;
     name[3] = '\0';
 }

@@ -22,6 +22,3 @@ void system_catapult();
 
 // One gyro: 0 vacuum, 1 electric.
 void manage_gyro(int gyro_sys);
-
-// Fails a slot at once.
-void fail_it(int slot);

@@ -178,9 +178,10 @@ TEST_F(frame, a_crash_in_the_first_seconds_or_with_the_reset_off_leaves_the_airc
     mnw.miss_time = 0.0f;
     pass(64, 1.0 / 64.0);
     EXPECT_TRUE(test::alerts.empty());
+    place(10.0f, 60.0f, -50.0f);
     stg.reset_on_crash = 0;
     mnw.miss_time = 10.0f;
-    pass(2, 1.0 / 64.0);
+    pass(32, 1.0 / 64.0);
     EXPECT_GT(msc.crash_damp_timeout, mnw.totl_time);
     const float speed = flt[0].V_msc;
     pass(64, 1.0 / 64.0);

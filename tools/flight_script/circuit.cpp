@@ -11,7 +11,7 @@
 
 namespace {
 constexpr float pass = 1.0f / 64.0f;  // s between two calls
-constexpr float climb_kts = 76.0f, circuit_kts = 90.0f, base_kts = 72.0f, final_kts = 65.0f;
+constexpr float climb_kts = 76.0f, circuit_kts = 90.0f, base_kts = 72.0f, final_kts = 61.0f;
 constexpr float circuit_height = 300.0f, offset = 1600.0f;  // m
 constexpr float aim = 320.0f, slope_deg = 3.5f;             // m past the threshold where the slope ends
 
@@ -99,12 +99,16 @@ void throttle_for(float kts) {
     if (fabsf(kts - coming) > 1.5f) move_throttle(kts > coming ? 1 : -1);
 }
 
-// On the wheels: along the centreline by the nosewheel and the rudder that the stick turns.
+// On the wheels: along the centreline by the nosewheel and the rudder that the stick turns. The ailerons turn
+// with them: as long as they would lift a wing, the wings come first.
 void steer(float pull) {
+    constexpr float wings_lift = 45.0f, steering_alone = 30.0f;  // kt
     const place at = here();
     const float heading = at.course - fltlim(0.5f * at.across, -10.0f, 10.0f);
     const float error = fltwrap(heading - flt[0].psi, -180.0f, 180.0f);
-    move_stick(0.10f * error - 0.06f * flt[0].R, pull);
+    const float along = fltlim(0.10f * error - 0.06f * flt[0].R, -1.0f, 1.0f);
+    const float by_wings = interp(steering_alone, 0.0f, wings_lift, 1.0f, flt[0].v_ind_kts);
+    move_stick(along + by_wings * (level_wings(0.0f) - 0.8f * along), pull);
 }
 
 // -- the phases
@@ -164,22 +168,29 @@ void final(float time) {
 
 // Sinks ever more slowly; the nose comes up as the speed goes.
 void flare(float time) {
-    if (time == 0.0f) move_throttle(-20);
-    const place at = here();
-    const float climb = -0.35f - 0.25f * fltmax2(at.height, 0.0f);
     static float pitch = 0.0f;
+    static bool closed = false;
+    const place at = here();
     if (time == 0.0f) pitch = flt[0].the;
-    pitch = fltlim(pitch + 5.0f * (climb - flt[0].vy) * pass, -2.0f, 9.0f);
-    hold_attitude(fltlim(bank_along(at, 0.0f, false), -5.0f, 5.0f), pitch);
+    if (!closed && at.height < 2.5f) {
+        move_throttle(-20);
+        closed = true;
+    }
+    const float error = -0.4f - 0.25f * fltmax2(at.height, 0.0f) - flt[0].vy;
+    pitch = fltlim(pitch + 3.0f * error * pass, -2.0f, 8.0f);
+    hold_attitude(fltlim(bank_along(at, 0.0f, false), -5.0f, 5.0f),
+                  fltlim(pitch + 2.0f * error, -2.0f, 9.0f));
 }
 
+// The nose is let down and held there, until the elevator no longer can.
 void roll_out(float time) {
     static bool braking = false;
-    if (!braking && time > 2.0f && flt[0].v_ind_kts < 50.0f) {
+    if (!braking && time > 2.0f && flt[0].v_ind_kts < 45.0f) {
         press_brake();
         braking = true;
     }
-    steer(0.0f);
+    const float nose_up = flt[0].the - veh[0].the_eqlbm;
+    steer(fltlim(-0.06f * nose_up - 0.03f * flt[0].Q - 0.1f, -0.6f, 0.2f));
 }
 }  // namespace
 
@@ -192,5 +203,5 @@ const phase_struct circuit[circuit_phases] = {
     {"base", base, [](float) { return here().across > -430.0f; }, 90.0f, 20.0f},
     {"final", final, [](float) { return here().height < 6.0f; }, 120.0f, 20.0f},
     {"flare", flare, [](float) { return flt[0].onground_any != 0; }, 30.0f, -1.0f},
-    {"roll-out", roll_out, [](float time) { return time > 5.0f && flt[0].V_msc < 0.05f; }, 60.0f, -1.0f},
+    {"roll-out", roll_out, [](float time) { return time > 5.0f && flt[0].V_msc < 0.05f; }, 60.0f, 10.0f},
 };

@@ -17,6 +17,8 @@ enum engn_search : int { engn_any = 0, engn_prop = 1, engn_recip = 2, engn_jet =
 [[gnu::cold, gnu::noinline]] void bad_search(const char* text);
 
 inline int part_failed(int p, int slot) { return flt[p].fail_stat[slot] == fail_active; }
+// Of the user's aircraft, at once.
+inline void fail_it(int slot) { flt[0].fail_stat[slot] = fail_active; }
 
 // en 0 to 7.
 int has_this_thru(int p, int en, int type_search);

@@ -3,6 +3,7 @@
 
 #include <math.h>
 
+#include "aircraft/design/exists.h"
 #include "core/craft/veh.h"
 #include "core/math/axes.h"
 #include "core/math/num.h"
@@ -11,7 +12,6 @@
 #include "flight/force/forces.h"
 #include "flight/ground/contact_state.h"
 #include "flight/ground/wheels.h"
-#include "flight/systems.h"
 #include "scenery/ground/terrain_query.h"
 #include "sound/sound.h"
 #include "weather/puffs.h"
