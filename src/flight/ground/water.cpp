@@ -80,14 +80,20 @@ water_force force_on(const panel_struct& p, const motion_struct& m, float depth)
             0.1f * sid_area * Q * sin_beta * fabsf(cos_beta)};
 }
 
+// Along the local vertical, which leans from the world's y away from the region's centre: a kilogram that
+// floats there must not slide down towards it.
 void add_force(const water_force& force, const motion_struct& m, float x, float y, float z) {
-    const float most = flt[0].m_total * con.g;
+    const flt_struct& f = flt[0];
+    const float most = f.m_total * con.g, vertical = fltlim(force.vertical, -most, most);
     const float sin_path = sin_deg(m.hpath), cos_path = cos_deg(m.hpath);
-    const float axil = force.side * sin_path + force.axial * cos_path;
-    const float side = force.side * cos_path - force.axial * sin_path;
+    const float axil = fltlim(force.side * sin_path + force.axial * cos_path, -most, most);
+    const float side = fltlim(force.side * cos_path - force.axial * sin_path, -most, most);
+    const double up[3] = {f.dob_x, f.dob_y + con.planet_rad, f.dob_z};
+    const double height = sqrt(up[0] * up[0] + up[1] * up[1] + up[2] * up[2]);
     float fx, fy, fz;
-    wrl_to_veh(fltlim(side, -most, most), fltlim(force.vertical, -most, most), fltlim(axil, -most, most), &fx,
-               &fy, &fz, 0);
+    wrl_to_veh(side + vertical * static_cast<float>(up[0] / height),
+               vertical * static_cast<float>(up[1] / height),
+               axil + vertical * static_cast<float>(up[2] / height), &fx, &fy, &fz, 0);
     addFsgear(0, fx, y, z);
     addFngear(0, fy, x, z);
     addFagear(0, fz, x, y);

@@ -173,10 +173,12 @@ float return_terrain_y(float x, float z, int checker) {
     set3(env.terrain_vel, 0.0f, 0.0f, 0.0f);
     const bool fullcheck = sees_all(checker);
     if (fullcheck && smooth_surface_at(x, z)) return y_on_surface(x, z);
-    const float y = fullcheck && runway_surface_at(x, z, checker) ? y_on_surface(x, z)
-                    : find_terrain_poly(x, z, checker)            ? mesh_surface(x, z, checker)
-                                                                  : sea_surface(x, z);
-    return fullcheck ? y + surface_detail(x, z) : y;
+    if (fullcheck && runway_surface_at(x, z, checker)) return y_on_surface(x, z) + surface_detail(x, z);
+    if (!find_terrain_poly(x, z, checker)) return sea_surface(x, z);
+    const float y = mesh_surface(x, z, checker);
+    // bumps that stand still would heave whatever floats over them
+    const bool has_bumps = fullcheck && !ren.is_wet[checker];
+    return has_bumps ? y + surface_detail(x, z) : y;
 }
 
 int terrain_is_wet(float x, float z, int checker) {
