@@ -24,16 +24,16 @@ enum region_menu : int {
 };
 // Codes of their entries, the airport's or aid's place in the region's list more. Of those above menu_plan
 // the code is the entry's place, menu * 300 + entry, too: there a further menu opens.
-constexpr int code_plan = 2100, code_vor = 3600, code_ndb = 3900;
-static_assert(menu_itemDIM == 300 && apt_lclDIM <= menu_itemDIM);
+constexpr int code_plan = 2100;
+static_assert(menu_itemDIM == entries_of_airport && apt_lclDIM <= menu_itemDIM);
 
 // A further menu of airport c is menu first + c; its entries have codes from code + 300 c.
 struct further_menu {
     int parent, first, code;
 };
-constexpr further_menu ramps = {menu_ramp, 20, 6000};
+constexpr further_menu ramps = {menu_ramp, 20, ram1};
 constexpr further_menu runways[] = {
-    {menu_takeoff, 320, 96000}, {menu_visual, 620, 186000}, {menu_instrument, 920, 276000}};
+    {menu_takeoff, 320, tak1}, {menu_visual, 620, vfr1}, {menu_instrument, 920, ifr1}};
 
 // -- what does not fit
 
@@ -113,7 +113,7 @@ void append_aids(int m, int code, const int* list, int last) {
 void build_region_menus() {
     for (int c = 0; c <= apt_lcl_max; ++c) append_airport(c);
     for (int c = 0; c <= apt_lcl_max; ++c) add_further_menus(c);
-    append_aids(menu_vor, code_vor, vor_lcl_to_wrl, vor_lcl_max);
-    append_aids(menu_ndb, code_ndb, ndb_lcl_to_wrl, ndb_lcl_max);
+    append_aids(menu_vor, vor1, vor_lcl_to_wrl, vor_lcl_max);
+    append_aids(menu_ndb, ndb1, ndb_lcl_to_wrl, ndb_lcl_max);
     tell_too_much();
 }

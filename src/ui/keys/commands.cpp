@@ -20,6 +20,7 @@
 #include "draw/images/screenshot.h"
 #include "flight/power/engine_control.h"
 #include "ui/keys/engine_keys.h"
+#include "ui/keys/start_commands.h"
 #include "ui/settings/logbook.h"
 
 namespace {
@@ -42,21 +43,10 @@ constexpr command_row commands[] = {
     {cmd_kick_pitch, kick_pitch},   {cmd_kick_heading, kick_heading},
 };
 
-// Exercises that begin a flight, by the code of the start.
-bool is_special_start(int item) {
-    return intrange(item, start_grass, start_winch) || intrange(item, start_formation, start_carried) ||
-           intrange(item, start_carrier, start_fire) ||
-           intrange(item, start_shuttle_first, start_shuttle_last);
-}
-
-void begin_special(int item) {
-    init_flt_0(item, 0);
-    begin_user_flight_steady(item);
-}
 }  // namespace
 
 int command_exists(int item) {
-    if (is_special_start(item)) return 1;
+    if (start_command_exists(item)) return 1;
     for (const command_row& command : commands)
         if (command.code == item) return 1;
     return 0;
@@ -65,7 +55,7 @@ int command_exists(int item) {
 void APP_handlemenu(int item) {
     for (const command_row& command : commands)
         if (command.code == item) command.run();
-    if (is_special_start(item)) begin_special(item);
+    run_start_command(item);
     TVPEventHook(1, mnw.real_time, 0.0f, 0, 0);
 }
 
