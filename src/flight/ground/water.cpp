@@ -130,15 +130,16 @@ void splash() {
     soun.SOUND_set(sound_water, fltlim(0.02f * V, 0.0f, 1.0f), fltlim(0.05f * V, 0.0f, 1.0f));
 }
 
+void weigh_anchor() {
+    contact_state.anchor_x = flt[0].dob_x;
+    contact_state.anchor_z = flt[0].dob_z;
+}
+
 // Holds at most two metres a second squared. The way back to the anchor is turned into the aircraft's axes,
 // or it would lead away from it on southerly headings.
 void hold_anchor() {
     const flt_struct& f = flt[0];
-    if (!(stg.parkbrake > 0.5f)) {
-        contact_state.anchor_x = f.dob_x;
-        contact_state.anchor_z = f.dob_z;
-        return;
-    }
+    if (!(stg.parkbrake > 0.5f)) return weigh_anchor();
     float dx, dy, dz;
     wrl_to_veh(static_cast<float>(f.dob_x - contact_state.anchor_x), 0.0f,
                static_cast<float>(f.dob_z - contact_state.anchor_z), &dx, &dy, &dz, 0);
@@ -185,7 +186,7 @@ void float_on_water() {
     bool in_water = false;
     for (int en = part_fuse_first; en <= part_fair_last; ++en)
         if (has_this_body(0, en) && float_body(en)) in_water = true;
-    if (!in_water) return;
+    if (!in_water) return weigh_anchor();  // in the air it hangs on board
     flt[0].onground_any = flt[0].onground_all = 1;
     steer_by_water_rudder();
     splash();

@@ -2,6 +2,7 @@
 #include "scenery/ground/terrain_query.h"
 
 #include <math.h>
+#include <string.h>
 
 #include "core/math/num.h"
 #include "core/program/alert.h"
@@ -128,7 +129,7 @@ float sea_surface(float x, float z) {
     return env.terrain_ctr[1];
 }
 
-// A triangle too small to trust gives its first corner's height.
+// A triangle too small to trust is level at its first corner's height.
 float mesh_surface(float x, float z, int checker) {
     constexpr float least_run = 1.0f;  // square metres
     const d3_struct &g1 = *ren.i_geo0[checker], &g2 = *ren.i_geo1[checker], &g3 = *ren.i_geo2[checker];
@@ -136,12 +137,13 @@ float mesh_surface(float x, float z, int checker) {
     const float dx13 = g3.x - g1.x, dz13 = g3.z - g1.z;
     const float dy12 = g2.y - g1.y, dy13 = g3.y - g1.y;
     const float runx = dx13 * dz12 - dx12 * dz13, runz = dz13 * dx12 - dz12 * dx13;
+    set3(env.terrain_ctr, g1.x, g1.y, g1.z);
+    set3(env.terrain_nrm, 0.0f, 1.0f, 0.0f);
     if (fabsf(runx) < least_run || fabsf(runz) < least_run) return g1.y;
     const float rise_x = dy13 * dz12 - dy12 * dz13, rise_z = dy13 * dx12 - dy12 * dx13;
     const float nx = -rise_x / runx, nz = -rise_z / runz;
     constexpr float least_up = 0.01f;  // past 45 degrees a unit normal of these slopes would not exist
     set3(env.terrain_nrm, nx, sqrtf(fltmax2(1.0f - nx * nx - nz * nz, least_up)), nz);
-    set3(env.terrain_ctr, g1.x, g1.y, g1.z);
     return y_on_surface(x, z);
 }
 }  // namespace
@@ -167,18 +169,33 @@ int find_terrain_poly(float x, float z, int checker) {
     return found;
 }
 
+static float bare_surface(float x, float z, int checker) {
+    return find_terrain_poly(x, z, checker) ? mesh_surface(x, z, checker) : sea_surface(x, z);
+}
+
+// The network's plane stays in env for the tyres, who ask again before it is sent anew.
+static float bare_surface_beside_network(float x, float z, int checker) {
+    float ctr[3], nrm[3];
+    memcpy(ctr, env.terrain_ctr, sizeof ctr);
+    memcpy(nrm, env.terrain_nrm, sizeof nrm);
+    const float y = bare_surface(x, z, checker);
+    set3(env.terrain_ctr, ctr[0], ctr[1], ctr[2]);
+    set3(env.terrain_nrm, nrm[0], nrm[1], nrm[2]);
+    return y;
+}
+
 float return_terrain_y(float x, float z, int checker) {
     check_checker(checker);
     if (!isfinite(x) || !isfinite(z) || !ret_xz_inreg_tight(x, z)) return 0.0f;
     set3(env.terrain_vel, 0.0f, 0.0f, 0.0f);
-    const bool fullcheck = sees_all(checker);
-    if (fullcheck && smooth_surface_at(x, z)) return y_on_surface(x, z);
-    if (fullcheck && runway_surface_at(x, z, checker)) return y_on_surface(x, z) + surface_detail(x, z);
+    if (!sees_all(checker))
+        return net.getting_terrain ? bare_surface_beside_network(x, z, checker) : bare_surface(x, z, checker);
+    if (smooth_surface_at(x, z)) return y_on_surface(x, z);
+    if (runway_surface_at(x, z, checker)) return y_on_surface(x, z) + surface_detail(x, z);
     if (!find_terrain_poly(x, z, checker)) return sea_surface(x, z);
     const float y = mesh_surface(x, z, checker);
     // bumps that stand still would heave whatever floats over them
-    const bool has_bumps = fullcheck && !ren.is_wet[checker];
-    return has_bumps ? y + surface_detail(x, z) : y;
+    return ren.is_wet[checker] ? y : y + surface_detail(x, z);
 }
 
 int terrain_is_wet(float x, float z, int checker) {
