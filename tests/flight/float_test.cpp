@@ -284,6 +284,21 @@ TEST_F(seaplane, lies_at_anchor_while_the_brake_is_set) {
         test::run_frames(10.0f);
         EXPECT_GT(hypot(f.dob_x - x, f.dob_z - z), 3.0) << psi;
     }
+    // in the air it hangs on board; in the water it gives by the push of the wind, here from ahead
+    for (float& dir : atm.set_wind_dir_mag) dir = 90.0f;
+    float_at(90.0f - env.mag_var);
+    stg.parkbrake = 1.0f;
+    f.dob_y += 30.0;
+    test::run_frames(0.1f);
+    f.dob_x += 200.0, f.dob_y -= 29.0;
+    test::run_frames(40.0f);
+    EXPECT_LT(f.V_msc, 0.01f) << "at the old place it would be drawn back";
+    const double x = f.dob_x, z = f.dob_z;
+    for (float& speed : atm.set_wind_spd_kts) speed = 20.0f;
+    test::run_frames(60.0f);
+    const float push = (f.faxil_aero_acf + f.faxil_prop_acf) / f.m_total;
+    EXPECT_GT(push, 0.02f);
+    EXPECT_NEAR(hypot(f.dob_x - x, f.dob_z - z), 10.0f * push, 0.5f * push);
 }
 
 TEST_F(seaplane, splashes_by_its_speed_and_swims_only_on_bodies_with_keels) {
