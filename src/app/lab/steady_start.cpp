@@ -109,6 +109,7 @@ bool start_steady(bool any_speed) {
 
 void begin_user_flight_steady(int type_start1) {
     const bool guided = stg.car_inprog || intrange(type_start1, start_shuttle_first, start_shuttle_last);
-    if (!seam.has_user || msc.ai_flys || stg.parkbrake || guided) return;
+    const bool rests = stg.parkbrake || type_start1 == start_water;
+    if (!seam.has_user || msc.ai_flys || rests || guided) return;
     start_steady(type_start1 == start_custom || type_start1 == start_airport);
 }

@@ -26,6 +26,7 @@
 #include "scenery/ground/terrain_query.h"
 #include "scenery/nav/magnetic.h"
 #include "ui/settings/logbook.h"
+#include "weather/weather_step.h"
 #include "weather/wind.h"
 
 namespace {
@@ -59,9 +60,17 @@ void show_what_it_needs(int code) {
 
 // -- from the last flight to the place of this one
 
+// What the aircraft stood on, or a search of this start has met. The network's ground stays.
+void forget_ground_below() {
+    env.over_obs_this = env.over_rwy_this = 0;
+    env.roughness = 0.0f;
+    if (!net.getting_terrain) env.surf_tex = 0;
+}
+
 void clear_special_states() {
     env.obj_y_top = -9999.0f;
     env.over_obs_last = env.over_rwy_last = 0;
+    forget_ground_below();
     stg.cat_waiting = stg.cat_inprog = stg.tow_waiting = stg.tow_inprog = 0;
     stg.win_waiting = stg.win_inprog = stg.car_inprog = 0;
     env.over_carr = env.over_frig = 0;
@@ -125,6 +134,7 @@ bool place_user(start_state& s) {
 // Never below the ground; the place in all its forms; the velocity along the heading.
 float settle_on_terrain(const start_state& s) {
     flt_struct& f = flt[0];
+    forget_ground_below();
     const float gnd_y = return_terrain_y(static_cast<float>(f.dob_x), static_cast<float>(f.dob_z), 0);
     const double lowest = veh[0].h_eqlbm + gnd_y;
     if (f.dob_y < lowest) f.dob_y = lowest;
@@ -181,6 +191,8 @@ void forget_last_flight() {
     for (float& until : stg.amvo_timeout) until = 0.0f;
     stg.chute_deploy_rat = stg.trap_accel = stg.l_brake_add = stg.r_brake_add = 0.0f;
     stg.RAT_on = stg.apu_on = stg.water_scoop = stg.tran_ID = 0;
+    stg.over_g = stg.over_vne = stg.over_vfe = stg.over_vle = 0;
+    for (float& v : env.jet_vel) v = 0.0f;
     msc.crash_damp_timeout = 0.0f;
     msc.stab_ptch_test = msc.stab_hdng_test = 0;
 }
@@ -226,6 +238,7 @@ void start_at_place(start_state s) {
     const start_period same_at_any_frame_rate;
     while (!place_user(s)) s = start_state{};
     const float gnd_y = settle_on_terrain(s);
+    local_air_step();
     lay_out_lines(s);
     s.on_ground = is_on_ground(s, gnd_y);
     s.running = stg.start_running || !s.on_ground;

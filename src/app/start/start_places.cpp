@@ -67,8 +67,7 @@ vec_apt_struct airport_of_region() {
 
 const vec_apt_struct* selected_airport() {
     if (msc.loc_apt_wrl < 0 || static_cast<size_t>(msc.loc_apt_wrl) >= vec_apt.size()) return nullptr;
-    const vec_apt_struct& apt = vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
-    return apt.rwy.empty() ? nullptr : &apt;
+    return &vec_apt[static_cast<size_t>(msc.loc_apt_wrl)];
 }
 
 void stand_still(start_state& s) {
@@ -137,7 +136,7 @@ void hold_selection(const start_state& s) {
 bool place_at_airport(start_state& s) {
     const vec_apt_struct* const apt = selected_airport();
     if (s.place == place_ramp && apt) return place_at_ramp(s, *apt);
-    place_at_runway(s, apt ? *apt : airport_of_region());
+    place_at_runway(s, apt && !apt->rwy.empty() ? *apt : airport_of_region());
     return true;
 }
 

@@ -45,11 +45,13 @@ struct band {
 constexpr band approach_agl = {400.0f, 1200.0f};
 constexpr band cruise_agl[] = {{1000.0f, 3000.0f}, {3000.0f, 6000.0f}, {9000.0f, 12000.0f}};
 
-// Not at the user's own height.
-float clear_of_user(float y) {
+// Not at the user's own height, nor, where the user is low, in the ground.
+float clear_of_user(float y, float ground) {
+    constexpr float near = 2000.0f, apart = 500.0f;  // m
     const float user = static_cast<float>(flt[0].dob_y);
-    if (fabsf(y - user) > 2000.0f) return y;
-    return user + (int_rand(0, 1) ? 500.0f : -500.0f);
+    if (fabsf(y - user) > near) return y;
+    const bool above = int_rand(0, 1) || user - apart < ground + approach_agl.lo;
+    return user + (above ? apart : -apart);
 }
 }  // namespace
 
@@ -65,7 +67,7 @@ void init_flt_p_other_ai(int p) {
     const float ground = return_terrain_y(x, z, checker_ai);
     const int on_approach = p % 3 != 2;
     const band height = on_approach ? approach_agl : cruise_agl[cruise_class(p)];
-    const float y = clear_of_user(ground + flt_rand(height.lo, height.hi));
+    const float y = clear_of_user(ground + flt_rand(height.lo, height.hi), ground);
     const float sigma = find_standard_rho(0, y) * inv_rho_sl;
     const float speed = 1.5f * veh[p].V_ref_ms / sqrtf(fltmax2(sigma, 0.1f));
     const float heading = fltwrap(bearing + 180.0f + flt_rand(-10.0f, 10.0f), 0.0f, 360.0f);
