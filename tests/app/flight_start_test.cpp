@@ -14,7 +14,10 @@
 #include "scenery/ground/tile.h"
 #include "scenery/nav/nav_tables.h"
 #include "scenery/nav/planet_nav.h"
+#include "scenery/region/region_lists.h"
+#include "scenery/region/region_menus.h"
 #include "scenery/region/survey_land.h"
+#include "ui/keys/commands.h"
 
 namespace {
 constexpr double deg = M_PI / 180.0;
@@ -519,5 +522,36 @@ TEST_F(flight_start, is_the_same_bit_for_bit_whatever_flew_before_at_any_frame_r
                 << code << ' ' << place << ", after frames of " << dt;
         }
     }
+}
+TEST_F(flight_start, begins_by_the_menus_of_the_region) {
+    const vec_rwy_struct& rwy = add_default_airport();
+    msc.loc_apt_wrl = msc.lcl_rwy_ram = 0;
+    apt_lcl_to_wrl[2] = 0, apt_lcl_max = 2;
+    APP_handlemenu(tak1 + 2 * 300 + 2 * 1 + 1);
+    expect_before(rwy, 0.5 * runway_len - 10.0, runway_psi + 180.0f);
+    APP_handlemenu(ram1 + 2 * 300);
+    EXPECT_LT(between(f.dob_lat, f.dob_lon, 34.655f, -118.71f).distance, 1.0);
+    APP_handlemenu(vfr1 + 2 * 300 + 2 * 1);
+    expect_before(rwy, 0.5 * runway_len - 10.0 + 3.0 * nm, runway_psi);
+    APP_handlemenu(ifr1 + 2 * 300 + 2 * 1);
+    expect_before(rwy, 0.5 * runway_len - 10.0 + 10.0 * nm, runway_psi);
+    EXPECT_EQ(test::expect_fatal([] { APP_handlemenu(tak1 + 2 * 300 + 299); }).line[0],
+              "lcl_rwy_ram out of range!");
+    EXPECT_EQ(test::expect_fatal([] { APP_handlemenu(ram1 + 3 * 300); }).line[0],
+              "apt sel out of local range!");
+    EXPECT_TRUE(command_exists(ifr1 + 2 * 300) && !command_exists(ifr1 + 3 * 300));
+
+    vec_nav.emplace_back();
+    vec_nav[0].lat = 34.2f, vec_nav[0].lon = -118.1f, vec_nav[0].ele = 700.0f;
+    vor_lcl_to_wrl[1] = 0, vor_lcl_max = 1;
+    APP_handlemenu(vor1 + 1);
+    EXPECT_LT(between(f.dob_lat, f.dob_lon, 34.2f, -118.1f).distance, 1.0);
+    EXPECT_NEAR(f.dob_ele, 1700.0, 0.5);
+    EXPECT_FLOAT_EQ(f.V_msc, 1.5f * veh[0].V_ref_ms);
+    APP_handlemenu(614);
+    EXPECT_TRUE(f.dob_ele > 1999.0 && f.dob_ele < 4001.0);
+    EXPECT_TRUE(f.dob_lat > env.lat_sou && f.dob_lat < env.lat_sou + 2.0);
+    reset_region_lists();
+    vec_nav.clear();
 }
 }  // namespace

@@ -10,6 +10,7 @@
 #include "flight/ground/water.h"
 #include "flying.h"
 #include "scenery/ground/region.h"
+#include "scenery/ground/terrain_query.h"
 #include "sound/sound.h"
 
 namespace {
@@ -106,6 +107,29 @@ TEST_F(seaplane, floats_at_the_draught_of_archimedes_and_comes_to_rest) {
     }
 }
 
+// Water of the draught T under a flat bottom: a spring of g / T, and the square of the speed damps by v v /
+// T. A swing of amplitude a then loses 4 a a / 3 T each half.
+TEST_F(seaplane, bobs_in_the_time_of_its_draught_and_ever_less) {
+    test::run_frames(120.0f);
+    constexpr float displaced = 0.06f;
+    constexpr int swings = 6;  // half ones
+    const float rest = immersion();
+    f.dob_y += displaced;
+    float last = -displaced, before = last, turned[swings], time = 0.0f;
+    for (int found = 0; found < swings && time < 10.0f;) {
+        lab_frame(1.0f / 64.0f);
+        time += 1.0f / 64.0f;
+        const float now = immersion() - rest;
+        if ((last - before) * (now - last) < 0.0f) turned[found++] = last;
+        before = last, last = now;
+    }
+    const float half = static_cast<float>(M_PI) * sqrtf(rest / con.g);
+    EXPECT_NEAR(time / swings, half, 0.05f * half);
+    for (int i = 0; i < swings; ++i) EXPECT_GT(turned[i] * (i % 2 ? -1.0f : 1.0f), 0.0f) << i;
+    const float expected = 1.0f / displaced + swings * 4.0f / (3.0f * rest);
+    EXPECT_NEAR(1.0f / fabsf(turned[swings - 1]), expected, 0.1f * expected);
+}
+
 TEST_F(seaplane, rides_waves_in_their_own_time) {
     atm.wave_height = 0.6f;
     atm.wave_length_to_height = 60.0f;
@@ -139,6 +163,75 @@ TEST_F(seaplane, rides_waves_in_their_own_time) {
         mnw.totl_time += 1.25f;
         EXPECT_NEAR(wave_h(x - 1.25f * atm.wave_speed * s, 5.0f, z + 1.25f * atm.wave_speed * c), y, 2e-3f);
     }
+}
+
+// The steep four feet of the weather as it is set out of the box; broadside is worst.
+TEST_F(seaplane, stays_upright_in_a_usual_sea) {
+    atm.wave_height = 1.2f;
+    atm.wave_length_to_height = 15.0f;
+    for (const float psi : {0.0f, 90.0f, 180.0f}) {
+        float_at(psi);
+        float most = 0.0f;
+        for (int i = 0; i < 64 * 120; ++i) {
+            lab_frame(1.0f / 64.0f);
+            most = fltmax2(most, fltmax2(fabsf(f.phi), fabsf(f.the)));
+        }
+        EXPECT_GT(most, 5.0f) << psi;
+        EXPECT_LT(most, 25.0f) << psi;
+    }
+}
+
+// Towed with the nose held up.
+TEST_F(seaplane, rises_with_its_speed) {
+    float above = 1.0f;
+    for (const float speed : {0.0f, 3.0f, 6.0f, 9.0f}) {
+        float_at(0.0f);
+        for (int i = 0; i < 64 * 10; ++i) {
+            f.vx = 0.0f, f.vz = -speed;
+            f.psi = f.phi = f.P = f.Q = f.R = f.Prad = f.Qrad = f.Rrad = 0.0f, f.the = 5.0f;
+            init_quaternion(f.psi, f.the, f.phi, f.q);
+            lab_frame(1.0f / 64.0f);
+        }
+        EXPECT_LT(immersion(), above - (speed > 0.0f ? 0.003f : 0.0f)) << speed;
+        above = immersion();
+    }
+}
+
+TEST_F(seaplane, lands_on_the_water_and_slows_down) {
+    float_at(0.0f);
+    f.the = 4.0f;
+    init_quaternion(f.psi, f.the, f.phi, f.q);
+    f.dob_y += 2.0;
+    f.vy = -1.0f, f.vz = -26.0f, f.V_msc = 26.0f;
+    for (int i = 0; i < 64 * 30; ++i) {
+        mnw.YK_ptch = fltlim((5.0f - f.the) * 0.1f - 0.05f * f.Q, -1.0f, 1.0f);
+        lab_frame(1.0f / 64.0f);
+    }
+    EXPECT_EQ(f.onground_all, 1);
+    EXPECT_LT(f.V_msc, 6.0f);
+    EXPECT_LT(fabsf(f.phi), 1.0f);
+}
+
+// On land there is none; and when the frame of the world moves, the anchor goes along.
+TEST_F(seaplane, drops_its_anchor_where_it_is) {
+    const auto carry = [&](double aside) {
+        f.dob_x += aside;
+        f.terrain_y_cg = y_with_xhz(static_cast<float>(f.dob_x), 0.0f, static_cast<float>(f.dob_z));
+        f.dob_y = f.terrain_y_cg - keel_y - draught();
+        f.vy = 0.0f;
+    };
+    float_at(0.0f);
+    stg.parkbrake = 1.0f;
+    test::run_frames(5.0f);
+    env.over_rwy_last = 1;
+    carry(40.0);
+    lab_frame(1.0f / 64.0f);
+    env.over_rwy_last = 0;
+    test::run_frames(5.0f);
+    EXPECT_LT(fabsf(f.vx), 0.1f);
+    carry(4000.0);
+    test::run_frames(5.0f);
+    EXPECT_LT(fabsf(f.vx), 0.1f);
 }
 
 // With the nose held high the floats come out of the water long before the wings carry.

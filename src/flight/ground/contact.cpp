@@ -20,8 +20,7 @@ void contact_start() {
     contact_state = {};
     for (float& gain : contact_state.gain) gain = first_gain;
     contact_state.time_last_play = -9999.0f;
-    contact_state.anchor_x = flt[0].dob_x;
-    contact_state.anchor_z = flt[0].dob_z;
+    weigh_anchor();
 }
 
 void reset_contact() { contact_start(); }
@@ -119,6 +118,7 @@ void note_ground_contact() {
 }
 
 void touch_land() {
+    weigh_anchor();
     const surface_friction_struct friction = friction_of_surface();
     touch_wing_tips(friction.mco);
     touch_bodies(friction.mco);

@@ -130,19 +130,17 @@ void splash() {
     soun.SOUND_set(sound_water, fltlim(0.02f * V, 0.0f, 1.0f), fltlim(0.05f * V, 0.0f, 1.0f));
 }
 
-void weigh_anchor() {
-    contact_state.anchor_x = flt[0].dob_x;
-    contact_state.anchor_z = flt[0].dob_z;
-}
-
 // Holds at most two metres a second squared. The way back to the anchor is turned into the aircraft's axes,
-// or it would lead away from it on southerly headings.
+// or it would lead away from it on southerly headings. An anchor beyond any chain belongs to a frame of the
+// world that has moved since.
 void hold_anchor() {
     const flt_struct& f = flt[0];
-    if (!(stg.parkbrake > 0.5f)) return weigh_anchor();
+    constexpr float longest_chain = 1000.0f;  // m
+    const auto off_x = static_cast<float>(f.dob_x - contact_state.anchor_x);
+    const auto off_z = static_cast<float>(f.dob_z - contact_state.anchor_z);
+    if (!(stg.parkbrake > 0.5f) || pythag(off_x, off_z) > longest_chain) return weigh_anchor();
     float dx, dy, dz;
-    wrl_to_veh(static_cast<float>(f.dob_x - contact_state.anchor_x), 0.0f,
-               static_cast<float>(f.dob_z - contact_state.anchor_z), &dx, &dy, &dz, 0);
+    wrl_to_veh(off_x, 0.0f, off_z, &dx, &dy, &dz, 0);
     const float side = f.m_total * fltlim(-f.vx_acf_axis - 0.1f * dx, -2.0f, 2.0f);
     const float axial = f.m_total * fltlim(-f.vz_acf_axis - 0.1f * dz, -2.0f, 2.0f);
     const float* at = veh[0].anchor_xyz;
@@ -166,6 +164,11 @@ bool float_body(int en) {
     return in_water;
 }
 }  // namespace
+
+void weigh_anchor() {
+    contact_state.anchor_x = flt[0].dob_x;
+    contact_state.anchor_z = flt[0].dob_z;
+}
 
 int handle_float_point(int en, int s, int r, float x_acf, float y_acf, float z_acf) {
     const flt_struct& f = flt[0];

@@ -8,3 +8,5 @@ float wave_h(float x, float y, float z);
 int handle_float_point(int en, int s, int r, float x_acf, float y_acf, float z_acf);
 // All of the user's aircraft; sets onground_any and onground_all.
 void float_on_water();
+// The anchor hangs on board, as it does away from the water.
+void weigh_anchor();
