@@ -40,20 +40,21 @@ struct touch_struct {
 
 touch_struct meet_surface(const contact_point_struct& p) {
     const flt_struct& f = flt[0];
-    touch_struct t;
+    touch_struct t = {};
     const vector arm = to_wrl({p.x_veh, p.y_veh, p.z_veh});
-    const vector turning = to_wrl({f.Prad * p.y_veh - f.Rrad * p.z_veh, -f.Prad * p.x_veh - f.Qrad * p.z_veh,
-                                   f.Rrad * p.x_veh + f.Qrad * p.y_veh});
     t.at = {static_cast<float>(f.dob_x + arm.x), static_cast<float>(f.dob_y + arm.y),
             static_cast<float>(f.dob_z + arm.z)};
     const int checker = p.en + (p.is_tire ? checker_tire_first : checker_part_first);
     const float ground = return_terrain_y(t.at.x, t.at.z, checker);
-    t.speed = {f.vx + turning.x - env.terrain_vel[0], f.vy + turning.y - env.terrain_vel[1],
-               f.vz + turning.z - env.terrain_vel[2]};
-    const vector n = {env.terrain_nrm[0], env.terrain_nrm[1], env.terrain_nrm[2]};
     // in double: far from the region's centre a float's last place would be a force
     t.deflection = fltmax2(static_cast<float>(ground - (f.dob_y + arm.y)), 0.0f);
     t.bears = t.deflection > 0.0f;
+    if (!t.bears && !p.is_tire) return t;  // most points of the airframe, at all times
+    const vector turning = to_wrl({f.Prad * p.y_veh - f.Rrad * p.z_veh, -f.Prad * p.x_veh - f.Qrad * p.z_veh,
+                                   f.Rrad * p.x_veh + f.Qrad * p.y_veh});
+    t.speed = {f.vx + turning.x - env.terrain_vel[0], f.vy + turning.y - env.terrain_vel[1],
+               f.vz + turning.z - env.terrain_vel[2]};
+    const vector n = {env.terrain_nrm[0], env.terrain_nrm[1], env.terrain_nrm[2]};
     t.rate = t.bears ? -(t.speed.x * n.x + t.speed.y * n.y + t.speed.z * n.z) : 0.0f;
     // never pulls, and the structure gives way at four times the full weight
     t.force = fltlim(t.rate * p.spr_dmp + t.deflection * p.spr_con, 0.0f, 4.0f * veh[0].m_max * con.g);
@@ -292,6 +293,7 @@ float drag_sys(float driv_TRQ, float driv_mi, float* omega_powerplant, float ome
 
 int handle_contact_point(const contact_point_struct& p) {
     const touch_struct t = meet_surface(p);
+    if (!t.bears && !p.is_tire) return 0;
     const bool is_cat = held_by_catapult(p);
     const bool is_wheel = p.is_tire && veh[0].gear[p.en].gear_type != gear_skid;
     road_struct road;
