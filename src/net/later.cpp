@@ -10,7 +10,6 @@ void NET_close() {}
 void NET_listen() {}
 void NET_send(const char*, const char*, int, int) {}
 int NET_is_up() { return 0; }
-int has_multiplayer() { return 0; }
 void NET_send_stat(int) {}
 void NET_send_vehn(int, int) {}
 void NET_send_snap(int, int) {}

@@ -6,7 +6,6 @@ void NET_close();
 void NET_listen();    // handles all waiting messages
 void NET_send(const char* label, const char* data_in, int data_len, int ip_index_to);
 int NET_is_up();
-int has_multiplayer();  // a peer was heard from in the last 30 seconds
 
 // Payloads of the heartbeat, filled afresh before each send.
 void NET_send_stat(int ip_index_to);

@@ -1,16 +1,21 @@
 // Where each start puts the aircraft, by references on the globe, and how it finds its switches.
 #include <math.h>
 
+#include <filesystem>
+
 #include "app/lab/headless.h"
-#include "app/lab/steady_start.h"
+#include "app/start/traffic.h"
+#include "core/disk/paths.h"
 #include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/program/clocks.h"
+#include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/ships.h"
 #include "flying.h"
 #include "scenery/ground/region.h"
+#include "scenery/ground/terrain_query.h"
 #include "scenery/ground/tile.h"
 #include "scenery/nav/nav_tables.h"
 #include "scenery/nav/planet_nav.h"
@@ -354,6 +359,24 @@ TEST_F(flight_start, another_aircraft_leads_where_the_default_one_stands_in_once
     EXPECT_EQ(test::alerts.size(), 3u);
 }
 
+TEST_F(flight_start, with_other_users_about_slot_one_is_theirs) {
+    init_flt_0(start_formation, 0);
+    net.use_ip[3] = 1;
+    flt[4].last_time_rcvd = mnw.real_time;
+    const double x = flt[1].dob_x, y = flt[1].dob_y;
+    for (const int code : {start_tow, start_formation, start_refuel_navy, start_carried}) {
+        init_flt_0(code, 0);
+        EXPECT_STREQ(veh[1].name, "Wren 160.acf");
+        EXPECT_TRUE(flt[1].dob_x == x && flt[1].dob_y == y) << code;
+    }
+    clear_acf(1);
+    expect_refused(start_formation, "I can't find the other aircraft of this flight!");
+    flt[4].last_time_rcvd = mnw.real_time - 31.0f;
+    init_flt_0(start_formation, 0);
+    EXPECT_STREQ(veh[1].name, "Wren 160.acf") << "they have fallen silent";
+    net.use_ip[3] = 0;
+}
+
 TEST_F(flight_start, the_towplane_stands_ahead_and_the_winch_at_the_end_of_its_line) {
     const vec_rwy_struct& rwy = add_default_airport();
     init_flt_0(start_tow, 0);
@@ -481,6 +504,45 @@ TEST_F(flight_start, keeps_fuel_and_payload_and_drops_what_hangs) {
     EXPECT_EQ(f.m_jettison, 0.0f);
 }
 
+// -- background traffic
+
+TEST_F(flight_start, background_aircraft_keep_to_their_bands_clear_of_the_user_and_the_ground) {
+    for (int p = 1; p < 7; ++p) {
+        veh[p].V_ref_ms = 40.0f;
+        veh[p].num_engines = 1;
+        veh[p].engn[0].engn_type = p == 2 ? engn_turb_free : engn_jet_hi;
+        const double lo = p % 3 != 2 ? 400.0 : p == 2 ? 3000.0 : 9000.0;
+        const double hi = p % 3 != 2 ? 1200.0 : p == 2 ? 6000.0 : 12000.0;
+        const auto above_ground = [p] {
+            const auto x = static_cast<float>(flt[p].dob_x), z = static_cast<float>(flt[p].dob_z);
+            return flt[p].dob_y - return_terrain_y(x, z, checker_ai);
+        };
+        for (int i = 0; i < 20; ++i) {
+            f.dob_y = 20000.0;
+            init_flt_p_other_ai(p);
+            EXPECT_LT(hypot(flt[p].dob_x - f.dob_x, flt[p].dob_z - f.dob_z), 1.5 * 46300.0 + 1.0);
+            EXPECT_EQ(flt[p].ai_app_mode, p % 3 != 2);
+            EXPECT_TRUE(fltrange(static_cast<float>(above_ground()), static_cast<float>(lo) - 0.1f,
+                                 static_cast<float>(hi) + 0.1f));
+            f.dob_y = i % 2 ? 5.0 : flt[p].dob_y;
+            init_flt_p_other_ai(p);
+            EXPECT_GE(fabs(flt[p].dob_y - f.dob_y), 399.0);
+            EXPECT_GE(above_ground(), 399.0);
+        }
+    }
+}
+
+TEST_F(flight_start, a_folder_that_leads_back_into_itself_holds_no_aircraft) {
+    namespace fs = std::filesystem;
+    const test::temp_folder folder;
+    fs::create_directories(folder.path() + "Aircraft/deep");
+    fs::create_directory_symlink(folder.path() + "Aircraft", folder.path() + "Aircraft/deep/again");
+    init_paths(folder.path());
+    const alert_lines lines = test::expect_fatal([] { get_random_plane(1); });
+    EXPECT_EQ(lines.line[0], "I Could not find planes to put in the sky with you!");
+    init_paths(INSTALL_FOLDER);
+}
+
 // -- the same start is the same flight
 
 constexpr std::pair<int, int> codes[] = {
@@ -515,10 +577,11 @@ record_bytes of_record(const char* name, const T& record) {
 
 using state_bytes = std::vector<record_bytes>;
 
-state_bytes state_now() {
-    return {of_record("flt[0]", flt[0]), of_record("flt[1]", flt[1]), of_record("stg", stg),
-            of_record("gear", veh[0].gear), of_record("nav", nav), of_record("env", env),
-            of_record("con", con), of_record("atm", atm)};
+state_bytes state_now(int code) {
+    const bool led = code == start_tow || intrange(code, start_formation, start_carried);
+    return {of_record("flt[0]", flt[0]),    of_record("flt[1]", flt[led]), of_record("stg", stg),
+            of_record("gear", veh[0].gear), of_record("nav", nav),         of_record("env", env),
+            of_record("con", con),          of_record("atm", atm)};
 }
 
 void expect_same(const state_bytes& a, const state_bytes& b, const std::string& where) {
@@ -531,46 +594,51 @@ void expect_same(const state_bytes& a, const state_bytes& b, const std::string& 
             }
 }
 
-// Where the user is and how much fuel there is decide some starts; the rest of what flew before must not show.
+// Where the user is and how much fuel there is decide some starts; the rest of what flew before must not
+// show.
 state_bytes begun(int code, int place) {
     stg.cus_lat = 34.6f, stg.cus_lon = -118.7f, stg.cus_alt = 1500.0f, stg.cus_psi = 30.0f, stg.cus_v = 50.0f;
     rand_seed(5);
     init_flt_0(start_custom, 0);
+    for (int ship = 0; ship < boatDIM; ++ship)
+        env.boat_x[ship] = 100.0f, env.boat_y[ship] = 0.0f, env.boat_z[ship] = 30.0f * ship;
+    scn.fire_avail = scn.fire_on[0] = 1;
     flt[0].m_fuel[0] = flt[0].m_fuel[1] = 20.0f;
     flt[0].m_fixed = 80.0f;
     clocks.totl.set(mnw.totl_time, 100.0);
     clocks.real.set(mnw.real_time, 100.0);
     init_flt_0(code, place);
-    return state_now();
+    if (code == start_custom || place == place_final_3) {
+        seam.has_user = 1;
+        begin_user_flight_steady(code);
+        seam.has_user = 0;
+    }
+    return state_now(code);
 }
 
-state_bytes flown() {
+state_bytes flown(int code) {
     mnw.puff1 = mnw.puff10 = mnw.puff20 = 0;  // the frame's own rhythm goes on through a start
     mnw.first_miss_cycle = 0;
     mnw.prd_FM = 0.01f;
     const lab_in_place by_steps;
     for (int i = 0; i < 50; ++i) lab_frame(0.01f);
-    return state_now();
+    return state_now(code);
 }
 
 TEST_F(flight_start, is_the_same_bit_for_bit_whatever_flew_before_at_any_frame_rate) {
     add_default_airport();
     vec_apt_struct& apt = add_airport("KEDW");
-    for (int surface : {113, 115, 116, 117, 119}) add_runway(apt, 34.905, -117.884, 60.0f, 1200.0f, "05x", surface);
-    const auto ships_and_fire = [] {
-        for (int s = 0; s < ships_placed; ++s) env.boat_x[s] = 100.0f, env.boat_z[s] = 30.0f * s;
-        scn.fire_avail = scn.fire_on[0] = 1;
-    };
+    for (int surface : {113, 115, 116, 117, 119})
+        add_runway(apt, 34.905, -117.884, 60.0f, 1200.0f, "05x", surface);
     atm.set_wind_spd_kts[0] = 12.0f;
     atm.set_turb_inc[0] = 0.4f;
     for (const auto& [code, place] : codes) {
-        ships_and_fire();
         state_bytes first, first_flown;
         for (const float dt : {1.0f / 64.0f, 0.05f, 0.01f}) {
             leave_a_mess(dt);
             const std::string where = std::to_string(code) + ' ' + std::to_string(place);
             const state_bytes now = begun(code, place);
-            const state_bytes later = flown();
+            const state_bytes later = flown(code);
             if (first.empty()) first = now, first_flown = later;
             expect_same(now, first, where);
             expect_same(later, first_flown, where + " flown");

@@ -17,7 +17,7 @@
 #include "core/program/alert.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
-#include "net/messages.h"
+#include "net/multiplayer.h"
 #include "scenery/ground/region_shift.h"
 #include "scenery/ground/terrain_query.h"
 #include "weather/atmosphere.h"
