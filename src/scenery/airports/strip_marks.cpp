@@ -42,9 +42,10 @@ rows_struct count_rows(const vec_rwy_struct& rwy) {
     rows.last = intlim(intround(total / rwy.width), 1, most);
     for (int e = 0; e < 2; ++e) {
         const float per_metre = static_cast<float>(rows.last) / total;
-        rows.blast[e] = intround(blast_m[e] * per_metre);
+        const auto rows_of = [&](float metres) { return intlim(intround(metres * per_metre), 0, most); };
+        rows.blast[e] = rows_of(blast_m[e]);
         if (blast_m[e] > 0.0f) rows.blast[e] = intmax2(rows.blast[e], 1);
-        rows.displaced[e] = intround((blast_m[e] + disp_m[e]) * per_metre);
+        rows.displaced[e] = rows_of(blast_m[e] + disp_m[e]);
         if (disp_m[e] > 0.0f && rows.displaced[e] == rows.blast[e]) ++rows.displaced[e];
     }
     const bool is_runway = !is_taxiway(rwy) && rwy.num_str[0] != 'H';
