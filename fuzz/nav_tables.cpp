@@ -1,10 +1,11 @@
-// Tables of airports, navaids, fixes and airways: an odd first byte is followed by rows behind a good header,
+// Tables of airports, navaids, fixes, airways and stars: an odd first byte is followed by rows behind a good header,
 // an even one by a whole file. Then look-ups in what came of them.
 #include "core/records/con.h"
 #include "scenery/nav/apt_file.h"
 #include "scenery/nav/nav_files.h"
 #include "scenery/nav/nav_lookup.h"
 #include "support.h"
+#include "weather/sky/stars.h"
 
 namespace {
 using fuzzing::input;
@@ -106,4 +107,18 @@ void fuzz_awy(input& in) {
     for (const std::vector<vec_awy_struct>* airways : {&vec_loa, &vec_hia})
         for (const vec_awy_struct& awy : *airways)
             fuzzing::must_be_finite({awy.lat[0], awy.lat[1], awy.lon[0], awy.lon[1]});
+}
+
+// Every star stands on the sky's sphere.
+void fuzz_astro(input& in) {
+    const size_t size = in.size();
+    write_table(in, "astro.dat", "740");
+    star.star_build();
+    size_t count = 0;
+    for (const auto& list : star.places) {
+        count += list.size();
+        for (const star_place& s : list)
+            must(std::abs(std::hypot(s.x, s.y, s.z) - 0.95f * min_dome_rad_mtrs) < 0.5f);
+    }
+    must(count <= size);
 }

@@ -8,6 +8,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent.parent
 MODEL = ["flight", "weather", "aircraft/derive"]
+NOT_MODEL = ["weather/sky", "weather/draw"]
 
 
 def tests_of(folder):
@@ -30,6 +31,8 @@ def main():
     for folder in MODEL:
         for path in sorted((ROOT / "src" / folder).rglob("*.cpp")):
             file = path.relative_to(ROOT / "src").as_posix()
+            if any(file.startswith(other) for other in NOT_MODEL):
+                continue
             if file not in named and re.search("as given", path.read_text(encoding="utf-8"), re.I):
                 wrong.append(f"{file} has laws that are as given and no row")
     print("\n".join(wrong), end="\n" if wrong else "")

@@ -181,23 +181,3 @@ void OGL_sbuf() {
     OGL_setcolorINDEX(col_white, 1.0f);
     seam.swap_buffers();
 }
-
-void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1,
-                  float pix_y1, float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom) {
-    GL_error_check("OGL_viewport 1");
-    glMatrixMode(GL_PROJECTION);
-    glLoadIdentity();
-    if (dims == 2) {
-        glViewport(0, 0, mnw.x_res_now, mnw.y_res_now);
-        glOrtho(mnw.x1_pix / zoom, mnw.x2_pix / zoom, mnw.y1_pix / zoom, mnw.y2_pix / zoom, -1.0, 1.0);
-    } else {
-        const float width = pix_x2 - pix_x1, height = pix_y2 - pix_y1;
-        glViewport(intround((pix_x1 + mnw.x_off) * mnw.xy_scale), intround(pix_y1 * mnw.xy_scale),
-                   intround(width * mnw.xy_scale), intround(height * mnw.xy_scale));
-        const float x = near_clip / zoom, y = near_clip * height / (width * zoom);
-        glFrustum(rat_x1 * x, rat_x2 * x, rat_y1 * y, rat_y2 * y, near_clip, far_clip);
-    }
-    glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
-    GL_error_check("OGL_viewport 2");
-}

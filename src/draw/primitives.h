@@ -38,7 +38,3 @@ void OGL_scissors(float x, float y, float dx, float dy);
 void OGL_scissors_end();
 // White, then the picture is shown.
 void OGL_sbuf();
-// dims 2: the whole screen flat, its extent divided by zoom. dims 3: a frustum of these tangents in a part
-// of the screen in virtual units.
-void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1,
-                  float pix_y1, float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom);

@@ -1,22 +1,32 @@
 // The flying view's order, with a window and without.
 #include "scene/world.h"
 
+#include "aircraft/electrics.h"
 #include "core/craft/veh.h"
 #include "core/math/num.h"
 #include "core/program/seams.h"
+#include "core/records/atm.h"
 #include "core/records/env.h"
 #include "core/records/flt.h"
+#include "core/records/mnw.h"
+#include "core/records/msc.h"
 #include "core/records/net.h"
 #include "core/records/ren.h"
 #include "scene/airport_search.h"
+#include "scene/aurora.h"
+#include "scene/sky_bodies.h"
 #include "scenery/draw/ground_pictures.h"
 #include "scenery/ground/roofs.h"
 #include "scenery/ground/terrain_query.h"
+#include "scenery/nav/nav_tables.h"
 #include "scenery/packages/library.h"
+#include "weather/draw/sky_draw.h"
+#include "weather/sky/skyc.h"
 
 void init_world_rendering() {
     DSF_ScanSceneryFolder();
     load_ground_pictures();
+    load_sky_pictures();
 }
 
 // At the aircraft, but never in the ground.
@@ -57,9 +67,28 @@ static void look_below() {
     return_terrain_y(static_cast<float>(flt[0].dob_x), static_cast<float>(flt[0].dob_z), checker_user);
 }
 
+// Tangents of the picture's edges; those of y for a picture as high as wide.
+static void open_view() {
+    const float half = ren.FOV / 90.0f;
+    mnw.x1_rat = mnw.y1_rat = -half;
+    mnw.x2_rat = mnw.y2_rat = half;
+}
+
+static void conditions_step() {
+    const int apt = msc.loc_apt_wrl;
+    const float airport_ele =
+        intrange(apt, 0, static_cast<int>(vec_apt.size()) - 1) ? vec_apt[static_cast<size_t>(apt)].ele : 0.0f;
+    skyc.conditions_update({airport_ele, esys_working(), 0, -1.0f,
+                            [](float x, float z) { return return_terrain_y(x, z, checker_scenery); }});
+}
+
 void scene_state_step() {
     place_eye();
     turn_view();
+    open_view();
+    conditions_step();
+    glare_step();
+    if (atm.plot_aurora) aurora_step();
     roll_found_ground();
     find_roof_below();
     look_below();

@@ -3,16 +3,10 @@
 #include "weather/clouds.h"
 #include "weather/puffs.h"
 #include "weather/real_weather.h"
-#include "weather/sky.h"
 
-// No report, no stars, no sky colours, no lamps, no cloud volume, no precipitation, no smoke.
+// No report, no cloud volume, no precipitation, no smoke.
 clou_class clou;
 puff_class puff;
-star_class star;
-skyc_class skyc;
-void star_class::star_build() {}
-void skyc_class::conditions_init() {}
-int skyc_class::any_lites_on(int) { return 0; }
 void real_weather_step() {}
 void clou_class::cloud_update() {}
 void clou_class::blow_region_x(float) {}

@@ -4,6 +4,7 @@
 
 #include "core/craft/part_ranges.h"
 #include "core/math/axes.h"
+#include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/program/seams.h"
 #include "core/program/upward.h"

@@ -24,7 +24,7 @@
 #include "scenery/ground/surfaces.h"
 #include "scenery/objects/objects.h"
 #include "weather/atmosphere.h"
-#include "weather/sky.h"
+#include "weather/sky/skyc.h"
 #include "window.h"
 
 namespace {
@@ -354,7 +354,7 @@ TEST_F(terrain_draw_test, water_moves_with_the_flight_and_not_with_the_wall_cloc
         scratch_array[1] = scratch_array[2] = 255;
         tman.load_texture(0, load_ogl, ref, filter_rgb, scratch_name);
     }
-    skyc.wat_col_r = skyc.wat_col_g = 1.0f, skyc.wat_col_b = 0.0f;
+    skyc.wat_col[0] = skyc.wat_col[1] = 1.0f, skyc.wat_col[2] = 0.0f;
     layer(0).plane_tex_ref = tex_water, layer(0).project_texes = 1;
     add_square(0, 0, 0, 200);
     look_down();

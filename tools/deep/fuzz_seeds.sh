@@ -18,7 +18,7 @@ case $1 in
          printf "\20\0\0\0\200\77\0\0\0\0\0\0\200\77\0\0\0\0"
          printf "\43\0\2\0\0\0\4\0\1\0\0\0\2\0\0\0\2\202\3\0\0\0\2\202\4\0\0\0\0\5\0\0\0\6\0\0\0"
          printf "\40\0"; head -c 32 /dev/zero) >"$corpus/tree" ;;
-    fuzz_apt|fuzz_nav|fuzz_fix|fuzz_awy)  # an even first byte: a whole file; an odd one: rows
+    fuzz_apt|fuzz_nav|fuzz_fix|fuzz_awy|fuzz_astro)  # an even first byte: a whole file; an odd one: rows
         table="$install/Resources/Earth nav data/${1#fuzz_}.dat"
         (printf '\0'; head -c 20000 "$table") >"$corpus/whole"
         (printf '\1'; tail -c 20000 "$table") >"$corpus/rows" ;;

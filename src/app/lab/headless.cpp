@@ -30,7 +30,9 @@
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
 #include "scene/airport_search.h"
+#include "scene/aurora.h"
 #include "scene/frame_report.h"
+#include "scene/planet.h"
 #include "scenery/draw/airports_draw.h"
 #include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/ground_phase.h"
@@ -42,6 +44,8 @@
 #include "ui/screens/clicks.h"
 #include "ui/text/language.h"
 #include "weather/atmosphere.h"
+#include "weather/sky/lightning.h"
+#include "weather/sky/skyc.h"
 #include "weather/wind.h"
 
 namespace {
@@ -52,7 +56,7 @@ void (*const resets[])() = {
     wind_reset,          forget_faulty_acf,  reset_screenshot,     reset_mouse_yoke,     reset_clicks,
     reset_widgets,       forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
     reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
-    reset_airports_draw,
+    reset_airports_draw, reset_skyc,         reset_lightning,      reset_aurora,         reset_planet,
 };
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "app/start/start_texts.h"
 #include "app/start/traffic.h"
 #include "core/disk/paths.h"
+#include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/program/alert.h"

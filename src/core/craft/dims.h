@@ -52,7 +52,7 @@ enum fail_slot : int {
     fail_L_flp = 26, fail_R_flp = 27, fail_L_flp_off = 28, fail_R_flp_off = 29,
     fail_slat = 30, fail_throttle = 31, fail_gear = 32,  // by leg, and its tyres
     fail_tire = 37,
-    fail_esys = 44, fail_otto = 47, fail_tail_drive = 48, fail_feather = 49, fail_inverter = 50,
+    fail_clights = 43, fail_esys = 44, fail_otto = 47, fail_tail_drive = 48, fail_feather = 49, fail_inverter = 50,
     fail_pitot = 52, fail_static = 53,
     // per engine
     fail_engine = 54, fail_eng_sep = 62, fail_clutch = 70, fail_reverse = 78, fail_oil = 102,

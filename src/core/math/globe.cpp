@@ -66,6 +66,12 @@ void xyz_with_latlonel(float* x, float* y, float* z, double lat, double lon, dou
     *z = static_cast<float>(dz);
 }
 
+float y_with_xhz(float x, float ele, float z) {
+    const double rad = static_cast<double>(con.planet_rad) + ele;
+    const double up_sqr = rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z;
+    return static_cast<float>(sqrt(fmax(up_sqr, 0.0)) - con.planet_rad);
+}
+
 float z_north_os(float lat, float lon) { return (static_cast<float>(ref_lon()) - lon) * sin_deg(lat); }
 
 void find_dis_crs_mag(float lat1, float lon1, float lat2, float lon2, float x1, float z1, float x2, float z2,

@@ -16,6 +16,9 @@ void xdob_xyz_with_latlonel(double* x, double* y, double* z, double lat, double 
 void latlonel_with_xyz(float* lat, float* lon, float* ele, float x, float y, float z);
 void xyz_with_latlonel(float* x, float* y, float* z, double lat, double lon, double ele);
 
+// World y at which a point of given x and z has elevation ele, m.
+float y_with_xhz(float x, float ele, float z);
+
 // Angle by which true north at a place leans away from the local -z axis, degrees.
 float z_north_os(float lat, float lon);
 

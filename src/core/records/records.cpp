@@ -14,6 +14,7 @@ atm_struct atm;
 nav_struct nav;
 inet_struct net;
 ren_struct ren;
+float r_manual_lighting = 1.0f, g_manual_lighting = 1.0f, b_manual_lighting = 1.0f;
 path_struct pat;
 scn_struct scn;
 std::vector<vec_bro_struct> vec_bro;

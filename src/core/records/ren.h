@@ -46,6 +46,7 @@ struct ren_struct {
     float sin_final_the, cos_final_the, sin_final_psi, cos_final_psi, sin_final_phi, cos_final_phi;  // of these
     float cockpit_the, cockpit_psi, cockpit_phi;  // view from the aircraft's axes, degrees
     float FOV;                  // horizontal field of view, degrees
+    float off_lat_rat;          // picture moved aside, halves of its width; preferences
     int vert1, vert2;           // 0 or 1: turned by -90, by 90 degrees about the line of sight; preferences
     int view_type_act;          // view_code
     int is_viewer;              // this machine only shows another's flight
@@ -61,6 +62,7 @@ struct ren_struct {
     int shadow_final_tex;       // reference of the clouds' shadow, 0 for none; clouds
     float shadow_dx_by_dy, shadow_dz_by_dy;  // way of a shadow east and south for each metre down; sky
     int stars_are_vis;          // 0 or 1; sky
+    float sin_azi_any, cos_azi_any, sin_dec_any, cos_dec_any;  // of what lights the scene: hour angle, declination; sky
     float glare_rat;            // blinding by the sun, 0 to 1; frame
     float apt_lite_rat, hud_brt, pan_brt, ins_brt;  // brightness: airports, HUD, panel, instruments, 0 to 1; panel
     float deg_per_mtr_x, deg_per_mtr_z;  // at the region's centre
@@ -78,3 +80,6 @@ struct ren_struct {
     int num_tex_units, max_iso;  // what OpenGL has: texture units, anisotropy; start
 };
 extern ren_struct ren;
+
+// Light on what OpenGL does not light: the cockpit, rain, 2D colours of rows below 39. Sky; raised for windows.
+extern float r_manual_lighting, g_manual_lighting, b_manual_lighting;

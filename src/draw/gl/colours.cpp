@@ -9,7 +9,6 @@
 #include "core/records/ren.h"
 
 float col_rgb[colour_rows][3];
-float r_manual_lighting = 1.0f, g_manual_lighting = 1.0f, b_manual_lighting = 1.0f;
 
 namespace {
 struct fixed_row {

@@ -5,8 +5,6 @@
 
 constexpr int colour_rows = 94;
 extern float col_rgb[colour_rows][3];
-// Cabin light on the instruments, multiplied into rows below 39.
-extern float r_manual_lighting, g_manual_lighting, b_manual_lighting;
 
 enum colour_row : int {
     col_white = 0,
@@ -28,6 +26,7 @@ enum colour_row : int {
     col_pulse_red,
     col_pulse_yellow,
     col_pulse_green,
+    col_lightning = 91,
 };
 
 // The fixed rows, and the cabin light full on.

@@ -18,7 +18,7 @@
 #include "platform/window_x11.h"
 #include "scenery/objects/objects.h"
 #include "weather/puffs.h"
-#include "weather/sky.h"
+#include "weather/sky/skyc.h"
 
 object_calls_struct object_calls = {
     util_point_lite_init,

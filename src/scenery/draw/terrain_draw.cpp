@@ -18,7 +18,7 @@
 #include "scenery/draw/proj_tex.h"
 #include "scenery/draw/ships_draw.h"
 #include "scenery/objects/objects.h"
-#include "weather/sky.h"
+#include "weather/sky/skyc.h"
 
 namespace {
 struct colour_struct {
@@ -154,7 +154,7 @@ void plot_bucket_instances_layer(XBucketID id, float lod_m_sqr, xlay_struct* ref
 // -- landing light
 
 void turn_lite_on() {
-    drawn.water = {skyc.raw_wat_r, skyc.raw_wat_g, skyc.raw_wat_b};
+    drawn.water = {skyc.raw_wat[0], skyc.raw_wat[1], skyc.raw_wat[2]};
     const veh_struct& v = veh[0];
     float x, y, z;
     veh_to_wrl(v.lanliteC_xyz[0], v.lanliteC_xyz[1], v.lanliteC_xyz[2], &x, &y, &z, 0);
@@ -170,7 +170,7 @@ void turn_lite_on() {
 void turn_lite_off(int is_map, int is_hits) {
     glDisable(GL_LIGHT1);
     drawn.water =
-        is_map || is_hits ? map_water : colour_struct{skyc.wat_col_r, skyc.wat_col_g, skyc.wat_col_b};
+        is_map || is_hits ? map_water : colour_struct{skyc.wat_col[0], skyc.wat_col[1], skyc.wat_col[2]};
 }
 
 // -- passes

@@ -4,6 +4,7 @@
 #include <math.h>
 #include <string.h>
 
+#include "core/math/globe.h"
 #include "core/math/num.h"
 #include "core/program/alert.h"
 #include "core/records/records.h"
@@ -147,12 +148,6 @@ float mesh_surface(float x, float z, int checker) {
     return y_on_surface(x, z);
 }
 }  // namespace
-
-float y_with_xhz(float x, float ele, float z) {
-    const double rad = static_cast<double>(con.planet_rad) + ele;
-    const double up_sqr = rad * rad - static_cast<double>(x) * x - static_cast<double>(z) * z;
-    return static_cast<float>(sqrt(fmax(up_sqr, 0.0)) - con.planet_rad);
-}
 
 long terrain_effort() { return triangles_tried; }
 

@@ -25,7 +25,5 @@ long terrain_effort();
 int terrain_is_wet(float x, float z, int checker);
 // Whether the user's wheels would meet water.
 int wheels_are_wet();
-// World y at which a point of given x and z has elevation ele, m.
-float y_with_xhz(float x, float ele, float z);
 // All askers start anew: the scenery that they remember goes away.
 void forget_found_terrain();

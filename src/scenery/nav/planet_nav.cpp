@@ -18,7 +18,8 @@
 #include "scenery/nav/nav_lookup.h"
 #include "scenery/packages/library.h"
 #include "scenery/seam/scenery_draw.h"
-#include "weather/sky.h"
+#include "weather/sky/skyc.h"
+#include "weather/sky/stars.h"
 
 namespace {
 constexpr const char* replaced_id = "XXXX";

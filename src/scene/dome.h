@@ -1,0 +1,5 @@
+// One picture of the world: sky, light, planet, ground.
+// Role: drawn as often a frame as there are screens; changes nothing that flies.
+#pragma once
+
+void WORLD_scene_per_dome();

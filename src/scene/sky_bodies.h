@@ -1,0 +1,14 @@
+// Stars, sun, moon and glare in the flying view.
+#pragma once
+
+// How bright the bodies stand against the sky of this frame, 0 to 1 and below.
+struct body_brightness {
+    float stars, aurora, sun, moon;
+};
+body_brightness find_body_brightness();
+
+// How much the light blinds the present view (ren.glare_rat). Once a drawn frame.
+void glare_step();
+
+// All bodies, in the camera's present turn and without its place.
+void draw_sky_bodies();

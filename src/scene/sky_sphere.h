@@ -1,0 +1,10 @@
+// What the bodies of the sky share.
+#pragma once
+
+constexpr float dis_to_sun = 1759.4f;  // radius of the sphere round the eye that bodies stand on, m
+
+// Does it outshine the light from all around in any colour?
+bool outshines_ambient(float brightness);
+// Turns OpenGL's model view, which holds the view's turn alone, to the level frame at the aircraft's place: x
+// east, y up, z south.
+void turn_to_local_level();
