@@ -1,0 +1,30 @@
+// How light looks to an eye used to the hour: exposure, night sight, and the bytes of a screen.
+// Role: the one place of taste; all sets and both planets go through the same curve.
+#pragma once
+#include "spectrum.h"
+
+// 0 to 1, encoded for a screen.
+struct shade {
+    double r, g, b;
+};
+
+struct eye {
+    colour white;       // linear colour of the light that is to look white
+    double exposure;    // per cd/m2
+    double rods;        // 0 by day to 1 by night
+    double liveliness;  // how bright all looks, part of full day
+};
+struct seen_light {
+    double level;  // lux on level ground, of sun and sky
+    double sky;    // lux of the sky alone
+};
+// `compared` is what the same hour gives under a clear sky: the eye does not wholly make up for less.
+eye adapt(const colour& white, const seen_light& light, const seen_light& full_day, double compared);
+
+// What a radiance (cd/m2 and so on) looks like.
+shade show(const eye& e, const spectrum& radiance);
+// The colour of a light as surfaces show it: at full day 1, at night dim; `part` is how much of the scene's
+// light it is, against a full day.
+shade show_light(const eye& e, const spectrum& irradiance, double part);
+// A disc too bright for the eye; `strength` 0 to 1 fades it.
+shade show_disc(const eye& e, const spectrum& light, double strength);
