@@ -13,6 +13,7 @@
 #include "app/init_sim.h"
 #include "core/disk/paths.h"
 #include "core/math/globe.h"
+#include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/program/alert.h"
 #include "core/program/seams.h"
@@ -20,6 +21,7 @@
 #include "draw/gl/frame_counts.h"
 #include "draw/images/screenshot.h"
 #include "platform/window.h"
+#include "scene/dome.h"
 #include "scene/world.h"
 #include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/region.h"
@@ -27,6 +29,7 @@
 #include "scenery/packages/library.h"
 #include "scenery/tile/tile_edge.h"
 #include "scenery/tile/tile_load.h"
+#include "weather/sky/skyc.h"
 #include "world_make.h"
 
 namespace {
@@ -174,6 +177,31 @@ void picture(benchmark::State& state) {
                         std::to_string(state.range(1)) + (state.range(2) ? "_sea.png" : ".png"));
     }
 }
+// The sky alone, into the same window: dome, stars, bodies, band. range 0: hour of the sun.
+void sky_stages(benchmark::State& state) {
+    stage().place_eye(places[0], 1500.0f);
+    atm.plot_aurora = 1;
+    mnw.locl_date_jan1 = 80;
+    mnw.zulu_time =
+        fltwrap(static_cast<float>(state.range(0)) * 3600.0f - static_cast<float>(flt[0].dob_lon) * 240.0f,
+                0.0f, 86400.0f);
+    mnw.locl_time = locl_from_zulu();
+    for (int settle = 0; settle < 2; ++settle) scene_state_step();
+    for (auto _ : state) {
+        draw_sky();
+        glFinish();
+    }
+}
+BENCHMARK(sky_stages)
+    ->ArgName("hour")
+    ->Arg(6)
+    ->Arg(12)
+    ->Arg(18)
+    ->Arg(0)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
 BENCHMARK(picture)
     ->ArgNames({"height_m", "visibility_nm", "sea"})
     ->ArgsProduct({{2, 300, 1500, 6000}, {5, 10, 25}, {0, 1}})

@@ -1,11 +1,14 @@
 // The air in the loop of the flight model: wind at an element, density, the step of a frame.
-// The reference is nine sines, which is what the turbulence field cannot go below.
+// The reference is nine sines, which is what the turbulence field cannot go below. And the sky's light and
+// colours.
 #include <benchmark/benchmark.h>
 
+#include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/program/seams.h"
 #include "core/records/records.h"
 #include "weather/atmosphere.h"
+#include "weather/sky/skyc.h"
 #include "weather/weather_step.h"
 #include "weather/wind.h"
 
@@ -57,6 +60,21 @@ static void standard_rho(benchmark::State& state) {
     }
 }
 BENCHMARK(standard_rho);
+
+// range 0: sets of colours that are mixed, 1 or 2
+static void sky_conditions(benchmark::State& state) {
+    start(0.0f);
+    reset_skyc();
+    atm.vis_rep = (state.range(0) == 1 ? 20.0f : 8.0f) * con.nmtomtrs;
+    ren.view_ele_msl = ren.view_ele_agl = 500.0f;
+    mnw.locl_time = mnw.zulu_time = 18.0f * 3600.0f;
+    for (auto _ : state) {
+        ren.final_psi = fltwrap(ren.final_psi + 1.0f, 0.0f, 360.0f);
+        skyc.conditions_update({0.0f, 1, 0, -1.0f, [](float, float) { return 0.0f; }});
+        benchmark::DoNotOptimize(skyc.sky_256);
+    }
+}
+BENCHMARK(sky_conditions)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 
 static void air_of_a_frame(benchmark::State& state) {
     start(0.0f);

@@ -15,6 +15,7 @@
 #include "scene/planet.h"
 #include "scene/sky_bodies.h"
 #include "scene/sky_dome.h"
+#include "scene/sky_sphere.h"
 #include "scenery/draw/terrain_draw.h"
 #include "weather/draw/sky_draw.h"
 #include "weather/sky/skyc.h"
@@ -35,7 +36,10 @@ void set_view() {
     LoadModelView();
 }
 
+}  // namespace
+
 void draw_sky() {
+    set_view();
     OGL_cull(0);
     draw_sky_dome();
     draw_sky_bodies();
@@ -44,6 +48,7 @@ void draw_sky() {
     OGL_cull(1);
 }
 
+namespace {
 void go_to_eye() {
     xcam.Translate(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
     LoadModelView();
@@ -54,6 +59,7 @@ void set_light() {
     const float diffuse[4] = {skyc.lgt_dir[0], skyc.lgt_dir[1], skyc.lgt_dir[2], 1.0f};
     const float above[4] = {0.0f, 1.0f, 0.0f, 0.0f};
     glPushMatrix();
+    turn_to_local_level();
     glRotatef(skyc.lgt_lat_sun_mon_any[body_any], 1.0f, 0.0f, 0.0f);
     glRotatef(skyc.lgt_azi_sun_mon_any[body_any], 0.0f, 0.0f, 1.0f);
     glRotatef(skyc.lgt_dec_sun_mon_any[body_any], 1.0f, 0.0f, 0.0f);
@@ -74,7 +80,6 @@ void set_fog() {
 
 void WORLD_scene_per_dome() {
     TVPDoDrawingHook(hook_scene);
-    set_view();
     draw_sky();
     go_to_eye();
     set_light();

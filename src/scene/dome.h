@@ -3,3 +3,5 @@
 #pragma once
 
 void WORLD_scene_per_dome();
+// Its first part: the view, the dome, the bodies, the haze below the horizon.
+void draw_sky();

@@ -1,5 +1,5 @@
-// Routines of this folder that do not exist yet: each call stands in its place in the frame and gets its neutral
-// answer here. The file shrinks as they are built.
+// Routines of this folder that do not exist yet: each call stands in its place in the frame and gets its
+// neutral answer here. The file shrinks as they are built.
 #include "core/program/upward.h"
 #include "scene/world.h"
 

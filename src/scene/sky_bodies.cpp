@@ -42,6 +42,10 @@ bool outshines_ambient(float brightness) {
     return brightness > skyc.lgt_amb[0] || brightness > skyc.lgt_amb[1] || brightness > skyc.lgt_amb[2];
 }
 
+bool aurora_shows() {
+    return atm.plot_aurora && ren.stars_are_vis && outshines_ambient(find_body_brightness().aurora);
+}
+
 void glare_step() {
     const float lo_vis_fadeout = interp(10.0f, 1.0f, 5.0f, 0.0f, sky_vis_nm());
     const float angle_off =
@@ -56,9 +60,7 @@ void glare_step() {
 
 // -- frames of the sky
 
-// From the view's attitude in the region's frame to its attitude at the aircraft's own place, so that a shift
-// of the region moves no star.
-void turn_to_local_level() {
+float turn_to_local_level() {
     float q[4], psi, the, phi;
     init_quaternion(ren.final_psi, ren.final_the, ren.final_phi, q);
     quat_to_local_euler(q, flt[0].dob_lat, flt[0].dob_lon, &psi, &the, &phi);
@@ -68,6 +70,7 @@ void turn_to_local_level() {
     glRotatef(phi, 0.0f, 0.0f, 1.0f);
     glRotatef(the, -1.0f, 0.0f, 0.0f);
     glRotatef(psi, 0.0f, 1.0f, 0.0f);
+    return psi;
 }
 
 namespace {
@@ -163,6 +166,6 @@ void draw_sky_bodies() {
     draw_stars(fltlim(bright.stars, 0.0f, 1.0f));
     draw_sun(bright.sun);
     draw_moon(bright.moon);
-    if (atm.plot_aurora && outshines_ambient(bright.aurora)) draw_aurora(bright.aurora);
+    if (aurora_shows()) draw_aurora(bright.aurora);
     OGL_cull(1);
 }

@@ -7,6 +7,9 @@ struct body_brightness {
 };
 body_brightness find_body_brightness();
 
+// Whether northern lights are there and bright enough. They move only while they show.
+bool aurora_shows();
+
 // How much the light blinds the present view (ren.glare_rat). Once a drawn frame.
 void glare_step();
 

@@ -8,6 +8,7 @@
 #include "core/records/ren.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
+#include "scene/sky_sphere.h"
 #include "weather/draw/sky_draw.h"
 #include "weather/sky/skyc.h"
 
@@ -49,7 +50,7 @@ void draw_sky_dome() {
     glDepthFunc(GL_ALWAYS);
     tman.bind_ref(tex_sky, 0, combine_default);
     glPushMatrix();
-    glRotatef(-ren.final_psi, 0.0f, 1.0f, 0.0f);
+    glRotatef(-turn_to_local_level(), 0.0f, 1.0f, 0.0f);
     glBegin(GL_QUAD_STRIP);
     for (int ref = 0; ref <= last; ref += step) {
         const float t = fltlim(static_cast<float>(ref) / 30.0f, lowest_row, highest_row);
@@ -67,7 +68,7 @@ void draw_bottom_band() {
     const strip_struct strip = strip_of_view(0.99f);
     OGL_setstate(fog_off, 0, lit_off, al_blend, depth_read, depth_write);
     glPushMatrix();
-    glRotatef(-ren.final_psi, 0.0f, 1.0f, 0.0f);
+    glRotatef(-turn_to_local_level(), 0.0f, 1.0f, 0.0f);
     glBegin(GL_QUAD_STRIP);
     for (int magnify = first; magnify <= last; magnify += step) {
         const float angle = (magnify > 0 ? 1.0f : static_cast<float>(magnify)) - dip;

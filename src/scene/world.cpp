@@ -88,7 +88,7 @@ void scene_state_step() {
     open_view();
     conditions_step();
     glare_step();
-    if (atm.plot_aurora) aurora_step();
+    if (aurora_shows()) aurora_step();
     roll_found_ground();
     find_roof_below();
     look_below();

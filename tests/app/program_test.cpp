@@ -96,12 +96,12 @@ protected:
         drive("key Return");
         ASSERT_TRUE(comes([&] { return flies(); }));
     }
-    // The mark for the nose, in the middle of the flying view, whatever lies behind it.
+    // The white figures in the strip of flight data.
     bool flies() {
-        const std::string mark = "convert " + shoot("now.png") +
-                                 " -crop 120x40+452+364 +repage -fuzz 8% -fill black +opaque '#ffc733' -fill "
-                                 "white -opaque '#ffc733' -format '%[fx:int(w*h*mean)]' info:";
-        return atoi(test::run(mark).output.c_str()) > 60;
+        const std::string figures = "convert " + shoot("now.png") +
+                                    " -crop 1024x30+0+734 +repage -fuzz 8% -fill black +opaque white -fill white -opaque "
+                                    "white -format '%[fx:int(w*h*mean)]' info:";
+        return atoi(test::run(figures).output.c_str()) > 200;
     }
     void quit() {
         drive("key q");

@@ -13,6 +13,7 @@
 #include "scenery/region/region_tiles.h"
 #include "scenery/seam/scenery_draw.h"
 #include "weather/atmosphere.h"
+#include "weather/sky/skyc.h"
 #include "weather/weather_step.h"
 #include "window.h"
 
@@ -26,10 +27,13 @@ protected:
         set_planet_specs(0);
         init_weather_defaults();
         stg.LOD_bias_rat = 1.0f;
+        ren.FOV = 45.0f;
         stg.num_acf = 1;
-        atm.vis_ground = 10.0f * con.nmtomtrs;
+        atm.vis_rep = 10.0f * con.nmtomtrs;
         mnw.prd_FM = 0.0f;  // the sea stands still
         init_world_rendering();
+        skyc.conditions_init();
+        mnw.locl_date_jan1 = 172, mnw.locl_time = 12.0f * 3600.0f, mnw.zulu_time = 20.0f * 3600.0f;
         region_steps = region_of_scenery;
     }
     void TearDown() override {
@@ -44,7 +48,7 @@ protected:
         env.lat_sou = 33.0f, env.lon_wes = -119.0f;
         load_region(shift_full_reload);
         xdob_xyz_with_latlonel(&flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, lat, lon, ele);
-        flt[0].dob_ele = ele;
+        flt[0].dob_lat = lat, flt[0].dob_lon = lon, flt[0].dob_ele = ele;
         init_quaternion(heading, -5.0f, 0.0f, flt[0].q);
         quat_to_euler(flt[0].q, &flt[0].psi, &flt[0].the, &flt[0].phi);
     }
