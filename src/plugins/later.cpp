@@ -13,3 +13,4 @@ int TVPHandleMenu(int) { return 0; }
 int TVPCheckMenu(int) { return 0; }
 int TVPMenuIsDisabled(int) { return 0; }
 int TVPDoDrawingHook(int) { return 1; }
+int TVPCameraHook(float*, float*, float*, float*, float*, float*, float*) { return 1; }

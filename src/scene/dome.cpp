@@ -17,6 +17,7 @@
 #include "scene/sky_dome.h"
 #include "scene/sky_sphere.h"
 #include "scenery/draw/terrain_draw.h"
+#include "ui/views/zoom.h"
 #include "weather/draw/sky_draw.h"
 #include "weather/sky/skyc.h"
 
@@ -26,7 +27,7 @@ enum drawing_hook : int { hook_scene = 1, hook_terrain = 2, hook_terrain_done = 
 void set_view() {
     constexpr float beyond_dome = 1.05f;
     OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix,
-                 mnw.y2_pix, skyc.near_dis, dome_radius() * beyond_dome, 1.0f);
+                 mnw.y2_pix, skyc.near_dis, dome_radius() * beyond_dome, zoom.act_zoom());
     xcam.SetFakeFarClippingPlane(skyc.far_land);
     if (ren.vert1) xcam.Rotate(-90.0, 0.0, 0.0, 1.0);
     if (ren.vert2) xcam.Rotate(90.0, 0.0, 0.0, 1.0);

@@ -20,6 +20,7 @@
 #include "scenery/ground/terrain_query.h"
 #include "scenery/nav/nav_tables.h"
 #include "scenery/packages/library.h"
+#include "ui/views/zoom.h"
 #include "weather/draw/sky_draw.h"
 #include "weather/sky/skyc.h"
 
@@ -27,27 +28,6 @@ void init_world_rendering() {
     DSF_ScanSceneryFolder();
     load_ground_pictures();
     load_sky_pictures();
-}
-
-// At the aircraft, but never in the ground.
-static void place_eye() {
-    constexpr float least_height = 1.5f;  // m
-    const flt_struct& f = flt[0];
-    const float agl = f.y_agl_mtr + veh[0].h_eqlbm;
-    const float raised = fltmax2(least_height - agl, 0.0f);
-    ren.view_xyz[0] = static_cast<float>(f.dob_x);
-    ren.view_xyz[1] = static_cast<float>(f.dob_y) + raised;
-    ren.view_xyz[2] = static_cast<float>(f.dob_z);
-    ren.view_ele_msl = static_cast<float>(f.dob_ele) + raised;
-    ren.view_ele_agl = agl + raised;
-}
-
-static void turn_view() {
-    const flt_struct& f = flt[0];
-    ren.final_psi = f.psi, ren.final_the = f.the, ren.final_phi = f.phi;
-    ren.sin_final_psi = sin_deg(f.psi), ren.cos_final_psi = cos_deg(f.psi);
-    ren.sin_final_the = sin_deg(f.the), ren.cos_final_the = cos_deg(f.the);
-    ren.sin_final_phi = sin_deg(f.phi), ren.cos_final_phi = cos_deg(f.phi);
 }
 
 // What is under the aircraft is found anew by drawing and by the next flight step; flight reads what the last
@@ -67,25 +47,23 @@ static void look_below() {
     return_terrain_y(static_cast<float>(flt[0].dob_x), static_cast<float>(flt[0].dob_z), checker_user);
 }
 
-// Tangents of the picture's edges; those of y for a picture as high as wide.
-static void open_view() {
-    const float half = ren.FOV / 90.0f;
-    mnw.x1_rat = mnw.y1_rat = -half;
-    mnw.x2_rat = mnw.y2_rat = half;
+// From the eye to the weapon that the view follows, below 0 for none.
+static float weapon_distance() {
+    if (!intrange(ren.wpn_to_track, 0, wattDIM - 1)) return -1.0f;
+    const wpn_struct& w = veh[0].wpn[ren.wpn_to_track];
+    return pythag(w.x - ren.view_xyz[0], w.y - ren.view_xyz[1], w.z - ren.view_xyz[2]);
 }
 
 static void conditions_step() {
     const int apt = msc.loc_apt_wrl;
     const float airport_ele =
         intrange(apt, 0, static_cast<int>(vec_apt.size()) - 1) ? vec_apt[static_cast<size_t>(apt)].ele : 0.0f;
-    skyc.conditions_update({airport_ele, esys_working(), 0, -1.0f,
+    skyc.conditions_update({airport_ele, esys_working(), view_is_external(), weapon_distance(),
                             [](float x, float z) { return return_terrain_y(x, z, checker_scenery); }});
 }
 
 void scene_state_step() {
-    place_eye();
-    turn_view();
-    open_view();
+    zoom.update_per_frame();
     conditions_step();
     glare_step();
     if (aurora_shows()) aurora_step();

@@ -5,6 +5,7 @@
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/windows.h"
 #include "ui/settings/logbook.h"
+#include "ui/views/mouse_look.h"
 
 // No settings windows, logbook, key file, devices.
 void manage_apt() {}
@@ -34,6 +35,9 @@ void logbook_entry() {}
 void read_key_file() {}
 void JOY_init() {}
 void JOY_close() {}
-void JOY_get() { mouse_yoke_step(); }
+void JOY_get() {
+    mouse_yoke_step();
+    mouse_look_step();
+}
 void init_hardware_out() {}
 void close_hardware_out(int) {}

@@ -43,6 +43,7 @@
 #include "ui/keys/mouse_yoke.h"
 #include "ui/screens/clicks.h"
 #include "ui/text/language.h"
+#include "ui/views/zoom.h"
 #include "weather/atmosphere.h"
 #include "weather/sky/lightning.h"
 #include "weather/sky/skyc.h"
@@ -57,6 +58,7 @@ void (*const resets[])() = {
     reset_widgets,       forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
     reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
     reset_airports_draw, reset_skyc,         reset_lightning,      reset_aurora,         reset_planet,
+    reset_views,
 };
 
 }  // namespace

@@ -46,17 +46,24 @@ struct ren_struct {
     float sin_final_the, cos_final_the, sin_final_psi, cos_final_psi, sin_final_phi, cos_final_phi;  // of these
     float cockpit_the, cockpit_psi, cockpit_phi;  // view from the aircraft's axes, degrees
     float FOV;                  // horizontal field of view, degrees
-    float off_lat_rat;          // picture moved aside, halves of its width; preferences
+    float off_lat_rat, off_vrt_rat;  // picture moved aside and up, halves of its width and height; preferences
+    float off_lat_deg, off_vrt_deg, off_phi_deg;  // view turned aside, up, about its line of sight; preferences
     int vert1, vert2;           // 0 or 1: turned by -90, by 90 degrees about the line of sight; preferences
     int view_type_act;          // view_code
     int is_viewer;              // this machine only shows another's flight
     int trans_panel;            // 0 or 1: the panel can be seen through; commands
-    int mouse_look;             // 0 or 1: the mouse turns the view; commands
+    int mouse_look, joy_look;   // 0 or 1: the mouse, a button of the joystick turns the view; commands, joystick
+    float mouse_look_os_psi, mouse_look_os_the;  // by so much, degrees
+    float joy_look_os_psi, joy_look_os_the;      // where the button asks it to go, degrees; joystick
+    float viewer_x, viewer_y, viewer_z;          // eye of a view station, world frame, m
+    float viewer_psi, viewer_the;                // its heading and pitch, degrees; mouse
     int sunglasses_on, night_vision_on;  // 0 or 1; commands
     int show_path;              // drawing of flown paths, 0 none; commands
     float current_alpha;        // of all that is drawn in one colour now, 0 to 1; frame
     int wpn_to_track;           // weapon that the view follows, -1 none; weapons
     int elum_renders;           // pictures of one frame for several screens, 0 to 4; preferences
+    int elum_dx, elum_dy;       // their size, pixels; preferences
+    float elum_ref_psi, elum_ref_the, elum_ref_phi;  // further turn of the view for them, degrees; preferences
     int draw_shadows;           // 0 or 1; rendering screen
     int plot_lan_litemap;       // 0 or 1: the landing light shows on the ground; frame
     int shadow_final_tex;       // reference of the clouds' shadow, 0 for none; clouds

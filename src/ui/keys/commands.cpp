@@ -22,10 +22,17 @@
 #include "ui/keys/engine_keys.h"
 #include "ui/keys/start_commands.h"
 #include "ui/settings/logbook.h"
+#include "ui/views/view_command.h"
+#include "ui/views/zoom.h"
 
 namespace {
 void quit() { g_done = 1; }
-void forward_view() { ren.view_type_act = view_fwd_panel; }
+void scroll_view_up() { zoom.poke_zoom(special_up); }
+void scroll_view_down() { zoom.poke_zoom(special_down); }
+void zoom_in() { zoom.poke_zoom(zoom_key_in); }
+void zoom_out() { zoom.poke_zoom(zoom_key_out); }
+void look_with_mouse() { ren.mouse_look = !ren.mouse_look; }
+void wear_sunglasses() { ren.sunglasses_on = !ren.sunglasses_on; }
 void night_vision() { ren.night_vision_on = !ren.night_vision_on; }
 void picture() { OGL_screenshot(); }
 void write_trace() { mnw.cyc_out = 1; }
@@ -37,16 +44,25 @@ struct command_row {
     void (*run)();
 };
 constexpr command_row commands[] = {
-    {cmd_about, MACIBM_about},      {cmd_quit, quit},
-    {view_fwd_panel, forward_view}, {cmd_night_vision, night_vision},
-    {cmd_trace, write_trace},       {cmd_screenshot, picture},
-    {cmd_kick_pitch, kick_pitch},   {cmd_kick_heading, kick_heading},
+    {cmd_about, MACIBM_about},
+    {cmd_quit, quit},
+    {cmd_scroll_up, scroll_view_up},
+    {cmd_scroll_down, scroll_view_down},
+    {cmd_zoom_in, zoom_in},
+    {cmd_zoom_out, zoom_out},
+    {cmd_mouse_look, look_with_mouse},
+    {cmd_sunglasses, wear_sunglasses},
+    {cmd_night_vision, night_vision},
+    {cmd_trace, write_trace},
+    {cmd_screenshot, picture},
+    {cmd_kick_pitch, kick_pitch},
+    {cmd_kick_heading, kick_heading},
 };
 
 }  // namespace
 
 int command_exists(int item) {
-    if (start_command_exists(item)) return 1;
+    if (start_command_exists(item) || view_command_exists(item)) return 1;
     for (const command_row& command : commands)
         if (command.code == item) return 1;
     return 0;
@@ -56,6 +72,7 @@ void APP_handlemenu(int item) {
     for (const command_row& command : commands)
         if (command.code == item) command.run();
     run_start_command(item);
+    zoom.poke_view(item);
     TVPEventHook(1, mnw.real_time, 0.0f, 0, 0);
 }
 
@@ -64,10 +81,37 @@ void step(float& value, float by, float lo, float hi) { value = fltlim(value + b
 
 void toggle(int& flag) { flag = !flag; }
 
-void trim_key(int key) {
-    constexpr float trim_step = 0.02f;
-    if (key == special_up) step(flt[0].elev_trim, -trim_step, -1.0f, 1.0f);
-    if (key == special_down) step(flt[0].elev_trim, trim_step, -1.0f, 1.0f);
+// Plain characters that are view commands, as the menus show them.
+struct view_row {
+    int key, command;
+};
+constexpr view_row view_keys[] = {
+    {'w', view_fwd_panel},  {'W', view_fwd_hud},     {'e', view_fwd_bare}, {'d', view_look_down},
+    {'u', view_left_45},    {'o', view_right_45},    {'j', view_left_90},  {'l', view_right_90},
+    {'m', view_left_135},   {',', view_right_135},   {'k', view_back},     {'K', view_down},
+    {'y', view_tower},      {'Y', view_runway},      {'a', view_chase},    {'A', view_circle},
+    {'s', view_still_spot}, {'S', view_moving_spot}, {'f', view_weapon},
+};
+
+// In and out, as the key table has them in rows 89 and 90; with shift ten times as fast.
+constexpr int zoom_in_key = '=', zoom_out_key = '-';
+
+bool is_zoom_key(int key) {
+    const struct {
+        int key, code;
+    } rows[] = {{zoom_in_key, zoom_key_in},
+                {zoom_out_key, zoom_key_out},
+                {shifted_key(zoom_in_key), zoom_key_in_fast},
+                {shifted_key(zoom_out_key), zoom_key_out_fast}};
+    for (const auto& row : rows)
+        if (row.key == key) return zoom.poke_zoom(row.code), true;
+    return false;
+}
+
+bool is_view_key(int key) {
+    for (const view_row& row : view_keys)
+        if (row.key == key) return APP_handlemenu(row.command), true;
+    return false;
 }
 
 // Every aircraft file below the aircraft folder, by path.
@@ -123,12 +167,16 @@ void release_cold() {
 // Set when it is off, else off.
 void toggle_brake(float set) { stg.parkbrake = stg.parkbrake < 0.01f ? set : 0.0f; }
 
-// Rudder on z and x, centred by c; brakes on b and, half, v; speed brakes on 3 and 4, flaps on 1 and 2,
-// igniters on i; r starts over, R with cold engines, n in the next aircraft.
+// Trim on [ and ], rudder on z and x, centred by c; brakes on b and, half, v; speed brakes on 3 and 4, flaps
+// on 1 and 2, igniters on i; r starts over, R with cold engines, n in the next aircraft.
 void flight_key(int key) {
-    constexpr float rudder_step = 0.1f, brake_step = 0.25f;
+    constexpr float rudder_step = 0.1f, brake_step = 0.25f, trim_step = 0.02f;
     flt_struct& f = flt[0];
     switch (key) {
+        case '[':
+            return step(f.elev_trim, -trim_step, -1.0f, 1.0f);
+        case ']':
+            return step(f.elev_trim, trim_step, -1.0f, 1.0f);
         case 'z':
             return step(mnw.YK_hdng, -rudder_step, -1.0f, 1.0f);
         case 'x':
@@ -171,8 +219,8 @@ struct control_row {
     int key, command;
 };
 constexpr control_row control_keys[] = {
-    {'/', cmd_trace},      {'n', cmd_kick_heading}, {'m', cmd_kick_pitch},
-    {'.', cmd_screenshot}, {'q', view_up_left},     {'e', view_up_right},
+    {'/', cmd_trace},    {'n', cmd_kick_heading}, {'m', cmd_kick_pitch}, {'.', cmd_screenshot},
+    {'q', view_up_left}, {'e', view_up_right},    {'o', cmd_mouse_look}, {'`', cmd_sunglasses},
 };
 
 // Counters and times of the frame, on the screen and in files.
@@ -187,11 +235,14 @@ void control_key(int key) {
 }  // namespace
 
 void APP_handlekey(int use_code, int key) {
-    if (use_code == key_use_special) return trim_key(key);
+    if (use_code == key_use_special) return zoom.poke_zoom(key);
     if (use_code == key_use_ctrl) return control_key(key);
     if (use_code == key_use_function) return lever_key(key);
-    if (use_code != key_use_char || mnw.top_win != win_fly) return;
+    if (use_code != key_use_char || is_zoom_key(key)) return;
+    if (mnw.top_win != win_fly) return;
     if (key == 'q') return MACIBM_ask_quit();
     if (key == 'p') return toggle(mnw.paused);
+    if (ren.is_viewer) return zoom.poke_zoom(key);
+    if (is_view_key(key)) return;
     flight_key(key);
 }

@@ -4,6 +4,10 @@
 // Commands by number, as far as the program names them; views are view_code.
 #define COMMAND_CODES(X)                                                                         \
     X(about, 0)                                                                                  \
+    X(scroll_up, 1502)                                                                           \
+    X(scroll_down, 1503)                                                                         \
+    X(zoom_in, 1527)                                                                             \
+    X(zoom_out, 1528)                                                                            \
     X(quit, 308)                                                                                 \
     X(earth, 616)                                                                                \
     X(mars, 617)                                                                                 \
