@@ -7,6 +7,7 @@
 
 namespace {
 constexpr int height_nodes = 96, direction_nodes = 256;
+constexpr double profile_step = 50.0;       // metres
 constexpr double sun_half_width = 0.00465;  // radians
 constexpr double square_centimetre = 1e-4;  // in square metres
 
@@ -23,8 +24,8 @@ constexpr double carbon_dioxide_against_air = 2.4;
 
 // The Chappuis band, 1e-21 cm2 a molecule at 223 K: rounded from A. Serdyuchenko et al., Atmos. Meas. Tech. 7
 // (2014).
-constexpr spectrum ozone_cross_section = {0.004f, 0.020f, 0.060f, 0.160f, 0.370f, 0.78f, 1.50f, 2.10f,
-                                          3.10f,  4.25f,  4.70f,  4.75f,  4.00f,  2.7f,  1.8f,  1.2f};
+constexpr spectrum ozone_cross_section = {0.007f, 0.028f, 0.085f, 0.23f, 0.49f, 0.90f, 1.60f, 2.76f,
+                                          3.50f,  4.67f,  4.70f,  4.31f, 3.22f, 2.24f, 1.47f, 0.94f};
 
 // The International Standard Atmosphere's density as a part of sea level's.
 double standard_density(double h) {
@@ -39,6 +40,12 @@ constexpr double ozone_foot = 10000.0, ozone_peak = 25000.0, ozone_head = 40000.
 double ozone_profile(double h) {
     return std::max(0.0, std::min((h - ozone_foot) / (ozone_peak - ozone_foot),
                                   (ozone_head - h) / (ozone_head - ozone_peak)));
+}
+
+amounts law_of_amounts(const atmosphere& a, double h) {
+    const double air = a.molecule_scale > 0.0 ? exp(-h / a.molecule_scale) : standard_density(h);
+    return {static_cast<float>(air), static_cast<float>(exp(-h / a.aerosol_scale)),
+            static_cast<float>(a.has_ozone ? ozone_profile(h) : 0.0)};
 }
 
 void take_aerosol(atmosphere& a, const spectrum& extinction, const spectrum& single_albedo,
@@ -79,7 +86,8 @@ amounts integrate_column(const atmosphere& a, double r, double cosine) {
     return column;
 }
 
-void fill_columns(atmosphere& a) {
+void fill_tables(atmosphere& a) {
+    for (double h = 0.0; h <= a.thickness; h += profile_step) a.profile.push_back(law_of_amounts(a, h));
     a.columns.resize(height_nodes * direction_nodes);
     for (int h = 0; h < height_nodes; ++h)
         for (int d = 0; d < direction_nodes; ++d) {
@@ -110,7 +118,7 @@ atmosphere earth_air(double aerosol_depth) {
     }
     a.extinction[molecules] = a.molecule_scattering;
     take_aerosol(a, haze, constant(single_albedo), constant(haze_asymmetry));
-    fill_columns(a);
+    fill_tables(a);
     return a;
 }
 
@@ -137,15 +145,18 @@ atmosphere mars_air(double dust_depth) {
                                                       air_cross_section(wavelength_nm(i)));
     a.extinction[molecules] = a.molecule_scattering;
     take_aerosol(a, constant(static_cast<float>(dust_depth / a.aerosol_scale)), albedo, g);
-    fill_columns(a);
+    fill_tables(a);
     return a;
 }
 
 amounts amounts_at(const atmosphere& a, double height) {
-    const double h = std::max(height, 0.0);
-    const double air = a.molecule_scale > 0.0 ? exp(-h / a.molecule_scale) : standard_density(h);
-    return {static_cast<float>(air), static_cast<float>(exp(-h / a.aerosol_scale)),
-            static_cast<float>(a.has_ozone ? ozone_profile(h) : 0.0)};
+    const double u = std::clamp(height / profile_step, 0.0, a.profile.size() - 1.001);
+    const size_t k = static_cast<size_t>(u);
+    const float f = static_cast<float>(u - static_cast<double>(k));
+    amounts here;
+    for (int c = 0; c < constituents; ++c)
+        here[c] = a.profile[k][c] + (a.profile[k + 1][c] - a.profile[k][c]) * f;
+    return here;
 }
 
 double to_ground(const atmosphere& a, double r, double cosine) {

@@ -25,6 +25,7 @@ struct atmosphere {
     // and J. A. Weinman, J. Atmos. Sci. 33 (1976)); `extinction` of the aerosol is already without it.
     spectrum soft_scattering, soft_asymmetry;
 
+    std::vector<amounts> profile;  // every 50 m
     std::vector<amounts> columns;  // to space, by height and direction
 };
 

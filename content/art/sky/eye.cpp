@@ -8,15 +8,17 @@
 
 namespace {
 constexpr double ground_albedo = 0.2;
-constexpr double sky_exposure = 0.62, light_exposure = 1.8, disc_exposure = 3.0;
-constexpr double key_of_night = 0.003;  // where Krawczyk's is 0.03: night is to look like night
+constexpr double sky_exposure = 0.85, light_exposure = 1.8, disc_exposure = 3.0;
+constexpr double film_vividness = 0.5;  // what film adds to the colours of all but the brightest
+// Where Krawczyk's is 0.03 for all: night is to look like night, land more so than the sky.
+constexpr double key_of_night_sky = 0.008, key_of_night_land = 0.002;
 constexpr double discount = 0.2;        // power of the loss against a clear sky
 constexpr double rod_luminance = 0.03;  // cd/m2, where rods and cones tell the same
 constexpr double rod_part = 0.7;
 // Chromaticity of night sight: H. W. Jensen et al., "Night Rendering" (University of Utah, 2000).
 constexpr double night_x = 0.25, night_y = 0.25;
 
-double key_of(double luminance) { return 1.0 - 2.0 / (2.0 + log10(1.0 + luminance)) + key_of_night; }
+double key_of(double luminance) { return 1.0 - 2.0 / (2.0 + log10(1.0 + luminance)); }
 
 double ground_luminance(const seen_light& light) { return ground_albedo * light.level / M_PI; }
 
@@ -28,10 +30,12 @@ colour within_gamut(const colour& c) {
 
 // With white balance, and the share of the rods, whose luminance is that of G. W. Larson, H. Rushmeier and
 // C. Piatko, IEEE TVCG 3 (1997).
-colour perceived(const eye& e, const spectrum& s) {
+colour perceived(const eye& e, const spectrum& s, double vividness) {
     const tristimulus t = xyz_of(s);
     colour c = linear_colour(t);
-    c = within_gamut({c.r / e.white.r, c.g / e.white.g, c.b / e.white.b});
+    c = {c.r / e.white.r, c.g / e.white.g, c.b / e.white.b};
+    const double grey = luminance(c), vivid = 1.0 + vividness * exp(-grey * e.exposure);
+    c = within_gamut(mix({grey, grey, grey}, c, vivid));
     if (t.x <= 0.0) return c;
     const double scotopic = std::max(t.y * (1.33 * (1.0 + (t.y + t.z) / t.x) - 1.68), 0.0) / 2.2;
     const colour night = within_gamut(linear_colour(
@@ -43,27 +47,33 @@ double encode(double linear) {
     const double v = std::clamp(linear, 0.0, 1.0);
     return v <= 0.0031308 ? 12.92 * v : 1.055 * pow(v, 1.0 / 2.4) - 0.055;
 }
-// The response of film and of receptors to exposure.
+// The response of film and of receptors to exposure. Each channel by itself turns red glare yellow, all
+// together keep it red: the mean is what photographs show.
 shade expose(const colour& c) {
-    return {encode(1.0 - exp(-c.r)), encode(1.0 - exp(-c.g)), encode(1.0 - exp(-c.b))};
+    const double most = std::max({c.r, c.g, c.b, 1e-12}), together = (1.0 - exp(-most)) / most;
+    const auto channel = [&](double v) { return encode(0.5 * (1.0 - exp(-v)) + 0.5 * v * together); };
+    return {channel(c.r), channel(c.g), channel(c.b)};
 }
 }  // namespace
 
 eye adapt(const colour& white, const seen_light& light, const seen_light& full_day, double compared) {
     const double ground = ground_luminance(light), mean = 0.5 * (ground + light.sky / M_PI);
-    const double loss = std::min(pow(light.level / compared, discount), 1.0), key = key_of(ground) * loss;
-    const double day = key_of(ground_luminance(full_day));
-    return {white, sky_exposure * key / (day * mean), 1.0 / (1.0 + ground / rod_luminance), key / day};
+    const double loss = std::min(pow(light.level / compared, discount), 1.0);
+    const double day = key_of(ground_luminance(full_day)), key = key_of(ground) * loss;
+    return {white, sky_exposure * (key + key_of_night_sky) / (day * mean),
+            1.0 / (1.0 + ground / rod_luminance), (key + key_of_night_land) / day};
 }
 
-shade show(const eye& e, const spectrum& radiance) { return expose(perceived(e, radiance) * e.exposure); }
+shade show(const eye& e, const spectrum& radiance) {
+    return expose(perceived(e, radiance, film_vividness) * e.exposure);
+}
 
 shade show_light(const eye& e, const spectrum& irradiance, double part) {
-    const colour c = perceived(e, irradiance);
+    const colour c = perceived(e, irradiance, 0.0);
     return expose(c * (light_exposure * e.liveliness * std::min(part, 1.0) / std::max(luminance(c), 1e-12)));
 }
 
 shade show_disc(const eye& e, const spectrum& light, double strength) {
-    const colour c = perceived(e, light);
+    const colour c = perceived(e, light, 0.0);
     return expose(c * (disc_exposure * strength / std::max({c.r, c.g, c.b, 1e-12})));
 }

@@ -8,6 +8,10 @@ struct shade {
     double r, g, b;
 };
 
+inline shade blend(const shade& a, const shade& b, double part_of_b) {
+    return {a.r + (b.r - a.r) * part_of_b, a.g + (b.g - a.g) * part_of_b, a.b + (b.b - a.b) * part_of_b};
+}
+
 struct eye {
     colour white;       // linear colour of the light that is to look white
     double exposure;    // per cd/m2
@@ -16,7 +20,7 @@ struct eye {
 };
 struct seen_light {
     double level;  // lux on level ground, of sun and sky
-    double sky;    // lux of the sky alone
+    double sky;    // lux of the sky alone on a square that leans to its brighter side
 };
 // `compared` is what the same hour gives under a clear sky: the eye does not wholly make up for less.
 eye adapt(const colour& white, const seen_light& light, const seen_light& full_day, double compared);

@@ -12,10 +12,10 @@
 
 namespace {
 constexpr double degree = M_PI / 180.0;
-constexpr int height_nodes = 32, sun_nodes = 81;  // the middle one is a sun on the horizontal
+constexpr int height_nodes = 24, sun_nodes = 61;  // the middle one is a sun on the horizontal
 constexpr double lowest_sun = -30.0, highest_sun = 90.0;
-constexpr int gathering_rounds = 7;
-constexpr int fine_steps = 96, coarse_steps = 24;
+constexpr int gathering_rounds = 5;
+constexpr int fine_steps = 96, coarse_steps = 20;
 constexpr float faintest_log = -60.0f;
 
 struct vec {
@@ -131,7 +131,7 @@ struct sums {
 };
 // Over the sphere (mean) and its upper half (irradiances). Directions crowd about the horizon.
 sums over_sky(const lit_air& lit, double height, double sun_elevation, bool gathering) {
-    constexpr int rings = 20, azimuths = 8;  // azimuths of half the sky
+    const int rings = gathering ? 14 : 20, azimuths = gathering ? 6 : 8;  // azimuths of half the sky
     const vec sun = direction(sun_elevation, 0.0);
     sums total = {constant(0.0f), constant(0.0f), constant(0.0f)};
     for (int ring = gathering ? 0 : rings / 2; ring < rings; ++ring) {

@@ -31,10 +31,6 @@ struct image {
     }
 };
 
-shade blend(const shade& a, const shade& b, double part_of_b) {
-    return {a.r + (b.r - a.r) * part_of_b, a.g + (b.g - a.g) * part_of_b, a.b + (b.b - a.b) * part_of_b};
-}
-
 // As the simulator mixes and stretches the image.
 shade dome(const sky_set& set, double frame, double azimuth, double elevation) {
     const double row = std::clamp(0.5 + std::min(elevation / 30.0, 1.0) * 14.0, 0.0, 15.0);

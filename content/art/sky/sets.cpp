@@ -7,47 +7,44 @@
 
 namespace {
 constexpr double degree = M_PI / 180.0;
-constexpr double day_sun = 40.0;  // degrees, of the hours that share one picture
+constexpr double first_nominal = -10.0, first_sun = -30.0, sun_step = 0.25;
+constexpr double day_sun = 40.0;                         // degrees, of the hours that share one light
+constexpr double day_suns[] = {12.0, 25.0, 40.0, 85.0};  // and whose mean is their sky
 
 enum cover { clear, mist, overcast };
 struct recipe {
     const char *planet, *name;
-    double aerosol_depth;  // at 550 nm
-    double eye_height;     // metres
+    bool foggy;
+    double eye_height;  // metres
     cover covered;
 };
-// Visibilities after H. Koschmieder (1924), 3.912 by the extinction at the ground: 43 km clean, 10 km foggy.
+enum { earth_clean, earth_misty, earth_foggy, earth_hialt, earth_ocast, mars_clean, mars_hialt };
 constexpr recipe recipes[] = {
-    {"Earth", "earth_clean", 0.095, 0.0, clear},   {"Earth", "earth_misty", 0.16, 0.0, mist},
-    {"Earth", "earth_foggy", 0.45, 0.0, clear},    {"Earth", "earth_hialt", 0.095, 20000.0, clear},
-    {"Earth", "earth_ocast", 0.16, 0.0, overcast}, {"Mars", "mars_clean", 0.5, 0.0, clear},
-    {"Mars", "mars_hialt", 0.5, 30000.0, clear},
+    {"Earth", "earth_clean", false, 0.0, clear},    {"Earth", "earth_misty", false, 0.0, mist},
+    {"Earth", "earth_foggy", true, 0.0, clear},     {"Earth", "earth_hialt", false, 20000.0, clear},
+    {"Earth", "earth_ocast", false, 0.0, overcast}, {"Mars", "mars_clean", false, 0.0, clear},
+    {"Mars", "mars_hialt", false, 30000.0, clear},
 };
+// Optical depths of haze and dust at 550 nm. Visibilities after H. Koschmieder (1924), 3.912 by the
+// extinction at the ground: 35 km clean, 10 km foggy.
+constexpr double clean_depth = 0.12, foggy_depth = 0.45, dust_depth = 0.5;
 
 // Droplets: optical depth and asymmetry.
 constexpr double droplet_asymmetry = 0.85;
 constexpr double mist_depth = 1.5, overcast_depth = 25.0;
-constexpr double gaps = 0.012;  // of an overcast
+constexpr double gaps = 0.004;  // of an overcast
 constexpr double cloud_height = 3000.0;
 constexpr double orbit_height = 150000.0;
-constexpr double moonlight = 1e-6;        // of sunlight: a half moon
-constexpr double night_luminance = 3e-4;  // cd/m2 of starlight and airglow
+constexpr double moonlight = 1e-6;                                       // of sunlight: a half moon
+constexpr double night_luminance = 3e-4;                                 // cd/m2 of starlight and airglow
+constexpr double full_moon_luminance = 2500.0, sun_illuminance = 1.3e5;  // before the air: cd/m2, lux
+constexpr double mirrored_part = 0.15;  // of the sky, by waves seen from above
 
-// What a set's sky is made from, at one hour.
-struct scene {
-    const recipe* of;
-    const lit_air* lit;
-    double sun;
-    // On top of a cloud, or at the eye under a clear sky.
-    spectrum beam, level, from_sun;
-    spectrum moon_beam, moon_level;
-};
-
-// The suns below 4 degrees are those of the hour; above, the picture runs to that of full day. From -6 on it
-// runs ahead to -12, since the last frame stands for all the night.
-double true_sun(double nominal) {
+// From 0 to 4 degrees the picture runs from that of the hour to full day, and below -6 it runs ahead to the
+// end of twilight, since what is last stands for all the night.
+double true_sun(double nominal, double night_sun) {
     if (nominal > 0.0) return std::min(nominal + (day_sun - 4.0) * pow(nominal / 4.0, 4), day_sun);
-    if (nominal < -6.0) return nominal - 2.0 * pow((nominal + 6.0) / 4.0, 2);
+    if (nominal < -6.0) return nominal + (night_sun - first_nominal) * pow((nominal + 6.0) / 4.0, 2);
     return nominal;
 }
 
@@ -67,113 +64,128 @@ double cloud_transmittance(double depth, double albedo) {
 }
 double soft_depth(double depth) { return depth * (1.0 - droplet_asymmetry * droplet_asymmetry); }
 
-spectrum lift_sine(const spectrum& s, double elevation) { return s * std::max(sin(elevation * degree), 0.0); }
+spectrum night_glow() { return sunlight * (night_luminance / luminance(sunlight)); }
 
-scene scene_at(const recipe& of, const lit_air& lit, double sun) {
-    const irradiances sky = sky_irradiance(lit, of.eye_height, sun);
-    const irradiances day = sky_irradiance(lit, of.eye_height, day_sun);
-    return {&of,
-            &lit,
-            sun,
-            beam(lit, of.eye_height, sun),
-            sky.level,
-            sky.from_sun,
-            beam(lit, of.eye_height, day_sun) * moonlight,
-            day.level * moonlight};
+spectrum level_part(const spectrum& s, double elevation) {
+    return s * std::max(sin(elevation * degree), 0.0);
 }
 
-// On level ground below the set's cover.
-struct ground_light {
-    spectrum beam, sky, directed;  // directed: the part of it that comes from one side
+// What does not change with the hour.
+struct setting {
+    const recipe* of;
+    const lit_air* lit;
+    spectrum moon_beam, moon_level;
+    double night_sun;                         // degrees, where twilight ends
+    std::array<spectrum, sky_heights> night;  // moonlit air, starlight and airglow
+    // of the planet's clear air
+    colour white;
+    seen_light day;
+    double day_beam;                   // lux
+    std::vector<double> clear_levels;  // lux, every quarter of a degree from first_sun to day_sun
 };
-ground_light under_cover(const scene& s) {
-    const spectrum level_beam = lift_sine(s.beam, s.sun), all = level_beam + s.level;
-    ground_light g = {s.beam, s.level, s.from_sun};
+
+// Light on level ground, or on top of the set's cloud.
+struct open_light {
+    spectrum beam, level, from_sun;
+};
+open_light open_light_at(const lit_air& lit, double height, double sun) {
+    const irradiances sky = sky_irradiance(lit, height, sun);
+    return {beam(lit, height, sun), sky.level, sky.from_sun};
+}
+
+// On level ground below the set's cover; `directed` is what of the sky's light comes from one side.
+struct ground_light {
+    spectrum beam, sky, directed;
+};
+ground_light under_cover(const setting& s, double sun) {
+    const open_light open = open_light_at(*s.lit, s.of->eye_height, sun);
+    const spectrum level_beam = level_part(open.beam, sun), all = level_beam + open.level;
+    ground_light g = {open.beam, open.level, open.from_sun};
     if (s.of->covered == overcast) {
-        g.sky = all * cloud_transmittance(overcast_depth, 0.2) + s.level * gaps;
-        g.beam = s.beam * gaps;
+        g.sky = all * cloud_transmittance(overcast_depth, 0.2) + open.level * gaps;
+        g.beam = open.beam * gaps;
         g.directed = g.sky * 0.6;  // a wall has 0.4 of level ground, by the law of Moon and Spencer
     } else if (s.of->covered == mist) {
-        const double slant = std::max(sin(s.sun * degree), 0.05);
+        const double slant = std::max(sin(sun * degree), 0.05);
         const double through = exp(-soft_depth(mist_depth) / slant);
         const double diffuse = cloud_transmittance(mist_depth, 0.2);
-        g.beam = s.beam * through;
-        g.sky = s.level * diffuse + level_beam * std::max(diffuse - through, 0.0);
-        g.directed = mix(s.from_sun, g.sky * 0.5, 0.5);
+        g.beam = open.beam * through;
+        g.sky = open.level * diffuse + level_beam * std::max(diffuse - through, 0.0);
+        g.directed = mix(open.from_sun, g.sky * 0.5, 0.5);
     }
-    g.sky = g.sky + s.moon_beam * sin(day_sun * degree) + s.moon_level;
+    g.sky = g.sky + level_part(s.moon_beam, day_sun) + s.moon_level + night_glow() * M_PI;
     return g;
 }
 
-spectrum night_glow() { return sunlight * (night_luminance / luminance(sunlight)); }
-
-spectrum clear_radiance(const scene& s, double elevation, double azimuth) {
-    const double height = s.of->eye_height, dip = horizon_dip(s.lit->air, height);
-    spectrum moonlit = constant(0.0f);
-    for (const double side : {30.0, 90.0, 150.0})
-        moonlit = moonlit + radiance(*s.lit, height, elevation - dip, side, day_sun) * (moonlight / 3.0);
-    return radiance(*s.lit, height, elevation - dip, azimuth, s.sun) + moonlit + night_glow();
+seen_light seen(const ground_light& g, double sun) {
+    const double sky = luminance(g.sky);
+    // upright things, too, are seen: they have a part of the beam when level ground has none
+    const double upright = 0.15 * luminance(g.beam) * cos(sun * degree);
+    return {luminance(level_part(g.beam, sun)) + upright + sky, sky + 0.5 * luminance(g.directed)};
 }
 
-spectrum sky_radiance(const scene& s, const ground_light& ground, double elevation, double azimuth) {
-    const spectrum open = clear_radiance(s, elevation, azimuth);
-    const double up = sin(elevation * degree);
-    if (s.of->covered == overcast)  // P. Moon and D. E. Spencer, Illum. Eng. 37 (1942)
-        return ground.sky * ((1.0 + 2.0 * up) * 3.0 / (7.0 * M_PI)) + open * gaps;
-    if (s.of->covered == mist) {
+struct hour {
+    const setting* at;
+    double sun;
+    ground_light ground;
+    eye seen_by;
+};
+hour hour_at(const setting& s, double sun) {
+    const ground_light g = under_cover(s, sun);
+    const double u = std::clamp((sun - first_sun) / sun_step, 0.0, s.clear_levels.size() - 1.001);
+    const size_t k = static_cast<size_t>(u);
+    const double compared =
+        s.clear_levels[k] * pow(s.clear_levels[k + 1] / s.clear_levels[k], u - static_cast<double>(k));
+    return {&s, sun, g, adapt(s.white, seen(g, sun), s.day, compared)};
+}
+
+spectrum sky_radiance(const hour& h, int row, double azimuth) {
+    const recipe& of = *h.at->of;
+    const lit_air& lit = *h.at->lit;
+    const double elevation = elevation_of_height(row), up = sin(elevation * degree);
+    const double dip = horizon_dip(lit.air, of.eye_height);
+    const spectrum open = radiance(lit, of.eye_height, elevation - dip, azimuth, h.sun) + h.at->night[row];
+    if (of.covered == overcast)  // P. Moon and D. E. Spencer, Illum. Eng. 37 (1942)
+        return h.ground.sky * ((1.0 + 2.0 * up) * 3.0 / (7.0 * M_PI)) + open * gaps;
+    if (of.covered == mist) {
         // half of the layer above the eye; its droplets send on the beam, the sky and the ground
         const double through = exp(-0.5 * soft_depth(mist_depth) / std::max(up, 0.02));
         const double turn =
-            sin(s.sun * degree) * up + cos(s.sun * degree) * cos(elevation * degree) * cos(azimuth * degree);
+            sin(h.sun * degree) * up + cos(h.sun * degree) * cos(elevation * degree) * cos(azimuth * degree);
         constexpr double g = droplet_asymmetry / (1.0 + droplet_asymmetry);
         const double phase = (1.0 - g * g) / (4.0 * M_PI * pow(1.0 + g * g - 2.0 * g * turn, 1.5));
-        const spectrum lit_mist = ground.beam * phase + ground.sky * (0.6 / M_PI);
+        const spectrum lit_mist = h.ground.beam * phase + h.ground.sky * (0.6 / M_PI);
         return mix(lit_mist, open, through);
     }
     return open;
 }
 
-struct hour {
-    scene at;
-    ground_light ground;
-    eye seen_by;
-};
-struct adaptation {
-    colour white;
-    seen_light day;
-    const lit_air* clean;
-};
-seen_light seen(const ground_light& g, double sun) {
-    const double sky = luminance(g.sky) + night_luminance * M_PI;
-    return {luminance(lift_sine(g.beam, sun)) + sky, sky};
-}
-hour hour_at(const recipe& of, const lit_air& lit, const adaptation& a, double sun) {
-    hour h;
-    h.at = scene_at(of, lit, sun);
-    h.ground = under_cover(h.at);
-    const recipe& clean = of.planet == recipes[0].planet ? recipes[0] : recipes[5];
-    const seen_light compared = seen(under_cover(scene_at(clean, *a.clean, sun)), sun);
-    h.seen_by = adapt(a.white, seen(h.ground, sun), a.day, compared.level);
-    return h;
+void fill_frame(sky_set& set, int frame, const std::vector<hour>& hours) {
+    constexpr int half = sky_columns / 2;
+    in_parallel(sky_heights * (half + 1), [&](int place) {
+        const int height = place / (half + 1), column = place % (half + 1);
+        shade mean = {0.0, 0.0, 0.0};
+        for (const hour& h : hours) {
+            const shade s = show(h.seen_by, sky_radiance(h, height, azimuth_of_column(column)));
+            const double part = 1.0 / static_cast<double>(hours.size());
+            mean.r += s.r * part, mean.g += s.g * part, mean.b += s.b * part;
+        }
+        for (const int f : {frame, sky_frames - 1 - frame})
+            for (const int c : {column, (sky_columns - column) % sky_columns})
+                set.sky[(f * sky_heights + height) * sky_columns + c] = mean;
+    });
 }
 
-void fill_sky(sky_set& set, const recipe& of, const lit_air& lit, const adaptation& a) {
+void fill_sky(sky_set& set, const setting& s) {
     set.sky.resize(sky_frames * sky_heights * sky_columns);
-    std::vector<hour> hours;
-    for (int frame = 0; frame < sky_frames / 2; ++frame)
-        hours.push_back(hour_at(of, lit, a, true_sun(sun_of_frame(frame))));
-    in_parallel(sky_frames / 2 * sky_heights, [&](int row) {
-        const int frame = row / sky_heights, height = row % sky_heights;
-        const hour& h = hours[frame];
-        for (int column = 0; column <= sky_columns / 2; ++column) {
-            const spectrum light =
-                sky_radiance(h.at, h.ground, elevation_of_height(height), azimuth_of_column(column));
-            const shade s = show(h.seen_by, light);
-            for (const int f : {frame, sky_frames - 1 - frame})
-                for (const int c : {column, (sky_columns - column) % sky_columns})
-                    set.sky[(f * sky_heights + height) * sky_columns + c] = s;
-        }
-    });
+    for (int frame = 0; frame < sky_frames / 2; ++frame) {
+        std::vector<hour> hours;
+        if (frame < sky_frames / 2 - 1)
+            hours.push_back(hour_at(s, true_sun(sun_of_frame(frame), s.night_sun)));
+        else
+            for (const double sun : day_suns) hours.push_back(hour_at(s, sun));
+        fill_frame(set, frame, hours);
+    }
 }
 
 // Reflectance of the sea from below, after A. Morel and L. Prieur, Limnol. Oceanogr. 22 (1977), blue water,
@@ -181,50 +193,106 @@ void fill_sky(sky_set& set, const recipe& of, const lit_air& lit, const adaptati
 constexpr spectrum sea_reflectance = {0.045f, 0.045f, 0.042f, 0.038f, 0.034f, 0.026f, 0.016f, 0.010f,
                                       0.007f, 0.005f, 0.003f, 0.002f, 0.001f, 0.001f, 0.001f, 0.0f};
 
-void fill_light_row(sky_set& set, int row, const hour& h, const adaptation& a, const hour& day) {
-    const scene& s = h.at;
-    shade* out = &set.light[row * light_columns];
+enum { row_of_25_degrees = 11, row_of_40_degrees = 12 };
+
+// Below the horizontal the disc is only seen from the height whose horizon is there.
+shade sun_disc_of(const hour& h, const spectrum& direct) {
+    const recipe& of = *h.at->of;
+    if (of.covered == overcast) return show_disc(h.seen_by, direct, 0.1);
+    if (of.eye_height > 0.0 || h.sun > 0.0) return show_disc(h.seen_by, direct, 1.0);
+    constexpr double highest_flight = -6.0, fade = 2.0;  // degrees of dip
+    const double height = h.at->lit->air.radius * (1.0 / cos(h.sun * degree) - 1.0);
+    const double strength = std::clamp((h.sun - highest_flight) / fade, 0.0, 1.0);
+    return show_disc(h.seen_by, beam(*h.at->lit, height, h.sun + 0.1), strength);
+}
+
+std::array<shade, light_columns> light_at(const hour& h) {
+    std::array<shade, light_columns> out = {};
     const auto paint = [&](light_column middle, const shade& c) {
         for (int i = middle - 2; i <= middle + 2; ++i) out[i] = c;
     };
+    const setting& s = *h.at;
     const double height = s.of->eye_height;
     spectrum direct = h.ground.beam;
-    if (height > 0.0) direct = mix(direct, beam(*s.lit, orbit_height, s.sun), 0.5);
-    const double level = seen(h.ground, s.sun).level;
-    const double day_ratio = luminance(day.ground.beam) / a.day.level;
+    if (height > 0.0) direct = mix(direct, beam(*s.lit, orbit_height, std::max(h.sun, first_nominal)), 0.5);
+    const double level = seen(h.ground, h.sun).level;
     const spectrum directed = direct + h.ground.directed;
-    paint(sun_ambient, show_light(h.seen_by, h.ground.sky + night_glow(), 1.0));
-    paint(sun_direct, show_light(h.seen_by, directed, luminance(directed) / (level * day_ratio)));
+    const double part = luminance(directed) / level / (s.day_beam / s.day.level);
+    paint(sun_ambient, show_light(h.seen_by, h.ground.sky, 1.0));
+    paint(sun_direct, show_light(h.seen_by, directed, part));
+    paint(sun_disc, sun_disc_of(h, direct));
 
-    const double strength = 1.0 - exp(-luminance(direct) / 3.0);
-    paint(sun_disc, show_disc(h.seen_by, direct, strength));
-    constexpr double moon_luminance = 2500.0 / 1.3e5;  // of its disc, per lux of the sun
-    const spectrum before = clear_radiance(s, 40.0, 90.0);
-    paint(moon_disc, show(h.seen_by, day.at.beam * (moon_luminance / M_PI) + before));
+    // the air before the moon, and its disc
+    const spectrum disc = s.moon_beam * (full_moon_luminance / (moonlight * sun_illuminance));
+    paint(moon_disc, show(h.seen_by, disc + sky_radiance(h, row_of_40_degrees, 90.0)));
 
-    const spectrum all = lift_sine(h.ground.beam, s.sun) + h.ground.sky;
-    const spectrum mirrored = sky_radiance(s, h.ground, 25.0, 90.0);
-    paint(water, show(h.seen_by, all * sea_reflectance * (1.0 / M_PI) + mirrored * 0.15));
+    const spectrum all = level_part(h.ground.beam, h.sun) + h.ground.sky;
+    const spectrum mirrored = sky_radiance(h, row_of_25_degrees, 90.0);
+    paint(water, show(h.seen_by, all * sea_reflectance * (1.0 / M_PI) + mirrored * mirrored_part));
 
-    const spectrum high_beam =
-        s.of->covered == overcast ? h.ground.beam : beam(*s.lit, std::max(height, cloud_height), s.sun);
-    const spectrum lit_side = high_beam * (0.8 / M_PI) + h.ground.sky * (0.5 / M_PI);
-    const spectrum dark_side = high_beam * (0.2 / M_PI) + h.ground.sky * (0.6 / M_PI);
-    paint(cloud_light, show(h.seen_by, lit_side));
-    paint(cloud_dark, show(h.seen_by, dark_side));
+    const spectrum high =
+        s.of->covered == overcast ? h.ground.beam : beam(*s.lit, std::max(height, cloud_height), h.sun);
+    paint(cloud_light, show(h.seen_by, (high * 0.8 + h.ground.sky * 0.5) * (1.0 / M_PI)));
+    paint(cloud_dark, show(h.seen_by, (high * 0.2 + h.ground.sky * 0.4) * (1.0 / M_PI)));
 
-    eye by_moon = adapt(a.white, {luminance(day.at.moon_beam), luminance(day.at.moon_level)}, a.day, 1e-9);
-    paint(moon_light, show_light(by_moon, day.at.moon_beam + day.at.moon_level, 1.0));
+    const double of_moon = luminance(level_part(s.moon_beam, day_sun)), of_air = luminance(s.moon_level);
+    const eye by_moon = adapt(s.white, {of_moon + of_air, of_air}, s.day, of_moon + of_air);
+    paint(moon_light, show_light(by_moon, s.moon_beam + s.moon_level, 1.0));
+    return out;
 }
 
-void fill_light(sky_set& set, const recipe& of, const lit_air& lit, const adaptation& a) {
-    set.light.assign(light_rows * light_columns, {0.0, 0.0, 0.0});
-    const hour day = hour_at(recipes[of.planet == recipes[0].planet ? 0 : 5], *a.clean, a, day_sun);
-    in_parallel(light_rows / 2, [&](int row) {
-        fill_light_row(set, row, hour_at(of, lit, a, true_sun(sun_of_row(row))), a, day);
-        for (int i = 0; i < light_columns; ++i)
-            set.light[(light_rows - 1 - row) * light_columns + i] = set.light[row * light_columns + i];
+// Computed every quarter of a degree.
+void fill_light(sky_set& set, const setting& s) {
+    constexpr int step = 4, half = light_rows / 2;
+    std::vector<std::array<shade, light_columns>> steps(half / step + 1);
+    in_parallel(static_cast<int>(steps.size()), [&](int k) {
+        steps[k] = light_at(hour_at(s, true_sun(first_nominal + k * sun_step, s.night_sun)));
     });
+    set.light.resize(light_rows * light_columns);
+    for (int row = 0; row < half; ++row)
+        for (int i = 0; i < light_columns; ++i) {
+            const shade c =
+                blend(steps[row / step][i], steps[row / step + 1][i], row % step / static_cast<double>(step));
+            set.light[row * light_columns + i] = set.light[(light_rows - 1 - row) * light_columns + i] = c;
+        }
+}
+
+setting setting_of(const recipe& of, const lit_air& lit) {
+    setting s = {};
+    s.of = &of, s.lit = &lit;
+    s.night_sun =
+        std::max((lit.air.has_ozone ? -13.0 : -22.0) - horizon_dip(lit.air, of.eye_height), first_sun);
+    const open_light full = open_light_at(lit, of.eye_height, day_sun);
+    s.moon_beam = full.beam * moonlight, s.moon_level = full.level * moonlight;
+    for (int row = 0; row < sky_heights; ++row) {
+        s.night[row] = night_glow();
+        for (const double side : {30.0, 90.0, 150.0})
+            s.night[row] =
+                s.night[row] + radiance(lit, of.eye_height,
+                                        elevation_of_height(row) - horizon_dip(lit.air, of.eye_height), side,
+                                        day_sun) *
+                                   (moonlight / 3.0);
+    }
+    return s;
+}
+
+// What all sets of a planet are measured by.
+void measure_clear_air(setting& s) {
+    const ground_light day = under_cover(s, day_sun);
+    s.day = seen(day, day_sun);
+    s.day_beam = luminance(day.beam + day.directed);
+    s.clear_levels.resize(static_cast<size_t>((day_suns[std::size(day_suns) - 1] - first_sun) / sun_step) +
+                          2);
+    in_parallel(static_cast<int>(s.clear_levels.size()), [&](int k) {
+        const double sun = first_sun + sun_step * k;
+        s.clear_levels[k] = seen(under_cover(s, sun), sun).level;
+    });
+}
+
+colour noon_white(const setting& s) {
+    const ground_light noon = under_cover(s, day_sun);
+    const colour c = linear_colour(xyz_of(level_part(noon.beam, day_sun) + noon.sky));
+    return c * (1.0 / luminance(c));
 }
 }  // namespace
 
@@ -234,23 +302,24 @@ double sun_of_frame(int frame) {
 double sun_of_row(int row) { return row < 256 ? -10.0 + row / 16.0 : 6.0 - (row - 255) / 16.0; }
 
 std::vector<sky_set> make_sets() {
+    const lit_air clean = light_up(earth_air(clean_depth)), foggy = light_up(earth_air(foggy_depth));
+    const lit_air mars = light_up(mars_air(dust_depth));
+    setting earth_clear = setting_of(recipes[earth_clean], clean),
+            mars_clear = setting_of(recipes[mars_clean], mars);
+    earth_clear.white = mars_clear.white = noon_white(earth_clear);
+    measure_clear_air(earth_clear);
+    measure_clear_air(mars_clear);
     std::vector<sky_set> sets;
-    std::vector<lit_air> lit;
-    for (const recipe& of : recipes)
-        lit.push_back(light_up(std::string(of.planet) == "Mars" ? mars_air(of.aerosol_depth)
-                                                                : earth_air(of.aerosol_depth)));
-    const ground_light noon = under_cover(scene_at(recipes[0], lit[0], day_sun));
-    const colour noon_colour = linear_colour(xyz_of(lift_sine(noon.beam, day_sun) + noon.sky));
-    const colour white = noon_colour * (1.0 / luminance(noon_colour));
-    for (size_t i = 0; i < std::size(recipes); ++i) {
-        const recipe& of = recipes[i];
-        const size_t clean = i < 5 ? 0 : 5;
-        adaptation a = {white, seen(under_cover(scene_at(recipes[clean], lit[clean], day_sun)), day_sun),
-                        &lit[clean]};
+    for (const recipe& of : recipes) {
+        const bool on_mars = std::string(of.planet) == "Mars";
+        const setting& clear = on_mars ? mars_clear : earth_clear;
+        setting s = setting_of(of, on_mars ? mars : of.foggy ? foggy : clean);
+        s.white = clear.white, s.day = clear.day, s.day_beam = clear.day_beam,
+        s.clear_levels = clear.clear_levels;
         sky_set set;
         set.planet = of.planet, set.name = of.name;
-        fill_sky(set, of, lit[i], a);
-        fill_light(set, of, lit[i], a);
+        fill_sky(set, s);
+        fill_light(set, s);
         sets.push_back(set);
     }
     return sets;
