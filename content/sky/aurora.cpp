@@ -91,14 +91,41 @@ double frame(int s, int t) {
            smooth(0.0, 0.06, y);
 }
 
+// Part of the light comes from the thick of the sheet and lies softly around the sharp folds.
+std::vector<emission> softened(const std::vector<emission>& light, double part, double reach) {
+    std::vector<emission> soft(light.size());
+    const int taps = static_cast<int>(3.0 * reach);
+    std::vector<double> weight(static_cast<size_t>(taps) + 1);
+    double total = 0.0;
+    for (int n = 0; n <= taps; ++n) {
+        weight[static_cast<size_t>(n)] = exp(-0.5 * n * n / (reach * reach));
+        total += (n ? 2.0 : 1.0) * weight[static_cast<size_t>(n)];
+    }
+    for (int t = 0; t < height; ++t)
+        for (int s = 0; s < width; ++s) {
+            const emission& own = light[static_cast<size_t>(t) * width + s];
+            emission sum;
+            for (int n = std::max(-taps, -s); n <= std::min(taps, width - 1 - s); ++n) {
+                const emission& e = light[static_cast<size_t>(t) * width + s + n];
+                const double w = weight[static_cast<size_t>(abs(n))] / total;
+                sum.r += w * e.r, sum.g += w * e.g, sum.b += w * e.b;
+            }
+            soft[static_cast<size_t>(t) * width + s] = {own.r + part * (sum.r - own.r),
+                                                        own.g + part * (sum.g - own.g),
+                                                        own.b + part * (sum.b - own.b)};
+        }
+    return soft;
+}
+
 void draw_aurora(const std::vector<curtain>& curtains, const std::string& path) {
     std::vector<emission> light(static_cast<size_t>(width) * height);
     for (const curtain& c : curtains) hang(c, &light);
+    light = softened(softened(light, 0.75, 3.0), 0.55, 22.0);
     sky_picture picture(width, height);
     for (int t = 0; t < height; ++t)
         for (int s = 0; s < width; ++s) {
             const emission& e = light[static_cast<size_t>(t) * width + s];
-            const double most = std::max({e.r, e.g, e.b, 1e-9}), seen = 1.0 - exp(-0.9 * most);
+            const double most = std::max({e.r, e.g, e.b, 1e-9}), seen = 1.0 - exp(-1.5 * most);
             // very bright parts wash out towards white, as eye and film show them
             const double white = 0.35 * smooth(0.55, 1.0, seen);
             const auto channel = [&](double v) { return v / most * (1.0 - white) + white; };
@@ -110,12 +137,12 @@ void draw_aurora(const std::vector<curtain>& curtains, const std::string& path) 
 
 void draw_auroras(const std::string& folder) {
     const std::vector<curtain> pictures[] = {
-        {{0.20, 0.050, 0.10, 3.0, 0.55, 330, 100}, {0.30, 0.040, 0.08, 4.0, 0.22, 300, 200}},
-        {{0.24, 0.060, 0.16, 4.0, 0.50, 300, 300}},
-        {{0.16, 0.035, 0.06, 2.5, 0.40, 380, 400},
-         {0.24, 0.050, 0.14, 4.5, 0.30, 330, 500},
-         {0.34, 0.03, 0.05, 3.0, 0.15, 300, 600}},
-        {{0.28, 0.070, 0.20, 3.5, 0.45, 280, 700}, {0.18, 0.030, 0.05, 2.0, 0.20, 400, 800}}};
+        {{0.20, 0.075, 0.13, 4.0, 0.75, 360, 100}, {0.32, 0.050, 0.10, 5.0, 0.30, 330, 200}},
+        {{0.25, 0.100, 0.17, 5.0, 0.85, 330, 300}},
+        {{0.17, 0.050, 0.09, 3.5, 0.55, 400, 400},
+         {0.25, 0.070, 0.15, 5.5, 0.45, 360, 500},
+         {0.36, 0.040, 0.07, 4.0, 0.22, 330, 600}},
+        {{0.28, 0.110, 0.20, 4.5, 0.75, 310, 700}, {0.18, 0.040, 0.07, 3.0, 0.32, 420, 800}}};
     int number = 0;
     for (const std::vector<curtain>& curtains : pictures)
         draw_aurora(curtains, folder + "/aurora_" + std::to_string(++number) + ".png");

@@ -84,17 +84,16 @@ void draw_lights(const std::string& path) {
     sheet.save(path);
 }
 
-// Light that the air scatters forward falls with the square of the angle, and the air's waters add a faint
-// wide corona.
+// Light that the air scatters forward falls with the square of the angle beyond the sun's bright
+// surroundings, and what hangs in the air adds a faint wide light.
 void draw_sun_glow(const std::string& path) {
     constexpr int size = 512;
-    constexpr double core = 0.075;  // where the fall begins
+    constexpr double core = 0.115;  // where the fall begins
     sky_picture glow(size, size);
     draw_cell(glow, 0, 0, size, [](double x, double y) {
         const double r = hypot(x, y);
         const double fall = 1.0 / (1.0 + r * r / (core * core)), at_edge = 1.0 / (1.0 + 1.0 / (core * core));
-        const double corona = 0.045 * bell(r - 0.30, 0.10) + 0.09 * bell(r, 0.42);
-        return std::max(0.0, 0.85 * (fall - at_edge) + corona) * (1.0 - smooth(0.55, 1.0, r));
+        return std::max(0.0, 0.88 * (fall - at_edge) + 0.05 * bell(r, 0.55)) * (1.0 - smooth(0.35, 1.0, r));
     });
     glow.save(path);
 }

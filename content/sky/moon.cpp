@@ -27,11 +27,17 @@ vector3 at_place(double lat, double lon) {
     return {cos(lat * rad) * sin(lon * rad), sin(lat * rad), cos(lat * rad) * cos(lon * rad)};
 }
 
-// Noise over the sphere: three planes of it, each where it is least foreshortened.
+// Noise over the sphere, about -0.5 to 0.5: three planes of it, each where it is least foreshortened, and in
+// each two turned against each other, or the squares of the noise would show in the shores.
 double noise_on(const vector3& p, double scale, int octaves, unsigned seed) {
     const double wx = p.x * p.x, wy = p.y * p.y, wz = p.z * p.z;
     const auto plane = [&](double a, double b, double shift) {
-        return noise::fractal(scale * a + shift, scale * b + 2.0 * shift, octaves, seed) - 0.5;
+        const double x = scale * a, y = scale * b;
+        const double one =
+            noise::fractal(0.8 * x + 0.6 * y + shift, 0.8 * y - 0.6 * x + 2.0 * shift, octaves, seed);
+        const double two =
+            noise::fractal(0.28 * x - 0.96 * y + shift, 0.28 * y + 0.96 * x - shift, octaves, seed + 1000);
+        return 0.7 * (one + two - 1.0);
     };
     return wx * plane(p.y, p.z, 31.7) + wy * plane(p.x, p.z, 57.3) + wz * plane(p.x, p.y, 83.9);
 }
@@ -58,21 +64,30 @@ struct face_point {
     double height;  // km
 };
 
-// Shores wander; thin lavas let brighter ground through.
+// Seas flow together where they meet; shores wander; the lavas are of uneven age and colour.
 double sea_depth(const vector3& p) {
-    const double wander = 0.30 * noise_on(p, 9.0, 5, 3) + 0.22 * noise_on(p, 30.0, 4, 13);
-    double depth = 0.0;
+    constexpr double merge = 45.0;  // km
+    const auto pull = [&](unsigned seed) {
+        return 0.110 * noise_on(p, 5.5, 3, seed) + 0.060 * noise_on(p, 17.0, 4, seed + 10);
+    };
+    vector3 q = {p.x + pull(3), p.y + pull(4), p.z + pull(5)};
+    const double length = sqrt(dot(q, q));
+    q = {q.x / length, q.y / length, q.z / length};
+    double weights = 1e-9, depths = 0.0;
     for (const moon_sea& sea : moon_seas) {
-        const offset o = from_place(sea.lat, sea.lon, p);
-        if (o.km > 2.0 * std::max(sea.half_lon, sea.half_lat)) continue;
+        const offset o = from_place(sea.lat, sea.lon, q);
+        const double smaller = std::min(sea.half_lon, sea.half_lat);
+        if (o.km > 2.0 * std::max(sea.half_lon, sea.half_lat) + 300.0) continue;
         const double c = cos(sea.turn * rad), s = sin(sea.turn * rad);
         const double r =
             hypot((o.east * c + o.north * s) / sea.half_lon, (o.north * c - o.east * s) / sea.half_lat);
-        // the smaller, the less its shore wanders
-        const double own = std::min(1.0, sea.half_lat / 120.0);
-        depth = std::max(depth, sea.depth * (1.0 - smooth(0.86, 1.12, r + own * wander)));
+        const double weight = exp((1.0 - r) * smaller / merge);
+        weights += weight, depths += weight * sea.depth;
     }
-    return depth * (0.92 + 0.5 * noise_on(p, 5.0, 4, 23));
+    const double inside = merge * log(weights) + 130.0 * noise_on(p, 30.0, 5, 13);  // km from the shore
+    const double mean = depths / weights;
+    const double thin = 1.0 + 0.55 * noise_on(p, 6.0, 3, 23) + 0.30 * noise_on(p, 20.0, 4, 24);
+    return mean * smooth(-20.0, 34.0, inside) * thin * (0.90 + 0.10 * smooth(0.0, 160.0, inside));
 }
 
 // Bundles of straight rays from a crater, brightest near it.
@@ -87,14 +102,14 @@ double ray_light(const moon_crater& crater, const offset& o, const vector3& p, u
             const double at = (n + 0.8 * noise::hash(n, set, seed)) / count;
             const double length = reach * (0.25 + 0.75 * noise::hash(n, set + 2, seed));
             if (o.km > length) continue;
-            const double width = radius * (0.22 + 0.5 * noise::hash(n, set + 4, seed)) + 0.03 * o.km;
+            const double width = radius * (0.22 + 0.6 * noise::hash(n, set + 4, seed)) + 0.045 * o.km;
             const double across = fabs(remainder(turn - at, 1.0)) * 2.0 * M_PI * o.km;
             bundle += (set ? 0.55 : 1.0) * exp(-across * across / (width * width)) * (1.0 - o.km / length);
         }
     }
     const double apron = exp(-(o.km - radius) / (1.3 * radius));
     const double broken = 0.75 + 1.1 * noise_on(p, 40.0, 4, seed + 50);
-    return crater.ray_strength * (0.42 * std::min(bundle, 1.4) * broken + 0.35 * apron);
+    return crater.ray_strength * (0.32 * std::min(bundle, 1.5) * broken + 0.24 * apron);
 }
 
 double crater_height(double d, double diameter_km) {
@@ -133,11 +148,11 @@ double field_height(const vector3& p, double sea) {
 }
 
 face_point face_at(const vector3& p) {
-    constexpr double highland = 0.80, lava = 0.36;
+    constexpr double highland = 0.74, lava = 0.30;
     const double sea = std::clamp(sea_depth(p), 0.0, 1.0);
     face_point f;
     f.bright = highland * (1.0 - sea) + lava * sea;
-    f.bright *= 1.0 + (0.30 - 0.10 * sea) * noise_on(p, 26.0, 6, 33) + 0.22 * noise_on(p, 4.0, 3, 43);
+    f.bright *= 1.0 + 0.50 * noise_on(p, 26.0, 6, 33) + 0.34 * noise_on(p, 4.0, 4, 43);
     f.height = (1.0 - 0.85 * sea) * (2.4 * noise_on(p, 12.0, 7, 53)) - 1.2 * sea + field_height(p, sea);
     unsigned seed = 200;
     double light = 0.0;
@@ -153,7 +168,7 @@ face_point face_at(const vector3& p) {
         }
         light += ray_light(crater, o, p, seed++);
     }
-    f.bright = std::clamp(f.bright + std::min(light, 0.6) * (1.0 - 0.45 * f.bright), 0.05, 1.0);
+    f.bright = std::clamp(f.bright + std::min(light, 0.6) * (1.0 - 0.55 * f.bright), 0.05, 1.0);
     return f;
 }
 

@@ -231,6 +231,33 @@ node_values<shore_node> shores::nodes(const node_window& window) const {
     return result;
 }
 
+std::vector<std::vector<shores::stretch>> shores::land_rows(int south, int west) const {
+    std::vector<std::vector<stretch>> rows(static_cast<size_t>(bin_nodes));
+    const int bin = wrapped_bin(bin_rows / 2 - 1 - south, west);
+    const bin_lines lines = data_->lines_of(bin);
+    walker up{data_->corner_level(bin), 0};
+    size_t next_up = 0;
+    for (int j = 0; j < bin_nodes; ++j) {
+        const std::vector<crossing>& edge = lines.columns[0];
+        for (; next_up < edge.size() && edge[next_up].at < j * raw_per_node + beside; ++next_up)
+            up.pass(edge[next_up]);
+        walker along = up;
+        double from = 0.0;
+        const auto end_at = [&](double to) {
+            if (along.level % 2 == 1 && to > from)
+                rows[static_cast<size_t>(j)].push_back({from / bin_raw, to / bin_raw});
+            from = to;
+        };
+        for (const crossing& c : lines.rows[static_cast<size_t>(j)]) {
+            if (c.at < beside) continue;  // west of the edge that the walk begins on
+            end_at(c.at);
+            along.pass(c);
+        }
+        end_at(bin_raw);
+    }
+    return rows;
+}
+
 std::vector<shores::place> shores::lake_shore(int lake) const {
     std::vector<place> places;
     const shore_data& d = *data_;

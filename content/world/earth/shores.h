@@ -27,6 +27,12 @@ public:
     shores& operator=(const shores&) = delete;
 
     node_values<shore_node> nodes(const node_window& window) const;
+    // Stretches of land along the rows of nodes of a square of 2 degrees, from south to north, in parts of
+    // the square's width; the square by half the degrees of its south-western corner.
+    struct stretch {
+        double west, east;
+    };
+    std::vector<std::vector<stretch>> land_rows(int south, int west) const;
     // Some points of a lake's shore over all the Earth, degrees.
     struct place {
         double lat, lon;
