@@ -73,14 +73,17 @@ TEST_F(flying_view_test, from_orbit_the_picture_before_stayed_below_the_horizon)
 }
 
 TEST_F(flying_view_test, the_eye_stays_out_of_the_ground) {
-    flt[0].y_agl_mtr = 0.0f;
-    veh[0].h_eqlbm = 0.4f;
-    scene_state_step();
-    EXPECT_NEAR(ren.view_ele_agl, 1.5f, 1e-5f);
-    EXPECT_NEAR(ren.view_xyz[1] - static_cast<float>(flt[0].dob_y), 1.1f, 0.01f);
-    flt[0].y_agl_mtr = 90.0f;
-    scene_state_step();
-    EXPECT_NEAR(ren.view_ele_agl, 90.4f, 1e-4f);
+    const auto stand_at = [](double height) {
+        xdob_xyz_with_latlonel(&flt[0].dob_x, &flt[0].dob_y, &flt[0].dob_z, 34.0, -117.5, height);
+        scene_state_step();
+    };
+    stand_at(0.4);
+    EXPECT_NEAR(ren.view_ele_agl, 1.5f, 0.01f);
+    stand_at(90.4);
+    EXPECT_NEAR(ren.view_ele_agl, 90.4f, 0.01f);
+    ren.view_type_act = view_chase;
+    stand_at(0.4);
+    EXPECT_NEAR(ren.view_ele_agl, 1.7f, 0.01f);
 }
 
 TEST_F(flying_view_test, the_report_writes_a_line_a_frame_while_it_is_on) {

@@ -347,7 +347,7 @@ void zoom_class::update_per_frame() {
     ease_settings();
 }
 
-// -- another local frame
+// -- another local frame; the eye itself moves with the region
 
 void zoom_class::shift(const double q[4]) {
     const auto turn = [q](float* x, float* y, float* z, int is_v) {
@@ -357,7 +357,6 @@ void zoom_class::shift(const double q[4]) {
     };
     turn(&Pspot_x, &Pspot_y, &Pspot_z, 0);
     turn(&Pspot_vx, &Pspot_vy, &Pspot_vz, 1);
-    turn(&ren.view_xyz[0], &ren.view_xyz[1], &ren.view_xyz[2], 0);
     turn(&ren.viewer_x, &ren.viewer_y, &ren.viewer_z, 0);
     turn(&state.last_xyz[0], &state.last_xyz[1], &state.last_xyz[2], 0);
 }
