@@ -170,6 +170,30 @@ static int all_numbers_good(int p) {
     return 0;
 }
 
+// Half width and half length from wing tips, propeller tips and the outlines of bodies.
+static void derive_size(int p) {
+    float x_max = 0.0f, z_min = 0.0f, z_max = 0.0f;
+    const auto reach = [&](float x, float z) {
+        x_max = fltmax2(x_max, flt_abs(x));
+        z_min = fltmin2(z_min, z), z_max = fltmax2(z_max, z);
+    };
+    for (int en = part_wing_first; en < wingDIM; ++en)
+        if (has_this_wing(p, en))
+            for (const int el : {0, veh[p].wing[en].els})
+                reach(get_el_base_loc(p, en, static_cast<float>(el), 'X'),
+                      get_el_base_loc(p, en, static_cast<float>(el), 'Z'));
+    for (int en = part_body_first; en <= part_nace_last; ++en) {
+        const veh_part_struct& body = veh[p].part[en];
+        if (!has_this_body(p, en)) continue;
+        for (int s = 0; s < body.s_dim; ++s)
+            for (int r = 0; r < body.r_dim; ++r)
+                reach(body.part_x + body.geo_xyz[s][r][0], body.part_z + body.geo_xyz[s][r][2]);
+    }
+    veh[p].size_x = x_max;
+    veh[p].size_z = 0.5f * (z_max - z_min);
+    veh[p].size_tot = pythag(veh[p].size_x, veh[p].size_z);
+}
+
 static int derive_steps(int p) {
     const foil_load_scope foils;
     mark_folder_kind(p);
@@ -189,6 +213,7 @@ static int derive_steps(int p) {
     derive_slats(p);
     derive_downwash(p);
     derive_mean_chords(p);
+    derive_size(p);
     report_balance(p);
     load_weapons(p);
     load_starting_masses(p);
