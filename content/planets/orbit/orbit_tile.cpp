@@ -42,7 +42,7 @@ public:
         const double step_n = 4.0 * square_degrees * degree_m / q.dy;
         for (int j = 0; j < ny_; ++j) {
             const double step_e =
-                4.0 * square_degrees * degree_m / q.dx * std::max(cos(q.lat(2.0 * j) * rad), 0.02);
+                4.0 * square_degrees * degree_m / q.dx * std::max(cos(q.lat(2.0 * j) * rad), 0.25);
             for (int i = 0; i < nx_; ++i) {
                 const double* at = &h[static_cast<size_t>(j + 1) * wide + i + 1];
                 const double east = (at[1] - at[-1]) / step_e, north = (at[-wide] - at[wide]) / step_n;
@@ -90,9 +90,17 @@ double valleys(double lat, double lon) {
            1.0;
 }
 
+double smooth(double from, double to, double x) {
+    const double f = std::clamp((x - from) / (to - from), 0.0, 1.0);
+    return f * f * (3.0 - 2.0 * f);
+}
+
+// The heights of the southern ice come from few soundings and show their lines.
+double known_relief(double lat) { return smooth(-72.0, -64.0, lat); }
+
 // Brightness of the ground under a light from the upper left; 1 for the level.
 double shading(const relief_shade::point& p, double fine) {
-    constexpr double exaggeration = 7.0, fine_part = 2.6, most = 0.42;
+    constexpr double exaggeration = 11.0, fine_part = 3.2, most = 0.48;
     const double slope = exaggeration * p.towards_light + fine_part * fine * std::min(p.slope * 5.0, 0.45);
     return 1.0 + most * slope / sqrt(1.0 + slope * slope);
 }
@@ -163,10 +171,11 @@ bool draw_square(const orbit_sources& from, int south, int west, const std::stri
             const double at_lat = lat + frayed * n.north, at_lon = lon + frayed * n.east;
             rgb c = part < 1.0 ? from.colours.water(at_lat, at_lon) : rgb{};
             if (part > 0.0) {
-                const relief_shade::point p = relief.at(column, row);
                 const double fine = valleys(lat, lon);
-                const rgb ground =
-                    from.colours.land(at_lat, at_lon) * (shading(p, fine) * (1.0 + 0.035 * fine));
+                const rgb colour = from.colours.land(at_lat, at_lon);
+                const double grain = 0.035 * (1.0 - smooth(0.55, 0.85, colour.g));  // none on ice
+                const double light = known_relief(lat) * (shading(relief.at(column, row), fine) - 1.0);
+                const rgb ground = colour * ((1.0 + light) * (1.0 + grain * fine));
                 c = mix(c, ground, part);
             }
             put(&bytes, c);
