@@ -8,10 +8,9 @@
 
 namespace {
 constexpr double ground_albedo = 0.2;
-constexpr double sky_exposure = 0.85, light_exposure = 1.8, disc_exposure = 3.0;
-constexpr double film_vividness = 0.5;  // what film adds to the colours of all but the brightest
+constexpr double sky_exposure = 0.8, light_exposure = 1.8, disc_exposure = 3.0;
 // Where Krawczyk's is 0.03 for all: night is to look like night, land more so than the sky.
-constexpr double key_of_night_sky = 0.008, key_of_night_land = 0.002;
+constexpr double key_of_night_sky = 0.014, key_of_night_land = 0.002;
 constexpr double discount = 0.2;        // power of the loss against a clear sky
 constexpr double rod_luminance = 0.03;  // cd/m2, where rods and cones tell the same
 constexpr double rod_part = 0.7;
@@ -64,8 +63,8 @@ eye adapt(const colour& white, const seen_light& light, const seen_light& full_d
             1.0 / (1.0 + ground / rod_luminance), (key + key_of_night_land) / day};
 }
 
-shade show(const eye& e, const spectrum& radiance) {
-    return expose(perceived(e, radiance, film_vividness) * e.exposure);
+shade show(const eye& e, const spectrum& radiance, double vividness) {
+    return expose(perceived(e, radiance, vividness) * e.exposure);
 }
 
 shade show_light(const eye& e, const spectrum& irradiance, double part) {

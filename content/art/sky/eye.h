@@ -26,7 +26,8 @@ struct seen_light {
 eye adapt(const colour& white, const seen_light& light, const seen_light& full_day, double compared);
 
 // What a radiance (cd/m2 and so on) looks like.
-shade show(const eye& e, const spectrum& radiance);
+constexpr double film_vividness = 0.5;  // what film adds to the colours of all but the brightest
+shade show(const eye& e, const spectrum& radiance, double vividness = film_vividness);
 // The colour of a light as surfaces show it: at full day 1, at night dim; `part` is how much of the scene's
 // light it is, against a full day.
 shade show_light(const eye& e, const spectrum& irradiance, double part);

@@ -33,12 +33,12 @@ constexpr double clean_depth = 0.12, foggy_depth = 0.45, dust_depth = 0.5;
 constexpr double droplet_asymmetry = 0.85;
 constexpr double mist_depth = 1.5, overcast_depth = 25.0;
 constexpr double gaps = 0.004;  // of an overcast
-constexpr double cloud_height = 3000.0;
+constexpr double cloud_height = 5000.0;
 constexpr double orbit_height = 150000.0;
 constexpr double moonlight = 1e-6;                                       // of sunlight: a half moon
 constexpr double night_luminance = 3e-4;                                 // cd/m2 of starlight and airglow
 constexpr double full_moon_luminance = 2500.0, sun_illuminance = 1.3e5;  // before the air: cd/m2, lux
-constexpr double mirrored_part = 0.15;  // of the sky, by waves seen from above
+constexpr double mirrored_part = 0.25;  // of the sky, by waves seen from above
 
 // From 0 to 4 degrees the picture runs from that of the hour to full day, and below -6 it runs ahead to the
 // end of twilight, since what is last stands for all the night.
@@ -121,7 +121,7 @@ seen_light seen(const ground_light& g, double sun) {
     const double sky = luminance(g.sky);
     // upright things, too, are seen: they have a part of the beam when level ground has none
     const double upright = 0.15 * luminance(g.beam) * cos(sun * degree);
-    return {luminance(level_part(g.beam, sun)) + upright + sky, sky + 0.5 * luminance(g.directed)};
+    return {luminance(level_part(g.beam, sun)) + upright + sky, sky + 2.0 * luminance(g.directed)};
 }
 
 struct hour {
@@ -195,15 +195,13 @@ constexpr spectrum sea_reflectance = {0.045f, 0.045f, 0.042f, 0.038f, 0.034f, 0.
 
 enum { row_of_25_degrees = 11, row_of_40_degrees = 12 };
 
-// Below the horizontal the disc is only seen from the height whose horizon is there.
+// Below the horizontal, where it is seen from a height, the disc keeps its last colour.
 shade sun_disc_of(const hour& h, const spectrum& direct) {
     const recipe& of = *h.at->of;
     if (of.covered == overcast) return show_disc(h.seen_by, direct, 0.1);
     if (of.eye_height > 0.0 || h.sun > 0.0) return show_disc(h.seen_by, direct, 1.0);
-    constexpr double highest_flight = -6.0, fade = 2.0;  // degrees of dip
-    const double height = h.at->lit->air.radius * (1.0 / cos(h.sun * degree) - 1.0);
-    const double strength = std::clamp((h.sun - highest_flight) / fade, 0.0, 1.0);
-    return show_disc(h.seen_by, beam(*h.at->lit, height, h.sun + 0.1), strength);
+    constexpr double lowest = -6.0, fade = 2.0;  // degrees
+    return show_disc(h.seen_by, beam(*h.at->lit, 0.0, 0.0), std::clamp((h.sun - lowest) / fade, 0.0, 1.0));
 }
 
 std::array<shade, light_columns> light_at(const hour& h) {
@@ -228,12 +226,12 @@ std::array<shade, light_columns> light_at(const hour& h) {
 
     const spectrum all = level_part(h.ground.beam, h.sun) + h.ground.sky;
     const spectrum mirrored = sky_radiance(h, row_of_25_degrees, 90.0);
-    paint(water, show(h.seen_by, all * sea_reflectance * (1.0 / M_PI) + mirrored * mirrored_part));
+    paint(water, show(h.seen_by, all * sea_reflectance * (1.0 / M_PI) + mirrored * mirrored_part, 0.0));
 
     const spectrum high =
         s.of->covered == overcast ? h.ground.beam : beam(*s.lit, std::max(height, cloud_height), h.sun);
     paint(cloud_light, show(h.seen_by, (high * 0.8 + h.ground.sky * 0.5) * (1.0 / M_PI)));
-    paint(cloud_dark, show(h.seen_by, (high * 0.2 + h.ground.sky * 0.4) * (1.0 / M_PI)));
+    paint(cloud_dark, show(h.seen_by, (high * 0.07 + h.ground.sky * 0.4) * (1.0 / M_PI)));
 
     const double of_moon = luminance(level_part(s.moon_beam, day_sun)), of_air = luminance(s.moon_level);
     const eye by_moon = adapt(s.white, {of_moon + of_air, of_air}, s.day, of_moon + of_air);
