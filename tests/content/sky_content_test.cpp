@@ -122,8 +122,12 @@ TEST(sky_content, moons_wax_on_the_right_and_wane_on_the_left) {
         const double elongation = (phase - 1) * 360.0 / 22.0;
         EXPECT_NEAR(static_cast<double>(lit[0] + lit[1]) / on_disc, 0.5 * (1.0 - cos(elongation * rad)),
                     0.07);
-        if (phase > 1 && phase < 12) EXPECT_GT(lit[1], lit[0]);
-        if (phase > 12 && phase < 23) EXPECT_GT(lit[0], lit[1]);
+        if (phase > 1 && phase < 12) {
+            EXPECT_GT(lit[1], lit[0]);
+        }
+        if (phase > 12 && phase < 23) {
+            EXPECT_GT(lit[0], lit[1]);
+        }
         EXPECT_GT(on_disc, 0.85 * M_PI * middle * middle);
         for (const int edge : {0, size - 1})
             for (int n = 0; n < size; ++n) EXPECT_TRUE(alpha(p, edge, n) == 0 && alpha(p, n, edge) == 0);
