@@ -96,11 +96,11 @@ protected:
         drive("key Return");
         ASSERT_TRUE(comes([&] { return flies(); }));
     }
-    // The white figures in the strip of flight data.
+    // The pale figures in the strip of flight data.
     bool flies() {
         const std::string figures = "convert " + shoot("now.png") +
-                                    " -crop 1024x30+0+734 +repage -fuzz 8% -fill black +opaque white -fill white -opaque "
-                                    "white -format '%[fx:int(w*h*mean)]' info:";
+                                    " -crop 1024x30+0+734 +repage -fuzz 8% -fill black +opaque '#dce4ed' "
+                                    "-fill white -opaque '#dce4ed' -format '%[fx:int(w*h*mean)]' info:";
         return atoi(test::run(figures).output.c_str()) > 200;
     }
     void quit() {
