@@ -6,6 +6,8 @@
 #include <math.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 
@@ -177,30 +179,54 @@ void picture(benchmark::State& state) {
                         std::to_string(state.range(1)) + (state.range(2) ? "_sea.png" : ".png"));
     }
 }
-// The sky alone, into the same window: dome, stars, bodies, band. range 0: hour of the sun.
+void set_hour(float hour) {
+    mnw.zulu_time = fltwrap(hour * 3600.0f - static_cast<float>(flt[0].dob_lon) * 240.0f, 0.0f, 86400.0f);
+    mnw.locl_time = locl_from_zulu();
+}
+
+// The sky alone, into the same window: dome, stars, bodies, band. range 0: hour of the sun; 1: northern
+// lights.
 void sky_stages(benchmark::State& state) {
     stage().place_eye(places[0], 1500.0f);
-    atm.plot_aurora = 1;
+    atm.plot_aurora = static_cast<int>(state.range(1));
     mnw.locl_date_jan1 = 80;
-    mnw.zulu_time =
-        fltwrap(static_cast<float>(state.range(0)) * 3600.0f - static_cast<float>(flt[0].dob_lon) * 240.0f,
-                0.0f, 86400.0f);
-    mnw.locl_time = locl_from_zulu();
+    set_hour(static_cast<float>(state.range(0)));
     for (int settle = 0; settle < 2; ++settle) scene_state_step();
     for (auto _ : state) {
         draw_sky();
         glFinish();
     }
 }
+
+// Six hundred frames of a dawn, from stars to full day: the worst of them against their mean.
+void sky_dawn(benchmark::State& state) {
+    constexpr int frames = 600;
+    stage().place_eye(places[0], 1500.0f);
+    atm.plot_aurora = 0;
+    mnw.locl_date_jan1 = 80;
+    double worst = 0.0, sum = 0.0;
+    for (auto _ : state)
+        for (int i = 0; i < frames; ++i) {
+            const auto start = std::chrono::steady_clock::now();
+            set_hour(5.0f + 2.0f * static_cast<float>(i) / frames);
+            scene_state_step();
+            draw_sky();
+            glFinish();
+            const double ms =
+                std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+            worst = std::max(worst, ms), sum += ms;
+        }
+    state.counters["worst_ms"] = worst;
+    state.counters["mean_ms"] = sum / (frames * static_cast<double>(state.iterations()));
+}
 BENCHMARK(sky_stages)
-    ->ArgName("hour")
-    ->Arg(6)
-    ->Arg(12)
-    ->Arg(18)
-    ->Arg(0)
+    ->ArgNames({"hour", "aurora"})
+    ->ArgsProduct({{6, 12, 18, 0}, {0}})
+    ->Args({0, 1})
     ->MeasureProcessCPUTime()
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(sky_dawn)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 BENCHMARK(picture)
     ->ArgNames({"height_m", "visibility_nm", "sea"})

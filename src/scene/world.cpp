@@ -5,6 +5,7 @@
 #include "core/craft/veh.h"
 #include "core/math/num.h"
 #include "core/program/seams.h"
+#include "core/program/upward.h"
 #include "core/records/atm.h"
 #include "core/records/env.h"
 #include "core/records/flt.h"

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "aircraft/draw/geometry.h"
 #include "aircraft/file/acf_fault.h"
 #include "app/app_update.h"
 #include "app/frame.h"
@@ -58,7 +59,7 @@ void (*const resets[])() = {
     reset_widgets,       forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
     reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
     reset_airports_draw, reset_skyc,         reset_lightning,      reset_aurora,         reset_planet,
-    reset_views,
+    reset_plane_geo,     reset_views,
 };
 
 }  // namespace

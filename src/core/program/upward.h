@@ -43,6 +43,9 @@ int TVPDoDrawingHook(int kind);
 void plot_airplanes(int is_map);
 void plot_objects();
 
+// Whether the eye is outside of the user's aircraft.
+int view_is_external();
+
 // The map's pan and zoom, by the codes of the arrow keys; and a pan in virtual units of the map.
 void poke_zoom(int int_key);
 void poke_pan(float dx, float dy);

@@ -35,6 +35,7 @@ struct view_state {
     attitude_struct des_view = {};  // of the view before the cockpit's turn, degrees
     float last_xyz[3] = {}, last_psi = 0.0f, last_the = 0.0f,
           last_phi = 0.0f;  // of the last view that was sound
+    float size = 0.0f;      // of the aircraft for which the orbit was chosen, m
 };
 view_state state;
 
@@ -285,6 +286,7 @@ void open_picture() {
 
 void zoom_class::ease_settings() {
     constexpr float closest = 1.5f, zoom_max = 50000.0f;
+    if (state.size != veh[0].size_tot) state.size = veh[0].size_tot, Pcirc_dist = 0.0f;
     Pcirc_dist = fltmax2(Pcirc_dist, closest * veh[0].size_tot);
     Preq_zoom = fltlim(Preq_zoom, 1.0f, zoom_max);
     const float most = 6.0f * Pact_zoom * mnw.prd_FM;

@@ -79,7 +79,6 @@ private:
 };
 extern zoom_class zoom;
 
-int view_is_external();
 int view_is_internal();
 // Whether the 2D panel lies under the view.
 int draw_back_buff();

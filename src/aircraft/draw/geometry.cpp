@@ -1,0 +1,80 @@
+// Aircraft in the ground scene.
+#include "aircraft/draw/geometry.h"
+
+#include <GL/gl.h>
+
+#include "aircraft/draw/outline.h"
+#include "core/program/upward.h"
+#include "core/records/records.h"
+#include "draw/gl/colours.h"
+#include "draw/gl/ogl.h"
+#include "platform/window.h"
+
+namespace {
+struct list_struct {
+    unsigned DL = 0;  // 0 none
+    unsigned long long parts = 0;
+    bool is_old = true;
+};
+struct geometry_state {
+    list_struct airframe[vehDIM];
+    int generation = 0;  // of the window that holds the lists
+};
+geometry_state state;
+
+void forget_lists_of_another_window() {
+    if (state.generation == window_generation) return;
+    state = {};
+    state.generation = window_generation;
+}
+
+void draw_airframe(int p) {
+    list_struct& list = state.airframe[p];
+    const unsigned long long parts = parts_that_stand(p);
+    if (list.is_old || list.parts != parts) {
+        if (!list.DL) list.DL = glGenLists(1);
+        glNewList(list.DL, GL_COMPILE);
+        emit_airframe(p);
+        glEndList();
+        list.parts = parts, list.is_old = false;
+    }
+    glCallList(list.DL);
+}
+
+// Grey paint, dark legs, discs that one sees through.
+void draw_plane(int p) {
+    const flt_struct& f = flt[p];
+    glPushMatrix();
+    glTranslated(f.dob_x, f.dob_y, f.dob_z);
+    glRotatef(-f.psi, 0.0f, 1.0f, 0.0f);
+    glRotatef(f.the, 1.0f, 0.0f, 0.0f);
+    glRotatef(-f.phi, 0.0f, 0.0f, 1.0f);
+    OGL_setstate(fog_on, 0, lit_on, al_none, depth_read, depth_write);
+    OGL_setcolorRGBA(0.86f, 0.87f, 0.88f, 1.0f, 1);
+    draw_airframe(p);
+    OGL_setcolorRGBA(0.22f, 0.22f, 0.23f, 1.0f, 1);
+    emit_legs(p);
+    OGL_setstate(fog_on, 0, lit_on, al_blend, depth_read, depth_no_write);
+    OGL_setcolorRGBA(0.15f, 0.15f, 0.16f, 0.25f, 1);
+    emit_discs(p);
+    glPopMatrix();
+}
+}  // namespace
+
+void load_plane_geo(int reset_geo, int, int is_wpn, int p) {
+    if (reset_geo && !is_wpn) state.airframe[p].is_old = true;
+}
+
+void plot_airplanes(int is_map) {
+    if (is_map) return;
+    forget_lists_of_another_window();
+    OGL_cull(0);
+    const int planes = TVPGetNumberPlanesToHandle(stg.num_acf, 0);
+    for (int p = view_is_external() ? 0 : 1; p < planes; ++p)
+        if (veh[p].name[0]) draw_plane(p);
+    OGL_cull(1);
+}
+
+void reset_plane_geo() {
+    for (list_struct& list : state.airframe) list.is_old = true;
+}

@@ -1,0 +1,282 @@
+// Shape of an aircraft from its parts.
+#include "aircraft/draw/outline.h"
+
+#include <GL/gl.h>
+#include <math.h>
+
+#include <initializer_list>
+
+#include "aircraft/design/exists.h"
+#include "aircraft/design/location.h"
+#include "core/math/axes.h"
+#include "core/math/geo3.h"
+#include "core/math/num.h"
+
+namespace {
+void normal(const Vector3& n) { glNormal3d(n.dx, n.dy, n.dz); }
+void vertex(const Point3& p) { glVertex3d(p.x, p.y, p.z); }
+
+// -- wings
+
+// Round a section from the trailing edge over the top and back below: shares of the chord aft of the leading
+// edge and above the chord, and the outward normal in the same two directions.
+constexpr double from_leading[] = {1.0, 0.75, 0.5, 0.3, 0.15, 0.06, 0.015, 0.0};
+constexpr int half_section = std::size(from_leading), section_points = 2 * half_section - 1;
+struct section_point {
+    double x, y, nx, ny;
+};
+
+// Half thickness of the symmetric four-digit section of 11 percent (Jacobs, Ward, Pinkerton, NACA TR 460).
+double half_thickness(double x) {
+    return 0.55 *
+           (0.2969 * sqrt(x) - 0.1260 * x - 0.3516 * x * x + 0.2843 * x * x * x - 0.1036 * x * x * x * x);
+}
+
+section_point section_at(int i) {
+    const int n = i < half_section ? i : section_points - 1 - i;
+    const double x = from_leading[n], side = i < half_section ? 1.0 : -1.0, step = 0.005;
+    if (n == half_section - 1) return {x, 0.0, -1.0, 0.0};
+    const double slope = (half_thickness(x) - half_thickness(x - step)) / step,
+                 length = sqrt(1.0 + slope * slope);
+    return {x, side * half_thickness(x), -slope / length, side / length};
+}
+
+// One rib: its quarter chord and the directions of its section.
+struct rib_struct {
+    Point3 quarter;
+    Vector3 aft, up;
+    double chord;
+    Point3 at(const section_point& s) const {
+        return quarter + aft * ((s.x - 0.25) * chord) + up * (s.y * chord);
+    }
+};
+
+Point3 quarter_chord(int p, int en, int el) {
+    const auto at = static_cast<float>(el);
+    return {get_el_base_loc(p, en, at, 'X'), get_el_base_loc(p, en, at, 'Y'),
+            get_el_base_loc(p, en, at, 'Z')};
+}
+
+// Along the span; and right or up of it, whichever the wing's upper side is.
+Vector3 span_of(int p, int en) {
+    Vector3 span = quarter_chord(p, en, veh[p].wing[en].els) - quarter_chord(p, en, 0);
+    span.normalize();
+    return span;
+}
+Vector3 upper_side(const Vector3& span) {
+    Vector3 up = Vector3{0.0, 0.0, 1.0}.cross(span);
+    up.normalize();
+    return up.dy < 0.0 ? up * -1.0 : up;
+}
+
+rib_struct rib_at(int p, int en, int el) {
+    const veh_wing_struct& wing = veh[p].wing[en];
+    const double along = static_cast<double>(el) / wing.els;
+    const double angle =
+        0.5 * con.degtorad * (wing.incidence[intmin2(el, wing.els - 1)] + wing.incidence[intmax2(el - 1, 0)]);
+    const Vector3 up = upper_side(span_of(p, en)), aft = {0.0, 0.0, 1.0};
+    return {quarter_chord(p, en, el), aft * cos(angle) + up * -sin(angle), up * cos(angle) + aft * sin(angle),
+            wing.Croot + (wing.Ctip - wing.Croot) * along};
+}
+
+void emit_cap(const rib_struct& rib, const Vector3& outward) {
+    glBegin(GL_POLYGON);
+    normal(outward);
+    for (int i = 0; i < section_points; ++i) vertex(rib.at(section_at(i)));
+    glEnd();
+}
+
+void emit_wing(int p, int en) {
+    const int els = veh[p].wing[en].els;
+    for (int el = 0; el < els; ++el) {
+        const rib_struct ribs[] = {rib_at(p, en, el), rib_at(p, en, el + 1)};
+        glBegin(GL_QUAD_STRIP);
+        for (int i = 0; i < section_points; ++i)
+            for (const rib_struct& rib : ribs) {
+                const section_point s = section_at(i);
+                normal(rib.aft * s.nx + rib.up * s.ny);
+                vertex(rib.at(s));
+            }
+        glEnd();
+    }
+    const Vector3 span = span_of(p, en);
+    emit_cap(rib_at(p, en, 0), span * -1.0);
+    emit_cap(rib_at(p, en, els), span);
+}
+
+// -- bodies
+
+Point3 ring_point(const veh_part_struct& body, int s, int r) {
+    const float* at = body.geo_xyz[s][r];
+    return {at[0], at[1], at[2]};
+}
+
+Point3 ring_centre(const veh_part_struct& body, int s) {
+    Vector3 sum;
+    for (int r = 0; r < body.r_dim; ++r) sum = sum + (ring_point(body, s, r) - Point3{});
+    return Point3{} + sum * (1.0 / body.r_dim);
+}
+
+// Across the surface; where a ring has shrunk to a point, along the body.
+Vector3 tube_normal(const veh_part_struct& body, int s, int r) {
+    const int last_s = body.s_dim - 1, last_r = body.r_dim - 1;
+    const Vector3 along =
+        ring_point(body, intmin2(s + 1, last_s), r) - ring_point(body, intmax2(s - 1, 0), r);
+    const Vector3 round =
+        ring_point(body, s, r < last_r ? r + 1 : 0) - ring_point(body, s, r > 0 ? r - 1 : last_r);
+    Vector3 out = along.cross(round);
+    constexpr double shrunk = 1e-9;
+    if (out.normalize() < shrunk) return {0.0, 0.0, s == 0 ? -1.0 : 1.0};
+    return out.dot(ring_point(body, s, r) - ring_centre(body, s)) < 0.0 ? out * -1.0 : out;
+}
+
+struct turn_struct {
+    float sin_psi, cos_psi, sin_the, cos_the, sin_phi, cos_phi;
+    Vector3 operator()(const Vector3& v) const {
+        float x, y, z;
+        any_to_wrl(static_cast<float>(v.dx), static_cast<float>(v.dy), static_cast<float>(v.dz), &x, &y, &z,
+                   sin_psi, cos_psi, sin_the, cos_the, sin_phi, cos_phi);
+        return {x, y, z};
+    }
+};
+
+void emit_body(const veh_part_struct& body) {
+    if (body.s_dim < 2 || body.r_dim < 3) return;
+    const turn_struct turn = {sin_deg(body.part_psi), cos_deg(body.part_psi), sin_deg(body.part_the),
+                              cos_deg(body.part_the), sin_deg(body.part_phi), cos_deg(body.part_phi)};
+    const Point3 place = {body.part_x, body.part_y, body.part_z};
+    for (int s = 0; s + 1 < body.s_dim; ++s) {
+        glBegin(GL_QUAD_STRIP);
+        for (int n = 0; n <= body.r_dim; ++n)
+            for (const int ring : {s, s + 1}) {
+                const int r = n % body.r_dim;
+                normal(turn(tube_normal(body, ring, r)));
+                vertex(place + turn(ring_point(body, ring, r) - Point3{}));
+            }
+        glEnd();
+    }
+}
+
+// -- round things
+
+constexpr int round_steps = 20;
+constexpr double pi = 3.14159265358979;
+
+// A closed cylinder between two points.
+void emit_cylinder(const Point3& from, const Point3& to, double radius) {
+    Vector3 axis = to - from;
+    if (!(axis.normalize() > 0.0)) return;
+    Vector3 across = axis.cross(fabs(axis.dy) < 0.9 ? Vector3{0.0, 1.0, 0.0} : Vector3{0.0, 0.0, 1.0});
+    across.normalize();
+    const Vector3 other = axis.cross(across);
+    const auto out = [&](int i) {
+        const double angle = 2.0 * pi * i / round_steps;
+        return across * cos(angle) + other * sin(angle);
+    };
+    glBegin(GL_QUAD_STRIP);
+    for (int i = 0; i <= round_steps; ++i) {
+        normal(out(i));
+        vertex(from + out(i) * radius);
+        vertex(to + out(i) * radius);
+    }
+    glEnd();
+    for (const double end : {-1.0, 1.0}) {
+        glBegin(GL_POLYGON);
+        normal(axis * end);
+        for (int i = 0; i < round_steps; ++i) vertex((end < 0.0 ? from : to) + out(i) * radius);
+        glEnd();
+    }
+}
+
+// -- legs
+
+struct wheels_struct {
+    int beside, behind;
+};
+wheels_struct wheels_of(int gear_type) {
+    switch (gear_type) {
+        case gear_skid:
+            return {0, 0};
+        case gear_two_lat:
+            return {2, 1};
+        case gear_two_long:
+            return {1, 2};
+        case gear_four_2x2:
+            return {2, 2};
+        case gear_six_2x3:
+            return {2, 3};
+        case gear_four_lat:
+            return {4, 1};
+        case gear_eight:
+            return {4, 2};
+        case gear_three_lat:
+            return {3, 1};
+        default:
+            return {1, 1};
+    }
+}
+
+void emit_leg(int p, int g) {
+    constexpr float in = 0.02f;  // deployed less than this, a leg is hidden
+    const veh_gear_struct& leg = veh[p].gear[g];
+    if (leg.dep_rat < in) return;
+    const Point3 top = {leg.gear_x, leg.gear_y, leg.gear_z};
+    const Point3 axle = {leg.x_nodef, leg.y_nodef + flt[p].gear[g].tire_vrt_def_veh, leg.z_nodef};
+    const double radius = leg.tire_radius, half_width = leg.tire_swidth;
+    emit_cylinder(top, axle, 0.25 * radius);
+    const wheels_struct wheels = wheels_of(leg.gear_type);
+    for (int i = 0; i < wheels.beside; ++i)
+        for (int j = 0; j < wheels.behind; ++j) {
+            constexpr double apart_beside = 2.6, apart_behind = 2.2;  // half widths, radii
+            const double x = (i - 0.5 * (wheels.beside - 1)) * apart_beside * half_width;
+            const double z = (j - 0.5 * (wheels.behind - 1)) * apart_behind * radius;
+            const Point3 hub = axle + Vector3{x, 0.0, z};
+            emit_cylinder(hub + Vector3{-half_width, 0.0, 0.0}, hub + Vector3{half_width, 0.0, 0.0}, radius);
+        }
+    const Vector3 runner = {0.0, 0.0, 2.0 * radius};
+    if (leg.gear_type == gear_skid) emit_cylinder(axle + runner * -1.0, axle + runner, 0.25 * radius);
+}
+
+void emit_disc(int p, int en) {
+    const auto towards = [p, en](double x, double y, double z) {
+        float to_x, to_y, to_z;
+        disc_to_veh(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z), &to_x, &to_y, &to_z,
+                    p, en);
+        return Vector3{to_x, to_y, to_z};
+    };
+    const veh_part_struct& hub = veh[p].part[en];
+    const Point3 centre = {hub.part_x, hub.part_y, hub.part_z};
+    const double radius = veh[p].wing[en].semilen_SEG;
+    glBegin(GL_POLYGON);
+    normal(towards(0.0, 0.0, -1.0));
+    for (int i = 0; i < 2 * round_steps; ++i) {
+        const double angle = pi * i / round_steps;
+        vertex(centre + towards(radius * cos(angle), radius * sin(angle), 0.0));
+    }
+    glEnd();
+}
+}  // namespace
+
+void emit_airframe(int p) {
+    for (int en = part_wing_first; en < wingDIM; ++en)
+        if (has_this_wing(p, en)) emit_wing(p, en);
+    for (int en = part_body_first; en < partDIM; ++en)
+        if (has_this_body(p, en)) emit_body(veh[p].part[en]);
+}
+
+void emit_legs(int p) {
+    for (int g = 0; g < gearDIM; ++g)
+        if (has_this_gear(p, g)) emit_leg(p, g);
+}
+
+void emit_discs(int p) {
+    for (int en = part_thru_first; en <= part_thru_last; ++en)
+        if (has_this_wing(p, en)) emit_disc(p, en);
+}
+
+unsigned long long parts_that_stand(int p) {
+    unsigned long long sum = 0;
+    for (int en = part_wing_first; en < partDIM; ++en)
+        sum = sum * 31 + static_cast<unsigned>(en < wingDIM ? has_this_wing(p, en) : has_this_body(p, en));
+    return sum;
+}
