@@ -195,13 +195,13 @@ void roll_out(float time) {
 }  // namespace
 
 const phase_struct circuit[circuit_phases] = {
-    {"brake set", wait, [](float time) { return time > 5.0f; }, 5.5f, 3.0f},
-    {"take-off roll", roll, [](float) { return flt[0].y_agl_mtr > 1.0f; }, 40.0f, -1.0f},
-    {"climb-out", climb_out, [](float) { return here().height > 150.0f; }, 90.0f, 12.0f},
-    {"crosswind", crosswind, [](float) { return here().across < -offset + 420.0f; }, 90.0f, -1.0f},
-    {"downwind", downwind, [](float) { return here().along < -1100.0f; }, 240.0f, 60.0f},
-    {"base", base, [](float) { return here().across > -430.0f; }, 90.0f, 20.0f},
-    {"final", final, [](float) { return here().height < 6.0f; }, 120.0f, 20.0f},
-    {"flare", flare, [](float) { return flt[0].onground_any != 0; }, 30.0f, -1.0f},
-    {"roll-out", roll_out, [](float time) { return time > 5.0f && flt[0].V_msc < 0.05f; }, 60.0f, 10.0f},
+    {"brake set", wait, [](float time) { return time > 5.0f; }, 5.5f, 3.0f, 0},
+    {"take-off roll", roll, [](float) { return flt[0].y_agl_mtr > 1.0f; }, 40.0f, -1.0f, 0},
+    {"climb-out", climb_out, [](float) { return here().height > 150.0f; }, 90.0f, 12.0f, 'a'},
+    {"crosswind", crosswind, [](float) { return here().across < -offset + 420.0f; }, 90.0f, -1.0f, 0},
+    {"downwind", downwind, [](float) { return here().along < -1100.0f; }, 240.0f, 60.0f, 'A'},
+    {"base", base, [](float) { return here().across > -430.0f; }, 90.0f, 20.0f, 'w'},
+    {"final", final, [](float) { return here().height < 6.0f; }, 120.0f, 20.0f, 0},
+    {"flare", flare, [](float) { return flt[0].onground_any != 0; }, 30.0f, -1.0f, 0},
+    {"roll-out", roll_out, [](float time) { return time > 5.0f && flt[0].V_msc < 0.05f; }, 60.0f, 10.0f, 's'},
 };

@@ -8,6 +8,7 @@ struct phase_struct {
     bool (*is_over)(float time);
     float most;     // s after which the flight has gone wrong
     float picture;  // s into the phase, below 0: none
+    int view;       // key pressed when it begins, 0 none
 };
 constexpr int circuit_phases = 9;
 extern const phase_struct circuit[circuit_phases];

@@ -31,6 +31,7 @@ void press(int use, int key, int times) {
 
 void press_brake() { press(key_use_char, 'b'); }
 void more_flap() { press(key_use_char, '2'); }
+void change_view(int key) { press(key_use_char, key); }
 
 void move_throttle(int steps) {
     constexpr int less = 50, more = 51;

@@ -9,4 +9,5 @@ void take_yoke();
 void press(int use, int key, int times = 1);
 void press_brake();
 void more_flap();
+void change_view(int key);
 void move_throttle(int steps);  // twentieths of full

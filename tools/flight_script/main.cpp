@@ -130,6 +130,7 @@ bool fly_phase(const phase_struct& phase, flight_record& record) {
         sum.print(phase.name, time);
         return good;
     };
+    if (phase.view) change_view(phase.view);
     for (int i = 0; !g_done; ++i) {
         time = static_cast<float>(i) / 64.0f;
         if (i > 0 && phase.is_over(time)) return end(true);
