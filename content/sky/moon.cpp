@@ -228,10 +228,10 @@ double returned(const sample& s, const vector3& sun, double lunar_part) {
     return std::min(lit, 1.25) * smooth(-0.035, 0.03, level);
 }
 
-// Night is lit by the Earth. Alpha holds most of the brightness: by day the darker ground lets more of the
-// sky through, as light adds up, and by night colour times alpha is what is seen.
+// Night is lit by the Earth. Alpha holds the brightness of white: by day the darker ground lets more of the
+// sky through, as light adds up, so that a new moon is not there, and by night it is what is seen.
 void draw_phase(const std::vector<sample>& face, int phase, const std::string& path) {
-    constexpr double earthshine = 0.04, alpha_part = 0.75, gamma = 1.0 / 1.5;
+    constexpr double earthshine = 0.03, gamma = 1.0 / 1.5;
     const double elongation = 2.0 * M_PI * (phase - 1) / (phases - 1);  // of the moon, east of the sun
     const vector3 sun = {sin(elongation), 0.0, -cos(elongation)};
     const double from_full = 180.0 - fabs(elongation / rad - 180.0) - 180.0, a = fabs(from_full);
@@ -249,11 +249,9 @@ void draw_phase(const std::vector<sample>& face, int phase, const std::string& p
                          earthshine * p.bright;
             }
             sky_texel& texel = picture.at(s, t);
-            const double seen = light / (fine * fine);
             if (cover == 0.0) continue;
-            texel.a = std::min(1.0, pow(seen, alpha_part));
-            const double colour = seen <= 0.0 ? 0.0 : std::min(1.0, seen / texel.a);
-            texel.r = colour, texel.g = 0.985 * colour, texel.b = 0.955 * colour;
+            texel.a = std::min(1.0, light / (fine * fine));
+            texel.r = 1.0, texel.g = 0.985, texel.b = 0.955;
         }
     picture.save(path);
 }

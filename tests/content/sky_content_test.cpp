@@ -119,7 +119,7 @@ TEST(sky_content, moons_wax_on_the_right_and_wane_on_the_left) {
         for (int y = 0; y < size; ++y)
             for (int x = 0; x < size; ++x) {
                 on_disc += alpha(p, x, y) > 0;
-                lit[x >= middle] += alpha(p, x, y) > 70;
+                lit[x >= middle] += alpha(p, x, y) > 44;
             }
         const double elongation = (phase - 1) * 360.0 / 22.0;
         EXPECT_NEAR(static_cast<double>(lit[0] + lit[1]) / on_disc, 0.5 * (1.0 - cos(elongation * rad)),

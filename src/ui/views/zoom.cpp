@@ -286,8 +286,9 @@ void open_picture() {
 
 void zoom_class::ease_settings() {
     constexpr float closest = 1.5f, zoom_max = 50000.0f;
-    if (state.size != veh[0].size_tot) state.size = veh[0].size_tot, Pcirc_dist = 0.0f;
-    Pcirc_dist = fltmax2(Pcirc_dist, closest * veh[0].size_tot);
+    const float least = closest * veh[0].size_tot;
+    if (state.size != veh[0].size_tot) state.size = veh[0].size_tot, Pcirc_dist = state.circle_dist = least;
+    Pcirc_dist = fltmax2(Pcirc_dist, least);
     Preq_zoom = fltlim(Preq_zoom, 1.0f, zoom_max);
     const float most = 6.0f * Pact_zoom * mnw.prd_FM;
     Pact_zoom = fltlim(Pact_zoom + fltlim(Preq_zoom - Pact_zoom, -most, most), 1.0f, zoom_max);
