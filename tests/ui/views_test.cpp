@@ -94,6 +94,7 @@ TEST_F(views_test, views_from_inside_look_where_their_names_say) {
         zoom.update_per_frame();
         EXPECT_LT(off(ren.final_psi, look.psi), 0.01f) << look.code;
         EXPECT_NEAR(ren.final_the, look.the, 0.01f) << look.code;
+        EXPECT_EQ(view_type(), std::lround(fltwrap(look.psi - 70.0f, 0.0f, 359.0f) / 45.0f)) << look.code;
         EXPECT_NEAR(std::hypot(std::hypot(away(0), away(1)), away(2)), std::sqrt(10.25), 1e-3);
     }
     APP_handlemenu(view_down);

@@ -94,9 +94,28 @@ int draw_back_buff() {
     return ren.view_type_act == view_fwd_panel || intrange(ren.view_type_act, view_left_45, view_back);
 }
 
+// Clockwise from ahead.
 int view_type() {
-    const int code = ren.view_type_act;
-    return intrange(code, view_left_45, view_back) ? code - view_left_45 + 1 : 0;
+    switch (ren.view_type_act) {
+        case view_right_45:
+        case view_up_right:
+            return 1;
+        case view_right_90:
+            return 2;
+        case view_right_135:
+            return 3;
+        case view_back:
+            return 4;
+        case view_left_135:
+            return 5;
+        case view_left_90:
+            return 6;
+        case view_left_45:
+        case view_up_left:
+            return 7;
+        default:
+            return 0;
+    }
 }
 
 // -- who is followed
