@@ -204,6 +204,19 @@ TEST_F(views_test, nonsense_never_reaches_the_camera) {
     zoom.update_per_frame();
     EXPECT_NEAR(ren.view_xyz[0], good, 1.0f);
     EXPECT_LE(std::fabs(ren.final_psi), 360.0f);
+    net.getting_camera = 0;
+    for (float* setting :
+         {&ren.FOV, &ren.off_lat_rat, &ren.off_vrt_deg, &ren.mouse_look_os_psi, &ren.elum_ref_phi}) {
+        const float before = *setting;
+        *setting = nan;
+        zoom.update_per_frame();
+        EXPECT_TRUE(std::isfinite(ren.final_psi) && std::isfinite(mnw.x1_rat) && std::isfinite(mnw.y2_rat));
+        *setting = before;
+    }
+    APP_handlemenu(view_tower);
+    ren.view_xyz[1] = nan;
+    zoom.update_per_frame();
+    EXPECT_TRUE(std::isfinite(ren.view_xyz[1]) && std::isfinite(ren.final_the));
     zoom.poke_map_zoom(nan);
     EXPECT_EQ(zoom.map_zoom(), 1.0f);
     EXPECT_TRUE(test::alerts.empty());
