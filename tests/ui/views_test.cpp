@@ -241,6 +241,13 @@ TEST_F(views_test, zoom_eases_to_what_the_keys_ask_within_its_limits) {
         << "half of the region";
     zoom.poke_zoom(zoom_key_out);
     EXPECT_EQ(zoom.map_osx_mtr(), 0.0f);
+    mnw.top_win = win_fly;
+    APP_handlemenu(view_circle);
+    for (int i = 0; i < 3000; ++i) zoom.poke_zoom(zoom_key_out);
+    for (int i = 0; i < 3000; ++i) zoom.poke_zoom(zoom_key_in);
+    zoom.update_per_frame();
+    EXPECT_FLOAT_EQ(zoom.circ_dist(), 1.5f * veh[0].size_tot) << "back from as far as the keys go";
+    mnw.top_win = win_map;
     mnw.map_is_3d = 1, mnw.prd_UI = 0.02f;
     for (int i = 0; i < 1000; ++i) zoom.poke_zoom(special_down);
     EXPECT_NEAR(zoom.map3_the_rad(), 0.01745f, 1e-4f) << "one degree above the ground";
