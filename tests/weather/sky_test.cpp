@@ -337,6 +337,11 @@ TEST_F(sky_test, catalogue_ends_at_its_mark_or_at_the_end_of_the_file) {
     write(path, "I\n740 Version\n6.75 -16.7 7.9");
     star.star_build();
     EXPECT_EQ(star.places[5].size(), 1u) << "no line end";
+    std::string endless = "I\n740 Version\n";
+    for (int i = 0; i < star_max + 1000; ++i) endless += "1 1 1 x\n";
+    write(path, endless);
+    star.star_build();
+    EXPECT_EQ(count(), static_cast<size_t>(star_max));
     write(path, "I\n730 Version\n6.75 -16.7 -1.4 Sirius\n");
     star.star_build();
     EXPECT_EQ(count(), 0u);
