@@ -83,7 +83,8 @@ void put_strip(int lat, int lon1, int lon2, int lat0, int lon0, float per_degree
     glEnd();
 }
 
-// In fog, as the land is: else the far clip's edge would stand in the haze beyond the tiles, and the limb would have no air.
+// In fog, as the land is: else the far clip's edge would stand in the haze beyond the tiles, and the limb
+// would have no air.
 void set_planet_state() { OGL_setstate(fog_on, 1, lit_on, al_none, depth_no_read, depth_no_write); }
 
 unsigned list_of(unsigned* list) {

@@ -121,30 +121,31 @@ float swelling(int body) { return interp(5.0f, 1.0f, 0.0f, 1.5f, skyc.lgt_the_su
 
 void set_body_state() { OGL_setstate(fog_off, 1, lit_off, al_blend, depth_no_read, depth_no_write); }
 
+constexpr float half_sun = 0.04f * dis_to_sun, half_moon = 0.02f * dis_to_sun;  // high in the sky, m
+
 // The halo in the air, and what blinds.
-void draw_sun_glow(float half) {
+void draw_sun_glow() {
     const float vis = sky_vis_nm();
     const float lim = vis < 5.0f ? 0.0f : max_vis_ter_mtrs[env.planet == 1] * con.mtrstonm;
     const float alpha = interp(lim, 0.0f, 5.0f, 1.0f, vis) * night_glare_fadeout();
     if (alpha > 0.0f) {
         OGL_setcolorRGBA(1.0f, 1.0f, 1.0f, alpha, 1);
-        draw_disc(tex_sun_glow, 7.0f * half, {0.0f, 0.0f, 1.0f, 1.0f});
+        draw_disc(tex_sun_glow, 7.0f * half_sun, {0.0f, 0.0f, 1.0f, 1.0f});
     }
     if (ren.glare_rat > 0.01f) {
         OGL_setcolorRGBA(1.0f, 1.0f, 1.0f, ren.glare_rat, 1);
-        draw_disc(tex_lights, 5.0f * half, {0.5f, 0.0f, 1.0f, 1.0f});
+        draw_disc(tex_lights, 5.0f * half_sun, {0.5f, 0.0f, 1.0f, 1.0f});
     }
 }
 
 void draw_sun(float brightness) {
     if (!(brightness > 0.01f)) return;
-    const float half = 0.04f * dis_to_sun * swelling(body_sun);
     glPushMatrix();
     go_to_body(body_sun);
     set_body_state();
     OGL_setcolorRGBA(skyc.sun_col[0], skyc.sun_col[1], skyc.sun_col[2], brightness, 1);
-    draw_disc(tex_lights, half, {0.0f, 0.5f, 0.25f, 1.0f});
-    draw_sun_glow(half);
+    draw_disc(tex_lights, half_sun * swelling(body_sun), {0.0f, 0.5f, 0.25f, 1.0f});
+    draw_sun_glow();
     glPopMatrix();
 }
 
@@ -154,7 +155,7 @@ void draw_moon(float brightness) {
     go_to_body(body_moon);
     set_body_state();
     OGL_setcolorRGBA(skyc.mon_col[0], skyc.mon_col[1], skyc.mon_col[2], brightness, 1);
-    draw_disc(skyc.moon_tex, 0.02f * dis_to_sun * swelling(body_moon), {0.0f, 0.0f, 1.0f, 1.0f});
+    draw_disc(skyc.moon_tex, half_moon * swelling(body_moon), {0.0f, 0.0f, 1.0f, 1.0f});
     glPopMatrix();
 }
 }  // namespace

@@ -94,6 +94,7 @@ TEST_F(views_test, views_from_inside_look_where_their_names_say) {
         zoom.update_per_frame();
         EXPECT_LT(off(ren.final_psi, look.psi), 0.01f) << look.code;
         EXPECT_NEAR(ren.final_the, look.the, 0.01f) << look.code;
+        EXPECT_EQ(view_type(), std::lround(fltwrap(look.psi - 70.0f, 0.0f, 359.0f) / 45.0f)) << look.code;
         EXPECT_NEAR(std::hypot(std::hypot(away(0), away(1)), away(2)), std::sqrt(10.25), 1e-3);
     }
     APP_handlemenu(view_down);
@@ -203,6 +204,19 @@ TEST_F(views_test, nonsense_never_reaches_the_camera) {
     zoom.update_per_frame();
     EXPECT_NEAR(ren.view_xyz[0], good, 1.0f);
     EXPECT_LE(std::fabs(ren.final_psi), 360.0f);
+    net.getting_camera = 0;
+    for (float* setting :
+         {&ren.FOV, &ren.off_lat_rat, &ren.off_vrt_deg, &ren.mouse_look_os_psi, &ren.elum_ref_phi}) {
+        const float before = *setting;
+        *setting = nan;
+        zoom.update_per_frame();
+        EXPECT_TRUE(std::isfinite(ren.final_psi) && std::isfinite(mnw.x1_rat) && std::isfinite(mnw.y2_rat));
+        *setting = before;
+    }
+    APP_handlemenu(view_tower);
+    ren.view_xyz[1] = nan;
+    zoom.update_per_frame();
+    EXPECT_TRUE(std::isfinite(ren.view_xyz[1]) && std::isfinite(ren.final_the));
     zoom.poke_map_zoom(nan);
     EXPECT_EQ(zoom.map_zoom(), 1.0f);
     EXPECT_TRUE(test::alerts.empty());
@@ -227,6 +241,13 @@ TEST_F(views_test, zoom_eases_to_what_the_keys_ask_within_its_limits) {
         << "half of the region";
     zoom.poke_zoom(zoom_key_out);
     EXPECT_EQ(zoom.map_osx_mtr(), 0.0f);
+    mnw.top_win = win_fly;
+    APP_handlemenu(view_circle);
+    for (int i = 0; i < 3000; ++i) zoom.poke_zoom(zoom_key_out);
+    for (int i = 0; i < 3000; ++i) zoom.poke_zoom(zoom_key_in);
+    zoom.update_per_frame();
+    EXPECT_FLOAT_EQ(zoom.circ_dist(), 1.5f * veh[0].size_tot) << "back from as far as the keys go";
+    mnw.top_win = win_map;
     mnw.map_is_3d = 1, mnw.prd_UI = 0.02f;
     for (int i = 0; i < 1000; ++i) zoom.poke_zoom(special_down);
     EXPECT_NEAR(zoom.map3_the_rad(), 0.01745f, 1e-4f) << "one degree above the ground";

@@ -305,6 +305,9 @@ TEST_F(sky_test, pictures_give_their_columns_and_a_bad_one_is_told_once) {
     write(to + "sky_colors_earth_clean.png", test::png_bytes({64, 256, PNG_COLOR_TYPE_RGB, dome}));
     write(to + "sky_colors_earth_misty.png",
           test::png_bytes({32, 256, PNG_COLOR_TYPE_RGB, test::bytes(32 * 256 * 3, 200)}));
+    std::string cut = test::png_bytes({64, 256, PNG_COLOR_TYPE_RGB, dome});
+    cut.resize(cut.size() / 2);
+    write(to + "sky_colors_earth_foggy.png", cut);
     skyc.conditions_init();
     EXPECT_FLOAT_EQ(skyc.raw_sun_dir[set_clean][100][0], 50.0f / 255.0f) << "rows from below";
     EXPECT_FLOAT_EQ(skyc.raw_cld_drk[set_clean][100][1], 28.0f / 255.0f);
@@ -313,7 +316,7 @@ TEST_F(sky_test, pictures_give_their_columns_and_a_bad_one_is_told_once) {
     EXPECT_EQ(skyc.raw_sky_256[set_clean][3][40][5][1], 40);
     const auto& grey = skyc.raw_sky_256[set_misty][7][0][0];
     EXPECT_TRUE(grey[0] == grey[1] && grey[1] == grey[2] && grey[0] > 100);
-    EXPECT_EQ(test::alerts.size(), 2u) << "one kind is missing, one too small";
+    EXPECT_EQ(test::alerts.size(), 3u) << "one kind is missing, one too small, one cut short";
     for (const auto& alert : test::alerts) EXPECT_EQ(alert.type, alert_message);
 }
 
@@ -334,6 +337,11 @@ TEST_F(sky_test, catalogue_ends_at_its_mark_or_at_the_end_of_the_file) {
     write(path, "I\n740 Version\n6.75 -16.7 7.9");
     star.star_build();
     EXPECT_EQ(star.places[5].size(), 1u) << "no line end";
+    std::string endless = "I\n740 Version\n";
+    for (int i = 0; i < star_max + 1000; ++i) endless += "1 1 1 x\n";
+    write(path, endless);
+    star.star_build();
+    EXPECT_EQ(count(), static_cast<size_t>(star_max));
     write(path, "I\n730 Version\n6.75 -16.7 -1.4 Sirius\n");
     star.star_build();
     EXPECT_EQ(count(), 0u);

@@ -162,6 +162,7 @@ void zoom_class::poke_spot_view(int poker) {
 
 // The eye goes where the arrow points.
 void zoom_class::poke_chase(int poker) {
+    constexpr float farthest = 1e8f;  // m; the planet is 7 degrees wide from there
     const view_key k = view_key_of(poker);
     const arrow_struct arrow = arrow_of(k.key);
     const float way = k.turbo * interp(0.0f, 4.0f, 1.0f, 0.4f, sqrtf(500.0f * Pcirc_dist)) * mnw.prd_FM;
@@ -169,6 +170,7 @@ void zoom_class::poke_chase(int poker) {
     Pcirc_psi_rad = wrapped_rad(Pcirc_psi_rad - way * arrow.right);
     if (k.key == zoom_key_in) Pcirc_dist *= 1.0f - 4.0f * mnw.prd_FM;
     if (k.key == zoom_key_out) Pcirc_dist *= 1.0f + 4.0f * mnw.prd_FM;
+    Pcirc_dist = fltlim(Pcirc_dist, 0.0f, farthest);
 }
 
 // Zoom of whatever is no orbit; the panel under a view from inside scrolls.

@@ -16,5 +16,5 @@ tower_struct tower_place(const place_struct& target);
 // The runway end of the region's airports nearest to a place, on the ground, leaving out runways whose number
 // begins with "x"; 30 m above the place without any.
 place_struct nearest_runway_end(const place_struct& from);
-// Ground below, world y; the sea outside of the region.
+// Ground below, world y; 0, the tangent plane, outside of the region.
 float ground_of_view(float x, float z);

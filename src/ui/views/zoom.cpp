@@ -3,6 +3,8 @@
 
 #include <math.h>
 
+#include <initializer_list>
+
 #include "cockpit/panel.h"
 #include "core/math/axes.h"
 #include "core/math/globe.h"
@@ -94,9 +96,28 @@ int draw_back_buff() {
     return ren.view_type_act == view_fwd_panel || intrange(ren.view_type_act, view_left_45, view_back);
 }
 
+// Clockwise from ahead.
 int view_type() {
-    const int code = ren.view_type_act;
-    return intrange(code, view_left_45, view_back) ? code - view_left_45 + 1 : 0;
+    switch (ren.view_type_act) {
+        case view_right_45:
+        case view_up_right:
+            return 1;
+        case view_right_90:
+            return 2;
+        case view_right_135:
+            return 3;
+        case view_back:
+            return 4;
+        case view_left_135:
+            return 5;
+        case view_left_90:
+            return 6;
+        case view_left_45:
+        case view_up_left:
+            return 7;
+        default:
+            return 0;
+    }
 }
 
 // -- who is followed
@@ -214,12 +235,18 @@ void turn_in_cockpit() {
     ren.cockpit_phi = ren.off_phi_deg;
 }
 
+// What is no number turns nothing: settings and places come from files, plugins and the network.
+float number_or_0(float angle) { return check_nan(angle) ? 0.0f : angle; }
+
 void compose_final_angles() {
     const float half = tan_deg(0.5f * ren.FOV);
     const float off_lat = atan_deg(half * ren.off_lat_rat), off_vrt = atan_deg(half * ren.off_vrt_rat);
-    get_euler_from_eulers(ren.cockpit_psi + off_lat, state.des_view.psi, ren.elum_ref_psi, &ren.final_psi,
-                          ren.cockpit_the + off_vrt, state.des_view.the, ren.elum_ref_the, &ren.final_the,
-                          ren.cockpit_phi, state.des_view.phi, ren.elum_ref_phi, &ren.final_phi);
+    const attitude_struct& view = state.des_view;
+    get_euler_from_eulers(number_or_0(ren.cockpit_psi + off_lat), number_or_0(view.psi),
+                          number_or_0(ren.elum_ref_psi), &ren.final_psi,
+                          number_or_0(ren.cockpit_the + off_vrt), number_or_0(view.the),
+                          number_or_0(ren.elum_ref_the), &ren.final_the, number_or_0(ren.cockpit_phi),
+                          number_or_0(view.phi), number_or_0(ren.elum_ref_phi), &ren.final_phi);
 }
 
 // The station's own angles, or where it will start from.
@@ -269,9 +296,16 @@ void cache_angles() {
     ren.sin_final_phi = sin_deg(a.phi), ren.cos_final_phi = cos_deg(a.phi);
 }
 
+// A picture that can be seen.
+void limit_picture() {
+    constexpr float farthest_aside = 100.0f;  // halves of the picture
+    if (!(ren.FOV >= 1.0f && ren.FOV <= 170.0f)) ren.FOV = 45.0f;
+    for (float* aside : {&ren.off_lat_rat, &ren.off_vrt_rat})
+        if (!(flt_abs(*aside) <= farthest_aside)) *aside = 0.0f;
+}
+
 // Tangents of the picture's edges; y for a picture as high as wide.
 void open_picture() {
-    if (!(ren.FOV >= 1.0f && ren.FOV <= 170.0f)) ren.FOV = 45.0f;
     const float half = ren.FOV / 90.0f, height = mnw.y_res_now / fltmax2(mnw.xy_scale, 0.01f);
     const float centre = VIEW_cntr_y_now() / fltmax2(height, 1.0f);
     float shift = 0.0f;
@@ -331,6 +365,7 @@ void zoom_class::place_view() {
 }
 
 void zoom_class::update_per_frame() {
+    limit_picture();
     force_roles();
     find_target();
     if (is_placed_elsewhere()) {

@@ -26,8 +26,8 @@ public:
     void poke_view(int poker);
     // A key: arrows and zoom keys, with and without shift; at a view station any character.
     void poke_zoom(int poker);
-    // The map by a part of the region's size.
-    void poke_pan(float east, float south);
+    // The flat map by 0.004 of the region for each unit to the right and up at zoom 1.
+    void poke_pan(float right, float up);
     // What is fixed in the world moves into another local frame.
     void shift(const double q[4]);
 
@@ -64,7 +64,6 @@ public:
           Pspot_vz = 0;  // a spot and its speed, m/s
 
 private:
-    void move_scroll(int poker);
     void ease_settings();
     void poke_station(int poker);
     void poke_flat_map(int poker);

@@ -26,18 +26,21 @@ std::string picture_path(int planet, int set, const char* kind) {
 }
 
 // A picture in scratch_array with three bytes a pixel, at least so large; false when there is none, which is
-// told.
-bool read_picture(const std::string& path, int dx, int dy, image_struct* image) {
-    *image = {};
-    image->load_type = load_scratch;
-    image->bytes = 3;
-    if (!load_png_into_scratch(path, image)) {
+// told once.
+bool read_picture(const std::string& path, unsigned dx, unsigned dy, image_struct* image) {
+    unsigned dx_file = 0, dy_file = 0;
+    if (!png_size(path, &dx_file, &dy_file)) {
         IMAGE_FAULT("The colours of the sky are missing, it will be grey:", path, "");
         return false;
     }
-    if (image->place.dx_vis >= dx && image->place.dy_vis >= dy) return true;
-    IMAGE_FAULT("This picture of the colours of the sky is too small, it will be grey:", path, "");
-    return false;
+    if (dx_file < dx || dy_file < dy) {
+        IMAGE_FAULT("This picture of the colours of the sky is too small, it will be grey:", path, "");
+        return false;
+    }
+    *image = {};
+    image->load_type = load_scratch;
+    image->bytes = 3;
+    return load_png_into_scratch(path, image);  // which tells of damage inside
 }
 
 const unsigned char* pixel(const image_struct& image, int x, int y) {

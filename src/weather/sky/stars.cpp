@@ -27,7 +27,8 @@ int list_of(float magnitude) {
 }
 }  // namespace
 
-// Lines of right ascension, hours; declination, degrees; magnitude; label.
+// Lines of right ascension, hours; declination, degrees; magnitude; label. The brightest come first, so that
+// a file without end loses only what no eye sees.
 void star_class::star_build() {
     constexpr float ra_of_hour = 15.0f * static_cast<float>(dob_degtorad);
     for (auto& list : places) list.clear();
@@ -36,7 +37,7 @@ void star_class::star_build() {
     const XMappedFile file(set_dir_chars((env.planet == 1 ? mar_path : ear_path) + "astro.dat").c_str(), &at);
     int c = 0, c_max = 0;
     if (!MAP_check_file(ftype_all, &file, at, &c, &c_max, "740")) return;
-    while (TXT_MAP_continue(at, &c, c_max)) {
+    for (int lines = 0; lines < star_max && TXT_MAP_continue(at, &c, c_max); ++lines) {
         const float ra = TXT_MAP_flt_scan(at, &c, c_max) * ra_of_hour;
         if (ra > con.pim2) break;
         const float dec = TXT_MAP_flt_scan(at, &c, c_max) * con.degtorad;

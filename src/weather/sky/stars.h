@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-constexpr int star_listDIM = 6;  // by magnitude: below 1.5, 3, 4.5, 6, 7.5, and fainter
+constexpr int star_listDIM = 6;   // by magnitude: below 1.5, 3, 4.5, 6, 7.5, and fainter
+constexpr int star_max = 200000;  // lines of a catalogue that are read
 constexpr float min_dome_rad_mtrs = 1852.0f;
 
 // m from the eye, in a frame of the sky: north pole on -z, the spring equinox on -y, six hours after it on
