@@ -75,6 +75,14 @@ spectrum level_part(const spectrum& s, double elevation) {
     return s * std::max(sin(elevation * degree), 0.0);
 }
 
+// What all sets of a planet are measured by.
+struct clear_air {
+    colour white;
+    double full_day;             // lux that the eye knows as full day, the Earth's
+    double day_part;             // of full day's light that comes from the sun's side
+    std::vector<double> levels;  // lux, every quarter of a degree from first_sun to day_sun
+};
+
 // What does not change with the hour.
 struct setting {
     const recipe* of;
@@ -82,10 +90,7 @@ struct setting {
     spectrum moon_beam, moon_level;
     double night_sun;                         // degrees, where twilight ends
     std::array<spectrum, sky_heights> night;  // moonlit air, starlight and airglow
-    // of the planet's clear air
-    colour white;
-    double day_level, day_beam;        // lux
-    std::vector<double> clear_levels;  // lux, every quarter of a degree from first_sun to day_sun
+    clear_air clear;
 };
 
 // Light on level ground, or on top of the set's cloud.
@@ -160,7 +165,7 @@ spectrum sky_radiance(const hour& h, int row, double azimuth) {
 // the sun, which draws the look.
 double sky_mean(const hour& h) {
     constexpr double beside_sun = 12.0;  // degrees
-    constexpr double part_of_bright = 0.4;
+    constexpr double part_of_bright = 0.5;
     double sum = 0.0;
     int count = 0, row_of_sun = 2;
     for (int row = 1; row < sky_heights; row += 3)
@@ -173,11 +178,11 @@ double sky_mean(const hour& h) {
 
 hour hour_at(const setting& s, double sun) {
     hour h = {&s, sun, under_cover(s, sun), {}};
-    const double u = std::clamp((sun - first_sun) / sun_step, 0.0, s.clear_levels.size() - 1.001);
+    const std::vector<double>& levels = s.clear.levels;
+    const double u = std::clamp((sun - first_sun) / sun_step, 0.0, levels.size() - 1.001);
     const size_t k = static_cast<size_t>(u);
-    const double compared =
-        s.clear_levels[k] * pow(s.clear_levels[k + 1] / s.clear_levels[k], u - static_cast<double>(k));
-    h.seen_by = adapt(s.white, level_of(h.ground, sun), sky_mean(h), s.day_level, compared);
+    const double compared = levels[k] * pow(levels[k + 1] / levels[k], u - static_cast<double>(k));
+    h.seen_by = adapt(s.clear.white, level_of(h.ground, sun), sky_mean(h), s.clear.full_day, compared);
     return h;
 }
 
@@ -254,7 +259,7 @@ std::array<shade, light_columns> light_at(const hour& h) {
     if (height > 0.0) direct = mix(direct, beam(*s.lit, orbit_height, std::max(h.sun, first_nominal)), 0.5);
     const double level = level_of(h.ground, h.sun);
     const spectrum directed = direct + h.ground.directed;
-    const double part = luminance(directed) / level / (s.day_beam / s.day_level);
+    const double part = luminance(directed) / level / s.clear.day_part;
     paint(sun_ambient, show_light(h.seen_by, h.ground.sky, 1.0));
     paint(sun_direct, show_light(h.seen_by, directed, part));
     paint(sun_disc, sun_disc_of(h, direct));
@@ -273,7 +278,8 @@ std::array<shade, light_columns> light_at(const hour& h) {
     paint(cloud_dark, show(h.seen_by, (high * 0.07 + h.ground.sky * 0.4) * (1.0 / M_PI)));
 
     const double of_moon = luminance(level_part(s.moon_beam, day_sun)), of_air = luminance(s.moon_level);
-    const eye by_moon = adapt(s.white, of_moon + of_air, of_air / M_PI, s.day_level, of_moon + of_air);
+    const eye by_moon =
+        adapt(s.clear.white, of_moon + of_air, of_air / M_PI, s.clear.full_day, of_moon + of_air);
     paint(moon_light, show_light(by_moon, s.moon_beam + s.moon_level, 1.0));
     return out;
 }
@@ -313,27 +319,25 @@ setting setting_of(const recipe& of, const lit_air& lit) {
     return s;
 }
 
-// What all sets of a planet are measured by.
-void measure_clear_air(setting& s) {
-    const ground_light day = under_cover(s, day_sun);
-    s.day_level = level_of(day, day_sun);
-    s.day_beam = luminance(day.beam + day.directed);
-    s.clear_levels.resize(static_cast<size_t>((day_suns[std::size(day_suns) - 1] - first_sun) / sun_step) +
-                          2);
-    in_parallel(static_cast<int>(s.clear_levels.size()), [&](int k) {
-        const double sun = first_sun + sun_step * k;
-        s.clear_levels[k] = level_of(under_cover(s, sun), sun);
-    });
-}
-
-// How far an eye that knows the Earth's daylight takes another planet's for white: in dim surrounds by half
-// or more, after the degree of adaptation of CIECAM02 (CIE 159:2004).
-constexpr double used_to_planet = 0.6;
-colour noon_white(const setting& s) {
-    const ground_light noon = under_cover(s, day_sun);
+colour light_of_noon(const ground_light& noon) {
     const colour c = linear_colour(xyz_of(level_part(noon.beam, day_sun) + noon.sky));
     return c * (1.0 / luminance(c));
 }
+
+clear_air measure_clear_air(const setting& s) {
+    const ground_light day = under_cover(s, day_sun);
+    clear_air clear;
+    clear.full_day = level_of(day, day_sun);
+    clear.day_part = luminance(day.beam + day.directed) / clear.full_day;
+    clear.white = light_of_noon(day);
+    clear.levels.resize(static_cast<size_t>((day_suns[std::size(day_suns) - 1] - first_sun) / sun_step) + 2);
+    in_parallel(static_cast<int>(clear.levels.size()), [&](int k) {
+        const double sun = first_sun + sun_step * k;
+        clear.levels[k] = level_of(under_cover(s, sun), sun);
+    });
+    return clear;
+}
+
 }  // namespace
 
 double sun_of_frame(int frame) {
@@ -344,19 +348,18 @@ double sun_of_row(int row) { return row < 256 ? -10.0 + row / 16.0 : 6.0 - (row 
 std::vector<sky_set> make_sets() {
     const lit_air clean = light_up(earth_air(clean_depth)), foggy = light_up(earth_air(foggy_depth));
     const lit_air mars = light_up(mars_air(dust_depth));
-    setting earth_clear = setting_of(recipes[earth_clean], clean),
-            mars_clear = setting_of(recipes[mars_clean], mars);
-    earth_clear.white = noon_white(earth_clear);
-    mars_clear.white = mix(earth_clear.white, noon_white(mars_clear), used_to_planet);
-    measure_clear_air(earth_clear);
-    measure_clear_air(mars_clear);
+    // How far an eye that knows the Earth's daylight takes another planet's for white: nearly, after the
+    // degree of adaptation of CIECAM02 (CIE 159:2004).
+    constexpr double used_to_planet = 0.8;
+    const clear_air earth_clear = measure_clear_air(setting_of(recipes[earth_clean], clean));
+    clear_air mars_clear = measure_clear_air(setting_of(recipes[mars_clean], mars));
+    mars_clear.white = mix(earth_clear.white, mars_clear.white, used_to_planet);
+    mars_clear.full_day = earth_clear.full_day;
     std::vector<sky_set> sets;
     for (const recipe& of : recipes) {
         const bool on_mars = std::string(of.planet) == "Mars";
-        const setting& clear = on_mars ? mars_clear : earth_clear;
         setting s = setting_of(of, on_mars ? mars : of.foggy ? foggy : clean);
-        s.white = clear.white, s.day_level = clear.day_level, s.day_beam = clear.day_beam,
-        s.clear_levels = clear.clear_levels;
+        s.clear = on_mars ? mars_clear : earth_clear;
         sky_set set;
         set.planet = of.planet, set.name = of.name;
         fill_sky(set, s);
