@@ -164,7 +164,7 @@ spectrum sky_radiance(const hour& h, int row, double azimuth) {
 // Tone Reproduction for Digital Images" (SIGGRAPH 2002), take it, of all round and of the bright sky beside
 // the sun, which draws the look.
 double sky_mean(const hour& h) {
-    constexpr double beside_sun = 12.0;  // degrees
+    constexpr double beside_sun = 25.0;  // degrees
     constexpr double part_of_bright = 0.5;
     double sum = 0.0;
     int count = 0, row_of_sun = 2;
