@@ -12,18 +12,20 @@ inline shade blend(const shade& a, const shade& b, double part_of_b) {
     return {a.r + (b.r - a.r) * part_of_b, a.g + (b.g - a.g) * part_of_b, a.b + (b.b - a.b) * part_of_b};
 }
 
+inline void add(shade& to, const shade& s, double part) {
+    to.r += s.r * part, to.g += s.g * part, to.b += s.b * part;
+}
+
 struct eye {
     colour white;       // linear colour of the light that is to look white
     double exposure;    // per cd/m2
     double rods;        // 0 by day to 1 by night
     double liveliness;  // how bright all looks, part of full day
 };
-struct seen_light {
-    double level;  // lux on level ground, of sun and sky
-    double sky;    // lux of the sky alone on a square that leans to its brighter side
-};
-// `compared` is what the same hour gives under a clear sky: the eye does not wholly make up for less.
-eye adapt(const colour& white, const seen_light& light, const seen_light& full_day, double compared);
+// `level` and `full_day` are lux on what stands on the ground, now and at full day; `sky` is the mean
+// luminance of the sky, cd/m2. `compared` is what the same hour gives under a clear sky: the eye does not
+// wholly make up for less.
+eye adapt(const colour& white, double level, double sky, double full_day, double compared);
 
 // What a radiance (cd/m2 and so on) looks like.
 constexpr double film_vividness = 0.5;  // what film adds to the colours of all but the brightest
@@ -31,5 +33,5 @@ shade show(const eye& e, const spectrum& radiance, double vividness = film_vivid
 // The colour of a light as surfaces show it: at full day 1, at night dim; `part` is how much of the scene's
 // light it is, against a full day.
 shade show_light(const eye& e, const spectrum& irradiance, double part);
-// A disc too bright for the eye; `strength` 0 to 1 fades it.
-shade show_disc(const eye& e, const spectrum& light, double strength);
+// A disc too bright for the eye: never dark, however little of its light is left.
+shade show_disc(const eye& e, const spectrum& light);

@@ -51,10 +51,15 @@ double true_sun(double nominal, double night_sun) {
 // Degrees above the visible horizon. The dome shows row 0.5 on the horizon and row 14.5 from 30 degrees to
 // the zenith; so rows stand for ever larger steps, and the last two for 60 and more.
 double elevation_of_height(int height) {
+    constexpr double of_fog = 0.7;  // where the lowest row is, below the horizon, the fog's
     const double shown = std::max((height - 0.5) * 30.0 / 14.0, 0.0);
-    return std::max(shown + 32.0 * pow(shown / 30.0, 3), 0.25);
+    return std::max(shown + 32.0 * pow(shown / 30.0, 3), of_fog);
 }
-double azimuth_of_column(int column) { return (column - sky_columns / 2) * 360.0 / sky_columns; }
+// Of the middle of a texel: the sun stands between the two middle columns.
+double azimuth_of_column(int column) { return (column + 0.5 - sky_columns / 2) * 360.0 / sky_columns; }
+// The fog has one colour in all of a view, that of the lowest row. So that no edge shows at the horizon, the
+// lowest row is the mean of what a view sees, and the next ones are means of ever less: degrees to each side.
+constexpr double spread_of_height[] = {30.0, 24.0, 15.0, 6.0};
 
 // Of diffuse light through a layer that absorbs nothing (C. F. Bohren, Am. J. Phys. 55 (1987)), over a
 // reflecting ground.
@@ -70,6 +75,14 @@ spectrum level_part(const spectrum& s, double elevation) {
     return s * std::max(sin(elevation * degree), 0.0);
 }
 
+// What all sets of a planet are measured by.
+struct clear_air {
+    colour white;
+    double full_day;             // lux that the eye knows as full day, the Earth's
+    double day_part;             // of full day's light that comes from the sun's side
+    std::vector<double> levels;  // lux, every quarter of a degree from first_sun to day_sun
+};
+
 // What does not change with the hour.
 struct setting {
     const recipe* of;
@@ -77,11 +90,7 @@ struct setting {
     spectrum moon_beam, moon_level;
     double night_sun;                         // degrees, where twilight ends
     std::array<spectrum, sky_heights> night;  // moonlit air, starlight and airglow
-    // of the planet's clear air
-    colour white;
-    seen_light day;
-    double day_beam;                   // lux
-    std::vector<double> clear_levels;  // lux, every quarter of a degree from first_sun to day_sun
+    clear_air clear;
 };
 
 // Light on level ground, or on top of the set's cloud.
@@ -117,11 +126,10 @@ ground_light under_cover(const setting& s, double sun) {
     return g;
 }
 
-seen_light seen(const ground_light& g, double sun) {
-    const double sky = luminance(g.sky);
-    // upright things, too, are seen: they have a part of the beam when level ground has none
+// Lux of what stands on the ground: upright things have a part of the beam when level ground has none.
+double level_of(const ground_light& g, double sun) {
     const double upright = 0.15 * luminance(g.beam) * cos(sun * degree);
-    return {luminance(level_part(g.beam, sun)) + upright + sky, sky + 2.0 * luminance(g.directed)};
+    return luminance(level_part(g.beam, sun)) + upright + luminance(g.sky);
 }
 
 struct hour {
@@ -130,14 +138,6 @@ struct hour {
     ground_light ground;
     eye seen_by;
 };
-hour hour_at(const setting& s, double sun) {
-    const ground_light g = under_cover(s, sun);
-    const double u = std::clamp((sun - first_sun) / sun_step, 0.0, s.clear_levels.size() - 1.001);
-    const size_t k = static_cast<size_t>(u);
-    const double compared =
-        s.clear_levels[k] * pow(s.clear_levels[k + 1] / s.clear_levels[k], u - static_cast<double>(k));
-    return {&s, sun, g, adapt(s.white, seen(g, sun), s.day, compared)};
-}
 
 spectrum sky_radiance(const hour& h, int row, double azimuth) {
     const recipe& of = *h.at->of;
@@ -160,19 +160,64 @@ spectrum sky_radiance(const hour& h, int row, double azimuth) {
     return open;
 }
 
-void fill_frame(sky_set& set, int frame, const std::vector<hour>& hours) {
+// Luminance that the eye adapts to in the sky: the mean of logarithms, as E. Reinhard et al., "Photographic
+// Tone Reproduction for Digital Images" (SIGGRAPH 2002), take it, of all round and of the bright sky beside
+// the sun, which draws the look.
+double sky_mean(const hour& h) {
+    constexpr double beside_sun = 25.0;  // degrees
+    constexpr double part_of_bright = 0.5;
+    double sum = 0.0;
+    int count = 0, row_of_sun = 2;
+    for (int row = 1; row < sky_heights; row += 3)
+        for (double azimuth = 20.0; azimuth < 180.0; azimuth += 40.0, ++count)
+            sum += log(luminance(sky_radiance(h, row, azimuth)));
+    while (row_of_sun + 1 < sky_heights && elevation_of_height(row_of_sun) < h.sun) ++row_of_sun;
+    const double all_round = sum / count, bright = log(luminance(sky_radiance(h, row_of_sun, beside_sun)));
+    return exp(all_round + std::max(bright - all_round, 0.0) * part_of_bright);
+}
+
+hour hour_at(const setting& s, double sun) {
+    hour h = {&s, sun, under_cover(s, sun), {}};
+    const std::vector<double>& levels = s.clear.levels;
+    const double u = std::clamp((sun - first_sun) / sun_step, 0.0, levels.size() - 1.001);
+    const size_t k = static_cast<size_t>(u);
+    const double compared = levels[k] * pow(levels[k + 1] / levels[k], u - static_cast<double>(k));
+    h.seen_by = adapt(s.clear.white, level_of(h.ground, sun), sky_mean(h), s.clear.full_day, compared);
+    return h;
+}
+
+// From the back to the sun; the other half of the sky mirrors it.
+using half_row = std::array<shade, sky_columns / 2>;
+
+// Means over `spread` degrees to each side.
+half_row spread_out(const half_row& row, double spread) {
     constexpr int half = sky_columns / 2;
-    in_parallel(sky_heights * (half + 1), [&](int place) {
-        const int height = place / (half + 1), column = place % (half + 1);
-        shade mean = {0.0, 0.0, 0.0};
-        for (const hour& h : hours) {
-            const shade s = show(h.seen_by, sky_radiance(h, height, azimuth_of_column(column)));
-            const double part = 1.0 / static_cast<double>(hours.size());
-            mean.r += s.r * part, mean.g += s.g * part, mean.b += s.b * part;
-        }
+    const int reach = static_cast<int>(lround(spread * sky_columns / 360.0));
+    const double part = 1.0 / (2 * reach + 1);
+    half_row out = {};
+    for (int column = 0; column < half; ++column)
+        for (int at = column - reach; at <= column + reach; ++at)
+            add(out[column], row[at < 0 ? -1 - at : at < half ? at : sky_columns - 1 - at], part);
+    return out;
+}
+
+half_row row_of_sky(const std::vector<hour>& hours, int height) {
+    half_row row = {};
+    for (const hour& h : hours)
+        for (int column = 0; column < sky_columns / 2; ++column)
+            add(row[column], show(h.seen_by, sky_radiance(h, height, azimuth_of_column(column))),
+                1.0 / static_cast<double>(hours.size()));
+    return height < static_cast<int>(std::size(spread_of_height)) ? spread_out(row, spread_of_height[height])
+                                                                  : row;
+}
+
+void fill_frame(sky_set& set, int frame, const std::vector<hour>& hours) {
+    in_parallel(sky_heights, [&](int height) {
+        const half_row row = row_of_sky(hours, height);
         for (const int f : {frame, sky_frames - 1 - frame})
-            for (const int c : {column, (sky_columns - column) % sky_columns})
-                set.sky[(f * sky_heights + height) * sky_columns + c] = mean;
+            for (int i = 0; i < sky_columns / 2; ++i)
+                for (const int c : {i, sky_columns - 1 - i})
+                    set.sky[(f * sky_heights + height) * sky_columns + c] = row[i];
     });
 }
 
@@ -198,10 +243,9 @@ enum { row_of_25_degrees = 11, row_of_40_degrees = 12 };
 // Below the horizontal, where it is seen from a height, the disc keeps its last colour.
 shade sun_disc_of(const hour& h, const spectrum& direct) {
     const recipe& of = *h.at->of;
-    if (of.covered == overcast) return show_disc(h.seen_by, direct, 0.1);
-    if (of.eye_height > 0.0 || h.sun > 0.0) return show_disc(h.seen_by, direct, 1.0);
-    constexpr double lowest = -6.0, fade = 2.0;  // degrees
-    return show_disc(h.seen_by, beam(*h.at->lit, 0.0, 0.0), std::clamp((h.sun - lowest) / fade, 0.0, 1.0));
+    if (of.covered == overcast || (of.eye_height <= 0.0 && h.sun <= 0.0))
+        return show_disc(h.seen_by, beam(*h.at->lit, 0.0, std::max(h.sun, 0.0)));
+    return show_disc(h.seen_by, direct);
 }
 
 std::array<shade, light_columns> light_at(const hour& h) {
@@ -213,9 +257,9 @@ std::array<shade, light_columns> light_at(const hour& h) {
     const double height = s.of->eye_height;
     spectrum direct = h.ground.beam;
     if (height > 0.0) direct = mix(direct, beam(*s.lit, orbit_height, std::max(h.sun, first_nominal)), 0.5);
-    const double level = seen(h.ground, h.sun).level;
+    const double level = level_of(h.ground, h.sun);
     const spectrum directed = direct + h.ground.directed;
-    const double part = luminance(directed) / level / (s.day_beam / s.day.level);
+    const double part = luminance(directed) / level / s.clear.day_part;
     paint(sun_ambient, show_light(h.seen_by, h.ground.sky, 1.0));
     paint(sun_direct, show_light(h.seen_by, directed, part));
     paint(sun_disc, sun_disc_of(h, direct));
@@ -234,7 +278,8 @@ std::array<shade, light_columns> light_at(const hour& h) {
     paint(cloud_dark, show(h.seen_by, (high * 0.07 + h.ground.sky * 0.4) * (1.0 / M_PI)));
 
     const double of_moon = luminance(level_part(s.moon_beam, day_sun)), of_air = luminance(s.moon_level);
-    const eye by_moon = adapt(s.white, {of_moon + of_air, of_air}, s.day, of_moon + of_air);
+    const eye by_moon =
+        adapt(s.clear.white, of_moon + of_air, of_air / M_PI, s.clear.full_day, of_moon + of_air);
     paint(moon_light, show_light(by_moon, s.moon_beam + s.moon_level, 1.0));
     return out;
 }
@@ -274,24 +319,25 @@ setting setting_of(const recipe& of, const lit_air& lit) {
     return s;
 }
 
-// What all sets of a planet are measured by.
-void measure_clear_air(setting& s) {
-    const ground_light day = under_cover(s, day_sun);
-    s.day = seen(day, day_sun);
-    s.day_beam = luminance(day.beam + day.directed);
-    s.clear_levels.resize(static_cast<size_t>((day_suns[std::size(day_suns) - 1] - first_sun) / sun_step) +
-                          2);
-    in_parallel(static_cast<int>(s.clear_levels.size()), [&](int k) {
-        const double sun = first_sun + sun_step * k;
-        s.clear_levels[k] = seen(under_cover(s, sun), sun).level;
-    });
-}
-
-colour noon_white(const setting& s) {
-    const ground_light noon = under_cover(s, day_sun);
+colour light_of_noon(const ground_light& noon) {
     const colour c = linear_colour(xyz_of(level_part(noon.beam, day_sun) + noon.sky));
     return c * (1.0 / luminance(c));
 }
+
+clear_air measure_clear_air(const setting& s) {
+    const ground_light day = under_cover(s, day_sun);
+    clear_air clear;
+    clear.full_day = level_of(day, day_sun);
+    clear.day_part = luminance(day.beam + day.directed) / clear.full_day;
+    clear.white = light_of_noon(day);
+    clear.levels.resize(static_cast<size_t>((day_suns[std::size(day_suns) - 1] - first_sun) / sun_step) + 2);
+    in_parallel(static_cast<int>(clear.levels.size()), [&](int k) {
+        const double sun = first_sun + sun_step * k;
+        clear.levels[k] = level_of(under_cover(s, sun), sun);
+    });
+    return clear;
+}
+
 }  // namespace
 
 double sun_of_frame(int frame) {
@@ -302,18 +348,18 @@ double sun_of_row(int row) { return row < 256 ? -10.0 + row / 16.0 : 6.0 - (row 
 std::vector<sky_set> make_sets() {
     const lit_air clean = light_up(earth_air(clean_depth)), foggy = light_up(earth_air(foggy_depth));
     const lit_air mars = light_up(mars_air(dust_depth));
-    setting earth_clear = setting_of(recipes[earth_clean], clean),
-            mars_clear = setting_of(recipes[mars_clean], mars);
-    earth_clear.white = mars_clear.white = noon_white(earth_clear);
-    measure_clear_air(earth_clear);
-    measure_clear_air(mars_clear);
+    // How far an eye that knows the Earth's daylight takes another planet's for white: nearly, after the
+    // degree of adaptation of CIECAM02 (CIE 159:2004).
+    constexpr double used_to_planet = 0.8;
+    const clear_air earth_clear = measure_clear_air(setting_of(recipes[earth_clean], clean));
+    clear_air mars_clear = measure_clear_air(setting_of(recipes[mars_clean], mars));
+    mars_clear.white = mix(earth_clear.white, mars_clear.white, used_to_planet);
+    mars_clear.full_day = earth_clear.full_day;
     std::vector<sky_set> sets;
     for (const recipe& of : recipes) {
         const bool on_mars = std::string(of.planet) == "Mars";
-        const setting& clear = on_mars ? mars_clear : earth_clear;
         setting s = setting_of(of, on_mars ? mars : of.foggy ? foggy : clean);
-        s.white = clear.white, s.day = clear.day, s.day_beam = clear.day_beam,
-        s.clear_levels = clear.clear_levels;
+        s.clear = on_mars ? mars_clear : earth_clear;
         sky_set set;
         set.planet = of.planet, set.name = of.name;
         fill_sky(set, s);
