@@ -162,6 +162,7 @@ void draw(const scene_struct& scene, const std::string& folder) {
     set_hour(scene);
     set_weather(scene);
     ren.FOV = static_cast<float>(scene.fov);
+    mnw.top_win = win_fly;  // with a window open the aircraft would be seen
     ren.view_type_act = view_fwd_bare;
     ren.night_vision_on = scene.night_vision;
     stg.draw_planet = 1;
