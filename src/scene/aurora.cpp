@@ -3,9 +3,8 @@
 
 #include <GL/gl.h>
 
-#include <random>
-
 #include "core/math/num.h"
+#include "core/math/random.h"
 #include "core/records/mnw.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
@@ -26,21 +25,15 @@ struct motion_struct {
 
 struct aurora_state {
     motion_struct bands[aurora_bands];
-    std::minstd_rand pushes{1};  // of its own, so that what one sees changes no flight
 };
 aurora_state state;
-
-float draw(float from, float to) {
-    constexpr float draws = std::minstd_rand::max() - std::minstd_rand::min();
-    return from + (to - from) * static_cast<float>(state.pushes() - std::minstd_rand::min()) / draws;
-}
 
 // Pushed anew now and then, drawn back to rest as by a spring; the loss keeps the pushes of a whole night
 // from adding up.
 void move_part(motion_struct& band, int part) {
     constexpr float spring = 0.01f, loss = 0.05f;  // per s2, per s
     const float dt = mnw.prd_FM;
-    if (draw(0.0f, 1.0f) < dt) band.accel[part] = draw(-push[part], push[part]);
+    if (view_rand(0.0f, 1.0f) < dt) band.accel[part] = view_rand(-push[part], push[part]);
     const float back = spring * (band.value[part] - rest[part]) + loss * band.speed[part];
     band.speed[part] += (band.accel[part] - back) * dt;
     band.value[part] += band.speed[part] * dt;

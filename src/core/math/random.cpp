@@ -1,4 +1,4 @@
-// One xorshift sequence and the table of draws.
+// Two xorshift sequences and the table of draws.
 #include "core/math/random.h"
 
 #include <string>
@@ -7,25 +7,32 @@
 
 float randrat[randratDIM];
 
-static unsigned state = 2463534242u;
+constexpr unsigned first_state = 2463534242u;
+static unsigned state = first_state, view_state = first_state;
 
 void rand_seed(unsigned seed) {
-    state = seed * 2654435761u + 2463534242u;  // spread small seeds over the state
-    if (state == 0) state = 2463534242u;       // the one state that xorshift cannot leave
+    state = seed * 2654435761u + first_state;  // spread small seeds over the state
+    if (state == 0) state = first_state;       // the one state that xorshift cannot leave
+    view_state = state;
 }
 
 // Marsaglia, "Xorshift RNGs", Journal of Statistical Software 8 (2003), triple (13, 17, 5).
-unsigned rand31() {
-    state ^= state << 13;
-    state ^= state >> 17;
-    state ^= state << 5;
-    return state >> 1;
+static unsigned draw31(unsigned* from) {
+    *from ^= *from << 13;
+    *from ^= *from >> 17;
+    *from ^= *from << 5;
+    return *from >> 1;
 }
 
-float flt_rand(float min, float max) {
+unsigned rand31() { return draw31(&state); }
+
+static float spread(unsigned draw, float min, float max) {
     constexpr float two_to_minus_31 = 4.656612873077392578125e-10f;
-    return min + two_to_minus_31 * static_cast<float>(rand31()) * (max - min);
+    return min + two_to_minus_31 * static_cast<float>(draw) * (max - min);
 }
+
+float flt_rand(float min, float max) { return spread(rand31(), min, max); }
+float view_rand(float min, float max) { return spread(draw31(&view_state), min, max); }
 
 int int_rand(int min, int max) {
     if (min == max) return min;

@@ -1,5 +1,5 @@
-// Random numbers: one process-wide sequence with an explicit state, so that a run repeats on any
-// machine, and a table of draws for repeatable placement.
+// Random numbers: a process-wide sequence with an explicit state, so that a run repeats on any
+// machine, another for pictures, and a table of draws for repeatable placement.
 // Never two draws in one argument list: their order would be the compiler's.
 #pragma once
 
@@ -10,6 +10,8 @@ void rand_seed(unsigned seed);     // any seed; equal seeds give equal sequences
 unsigned rand31();                 // 0 to 2^31 - 1
 
 float flt_rand(float min, float max);
+// For what is only seen: a sequence apart, so that a picture, drawn or not, changes no flight.
+float view_rand(float min, float max);
 // Whole number from min to max, both ends possible; a value out of range is fatal.
 int int_rand(int min, int max);
 

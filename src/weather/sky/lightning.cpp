@@ -18,9 +18,9 @@ void ligt_class::grow(int branch, float x, float y, float z, float bottom) {
     const float step = (y - bottom) * 0.005f;
     for (auto& joint : strike_xyz[branch]) {
         joint[0] = x, joint[1] = y, joint[2] = z;
-        y -= flt_rand(0.5f, 1.5f) * step;
-        x += flt_rand(-0.5f, 0.5f) * step;
-        z += flt_rand(-0.5f, 0.5f) * step;
+        y -= view_rand(0.5f, 1.5f) * step;
+        x += view_rand(-0.5f, 0.5f) * step;
+        z += view_rand(-0.5f, 0.5f) * step;
     }
 }
 
@@ -33,8 +33,8 @@ void ligt_class::thunder() const {
 void ligt_class::try_strike(float (*ground_y)(float x, float z)) {
     constexpr float farthest = 50000.0f, nearest = 0.01f, inside_cloud = 200.0f, rain_column = 0.5f;
     constexpr int fork = 133;
-    const float distance = flt_rand(nearest, farthest);
-    const float heading = flt_rand(0.0f, 360.0f);
+    const float distance = view_rand(nearest, farthest);
+    const float heading = view_rand(0.0f, 360.0f);
     const float x = ren.view_xyz[0] + distance * sin_deg(heading),
                 z = ren.view_xyz[2] - distance * cos_deg(heading);
     const float base = atm.base_h_MSL[atm.prim_layer];
@@ -46,7 +46,7 @@ void ligt_class::try_strike(float (*ground_y)(float x, float z)) {
         const float* from = strike_xyz[branch - 1][fork];
         grow(branch, from[0], from[1], from[2], bottom);
     }
-    strike_stop_time = mnw.real_time + flt_rand(0.4f, 0.8f);
+    strike_stop_time = mnw.real_time + view_rand(0.4f, 0.8f);
     thunder();
 }
 
@@ -55,7 +55,7 @@ void ligt_class::build(float (*ground_y)(float x, float z)) {
     if (mnw.puff05 && atm.tstm_set > 0.0f && con.sl_T_cel > 0.0f && !in_prog()) try_strike(ground_y);
     strike_alpha = 0.0f;
     if (in_prog())
-        strike_alpha = flt_rand(0.0f, 1.0f) *
+        strike_alpha = view_rand(0.0f, 1.0f) *
                        interp(strike_stop_time - fading, 1.0f, strike_stop_time, 0.0f, mnw.real_time);
 }
 
