@@ -4,15 +4,19 @@
 #include <GL/gl.h>
 #include <stdio.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "core/math/geo3.h"
 #include "core/math/globe.h"
 #include "core/math/num.h"
+#include "core/program/upward.h"
+#include "core/records/con.h"
 #include "core/records/env.h"
 #include "core/records/ren.h"
 #include "core/records/stg.h"
+#include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
 #include "platform/window.h"
@@ -198,6 +202,91 @@ void OGL_manage_planet() {
     const int plot_lo = ren.view_ele_msl > h_lo_res, plot_hi = ren.view_ele_msl > h_hi_res;
     if (reset_geo || plot_lo) lo_res_planet(reset_geo, plot_lo);
     if (reset_tex || reset_geo || plot_hi) hi_res_planet(lon_REG_1, lat_REG_1, reset_tex, reset_geo, plot_hi);
+}
+
+// -- over the region's rim
+
+namespace {
+constexpr float h_covers = 15000.0f;  // as the squares, or the land would end in an edge
+
+// Picture of a degree and where its south-west corner lies in it.
+struct cell_picture {
+    int ref;
+    float s, t, per_degree;
+};
+
+// Degrees from 180 west and 90 south, as all indices here.
+cell_picture picture_of(int lon, int lat) {
+    constexpr int half = 180;
+    if (env.planet == 1 || !stg.draw_planet || state.ocean_ref == tex_none) {
+        const bool is_east = lon >= half;
+        return {is_east ? tex_planet : tex_planet_last, static_cast<float>(lon % half) / half,
+                static_cast<float>(lat) / half, 1.0f / half};
+    }
+    const int i = (intwrap(lon - state.lon_block + square, 0, 359)) / square,
+              j = (lat - state.lat_block + square) / square;
+    return {state.tex_ref[intlim(i, 0, blocks - 1)][intlim(j, 0, blocks - 1)],
+            static_cast<float>(lon % square) / square, static_cast<float>(lat % square) / square,
+            1.0f / square};
+}
+
+// How much of the land is covered so many degrees north and east of the region's corner: all at the rim,
+// nothing well inside, and from very high up all of it.
+float cover_at(float east, float north) {
+    const int p = env.planet == 1;
+    const auto wide = static_cast<float>(lon_secs[p]), deep = static_cast<float>(lat_secs[p]);
+    const float inside = fltmin2(fltmin2(east, wide - east), fltmin2(north, deep - north));
+    const float rim = interp(0.0f, 1.0f, 0.2f * deep, 0.0f, inside);
+    const float from_high = interp(40000.0f, 0.0f, 150000.0f, 1.0f, ren.view_ele_msl);
+    return interp(h_covers, 0.0f, 20000.0f, 1.0f, ren.view_ele_msl) *
+           fltmax2(from_high, rim * rim * (3.0f - 2.0f * rim));
+}
+
+void put_covering(const cell_picture& picture, int i, int j, float within_s, float within_t) {
+    const float east = static_cast<float>(i) + within_s, north = static_cast<float>(j) + within_t;
+    float x, y, z;
+    xyz_with_latlonel(&x, &y, &z, env.lat_sou + north, env.lon_wes + east, 0.0);
+    Vector3 up = {x, y + static_cast<double>(con.planet_rad), z};
+    up.normalize();
+    OGL_setcolorRGBA(1.0f, 1.0f, 1.0f, cover_at(east, north), 1);
+    glNormal3d(up.dx, up.dy, up.dz);
+    glTexCoord2f(fltlim(picture.s + within_s * picture.per_degree, 0.0f, 1.0f),
+                 fltlim(picture.t + within_t * picture.per_degree, 0.0f, 1.0f));
+    glVertex3f(x, y, z);
+}
+
+// Of the steps of a degree; those before its first and behind its last reach beyond the region, for land that
+// lies high is seen beyond its rim.
+float place_of_step(int step, int steps) {
+    constexpr float beyond = 0.2f;
+    return step < 0       ? -beyond
+           : step > steps ? 1.0f + beyond
+                          : static_cast<float>(step) / static_cast<float>(steps);
+}
+
+void cover_degree(int i, int j, int steps) {
+    const int p = env.planet == 1;
+    const int lon = intwrap(state.lon_wes + 180 + i, 0, 359), lat = intlim(state.lat_sou + 90 + j, 0, 179);
+    const cell_picture picture = picture_of(lon, lat);
+    tman.bind_ref(picture.ref, 0, combine_default);
+    const int first = i == 0 ? -1 : 0, last = i == lon_secs[p] - 1 ? steps + 1 : steps;
+    const int lowest = j == 0 ? -1 : 0, highest = j == lat_secs[p] - 1 ? steps + 1 : steps;
+    for (int row = lowest; row < highest; ++row) {
+        glBegin(GL_QUAD_STRIP);
+        for (int column = first; column <= last; ++column)
+            for (const int above : {0, 1})
+                put_covering(picture, i, j, place_of_step(column, steps), place_of_step(row + above, steps));
+        glEnd();
+    }
+}
+}  // namespace
+
+void cover_region_rim() {
+    if (!(ren.view_ele_msl > h_covers) || state.planet != env.planet) return;
+    const int p = env.planet == 1, steps = p ? 2 : 8;
+    OGL_setstate(fog_on, 1, lit_on, al_blend, depth_no_read, depth_no_write);
+    for (int i = 0; i < lon_secs[p]; ++i)
+        for (int j = 0; j < lat_secs[p]; ++j) cover_degree(i, j, steps);
 }
 
 void reset_planet() { state = {}; }

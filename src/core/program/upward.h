@@ -39,6 +39,8 @@ int TVPMenuIsDisabled(int item);
 
 // Drawing of the world by plugins, before and after a part of it: 0 when the part is not to be drawn.
 int TVPDoDrawingHook(int kind);
+// From high up the picture of the planet over the land's rim, so that the land does not end in an edge.
+void cover_region_rim();
 // Aircraft, and objects of the network, in the ground scene.
 void plot_airplanes(int is_map);
 void plot_objects();

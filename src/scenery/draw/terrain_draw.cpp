@@ -274,6 +274,7 @@ void draw_all(int is_map, int is_hits) {
     TVPDoDrawingHook(5);
     if (is_hits) return;
     plot_group_layers(pass_after_airports, is_map, is_hits, fog);
+    if (!is_map) cover_region_rim();
     end_section(section_terrain);
     plot_group_layers(pass_objects, is_map, is_hits, fog);
     manage_ships();
