@@ -70,14 +70,17 @@ Vector3 upper_side(const Vector3& span) {
     return up.dy < 0.0 ? up * -1.0 : up;
 }
 
+// The root reaches a bit into the panel before it: ribs of panels that meet at an angle leave a crack.
 rib_struct rib_at(int p, int en, int el) {
+    constexpr double overlap = 0.01;  // of the chord
     const veh_wing_struct& wing = veh[p].wing[en];
     const double along = static_cast<double>(el) / wing.els;
     const double angle =
         0.5 * con.degtorad * (wing.incidence[intmin2(el, wing.els - 1)] + wing.incidence[intmax2(el - 1, 0)]);
-    const Vector3 up = upper_side(span_of(p, en)), aft = {0.0, 0.0, 1.0};
-    return {quarter_chord(p, en, el), aft * cos(angle) + up * -sin(angle), up * cos(angle) + aft * sin(angle),
-            wing.Croot + (wing.Ctip - wing.Croot) * along};
+    const Vector3 span = span_of(p, en), up = upper_side(span), aft = {0.0, 0.0, 1.0};
+    const double chord = wing.Croot + (wing.Ctip - wing.Croot) * along;
+    return {quarter_chord(p, en, el) + span * (el == 0 ? -overlap * chord : 0.0),
+            aft * cos(angle) + up * -sin(angle), up * cos(angle) + aft * sin(angle), chord};
 }
 
 // A bit thinner than the rib, so that its rim stays below the surface where the next panel goes on.
