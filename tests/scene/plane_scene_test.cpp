@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "aircraft/design/location.h"
 #include "app/start/load_plane.h"
 #include "core/disk/paths.h"
 #include "core/math/globe.h"
@@ -43,6 +44,7 @@ protected:
     }
     struct box {
         int x1, y1, x2, y2;
+        int left_y, right_y;  // where it reaches farthest
         int dx() const { return x2 - x1; }
         int dy() const { return y2 - y1; }
     };
@@ -65,19 +67,22 @@ protected:
         const auto without = picture();
         veh[0].name[0] = name;
         const auto with = picture();
-        box found = {1024, 768, -1, -1};
+        box found = {1024, 768, -1, -1, 0, 0};
         for (int i = 0; i < 1024 * 768; ++i)
             if (!std::equal(&with[3 * i], &with[3 * i] + 3, &without[3 * i])) {
-                found.x1 = std::min(found.x1, i % 1024), found.x2 = std::max(found.x2, i % 1024);
-                found.y1 = std::min(found.y1, i / 1024), found.y2 = std::max(found.y2, i / 1024);
+                const int x = i % 1024, y = i / 1024;
+                if (x < found.x1) found.x1 = x, found.left_y = y;
+                if (x > found.x2) found.x2 = x, found.right_y = y;
+                found.y1 = std::min(found.y1, y), found.y2 = std::max(found.y2, y);
             }
         return found;
     }
 };
 
+constexpr double per_metre = 1024.0 / 60.0;  // at a metre's distance 1024 texels
+constexpr double span = 2.0 * 18.0 * 0.3048;
+
 TEST_F(plane_scene_test, spans_what_its_designer_wrote) {
-    // 1024 texels at a metre's distance for a metre
-    constexpr double per_metre = 1024.0 / 60.0, span = 2.0 * 18.0 * 0.3048;
     const box behind = seen_from(0.0f, 0.0f);
     EXPECT_NEAR(behind.dx(), span * per_metre, 0.03 * span * per_metre);
     EXPECT_NEAR(0.5 * (behind.x1 + behind.x2), 512.0, 3.0);
@@ -85,7 +90,7 @@ TEST_F(plane_scene_test, spans_what_its_designer_wrote) {
     flt[0].phi = 30.0f;
     const box banked = seen_from(0.0f, 0.0f);
     EXPECT_NEAR(banked.dx(), span * cos(30.0 * con.degtorad) * per_metre, 0.06 * span * per_metre);
-    EXPECT_GT(banked.dy(), span * sin(30.0 * con.degtorad) * per_metre);
+    EXPECT_NEAR(banked.left_y - banked.right_y, span * sin(30.0 * con.degtorad) * per_metre, 10.0);
     flt[0].phi = 0.0f;
     // from the right side its length and nothing of the span; from inside nothing
     const box beside = seen_from(-90.0f, 0.0f);
@@ -95,5 +100,25 @@ TEST_F(plane_scene_test, spans_what_its_designer_wrote) {
     const auto inside = picture();
     veh[0].name[0] = 0;
     EXPECT_TRUE(inside == picture());
+}
+
+TEST_F(plane_scene_test, follows_legs_and_sweep) {
+    float lowest = 0.0f;
+    for (int g = 0; g < gearDIM; ++g) {
+        veh_gear_struct& leg = veh[0].gear[g];
+        leg.x_nodef = ret_gear_x_nodef(0, g), leg.y_nodef = ret_gear_y_nodef(0, g),
+        leg.z_nodef = ret_gear_z_nodef(0, g), leg.dep_rat = 1.0f;
+        if (leg.gear_type != gear_none) lowest = std::min(lowest, leg.y_nodef - leg.tire_radius);
+    }
+    const box out = seen_from(-90.0f, 0.0f);
+    EXPECT_NEAR(out.y1, 384.0 + lowest * per_metre, 3.0);
+    for (veh_gear_struct& leg : veh[0].gear) leg.dep_rat = 0.0f;
+    EXPECT_GT(seen_from(-90.0f, 0.0f).y1, out.y1 + 0.3 * per_metre);
+    // swept back after it was seen, it is narrower; its tips are nearer to the eye
+    for (flt_wing_struct& wing : flt[0].wing)
+        wing.sin_act_sweep = sin_deg(40.0f), wing.cos_act_sweep = cos_deg(40.0f);
+    const double nearer = 60.0 / (60.0 - 0.5 * span * sin(40.0 * con.degtorad));
+    const double width = span * cos(40.0 * con.degtorad) * per_metre * nearer;
+    EXPECT_NEAR(seen_from(0.0f, 0.0f).dx(), width, 0.05 * width);
 }
 }  // namespace

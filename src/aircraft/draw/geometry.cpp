@@ -6,6 +6,7 @@
 #include "aircraft/draw/outline.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "draw/camera/xcam.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
 #include "platform/window.h"
@@ -13,7 +14,7 @@
 namespace {
 struct list_struct {
     unsigned DL = 0;  // 0 none
-    unsigned long long parts = 0;
+    unsigned long long shape = 0;
     bool is_old = true;
 };
 struct geometry_state {
@@ -30,25 +31,31 @@ void forget_lists_of_another_window() {
 
 void draw_airframe(int p) {
     list_struct& list = state.airframe[p];
-    const unsigned long long parts = parts_that_stand(p);
-    if (list.is_old || list.parts != parts) {
+    const unsigned long long shape = shape_now(p);
+    if (list.is_old || list.shape != shape) {
         if (!list.DL) list.DL = glGenLists(1);
         glNewList(list.DL, GL_COMPILE);
         emit_airframe(p);
         glEndList();
-        list.parts = parts, list.is_old = false;
+        list.shape = shape, list.is_old = false;
     }
     glCallList(list.DL);
 }
 
+// Summed in double: OpenGL's float would lose centimetres far from the region's centre.
+void go_to_plane(const flt_struct& f) {
+    xcam_class camera = xcam;
+    camera.Translate(f.dob_x, f.dob_y, f.dob_z);
+    camera.Rotate(-f.psi, 0.0, 1.0, 0.0);
+    camera.Rotate(f.the, 1.0, 0.0, 0.0);
+    camera.Rotate(-f.phi, 0.0, 0.0, 1.0);
+    glLoadMatrixd(camera.ModelView());
+}
+
 // Grey paint, dark legs, discs that one sees through.
 void draw_plane(int p) {
-    const flt_struct& f = flt[p];
     glPushMatrix();
-    glTranslated(f.dob_x, f.dob_y, f.dob_z);
-    glRotatef(-f.psi, 0.0f, 1.0f, 0.0f);
-    glRotatef(f.the, 1.0f, 0.0f, 0.0f);
-    glRotatef(-f.phi, 0.0f, 0.0f, 1.0f);
+    go_to_plane(flt[p]);
     OGL_setstate(fog_on, 0, lit_on, al_none, depth_read, depth_write);
     OGL_setcolorRGBA(0.86f, 0.87f, 0.88f, 1.0f, 1);
     draw_airframe(p);

@@ -4,6 +4,7 @@
 #include <GL/gl.h>
 #include <math.h>
 
+#include <bit>
 #include <initializer_list>
 
 #include "aircraft/design/exists.h"
@@ -69,20 +70,29 @@ Vector3 upper_side(const Vector3& span) {
     return up.dy < 0.0 ? up * -1.0 : up;
 }
 
+// The root reaches a bit into the panel before it: ribs of panels that meet at an angle leave a crack.
 rib_struct rib_at(int p, int en, int el) {
+    constexpr double overlap = 0.01;  // of the chord
     const veh_wing_struct& wing = veh[p].wing[en];
     const double along = static_cast<double>(el) / wing.els;
     const double angle =
         0.5 * con.degtorad * (wing.incidence[intmin2(el, wing.els - 1)] + wing.incidence[intmax2(el - 1, 0)]);
-    const Vector3 up = upper_side(span_of(p, en)), aft = {0.0, 0.0, 1.0};
-    return {quarter_chord(p, en, el), aft * cos(angle) + up * -sin(angle), up * cos(angle) + aft * sin(angle),
-            wing.Croot + (wing.Ctip - wing.Croot) * along};
+    const Vector3 span = span_of(p, en), up = upper_side(span), aft = {0.0, 0.0, 1.0};
+    const double chord = wing.Croot + (wing.Ctip - wing.Croot) * along;
+    return {quarter_chord(p, en, el) + span * (el == 0 ? -overlap * chord : 0.0),
+            aft * cos(angle) + up * -sin(angle), up * cos(angle) + aft * sin(angle), chord};
 }
 
+// A bit thinner than the rib, so that its rim stays below the surface where the next panel goes on.
 void emit_cap(const rib_struct& rib, const Vector3& outward) {
+    constexpr double thinner = 0.97;
     glBegin(GL_POLYGON);
     normal(outward);
-    for (int i = 0; i < section_points; ++i) vertex(rib.at(section_at(i)));
+    for (int i = 0; i < section_points; ++i) {
+        section_point s = section_at(i);
+        s.y *= thinner;
+        vertex(rib.at(s));
+    }
     glEnd();
 }
 
@@ -142,17 +152,26 @@ struct turn_struct {
 
 void emit_body(const veh_part_struct& body) {
     if (body.s_dim < 2 || body.r_dim < 3) return;
+    const int last = body.s_dim - 1;
     const turn_struct turn = {sin_deg(body.part_psi), cos_deg(body.part_psi), sin_deg(body.part_the),
                               cos_deg(body.part_the), sin_deg(body.part_phi), cos_deg(body.part_phi)};
     const Point3 place = {body.part_x, body.part_y, body.part_z};
-    for (int s = 0; s + 1 < body.s_dim; ++s) {
+    const auto at = [&](const Point3& p) { return place + turn(p - Point3{}); };
+    for (int s = 0; s < last; ++s) {
         glBegin(GL_QUAD_STRIP);
         for (int n = 0; n <= body.r_dim; ++n)
             for (const int ring : {s, s + 1}) {
                 const int r = n % body.r_dim;
                 normal(turn(tube_normal(body, ring, r)));
-                vertex(place + turn(ring_point(body, ring, r) - Point3{}));
+                vertex(at(ring_point(body, ring, r)));
             }
+        glEnd();
+    }
+    for (const int end : {0, last}) {
+        glBegin(GL_TRIANGLE_FAN);
+        normal(turn({0.0, 0.0, end == 0 ? -1.0 : 1.0}));
+        vertex(at(ring_centre(body, end)));
+        for (int n = 0; n <= body.r_dim; ++n) vertex(at(ring_point(body, end, n % body.r_dim)));
         glEnd();
     }
 }
@@ -195,8 +214,6 @@ struct wheels_struct {
 };
 wheels_struct wheels_of(int gear_type) {
     switch (gear_type) {
-        case gear_skid:
-            return {0, 0};
         case gear_two_lat:
             return {2, 1};
         case gear_two_long:
@@ -216,25 +233,54 @@ wheels_struct wheels_of(int gear_type) {
     }
 }
 
-void emit_leg(int p, int g) {
-    constexpr float in = 0.02f;  // deployed less than this, a leg is hidden
+Point3 foot_of(int p, int g) {
     const veh_gear_struct& leg = veh[p].gear[g];
-    if (leg.dep_rat < in) return;
-    const Point3 top = {leg.gear_x, leg.gear_y, leg.gear_z};
-    const Point3 axle = {leg.x_nodef, leg.y_nodef + flt[p].gear[g].tire_vrt_def_veh, leg.z_nodef};
+    return {leg.x_nodef, leg.y_nodef + flt[p].gear[g].tire_vrt_def_veh, leg.z_nodef};
+}
+
+bool is_out(int p, int g) {
+    constexpr float in = 0.02f;  // deployed less than this, a leg is hidden
+    return has_this_gear(p, g) && veh[p].gear[g].dep_rat >= in;
+}
+
+void emit_wheels(const veh_gear_struct& leg, const Point3& axle) {
+    constexpr double apart_beside = 2.6, apart_behind = 2.2;  // half widths, radii
     const double radius = leg.tire_radius, half_width = leg.tire_swidth;
-    emit_cylinder(top, axle, 0.25 * radius);
+    const Vector3 half_axle = {half_width, 0.0, 0.0};
     const wheels_struct wheels = wheels_of(leg.gear_type);
     for (int i = 0; i < wheels.beside; ++i)
         for (int j = 0; j < wheels.behind; ++j) {
-            constexpr double apart_beside = 2.6, apart_behind = 2.2;  // half widths, radii
             const double x = (i - 0.5 * (wheels.beside - 1)) * apart_beside * half_width;
             const double z = (j - 0.5 * (wheels.behind - 1)) * apart_behind * radius;
             const Point3 hub = axle + Vector3{x, 0.0, z};
-            emit_cylinder(hub + Vector3{-half_width, 0.0, 0.0}, hub + Vector3{half_width, 0.0, 0.0}, radius);
+            emit_cylinder(hub + half_axle * -1.0, hub + half_axle, radius);
         }
-    const Vector3 runner = {0.0, 0.0, 2.0 * radius};
-    if (leg.gear_type == gear_skid) emit_cylinder(axle + runner * -1.0, axle + runner, 0.25 * radius);
+}
+
+// One tube through the feet of two skids on the same side, as helicopters have it; a skid alone has a short
+// one of its own.
+void emit_runner(int p, int g) {
+    constexpr double same_side = 0.2, beyond = 0.25;  // m; of the way between the feet
+    const Point3 foot = foot_of(p, g);
+    const double radius = veh[p].gear[g].tire_radius;
+    for (int other = 0; other < gearDIM; ++other) {
+        if (other == g || !is_out(p, other) || veh[p].gear[other].gear_type != gear_skid) continue;
+        const Vector3 between = foot_of(p, other) - foot;
+        if (fabs(between.dx) > same_side) continue;
+        if (other > g) emit_cylinder(foot + between * -beyond, foot + between * (1.0 + beyond), radius);
+        return;
+    }
+    const Vector3 half = {0.0, 0.0, 3.0 * radius};
+    emit_cylinder(foot + half * -1.0, foot + half, radius);
+}
+
+void emit_leg(int p, int g) {
+    const veh_gear_struct& leg = veh[p].gear[g];
+    const bool is_skid = leg.gear_type == gear_skid;
+    const double strut = (is_skid ? 0.7 : 0.25) * leg.tire_radius;
+    emit_cylinder({leg.gear_x, leg.gear_y, leg.gear_z}, foot_of(p, g), strut);
+    if (is_skid) return emit_runner(p, g);
+    emit_wheels(leg, foot_of(p, g));
 }
 
 void emit_disc(int p, int en) {
@@ -266,7 +312,7 @@ void emit_airframe(int p) {
 
 void emit_legs(int p) {
     for (int g = 0; g < gearDIM; ++g)
-        if (has_this_gear(p, g)) emit_leg(p, g);
+        if (is_out(p, g)) emit_leg(p, g);
 }
 
 void emit_discs(int p) {
@@ -274,9 +320,15 @@ void emit_discs(int p) {
         if (has_this_wing(p, en)) emit_disc(p, en);
 }
 
-unsigned long long parts_that_stand(int p) {
+unsigned long long shape_now(int p) {
     unsigned long long sum = 0;
-    for (int en = part_wing_first; en < partDIM; ++en)
-        sum = sum * 31 + static_cast<unsigned>(en < wingDIM ? has_this_wing(p, en) : has_this_body(p, en));
+    const auto add = [&sum](unsigned bits) { sum = sum * 31 + bits; };
+    for (int en = part_wing_first; en < wingDIM; ++en) {
+        const flt_wing_struct& now = flt[p].wing[en];
+        add(static_cast<unsigned>(has_this_wing(p, en)));
+        for (const float part : {now.sin_act_sweep, now.sin_act_dihed, now.cos_act_sweep, now.cos_act_dihed})
+            add(std::bit_cast<unsigned>(part));
+    }
+    for (int en = part_body_first; en < partDIM; ++en) add(static_cast<unsigned>(has_this_body(p, en)));
     return sum;
 }

@@ -3,12 +3,12 @@
 // are the caller's.
 #pragma once
 
-// What stays as it is while the aircraft flies; fit for a display list. Aircraft axes, metres from the
+// What stays as it is for as long as shape_now does; fit for a display list. Aircraft axes, metres from the
 // reference point.
 void emit_airframe(int p);
 // Legs and wheels as they stand now; nothing of those that are in.
 void emit_legs(int p);
 // Discs of propellers and rotors as they are tilted now.
 void emit_discs(int p);
-// Changes with the parts that there are: one that comes off changes the airframe.
-unsigned long long parts_that_stand(int p);
+// Changes with what emit_airframe gives: with a part that comes off, with sweep and dihedral of this moment.
+unsigned long long shape_now(int p);
