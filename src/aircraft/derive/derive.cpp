@@ -170,7 +170,7 @@ static int all_numbers_good(int p) {
     return 0;
 }
 
-// Half width and half length from wing tips, propeller tips and the outlines of bodies.
+// Half width and half length from wing tips, discs and the outlines of bodies.
 static void derive_size(int p) {
     float x_max = 0.0f, z_min = 0.0f, z_max = 0.0f;
     const auto reach = [&](float x, float z) {
@@ -182,6 +182,12 @@ static void derive_size(int p) {
             for (const int el : {0, veh[p].wing[en].els})
                 reach(get_el_base_loc(p, en, static_cast<float>(el), 'X'),
                       get_el_base_loc(p, en, static_cast<float>(el), 'Z'));
+    for (int en = part_thru_first; en <= part_thru_last; ++en) {
+        if (!has_this_wing(p, en)) continue;
+        const veh_part_struct& hub = veh[p].part[en];
+        const float radius = veh[p].wing[en].semilen_SEG, flat = flt_abs(sin_deg(veh[p].engn[en].vert_init));
+        for (const float end : {-radius, radius}) reach(hub.part_x + end, hub.part_z + end * flat);
+    }
     for (int en = part_body_first; en <= part_nace_last; ++en) {
         const veh_part_struct& body = veh[p].part[en];
         if (!has_this_body(p, en)) continue;
