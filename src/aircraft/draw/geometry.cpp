@@ -42,7 +42,7 @@ void draw_airframe(int p) {
     glCallList(list.DL);
 }
 
-// Summed in double: OpenGL's float would lose centimetres far from the region's centre.
+// Summed in double: OpenGL's float would lose a centimetre far from the region's centre.
 void go_to_plane(const flt_struct& f) {
     xcam_class camera = xcam;
     camera.Translate(f.dob_x, f.dob_y, f.dob_z);

@@ -257,13 +257,13 @@ void emit_wheels(const veh_gear_struct& leg, const Point3& axle) {
         }
 }
 
-// One tube through the feet of two skids on the same side, as helicopters have it; a skid alone has a short
-// one of its own.
+// One tube through the feet of two skids on the same side, as helicopters have it; any other skid, also one
+// of two below the keel, has a short one of its own.
 void emit_runner(int p, int g) {
     constexpr double same_side = 0.2, beyond = 0.25;  // m; of the way between the feet
     const Point3 foot = foot_of(p, g);
     const double radius = veh[p].gear[g].tire_radius;
-    for (int other = 0; other < gearDIM; ++other) {
+    for (int other = 0; other < gearDIM && fabs(foot.x) > same_side; ++other) {
         if (other == g || !is_out(p, other) || veh[p].gear[other].gear_type != gear_skid) continue;
         const Vector3 between = foot_of(p, other) - foot;
         if (fabs(between.dx) > same_side) continue;
