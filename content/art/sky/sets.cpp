@@ -51,7 +51,7 @@ double true_sun(double nominal, double night_sun) {
 // Degrees above the visible horizon. The dome shows row 0.5 on the horizon and row 14.5 from 30 degrees to
 // the zenith; so rows stand for ever larger steps, and the last two for 60 and more.
 double elevation_of_height(int height) {
-    constexpr double of_fog = 0.7;  // where the lowest row is, below the horizon, the fog's
+    constexpr double of_fog = 1.0;  // where the lowest row is, below the horizon, the fog's
     const double shown = std::max((height - 0.5) * 30.0 / 14.0, 0.0);
     return std::max(shown + 32.0 * pow(shown / 30.0, 3), of_fog);
 }
