@@ -1,4 +1,5 @@
-// The sky as the simulator's readers see it: stars, moons, lights, auroras and squares from orbit.
+// The sky as the simulator's readers see it: its colours, stars, moons, lights, auroras and squares from
+// orbit.
 #include <array>
 #include <cmath>
 #include <filesystem>
@@ -186,6 +187,77 @@ TEST(sky_content, auroras_are_green_below_and_red_above_and_end_within_their_pic
         for (int x = 0; x < dx; ++x) EXPECT_TRUE(alpha(p, x, 0) < 2 && alpha(p, x, dy - 1) < 2);
         for (int y = 0; y < dy; ++y) EXPECT_TRUE(alpha(p, 0, y) < 2 && alpha(p, dx - 1, y) < 2);
     }
+}
+
+// -- colours of sky and light, rows from the bottom
+
+constexpr int sky_dx = 64, sky_frame = 16, sky_dy = 256, light_dy = 512;
+const char* const sky_sets[] = {"Earth/%s_earth_clean.png", "Earth/%s_earth_misty.png",
+                                "Earth/%s_earth_foggy.png", "Earth/%s_earth_hialt.png",
+                                "Earth/%s_earth_ocast.png", "Mars/%s_mars_clean.png",
+                                "Mars/%s_mars_hialt.png"};
+
+test::picture sky_table(const char* set, const char* kind, int dy) {
+    char name[64];
+    snprintf(name, sizeof name, set, kind);
+    return picture("skycolors/" + std::string(name), sky_dx, dy);
+}
+const unsigned char* sky_texel(const test::picture& p, int frame, int height, int column) {
+    return p.texel(column, sky_dy - 1 - (frame * sky_frame + height));
+}
+const unsigned char* light_texel(const test::picture& p, int row, int column) {
+    return p.texel(column, light_dy - 1 - row);
+}
+
+TEST(sky_content, skies_meet_the_fog_and_suns_outshine_them) {
+    enum { sun_disc = 13, moon_light = 38, beside_sun = 31 };
+    for (const char* set : sky_sets) {
+        SCOPED_TRACE(set);
+        const test::picture sky = sky_table(set, "sky_colors", sky_dy),
+                            light = sky_table(set, "light_colors", light_dy);
+        for (int frame = 0; frame < 16; ++frame)
+            for (int column = 0; column < sky_dx; ++column)
+                for (int c = 0; c < 3; ++c) {
+                    const int fog = sky_texel(sky, frame, 0, column)[c];
+                    EXPECT_NEAR(fog, sky_texel(sky, frame, 1, column)[c], 25) << frame << " " << column;
+                    EXPECT_NEAR(fog, sky_texel(sky, frame, 0, (column + 1) % sky_dx)[c], 22)
+                        << frame << " " << column;
+                    EXPECT_EQ(fog, sky_texel(sky, 15 - frame, 0, sky_dx - 1 - column)[c])
+                        << frame << " " << column;
+                }
+        for (int row = 0; row < light_dy; ++row) {
+            const unsigned char *disc = light_texel(light, row, sun_disc),
+                                *moon = light_texel(light, row, moon_light);
+            EXPECT_GE(std::max({disc[0], disc[1], disc[2]}), 242) << row;
+            // full moon: a quarter of full white, bluish
+            EXPECT_TRUE(moon[0] > 45 && moon[2] < 95 && moon[2] > moon[0]) << row;
+        }
+        for (int frame = 0; frame < 8; ++frame) {
+            const unsigned char* disc = light_texel(light, frame * 255 / 8, sun_disc);
+            for (int height = 0; height < 4; ++height) {
+                const unsigned char* air = sky_texel(sky, frame, height, beside_sun);
+                EXPECT_GT(disc[0] + disc[1] + disc[2] + 30, air[0] + air[1] + air[2])
+                    << frame << " " << height;
+            }
+        }
+    }
+}
+
+TEST(sky_content, skies_have_their_planets_colours) {
+    enum { dusk = 5, noon = 7, low = 4, high = 15, to_sun = 31, aside = 48 };
+    const test::picture earth = sky_table(sky_sets[0], "sky_colors", sky_dy),
+                        mars = sky_table(sky_sets[5], "sky_colors", sky_dy);
+    const auto bluer = [](const unsigned char* c) { return c[2] - c[0]; };
+    EXPECT_GT(bluer(sky_texel(earth, noon, high, aside)), 60);
+    EXPECT_LT(bluer(sky_texel(earth, dusk, 0, to_sun)), -60);
+    EXPECT_LT(bluer(sky_texel(mars, noon, low, aside)), -60);
+    EXPECT_GT(bluer(sky_texel(mars, dusk, low, to_sun)), 5);  // the dust's blue glow about a low sun
+    EXPECT_LT(bluer(sky_texel(mars, dusk, low, aside)), -40);
+    // all of the sky darkens from day to night
+    for (const test::picture* p : {&earth, &mars})
+        for (int frame = 0; frame < noon; ++frame)
+            EXPECT_LT(sky_texel(*p, frame, 10, 0)[1], sky_texel(*p, frame + 1, 10, 0)[1] + 12) << frame;
+    EXPECT_LT(sky_texel(earth, 0, high, 0)[1], 30);
 }
 
 // Mean of a part of a picture, channels from 0 to 255; x and y in parts of it.
