@@ -12,7 +12,8 @@ constexpr double sky_exposure = 1.8, light_exposure = 3.0;
 // The sun is so far above what the eye is used to that its receptors are bleached: it looks paler than it is.
 constexpr double disc_exposure = 4.0, disc_bleach = 0.1;
 // Where Krawczyk's is 0.03 for all: night is to look like night.
-constexpr double key_of_night_sky = 0.006, key_of_night_land = 0.0115;
+// Stars and northern lights fade where the land is light: it is kept just seen.
+constexpr double key_of_night_sky = 0.006, key_of_night_land = 0.0026;
 constexpr double discount = 0.2;        // power of the loss against full day, and against a clear sky
 constexpr double rod_luminance = 0.03;  // cd/m2, where rods and cones tell the same
 constexpr double rod_part = 0.7;
