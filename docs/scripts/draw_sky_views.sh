@@ -10,4 +10,4 @@ LIBGL_ALWAYS_SOFTWARE=1 xvfb-run -a -s "-screen 0 1024x768x24" \
     "$build/tools/sky_view" docs/scripts/sky_views.txt "$folder"
 files=()
 for name in $(sed 's/#.*//' docs/scripts/sky_views.txt | awk 'NF {print $1}'); do files+=("$folder/$name.png"); done
-montage "${files[@]}" -resize 400x300 -geometry +2+2 -tile 3x -quality 82 -strip docs/pictures/sky-views.jpg
+montage "${files[@]}" -resize 360x270 -geometry +2+2 -tile 4x -quality 82 -strip docs/pictures/sky-views.jpg
