@@ -1,10 +1,8 @@
 // sky_view: pictures of the flying view at given places, hours and weathers.
 #include <stdio.h>
 #include <string.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -12,13 +10,11 @@
 #include <vector>
 
 #include "../flightlab/options.h"
+#include "../simulator/simulator.h"
 #include "app/init_sim.h"
-#include "core/disk/paths.h"
 #include "core/math/axes.h"
 #include "core/math/globe.h"
 #include "core/math/num.h"
-#include "core/program/alert.h"
-#include "core/program/seams.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "draw/images/screenshot.h"
@@ -105,23 +101,6 @@ std::vector<scene_struct> read_scenes(const std::string& path) {
     return scenes;
 }
 
-void show_on_stderr(int, const alert_lines& text, int) {
-    fputs("sky_view:", stderr);
-    for (const std::string& words : text.line)
-        if (!words.empty()) fprintf(stderr, " %s", words.c_str());
-    fputc('\n', stderr);
-}
-void end_with_fault(const alert_lines&) { _exit(exit_fault); }
-
-void start_simulator() {
-    alert_seam.end = end_with_fault;
-    seams_headless();
-    seam.has_display = 1;
-    init_sim(std::filesystem::canonical(executable_folder() + "../Orvelle").string() + "/");
-    alert_seam.show = show_on_stderr;
-    mnw.tex_res = 5;
-}
-
 void go_to_planet(int planet) {
     if (env.planet == planet) return;
     set_planet_specs(planet);
@@ -183,7 +162,9 @@ int run(int argc, char** argv) {
     if (argc < 3) throw wrong_use("expected FILE and FOLDER");
     const std::vector<scene_struct> scenes = read_scenes(argv[1]);
     const std::vector<std::string> names(argv + 3, argv + argc);
-    start_simulator();
+    constexpr int finest_textures = 5;
+    start_simulator("sky_view");
+    mnw.tex_res = finest_textures;
     for (const scene_struct& scene : scenes)
         if (names.empty() || std::find(names.begin(), names.end(), scene.name) != names.end())
             draw(scene, argv[2]);

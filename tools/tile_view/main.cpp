@@ -2,17 +2,13 @@
 #include <math.h>
 #include <stdio.h>
 #include <string.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <stdexcept>
 #include <vector>
 
 #include "../flightlab/options.h"
+#include "../simulator/simulator.h"
 #include "app/init_sim.h"
-#include "core/disk/paths.h"
-#include "core/program/alert.h"
-#include "core/program/seams.h"
 #include "core/records/mnw.h"
 #include "core/records/stg.h"
 #include "draw/images/screenshot.h"
@@ -65,20 +61,8 @@ order read_order(int argc, char** argv) {
     return o;
 }
 
-void show_on_stderr(int, const alert_lines& text, int) {
-    fputs("tile_view:", stderr);
-    for (const std::string& words : text.line)
-        if (!words.empty()) fprintf(stderr, " %s", words.c_str());
-    fputc('\n', stderr);
-}
-void end_with_fault(const alert_lines&) { _exit(exit_fault); }
-
-void start_simulator() {
-    alert_seam.end = end_with_fault;
-    seams_headless();
-    seam.has_display = 1;
-    init_sim(std::filesystem::canonical(executable_folder() + "../Orvelle").string() + "/");
-    alert_seam.show = show_on_stderr;
+void start_finest() {
+    start_simulator("tile_view");
     constexpr int all_objects = 6, finest_textures = 5;
     stg.draw_objs_05 = all_objects;
     mnw.tex_res = finest_textures;
@@ -113,7 +97,7 @@ int run(int argc, char** argv) {
     if (planet < 0)
         throw std::runtime_error(o.package + ": has no tile " + std::to_string(o.lat) + ", " +
                                  std::to_string(o.lon));
-    start_simulator();
+    start_finest();
     try {
         save_pictures(o, planet);
     } catch (...) {

@@ -1,0 +1,6 @@
+// The whole simulator under a tool that takes pictures.
+#pragma once
+
+// With a window (a virtual display will do) and the install folder beside the tools; alerts are lines on the
+// standard error under the tool's name, fatal ones end it with exit_fault.
+void start_simulator(const char* tool);
