@@ -8,5 +8,6 @@ void handle_plan() {}
 void handle_vectors() {}
 void LSO_respond() {}
 int atc_is_talking() { return 0; }
+int draw_atc_menu() { return 0; }
 void clear_atc_and_plan() {}
 void hand_over_plan() {}

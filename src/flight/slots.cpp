@@ -81,7 +81,7 @@ void play_cues(float from, float to) {
     for (const warn_struct& cue : pat.warn)
         if (from < cue.time && cue.time <= to) soun.SOUND_set(cue.warn_index + sound_free_first, 1.0f, 1.0f);
     for (const text_struct& cue : pat.text)
-        if (from < cue.time && cue.time <= to) stl.verbal_string = cue.text_str;
+        if (from < cue.time && cue.time <= to) soun.SPEECH_speakstring(cue.text_str, 1);
 }
 }  // namespace
 

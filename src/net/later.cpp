@@ -16,6 +16,8 @@ void NET_send_snap(int, int) {}
 void data_rows_to_graph() {}
 void data_rows_to_file() {}
 void data_rows_to_net() {}
+void data_rows_to_screen(float*) {}
+void part_rep(int, float*) {}
 void set_dataoutput_params() {}
 void send_airport_to_instructor(int) {}
 void plot_objects() {}

@@ -5,25 +5,24 @@
 
 #include "core/math/num.h"
 #include "core/program/upward.h"
-#include "core/records/mnw.h"
-#include "core/records/ren.h"
+#include "core/records/records.h"
 #include "draw/camera/xcam.h"
 #include "draw/gl/camera_load.h"
 #include "draw/gl/frame_counts.h"
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
+#include "scene/cockpit/cockpit_draw.h"
+#include "scene/effects/windshield.h"
 #include "scene/planet.h"
+#include "scene/scene_3d.h"
 #include "scene/sky_bodies.h"
 #include "scene/sky_dome.h"
 #include "scene/sky_sphere.h"
 #include "scenery/draw/terrain_draw.h"
 #include "ui/views/zoom.h"
-#include "weather/draw/sky_draw.h"
 #include "weather/sky/skyc.h"
 
 namespace {
-enum drawing_hook : int { hook_scene = 1, hook_terrain = 2, hook_terrain_done = 3 };
-
 void set_view() {
     constexpr float beyond_dome = 1.05f;
     OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix,
@@ -80,6 +79,7 @@ void set_fog() {
 }  // namespace
 
 void WORLD_scene_per_dome() {
+    capture_panel();
     TVPDoDrawingHook(hook_scene);
     draw_sky();
     go_to_eye();
@@ -89,5 +89,11 @@ void WORLD_scene_per_dome() {
     end_section(section_sky);
     if (TVPDoDrawingHook(hook_terrain)) OGL_terrain_grid(0, 0);
     TVPDoDrawingHook(hook_terrain_done);
-    cloud_plot();
+    APP_3D_scenery();
+    TVPDoDrawingHook(hook_scene_done);
+    OGL_viewport(2, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix,
+                 mnw.y2_pix, 0.0f, 1.0f, 1.0f);
+    if (view_is_internal()) OGL_windshield_effects(atm.hail_rat_acf, flt[0].window_ice);
+    draw_cockpit_2d();
+    end_section(section_marks);
 }

@@ -1,4 +1,4 @@
-// One picture of the world: sky, light, planet, ground.
+// One picture of the world: sky, light, planet, ground, effects, cockpit.
 // Role: drawn as often a frame as there are screens; changes nothing that flies.
 #pragma once
 

@@ -136,11 +136,8 @@ void flight_strip_draw() {
     box(mnw.x1_pix, 0.0f, mnw.x2_pix, strip_height, 0.04f, 0.07f, 0.11f, 0.78f);
     box(mnw.x1_pix, strip_height, mnw.x2_pix, strip_height + 1.5f, 0.55f, 0.68f, 0.78f, 0.6f);
     draw_columns();
-    if (mnw.paused)
-        draw_note("PAUSED");
-    else if (mnw.replay_mode)
-        draw_note("REPLAY");
-    else if (has_news())
+    if (mnw.paused || mnw.replay_mode) return;  // told by the overlay
+    if (has_news())
         draw_note(landing_report_text());
     else if (is_held())
         draw_note("BRAKE SET   b releases it");

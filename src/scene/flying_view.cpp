@@ -9,6 +9,7 @@
 #include "scene/dome.h"
 #include "scene/flight_strip.h"
 #include "scene/frame_report.h"
+#include "scene/overlay/overlay.h"
 
 // What stands outside the scene, menus and windows, is lit well.
 static void raise_manual_lighting() {
@@ -19,7 +20,9 @@ static void raise_manual_lighting() {
 
 void flying_view_draw() {
     end_section(section_elsewhere);
+    ren.plot_init_lights = 0;
     for (int dome = 0; dome < intmax2(1, ren.elum_renders); ++dome) WORLD_scene_per_dome();
+    WORLD_scene_2d_overlay();
     raise_manual_lighting();
     flight_strip_draw();
     end_section(section_marks);

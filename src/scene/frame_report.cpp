@@ -54,6 +54,7 @@ constexpr value_row rows[] = {
     {"sky_ms", "sky, ms", ms_of<section_sky>},
     {"terrain_ms", "terrain, ms", ms_of<section_terrain>},
     {"objects_ms", "objects, ms", ms_of<section_objects>},
+    {"effects_ms", "effects, ms", ms_of<section_effects>},
     {"marks_ms", "marks, ms", ms_of<section_marks>},
     {"frame_ms", "frame, ms", frame_ms},
 };

@@ -2,6 +2,7 @@
 #include "scene/world.h"
 
 #include "aircraft/electrics.h"
+#include "cockpit/panel.h"
 #include "core/craft/veh.h"
 #include "core/math/num.h"
 #include "core/program/seams.h"
@@ -15,20 +16,29 @@
 #include "core/records/ren.h"
 #include "scene/airport_search.h"
 #include "scene/aurora.h"
+#include "scene/cockpit/cockpit_kind.h"
+#include "scene/effects/balloons.h"
+#include "scene/effects/fires.h"
+#include "scene/effects/rain.h"
+#include "scene/effects/refuelling.h"
+#include "scene/effects/windshield.h"
+#include "scene/fixed/fixed_objects.h"
+#include "scene/fixed/fixed_textures.h"
+#include "scene/ground_effects.h"
+#include "scene/overlay/blackouts.h"
 #include "scene/sky_bodies.h"
-#include "scenery/draw/ground_pictures.h"
 #include "scenery/ground/roofs.h"
 #include "scenery/ground/terrain_query.h"
 #include "scenery/nav/nav_tables.h"
 #include "scenery/packages/library.h"
 #include "ui/views/zoom.h"
-#include "weather/draw/sky_draw.h"
+#include "weather/clouds.h"
 #include "weather/sky/skyc.h"
 
 void init_world_rendering() {
     DSF_ScanSceneryFolder();
-    load_ground_pictures();
-    load_sky_pictures();
+    load_fixed_textures();
+    load_fixed_objects();
 }
 
 // What is under the aircraft is found anew by drawing and by the next flight step; flight reads what the last
@@ -63,16 +73,39 @@ static void conditions_step() {
                             [](float x, float z) { return return_terrain_y(x, z, checker_scenery); }});
 }
 
+// The panel has another picture when its lamps go on or off.
+static int panel_was_lit = 0;
+static void panel_lamps_step() {
+    if (panel_is_lit() == panel_was_lit) return;
+    panel_was_lit = panel_is_lit();
+    panel_view_changed();
+}
+
+static void effects_step() {
+    balloons_step();
+    fires_step();
+    refuelling_step();
+    rain_step();
+    windshield_step(view_is_internal() ? atm.hail_rat_acf : 0.0f);
+    blackouts_step();
+}
+
 void scene_state_step() {
     zoom.update_per_frame();
     conditions_step();
+    panel_lamps_step();
+    ground_effects_step();
     glare_step();
+    clou.cloud_update();
     if (aurora_shows()) aurora_step();
     roll_found_ground();
     find_roof_below();
     look_below();
     nearest_airport_step();
+    effects_step();
 }
+
+void reset_world_scene() { panel_was_lit = 0; }
 
 void WORLD_scene_all_cases() {
     scene_state_step();

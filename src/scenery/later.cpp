@@ -1,5 +1,6 @@
 // Routines of this folder that do not exist yet: each call stands in its place in the frame and gets its
 // neutral answer here. The file shrinks as they are built.
+#include "scenery/draw/airports_draw.h"
 #include "scenery/draw/ships_draw.h"
 #include "scenery/extrude/facades.h"
 #include "scenery/extrude/road_data.h"
@@ -25,3 +26,4 @@ void BuildFacadeObj(const FacadeObj_t&, const Polygon3&, int, const Vector3&, Ex
 bool io_read_forest(const std::string&, forest_info_struct&) { return true; }
 void extrude_forest(const forest_info_struct&, const std::vector<Polygon3>&, ExtrudeFunc_f, void*) {}
 void manage_ships() {}
+void plot_airport_lights() {}

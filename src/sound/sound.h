@@ -74,6 +74,8 @@ public:
     void SOUND_fill_buffer(int snd_en, std::string dir, std::string file);
     // Plays or adjusts: pitch ratio and volume ratio, 1 as recorded. A slot out of range is ignored.
     void SOUND_set(int snd_en, float frq_rat, float vol_rat);
+    // What is spoken now: kept as text, which stands over the picture for a while when can_write.
+    void SPEECH_speakstring(const std::string& text, int can_write);
     int SOUND_init();       // 1 when a sound device answers
     void SOUND_stop();      // silences everything, the files stay
     void SOUND_maintain();  // once a frame: the sounds that follow the aircraft

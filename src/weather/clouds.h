@@ -9,6 +9,7 @@ public:
     void blow_region_z(float amount);                // m south
     float ret_wxr_local(float x, float h, float z);  // mean density around a point, 0 to 1
     float ret_wxr_above(float x, float h, float z);  // density of the column above, 0 to 10
+    int shadow_picture();  // reference of the picture of their shadow, 0 for none; sets ren.shadow_alpha
     // of a bucket, m; the picture of the clouds' shadow covers eight
     float cld_buc_dx = 1.0f, cld_buc_dz = 1.0f;
     // the volume's origin, its south-west corner, world frame, m

@@ -9,6 +9,7 @@ clou_class clou;
 puff_class puff;
 void real_weather_step() {}
 void clou_class::cloud_update() {}
+int clou_class::shadow_picture() { return 0; }
 void clou_class::blow_region_x(float) {}
 void clou_class::blow_region_z(float) {}
 float clou_class::ret_wxr_local(float, float, float) { return 0.0f; }

@@ -31,9 +31,16 @@
 #include "flight/pilots/pilot_input.h"
 #include "platform/window.h"
 #include "scene/airport_search.h"
+#include "scene/airports_in_view.h"
 #include "scene/aurora.h"
+#include "scene/effects/balloons.h"
+#include "scene/effects/fires.h"
+#include "scene/effects/rain.h"
+#include "scene/effects/windshield.h"
 #include "scene/frame_report.h"
+#include "scene/overlay/blackouts.h"
 #include "scene/planet.h"
+#include "scene/world.h"
 #include "scenery/draw/airports_draw.h"
 #include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/ground_phase.h"
@@ -59,7 +66,8 @@ void (*const resets[])() = {
     reset_widgets,       forget_nav_tables,  reset_terrain_draw,   reset_frame_report,   reset_region,
     reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
     reset_airports_draw, reset_skyc,         reset_lightning,      reset_aurora,         reset_planet,
-    reset_plane_geo,     reset_views,
+    reset_plane_geo,     reset_views,        reset_world_scene,    reset_blackouts,    reset_airports_in_view,
+    reset_rain,          reset_windshield,   reset_balloons,       reset_fires,
 };
 
 }  // namespace

@@ -26,7 +26,7 @@ void play(int slot) { soun.SOUND_set(slot, 1.0f, 1.0f); }
 void radio_chatter() {
     float& next_time = state.next_chatter;
     const bool selects_com = nav.audio_sel == 10 || nav.audio_sel == 11;
-    if (!mnw.radio_chatter_on || !selects_com || env.planet || !stl.verbal_string.empty() || atc_is_talking())
+    if (!mnw.radio_chatter_on || !selects_com || env.planet || mnw.real_time < stl.verbal_timeout || atc_is_talking())
         return;
     if (next_time < 0.0f) next_time = mnw.real_time + flt_rand(5.0f, 30.0f);
     if (!(mnw.real_time > next_time)) return;

@@ -35,6 +35,7 @@ constexpr int failDIM = 172;      // failure slots
 constexpr int insDIM = 300;       // instruments of a panel
 constexpr int aflDIM = 721;       // entries of a polar table
 constexpr int boatDIM = 5;        // ships
+constexpr int apt_lclDIM = 300;    // airports of the region
 
 // How a slot moves (flt[p].update_type).
 enum update_kind : int {

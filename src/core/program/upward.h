@@ -38,6 +38,24 @@ int TVPCheckMenu(int item);
 int TVPMenuIsDisabled(int item);
 
 // Drawing of the world by plugins, before and after a part of it: 0 when the part is not to be drawn.
+enum drawing_hook : int {
+    hook_scene = 1,
+    hook_terrain = 2,
+    hook_terrain_done = 3,
+    hook_airports = 4,
+    hook_airports_done = 5,
+    hook_effects = 8,
+    hook_effects_done = 9,
+    hook_airplanes = 10,
+    hook_airplanes_done = 11,
+    hook_scene_done = 12,
+    hook_panel_background = 13,
+    hook_panel_background_done = 14,
+    hook_panel = 15,
+    hook_panel_done = 16,
+    hook_data = 17,
+    hook_data_done = 18,
+};
 int TVPDoDrawingHook(int kind);
 // From high up the picture of the planet over the land's rim, so that the land does not end in an edge.
 void cover_region_rim();

@@ -38,6 +38,10 @@ struct d3_struct;
 // Places that each asker of the terrain remembers.
 constexpr int checkDIM = 176;
 
+// Signs of runways: numbers, 0 for 36, and kinds of each.
+constexpr int sign_numberDIM = 36, sign_kindDIM = 8;
+constexpr int panel_viewDIM = 9;  // pictures of the panel, the lit one last
+
 struct ren_struct {
     // the eye and its view; views
     float view_xyz[3];            // eye, world frame, m
@@ -71,6 +75,15 @@ struct ren_struct {
     int stars_are_vis;          // 0 or 1; sky
     float sin_azi_any, cos_azi_any, sin_dec_any, cos_dec_any;  // of what lights the scene: hour angle, declination; sky
     float glare_rat;            // blinding by the sun, 0 to 1; frame
+    float shadow_alpha;         // how dark the clouds' shadow is, 0 to 1; clouds
+    int sha_or_lit_or_sun;      // 0 or 1: shadow or landing light show on the ground; frame
+    int plot_init_lights;       // 0 or 1: the lamps of this frame have begun to be drawn; frame
+    int view_bmp_avail[panel_viewDIM];  // 0 or 1: the aircraft brings a picture of its panel for this view; panel
+    // fixed objects, indexes in vec_mod, -1 for none; start
+    int M_beacon1, M_beacon2, M_beacon3;  // towers of two kinds, turning head
+    int M_bouy, M_powerline, M_windsock_pole, M_windsock_sock;  // as named
+    int M_dis_remaining[3];     // signs of 1000, 2000, 3000 feet remaining
+    int M_taxi_sign[sign_numberDIM][sign_kindDIM];  // alone, L, C, R, and the same with the other end
     float apt_lite_rat, hud_brt, pan_brt, ins_brt;  // brightness: airports, HUD, panel, instruments, 0 to 1; panel
     float deg_per_mtr_x, deg_per_mtr_z;  // at the region's centre
     int num_fas_finds, num_slo_finds;   // terrain queries of this frame

@@ -20,6 +20,7 @@ enum colour_row : int {
     col_widget = 37,
     col_digits = 38,
     col_help = 40,
+    col_lit_ins = 42,  // lit parts of instruments
     col_state = 43,  // what OGL_setstate leaves behind
     col_step = 55,   // the step of the start-up
     col_pulse_white = 69,

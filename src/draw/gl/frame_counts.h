@@ -18,6 +18,7 @@ enum frame_section : int {
     section_sky,
     section_terrain,
     section_objects,
+    section_effects,
     section_marks,
     frame_sections,
 };

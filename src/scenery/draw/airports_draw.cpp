@@ -1,26 +1,32 @@
-// Plain strips: one colour a surface, and white marks where the rows' pictures have them. An airport has a
-// display list of its ground and one of its marks.
+// Display lists of pavement, and the textures' way along it.
+#define GL_GLEXT_PROTOTYPES
 #include "scenery/draw/airports_draw.h"
 
 #include <GL/gl.h>
+#include <GL/glext.h>
 
 #include "core/math/num.h"
-#include "core/records/ren.h"
-#include "draw/camera/xcam.h"
+#include "core/records/records.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/frame_counts.h"
 #include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 #include "scenery/airports/strip_marks.h"
+#include "scenery/draw/proj_tex.h"
+#include "scenery/draw/terrain_draw.h"
 #include "scenery/ground/runways.h"
 #include "scenery/ground/surfaces.h"
+#include "scenery/nav/nav_tables.h"
+#include "scenery/region/region_lists.h"
 
 namespace {
 struct list_struct {
     GLuint name = 0;  // 0 while it has not been built
-    int quads = 0;
+    int triangles = 0;
+    bool is_empty = false;
 };
 struct airport_lists_struct {
-    list_struct ground, marks;
+    list_struct kind[pavement_lists];
 };
 struct kept_struct {
     int revision = -1;                        // of the strips that the lists show
@@ -29,245 +35,282 @@ struct kept_struct {
 kept_struct kept;
 int quads_sent = 0;
 
-// -- colours
+using rows_list = std::vector<vec_rwy_pol_struct>;
+}  // namespace
 
-struct paint_struct {
-    float r, g, b, a;
-};
-constexpr paint_struct white_paint = {0.92f, 0.92f, 0.9f, 1.0f}, yellow_paint = {0.85f, 0.68f, 0.1f, 1.0f};
+// -- what belongs where
 
-paint_struct surface_paint(int surf_tex) {
-    switch (surf_tex) {
-        case surface_concrete:
-        case surface_turn_concrete:
-        case surface_pad_concrete:
-            return {0.58f, 0.57f, 0.53f, 1.0f};
-        case surface_grass:
-        case surface_pad_grass:
-            return {0.36f, 0.46f, 0.22f, 0.6f};
-        case surface_dirt:
-        case surface_pad_dirt:
-            return {0.55f, 0.45f, 0.32f, 0.7f};
-        case surface_gravel:
-            return {0.52f, 0.5f, 0.46f, 0.7f};
-        case surface_lakebed:
-            return {0.78f, 0.71f, 0.58f, 0.6f};
+bool has_alpha(const vec_rwy_geo_struct& strip) {
+    return intrange(strip.surf_tex, surface_grass, surface_lakebed) || strip.surf_tex == surface_pad_grass ||
+           strip.surf_tex == surface_pad_dirt;
+}
+
+static int shoulder_of(const vec_rwy_geo_struct& strip) {
+    const size_t apt = static_cast<size_t>(strip.apt_wrl), rwy = static_cast<size_t>(strip.rwy_wrl);
+    return apt < vec_apt.size() && rwy < vec_apt[apt].rwy.size() ? vec_apt[apt].rwy[rwy].shoulder : 0;
+}
+
+bool has_DL(int DL_type, const vec_rwy_geo_struct& strip) {
+    if (strip.surf_tex == surface_water || strip.vec_rwy_pol.size() < 2) return false;
+    const size_t apt = static_cast<size_t>(strip.apt_wrl);
+    if (apt < vec_apt.size() && vec_apt[apt].apt_type == apt_carrier) return false;
+    const bool plain_taxiway = strip.is_taxiway && !has_alpha(strip);
+    switch (DL_type) {
+        case pavement_shoulder:
+            return shoulder_of(strip) != 0;
+        case pavement_taxiway:
+            return plain_taxiway;
+        case pavement_natural:
+            return has_alpha(strip);
         default:
-            return {0.3f, 0.3f, 0.31f, 1.0f};
+            return !plain_taxiway && !has_alpha(strip);
     }
 }
 
-void set_paint(const paint_struct& p, float shade = 1.0f) {
-    glColor4f(p.r * shade, p.g * shade, p.b * shade, p.a);
+// -- the textures' way along a strip
+
+namespace {
+// Skid marks lie where aircraft roll: thresholds, numbers, touchdown zones, lines.
+bool takes_skids(int tex) { return intrange(tex, strip_thr1, strip_line + 1); }
+bool is_outside_threshold(int tex) { return intrange(tex, strip_blast, strip_dis_last + 1); }
+
+// Part of a full step that a row with this texture is long, for skid marks.
+float skid_share(int tex) {
+    if (intrange(tex, strip_left, strip_semi - 1)) return 0.25f;
+    return intrange(tex, strip_semi, strip_semi + 1) ? 0.5f : 1.0f;
 }
 
-// -- one piece: between a row and the next, read from the nearer end of the runway
+struct skids_struct {
+    float step = 0.0f, t = 0.0f;
+    int fade = 0;  // row from which on they become fewer
 
-struct piece_struct {
-    const vec_rwy_pol_struct *near, *far;
-    int left, right;  // edges as seen from the nearer end
+    void begin(const rows_list& rows) {
+        const int last = static_cast<int>(rows.size()) - 1;
+        step = fltmax2(0.025f, 4.0f / static_cast<float>(intmax2(last, 1)));
+        fade = static_cast<int>(static_cast<float>(last) - 1.0f / step - 2.0f);
+        for (int r = last / 2; r <= last; ++r)
+            if (is_outside_threshold(rows[static_cast<size_t>(r)].tex)) --fade;
+    }
+    // From a row with this texture to the next row, r.
+    void go_on(int tex, int r) {
+        const float by = step * skid_share(tex);
+        t += r > fade ? -by : by;
+        if (t > 1.0f) t -= 2.0f * by;
+        t = fltlim(t, 0.0f, 1.0f);
+    }
 };
+}  // namespace
 
-// across: 0 left to 1 right; along: 0 near to 1 far.
-void send_point(const piece_struct& piece, float across, float along) {
-    float at[3];
-    for (int axis = 0; axis < 3; ++axis) {
-        const float l =
-            extrap(0.0f, piece.near->xyz[piece.left][axis], 1.0f, piece.far->xyz[piece.left][axis], along);
-        const float r =
-            extrap(0.0f, piece.near->xyz[piece.right][axis], 1.0f, piece.far->xyz[piece.right][axis], along);
-        at[axis] = extrap(0.0f, l, 1.0f, r, across);
-    }
-    glVertex3fv(at);
-}
-
-// The rectangle, its far edge moved sideways by a slant.
-void send_mark(const piece_struct& piece, float left, float near, float right, float far,
-               float slant = 0.0f) {
-    send_point(piece, left, near);
-    send_point(piece, left + slant, far);
-    send_point(piece, right + slant, far);
-    send_point(piece, right, near);
-    ++quads_sent;
-}
-
-void send_both_sides(const piece_struct& piece, float left, float near, float right, float far) {
-    send_mark(piece, left, near, right, far);
-    send_mark(piece, 1.0f - right, near, 1.0f - left, far);
-}
-
-// So many bars on each side of the middle.
-void send_bars(const piece_struct& piece, int count, float outer, float inner, float near, float far) {
-    const float pitch = (inner - outer) / static_cast<float>(count);
-    for (int i = 0; i < count; ++i) {
-        const float left = outer + static_cast<float>(i) * pitch;
-        send_both_sides(piece, left, near, left + 0.6f * pitch, far);
-    }
-}
-
-// The lines of the edges, and what the row's picture shows between them.
-void send_white_marks(const piece_struct& piece, int asphalt_tex) {
-    send_both_sides(piece, 0.015f, 0.0f, 0.03f, 1.0f);
-    const auto dash = [&] { send_mark(piece, 0.49f, 0.2f, 0.51f, 0.85f); };
-    const auto arrow = [&] {
-        send_mark(piece, 0.49f, 0.15f, 0.51f, 0.8f);
-        send_mark(piece, 0.42f, 0.6f, 0.45f, 0.85f, 0.06f);
-        send_mark(piece, 0.55f, 0.6f, 0.58f, 0.85f, -0.06f);
-    };
-    switch (asphalt_tex) {
-        case strip_dis_first:
-        case strip_dis_middle:
-            return arrow();
-        case strip_dis_last:
-            arrow();
-            return send_mark(piece, 0.03f, 0.92f, 0.97f, 1.0f);
-        case strip_thr0:
-            return send_mark(piece, 0.03f, 0.05f, 0.97f, 0.1f);
-        case strip_thr1:
-            return send_bars(piece, 4, 0.08f, 0.46f, 0.1f, 0.85f);
-        case strip_thr2:
-            return send_bars(piece, 6, 0.08f, 0.46f, 0.1f, 0.85f);
-        case strip_semi:
-            return send_mark(piece, 0.49f, 0.3f, 0.51f, 1.0f);
-        case strip_fdmk:
-            send_both_sides(piece, 0.2f, 0.05f, 0.34f, 0.95f);
-            return dash();
-        case strip_tdz1:
-            send_bars(piece, 1, 0.28f, 0.36f, 0.1f, 0.6f);
-            return dash();
-        case strip_tdz2:
-            send_bars(piece, 2, 0.22f, 0.36f, 0.1f, 0.6f);
-            return dash();
-        case strip_tdz3:
-            send_bars(piece, 3, 0.16f, 0.36f, 0.1f, 0.6f);
-            return dash();
-        case strip_line:
-            return dash();
-        default:
-            return;  // letters and numbers stay blank
-    }
-}
-
-void send_chevron(const piece_struct& piece) {
-    send_mark(piece, 0.05f, 0.2f, 0.12f, 0.8f, 0.38f);
-    send_mark(piece, 0.88f, 0.2f, 0.95f, 0.8f, -0.38f);
-}
-
-// The letter of a helipad, along its heading.
-void send_pad_letter(const piece_struct& piece) {
-    send_both_sides(piece, 0.3f, 0.2f, 0.38f, 0.8f);
-    send_mark(piece, 0.38f, 0.46f, 0.62f, 0.54f);
-}
-
-void send_marks(const piece_struct& piece, int tex) {
-    constexpr int last_marked = strip_line + 1;
-    const int asphalt_tex = tex % 2 == 1 ? tex : tex - 1;
-    if (tex == surface_pad_asphalt || tex == surface_pad_concrete) {
-        set_paint(white_paint);
-        glBegin(GL_QUADS);
-        send_pad_letter(piece);
-        glEnd();
-        return;
-    }
-    if (tex > last_marked || asphalt_tex == strip_pave || asphalt_tex == surface_turn_asphalt) return;
-    const bool is_blast = asphalt_tex == strip_blast;
-    set_paint(is_blast ? yellow_paint : white_paint);
-    glBegin(GL_QUADS);
-    is_blast ? send_chevron(piece) : send_white_marks(piece, asphalt_tex);
-    glEnd();
-}
-
-// -- strips
-
-piece_struct piece_at(const std::vector<vec_rwy_pol_struct>& rows, size_t s) {
-    if (2 * s + 1 < rows.size()) return {&rows[s], &rows[s + 1], 0, 1};
-    return {&rows[s + 1], &rows[s], 1, 0};
-}
-
-// Neighbouring rows differ a little, as slabs do, so that speed can be seen.
-float shade_of(size_t s) { return 0.98f + 0.01f * static_cast<float>(s * 7 % 5); }
-
-void send_ground(const vec_rwy_geo_struct& strip) {
-    const paint_struct ground = surface_paint(strip.surf_tex);
-    const std::vector<vec_rwy_pol_struct>& rows = strip.vec_rwy_pol;
-    for (size_t s = 0; s + 1 < rows.size(); ++s) {
-        glNormal3fv(rows[s].nrm);
-        set_paint(ground, shade_of(s));
-        glBegin(GL_QUADS);
-        send_mark(piece_at(rows, s), 0.0f, 0.0f, 1.0f, 1.0f);
-        glEnd();
-    }
-}
-
-void send_all_marks(const vec_rwy_geo_struct& strip) {
-    const std::vector<vec_rwy_pol_struct>& rows = strip.vec_rwy_pol;
-    for (size_t s = 0; s + 1 < rows.size(); ++s) {
-        glNormal3fv(rows[s].nrm);
-        send_marks(piece_at(rows, s), rows[s].tex);
-    }
-}
-
-// Runways over taxiways, and the first runway over all. Marks of a runway that another covers are drawn where
-// they cross.
-void build_list(const airport_strips_struct& airport, void (*send)(const vec_rwy_geo_struct&),
-                list_struct* list) {
-    quads_sent = 0;
-    list->name = glGenLists(1);
-    glNewList(list->name, GL_COMPILE);
-    for (const int is_taxiway : {1, 0})
-        for (size_t i = airport.count; i-- > 0;) {
-            const vec_rwy_geo_struct& strip = vec_rwy_geo[airport.first + i];
-            if (strip.is_taxiway == is_taxiway && strip.surf_tex != surface_water) send(strip);
+void find_strip_coords(const vec_rwy_geo_struct& strip, strip_coords_struct* out) {
+    const rows_list& rows = strip.vec_rwy_pol;
+    const bool may_skid = !has_alpha(strip);
+    skids_struct skids;
+    skids.begin(rows);
+    float s[2] = {0.0f, 1.0f}, t = 0.0f, dt = 1.0f;
+    int tex = rows[0].tex, skid_on = may_skid && takes_skids(tex);
+    for (size_t r = 0; r < rows.size(); ++r) {
+        if (r > 0) t += dt;
+        if (r > 0 && skid_on) skids.go_on(rows[r - 1].tex, static_cast<int>(r));
+        strip_coords_struct& at = out[r];
+        at = {{s[0], s[1]}, t, skids.t, skid_on, false, {s[0], s[1]}, skid_on};
+        if (rows[r].tex == tex || r + 1 == rows.size()) continue;
+        tex = rows[r].tex;
+        skid_on = may_skid && takes_skids(tex);
+        if (2 * r >= rows.size() && dt > 0.0f) {
+            s[0] = 1.0f, s[1] = 0.0f;
+            dt = -1.0f;
         }
+        at.restarts = true;
+        at.s[0] = s[0], at.s[1] = s[1];
+        at.skid_on = skid_on;
+    }
+}
+
+// -- lists
+
+namespace {
+void skid_coord(float s, float t, int skid_seg) {
+    if (skid_seg)
+        glMultiTexCoord2f(GL_TEXTURE1, s, t);
+    else
+        glMultiTexCoord2f(GL_TEXTURE1, 0.0f, 0.0f);  // where the picture is white
+}
+
+// One pair of a strip's corners.
+void plot_vert(const vec_rwy_pol_struct& row, const float (&s)[2], float t, float skid_t, int skid_seg) {
+    glNormal3fv(row.nrm);
+    for (const int side : {0, 1}) {
+        glMultiTexCoord2f(GL_TEXTURE0, s[side], t);
+        skid_coord(static_cast<float>(side), skid_t, skid_seg);
+        glVertex3fv(row.xyz[side]);
+    }
+}
+
+void send_runway(const vec_rwy_geo_struct& strip) {
+    const rows_list& rows = strip.vec_rwy_pol;
+    std::vector<strip_coords_struct> coords(rows.size());
+    find_strip_coords(strip, coords.data());
+    tman.bind_ref(rows[0].tex, 0, combine_modulate);
+    glBegin(GL_QUAD_STRIP);
+    for (size_t r = 0; r < rows.size(); ++r) {
+        const strip_coords_struct& at = coords[r];
+        plot_vert(rows[r], at.old_s, at.t, at.skid_t, at.old_skid_on);
+        if (!at.restarts) continue;
+        glEnd();
+        tman.bind_ref(rows[r].tex, 0, combine_modulate);
+        glBegin(GL_QUAD_STRIP);
+        plot_vert(rows[r], at.s, at.t, at.skid_t, at.skid_on);
+    }
+    glEnd();
+    quads_sent += static_cast<int>(rows.size()) - 1;
+}
+
+// Its coordinates come from the ground.
+void send_taxiway(const vec_rwy_geo_struct& strip) {
+    tman.bind_ref(strip.vec_rwy_pol[0].tex, 0, combine_modulate);
+    glBegin(GL_QUAD_STRIP);
+    for (const vec_rwy_pol_struct& row : strip.vec_rwy_pol) {
+        glNormal3fv(row.nrm);
+        for (const auto& edge : row.xyz) glVertex3fv(edge);
+    }
+    glEnd();
+    quads_sent += static_cast<int>(strip.vec_rwy_pol.size()) - 1;
+}
+
+// Beside both edges; s runs outward.
+void send_shoulders(const vec_rwy_geo_struct& strip) {
+    constexpr float width = 0.25f;  // of the runway's
+    constexpr int left_tex = 109, right_tex = 111, asphalt = 1;
+    const int surface = shoulder_of(strip) == asphalt ? 0 : 1;
+    for (const int side : {0, 1}) {
+        tman.bind_ref((side == 0 ? left_tex : right_tex) + surface, 0, combine_modulate);
+        glBegin(GL_QUAD_STRIP);
+        float t = 0.0f;
+        for (const vec_rwy_pol_struct& row : strip.vec_rwy_pol) {
+            const float *const inner = row.xyz[side], *const other = row.xyz[1 - side];
+            float outer[3];
+            for (int axis = 0; axis < 3; ++axis) outer[axis] = inner[axis] + width * (inner[axis] - other[axis]);
+            glNormal3fv(row.nrm);
+            const auto corner = [t](float s, const float* at) {
+                glTexCoord2f(s, t);
+                glVertex3fv(at);
+            };
+            // the left corner of a pair comes first, so that the strip is seen from above
+            side == 0 ? corner(1.0f, outer) : corner(0.0f, inner);
+            side == 0 ? corner(0.0f, inner) : corner(1.0f, outer);
+            t += 1.0f;
+        }
+        glEnd();
+        quads_sent += static_cast<int>(strip.vec_rwy_pol.size()) - 1;
+    }
+}
+
+void send(int kind, const vec_rwy_geo_struct& strip) {
+    switch (kind) {
+        case pavement_shoulder:
+            return send_shoulders(strip);
+        case pavement_taxiway:
+            return send_taxiway(strip);
+        default:
+            return send_runway(strip);
+    }
+}
+
+// From the last runway to the first, which lies over all.
+void build_list(const airport_strips_struct& airport, int kind, list_struct* list) {
+    quads_sent = 0;
+    bool is_empty = true;
+    for (size_t i = 0; i < airport.count; ++i) is_empty = is_empty && !has_DL(kind, vec_rwy_geo[airport.first + i]);
+    list->is_empty = is_empty;
+    if (is_empty) return;
+    list->name = glGenLists(1);
+    tman.reset_bind();  // what is bound here is bound when the list runs
+    glNewList(list->name, GL_COMPILE);
+    for (size_t i = airport.count; i-- > 0;) {
+        const vec_rwy_geo_struct& strip = vec_rwy_geo[airport.first + i];
+        if (has_DL(kind, strip)) send(kind, strip);
+    }
     glEndList();
-    list->quads = quads_sent;
-}
-
-void call_list(const airport_strips_struct& airport, void (*send)(const vec_rwy_geo_struct&),
-               list_struct* list) {
-    if (!list->name) build_list(airport, send, list);
-    glCallList(list->name);
-    ++frame_counts.lists;
-    frame_counts.triangles += 2 * list->quads;
-}
-
-bool is_seen(const box_struct& box) {
-    if (box.empty()) return false;
-    const d3_struct centre = box.centre(), size = box.size();
-    return xcam.SphereInView(centre.x, centre.y, centre.z, 0.5f * pythag(size.x, size.y, size.z)) != 0;
-}
-
-// Further off a mark is narrower than a pixel, and what is left of it flickers.
-bool shows_marks(const box_struct& box) {
-    constexpr float far = 4000.0f;  // m
-    const float(&eye)[3] = ren.view_xyz;
-    return pythag(eye[0] - fltlim(eye[0], box.min_x, box.max_x),
-                  eye[1] - fltlim(eye[1], box.min_y, box.max_y),
-                  eye[2] - fltlim(eye[2], box.min_z, box.max_z)) < far;
+    list->triangles = 2 * quads_sent;
+    tman.reset_bind();
 }
 
 void follow_strips() {
-    if (kept.revision == strips_revision()) return;
+    if (kept.revision == strips_revision() && kept.lists.size() == vec_apt_strips.size()) return;
     for (const airport_lists_struct& lists : kept.lists)
-        for (const GLuint name : {lists.ground.name, lists.marks.name})
-            if (name) glDeleteLists(name, 1);
+        for (const list_struct& list : lists.kind)
+            if (list.name) glDeleteLists(list.name, 1);
     kept.lists.assign(vec_apt_strips.size(), {});
     kept.revision = strips_revision();
+}
+
+// -- states
+
+struct pavement_view {
+    int fog, is_map, is_hits;
+};
+
+// Pavement, skid marks where aircraft roll, then the shadow of the clouds and the landing light.
+void begin_kind(int kind, const pavement_view& view) {
+    const bool is_strip = kind == pavement_natural || kind == pavement_runway;
+    const bool has_shadows = ren.shadow_final_tex != 0 && !view.is_hits;
+    const bool has_litemap = ren.plot_lan_litemap != 0 && !view.is_hits && !view.is_map;
+    const int skid_unit = is_strip ? 1 : -1, shadow_unit = 1 + is_strip, light_unit = shadow_unit + has_shadows;
+    const int units = intmin2(light_unit + has_litemap, intmin2(ren.num_tex_units, most_ground_units));
+    const bool blends = kind == pavement_shoulder || kind == pavement_natural;
+    OGL_setstate(view.fog, units, lit_on, blends ? al_blend : al_none, depth_read, depth_no_write);
+    OGL_setcolorRGBA(1.0f, 1.0f, 1.0f, 1.0f, 1);
+    tman.bind_ref(tex_blank, 0, combine_modulate);
+    set_proj_tex(kind == pavement_taxiway ? proj_taxi_grid : proj_none, 0, nullptr);
+    for (int unit = 1; unit < most_ground_units; ++unit) {
+        const int projection = has_shadows && unit == shadow_unit  ? proj_cloud_shadow
+                               : has_litemap && unit == light_unit ? proj_landing_light
+                                                                   : proj_none;
+        const int ref = unit == skid_unit                   ? tex_skids
+                        : projection == proj_cloud_shadow   ? ren.shadow_final_tex
+                        : projection == proj_landing_light ? tex_landing_light
+                                                            : 0;
+        if (unit < units && ref) tman.bind_ref(ref, unit, combine_modulate);
+        set_proj_tex(unit < units ? projection : proj_none, unit, nullptr, ref);
+    }
+}
+
+bool is_drawn(const airport_strips_struct& airport, const pavement_view& view) {
+    if (view.is_map || view.is_hits) return true;
+    for (int apt_lcl = 0; apt_lcl <= apt_lcl_max; ++apt_lcl)
+        if (apt_lcl_to_wrl[apt_lcl] == airport.apt_wrl) return scn.apt_is_vis[apt_lcl] != 0;
+    return true;
+}
+
+void draw_kind(int kind, const pavement_view& view) {
+    bool begun = false;
+    for (size_t i = 0; i < vec_apt_strips.size(); ++i) {
+        list_struct& list = kept.lists[i].kind[kind];
+        if (list.is_empty || !is_drawn(vec_apt_strips[i], view)) continue;
+        if (!list.name) build_list(vec_apt_strips[i], kind, &list);
+        if (list.is_empty) continue;
+        if (!begun) begin_kind(kind, view);
+        begun = true;
+        glCallList(list.name);
+        ++frame_counts.lists;
+        frame_counts.triangles += list.triangles;
+    }
+    if (begun) tman.reset_bind();
 }
 }  // namespace
 
 void plot_airports(int is_map, int is_hits) {
-    if (is_hits) return;
+    const pavement_view view = {is_map || is_hits ? fog_off : fog_on, is_map, is_hits};
+    const bool lamp = ren.plot_lan_litemap && !is_map && !is_hits;
     follow_strips();
-    OGL_setstate(is_map ? fog_off : fog_on, 0, lit_on, al_blend, depth_read, depth_no_write);
+    if (lamp) turn_lite_on();
     OGL_poly_offset(2);
-    for (size_t i = 0; i < vec_apt_strips.size(); ++i) {
-        const airport_strips_struct& airport = vec_apt_strips[i];
-        if (!is_map && !is_seen(airport.box)) continue;
-        call_list(airport, send_ground, &kept.lists[i].ground);
-        if (!is_map && shows_marks(airport.box)) call_list(airport, send_all_marks, &kept.lists[i].marks);
-    }
+    for (int kind = is_hits ? pavement_natural : pavement_shoulder; kind < pavement_lists; ++kind)
+        draw_kind(kind, view);
     OGL_poly_offset(0);
+    end_projections();
+    if (lamp) turn_lite_off(is_map, is_hits);
+    if (!is_map && !is_hits) plot_airport_lights();
     OGL_setcolorRGBA(1.0f, 1.0f, 1.0f, 1.0f, 1);
 }
 

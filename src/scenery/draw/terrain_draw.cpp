@@ -270,16 +270,16 @@ void draw_all(int is_map, int is_hits) {
     ren.num_terrain_buckets = ren.num_object_buckets = ren.num_patches = ren.num_objects = 0;
     animate_water();
     plot_group_layers(pass_before_airports, is_map, is_hits, fog);
-    if (TVPDoDrawingHook(4)) plot_airports(is_map, is_hits);
-    TVPDoDrawingHook(5);
+    if (TVPDoDrawingHook(hook_airports)) plot_airports(is_map, is_hits);
+    TVPDoDrawingHook(hook_airports_done);
     if (is_hits) return;
     plot_group_layers(pass_after_airports, is_map, is_hits, fog);
     if (!is_map) cover_region_rim();
     end_section(section_terrain);
     plot_group_layers(pass_objects, is_map, is_hits, fog);
     manage_ships();
-    if (TVPDoDrawingHook(10)) plot_airplanes(is_map);
-    TVPDoDrawingHook(11);
+    if (TVPDoDrawingHook(hook_airplanes)) plot_airplanes(is_map);
+    TVPDoDrawingHook(hook_airplanes_done);
     plot_objects();
     end_section(section_objects);
 }

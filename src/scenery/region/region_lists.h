@@ -2,8 +2,9 @@
 // Role: built when all tiles of a region are there; read by menus, maps, radios, controllers and drawing.
 // Each list holds the first that fit, in the order of its world table; what is over is left out.
 #pragma once
+#include "core/craft/dims.h"
 
-constexpr int apt_lclDIM = 300, vor_lclDIM = 300, ndb_lclDIM = 300, fix_lclDIM = 1200, loa_lclDIM = 400,
+constexpr int vor_lclDIM = 300, ndb_lclDIM = 300, fix_lclDIM = 1200, loa_lclDIM = 400,
               hia_lclDIM = 200;
 extern int apt_lcl_to_wrl[apt_lclDIM], vor_lcl_to_wrl[vor_lclDIM], ndb_lcl_to_wrl[ndb_lclDIM];
 extern int fix_lcl_to_wrl[fix_lclDIM], loa_lcl_to_wrl[loa_lclDIM], hia_lcl_to_wrl[hia_lclDIM];

@@ -30,7 +30,7 @@ bool others_fly() {
     return mnw.has_joy || mnw.eq_pfc_yoke || net.getting_rawjoy || net.getting_astab || net.getting_flightcons;
 }
 
-bool may_fly() { return seam.has_display && mnw.top_win == win_fly && mnw.menu_up < 0 && !others_fly(); }
+bool may_fly() { return seam.has_display && mnw.top_win == win_fly && mnw.menu_up < 0 && !mnw.replay_mode && !others_fly(); }
 
 void follow_centre() {
     const float x = 0.5f * (mnw.x1_pix + mnw.x2_pix), y = 0.5f * (mnw.y1_pix + mnw.y2_pix);

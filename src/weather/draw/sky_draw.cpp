@@ -2,10 +2,8 @@
 #include "weather/draw/sky_draw.h"
 
 #include <GL/gl.h>
-#include <stdio.h>
 #include <string.h>
 
-#include "core/program/seams.h"
 #include "draw/camera/xcam.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
@@ -15,26 +13,6 @@
 #include "weather/sky/lightning.h"
 #include "weather/sky/skyc.h"
 #include "weather/sky/stars.h"
-
-void load_sky_pictures() {
-    if (!seam.has_display) return;
-    const struct {
-        int first, last;
-        const char* name;  // numbers from 1
-    } rows[] = {
-        {tex_moon, tex_moon_last, "world:moon:moon%02d.png"},
-        {tex_aurora, tex_aurora_last, "world:overlays:aurora_%d.png"},
-        {tex_lights, tex_lights, "world:lites:lights.png"},
-        {tex_sun_glow, tex_sun_glow, "world:lites:sun_glow.png"},
-    };
-    OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
-    for (const auto& row : rows)
-        for (int ref = row.first; ref <= row.last; ++ref) {
-            char name[64];
-            snprintf(name, sizeof name, row.name, ref - row.first + 1);
-            tman.load_texture(1, load_ogl, ref, filter_rgba, name);
-        }
-}
 
 void upload_sky() {
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);

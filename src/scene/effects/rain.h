@@ -1,0 +1,2 @@
+#pragma once
+void rain_step(); void OGL_rain(); void reset_rain();

@@ -1,0 +1,2 @@
+#pragma once
+void refuelling_step(); void draw_refuelling();
