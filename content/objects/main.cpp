@@ -17,6 +17,8 @@ void write_library(const std::string& path) {
     out << "I\n800\nLIBRARY\n\n";
     for (const std::string name : navaids)
         out << "EXPORT lib/airport/NAVAIDS/" << name << ".obj navaids/" << name << ".obj\n";
+    for (const std::string& name : airport_object_names())
+        out << "EXPORT lib/airport/" << name << ".obj " << name << ".obj\n";
     for (const std::string name : samples)
         out << "EXPORT lib/samples/" << name << ".obj samples/" << name << ".obj\n";
     if (!out.flush()) throw std::runtime_error("cannot write " + path);
@@ -34,7 +36,9 @@ int main(int argc, char** argv) {
         for (const std::string& sub : {folder + "navaids/", folder + "samples/", textures})
             std::filesystem::create_directories(sub);
         draw_pictures(textures);
+        draw_sign_pictures(textures);
         write_navaids(folder + "navaids/");
+        write_airport_objects(folder);
         write_samples(folder + "samples/");
         write_library(folder + "library.txt");
     } catch (const std::exception& fault) {

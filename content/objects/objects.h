@@ -1,6 +1,8 @@
 // The parts of the program that makes the default objects.
 #pragma once
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "shape.h"
 
@@ -18,3 +20,8 @@ void draw_pictures(const std::string& folder);
 void write_navaids(const std::string& folder);
 // samples.cpp: what the navaids do not use of the format.
 void write_samples(const std::string& folder);
+// airport_objects.cpp: beacons, windsocks, buoys and signs, the signs' texture, and all their names below
+// "lib/airport/".
+void draw_sign_pictures(const std::string& folder);
+void write_airport_objects(const std::string& folder);
+std::vector<std::string> airport_object_names();

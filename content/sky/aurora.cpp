@@ -5,8 +5,9 @@
 
 #include <algorithm>
 
-#include "../art/noise.h"
-#include "sky_picture.h"
+#include "noise.h"
+#include "sky_bodies.h"
+#include "texel_picture.h"
 
 namespace {
 constexpr int width = 1024, height = 512;
@@ -121,7 +122,7 @@ void draw_aurora(const std::vector<curtain>& curtains, const std::string& path) 
     std::vector<emission> light(static_cast<size_t>(width) * height);
     for (const curtain& c : curtains) hang(c, &light);
     light = softened(softened(light, 0.75, 3.0), 0.55, 22.0);
-    sky_picture picture(width, height);
+    texel_picture picture(width, height);
     for (int t = 0; t < height; ++t)
         for (int s = 0; s < width; ++s) {
             const emission& e = light[static_cast<size_t>(t) * width + s];

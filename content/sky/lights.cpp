@@ -3,8 +3,9 @@
 
 #include <algorithm>
 
-#include "../art/noise.h"
-#include "sky_picture.h"
+#include "noise.h"
+#include "sky_bodies.h"
+#include "texel_picture.h"
 
 namespace {
 double smooth(double from, double to, double x) {
@@ -66,7 +67,7 @@ double glare(double x, double y) {
 
 using alpha_function = double (*)(double x, double y);
 
-void draw_cell(sky_picture& sheet, int s, int t, int size, alpha_function alpha) {
+void draw_cell(texel_picture& sheet, int s, int t, int size, alpha_function alpha) {
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x)
             sheet.at(s + x, t + y).a = alpha((2.0 * x + 1.0) / size - 1.0, (2.0 * y + 1.0) / size - 1.0);
@@ -75,7 +76,7 @@ void draw_cell(sky_picture& sheet, int s, int t, int size, alpha_function alpha)
 
 void draw_lights(const std::string& path) {
     constexpr int cell = 256;
-    sky_picture sheet(4 * cell, 2 * cell);
+    texel_picture sheet(4 * cell, 2 * cell);
     draw_cell(sheet, 0, 0, cell, plain_lamp);
     draw_cell(sheet, cell, 0, cell, ground_glow);
     draw_cell(sheet, 0, cell, cell, sun_disc);
@@ -89,7 +90,7 @@ void draw_lights(const std::string& path) {
 void draw_sun_glow(const std::string& path) {
     constexpr int size = 512;
     constexpr double core = 0.115;  // where the fall begins
-    sky_picture glow(size, size);
+    texel_picture glow(size, size);
     draw_cell(glow, 0, 0, size, [](double x, double y) {
         const double r = hypot(x, y);
         const double fall = 1.0 / (1.0 + r * r / (core * core)), at_edge = 1.0 / (1.0 + 1.0 / (core * core));

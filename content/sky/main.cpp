@@ -4,7 +4,7 @@
 #include <exception>
 #include <string>
 
-#include "sky_picture.h"
+#include "sky_bodies.h"
 
 int main(int argc, char** argv) {
     const std::string what = argc == 3 ? argv[1] : "", to = argc == 3 ? argv[2] : "";

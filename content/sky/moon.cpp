@@ -5,9 +5,10 @@
 
 #include <algorithm>
 
-#include "../art/noise.h"
+#include "noise.h"
 #include "moon_features.h"
-#include "sky_picture.h"
+#include "sky_bodies.h"
+#include "texel_picture.h"
 
 namespace {
 constexpr double rad = M_PI / 180.0, radius_km = 1737.4;
@@ -236,7 +237,7 @@ void draw_phase(const std::vector<sample>& face, int phase, const std::string& p
     const vector3 sun = {sin(elongation), 0.0, -cos(elongation)};
     const double from_full = 180.0 - fabs(elongation / rad - 180.0) - 180.0, a = fabs(from_full);
     const double lunar_part = std::clamp(1.0 + a * (-0.019 + a * (2.42e-4 - a * 1.46e-6)), 0.0, 1.0);
-    sky_picture picture(size, size);
+    texel_picture picture(size, size);
     for (int t = 0; t < size; ++t)
         for (int s = 0; s < size; ++s) {
             double light = 0.0, cover = 0.0;
@@ -248,7 +249,7 @@ void draw_phase(const std::vector<sample>& face, int phase, const std::string& p
                 light += pow(p.bright * std::max(returned(p, sun, lunar_part), 1e-9), gamma) +
                          earthshine * p.bright;
             }
-            sky_texel& texel = picture.at(s, t);
+            texel& texel = picture.at(s, t);
             if (cover == 0.0) continue;
             texel.a = std::min(1.0, light / (fine * fine));
             texel.r = 1.0, texel.g = 0.985, texel.b = 0.955;

@@ -136,10 +136,10 @@ void skid_coord(float s, float t, int skid_seg) {
         glMultiTexCoord2f(GL_TEXTURE1, 0.0f, 0.0f);  // where the picture is white
 }
 
-// One pair of a strip's corners.
+// One pair of a strip's corners, the right one first: what is seen from above runs clockwise.
 void plot_vert(const vec_rwy_pol_struct& row, const float (&s)[2], float t, float skid_t, int skid_seg) {
     glNormal3fv(row.nrm);
-    for (const int side : {0, 1}) {
+    for (const int side : {1, 0}) {
         glMultiTexCoord2f(GL_TEXTURE0, s[side], t);
         skid_coord(static_cast<float>(side), skid_t, skid_seg);
         glVertex3fv(row.xyz[side]);
@@ -171,7 +171,8 @@ void send_taxiway(const vec_rwy_geo_struct& strip) {
     glBegin(GL_QUAD_STRIP);
     for (const vec_rwy_pol_struct& row : strip.vec_rwy_pol) {
         glNormal3fv(row.nrm);
-        for (const auto& edge : row.xyz) glVertex3fv(edge);
+        glVertex3fv(row.xyz[1]);
+        glVertex3fv(row.xyz[0]);
     }
     glEnd();
     quads_sent += static_cast<int>(strip.vec_rwy_pol.size()) - 1;
@@ -195,9 +196,9 @@ void send_shoulders(const vec_rwy_geo_struct& strip) {
                 glTexCoord2f(s, t);
                 glVertex3fv(at);
             };
-            // the left corner of a pair comes first, so that the strip is seen from above
-            side == 0 ? corner(1.0f, outer) : corner(0.0f, inner);
+            // the right corner of a pair comes first
             side == 0 ? corner(0.0f, inner) : corner(1.0f, outer);
+            side == 0 ? corner(1.0f, outer) : corner(0.0f, inner);
             t += 1.0f;
         }
         glEnd();
