@@ -34,7 +34,6 @@
 #include "scene/airports_in_view.h"
 #include "scene/aurora.h"
 #include "scene/effects/balloons.h"
-#include "scene/effects/fires.h"
 #include "scene/effects/rain.h"
 #include "scene/effects/windshield.h"
 #include "scene/frame_report.h"
@@ -67,7 +66,7 @@ void (*const resets[])() = {
     reset_region_lists,  reset_ground_phase, reset_landing_report, reset_airport_search, reset_contact,
     reset_airports_draw, reset_skyc,         reset_lightning,      reset_aurora,         reset_planet,
     reset_plane_geo,     reset_views,        reset_world_scene,    reset_blackouts,    reset_airports_in_view,
-    reset_rain,          reset_windshield,   reset_balloons,       reset_fires,
+    reset_rain,          reset_windshield,   reset_balloons,
 };
 
 }  // namespace

@@ -10,6 +10,7 @@ struct scn_struct {
     float firexyz[fireDIM][3];  // places, m
     int fire_on[fireDIM];       // 0 or 1: it burns; water puts it out
     int fire_avail;             // 0 or 1: there are fires in the region
+    int vis_math_level;         // drawing of the model's forces, 0 none to 4: wind from 3 on; commands
     int apt_is_vis[apt_lclDIM];  // 0 or 1: a runway of that airport of the region is in view; frame
     // wakes, by ship; ships
     float cp[boatDIM][wakeDIM][3][7];  // rows, three points across: x, z, m; drift, m/s; half width, m; age, s

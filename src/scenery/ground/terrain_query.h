@@ -9,6 +9,7 @@ enum terrain_checker : int {
     checker_ai = 25,
     checker_scenery = 26,      // scenery being placed
     checker_view = 30,         // the eye, and where views stand
+    checker_balloon_first = 64,  // + balloon, to 67
     checker_tire_first = 69,   // + leg, to 78
     checker_part_first = 80,   // + part, to 164: wing tips and bodies
     checker_slot_first = 165,  // + slot, to 174: other aircraft

@@ -34,6 +34,10 @@ void zoom_out() { zoom.poke_zoom(zoom_key_out); }
 void look_with_mouse() { ren.mouse_look = !ren.mouse_look; }
 void wear_sunglasses() { ren.sunglasses_on = !ren.sunglasses_on; }
 void night_vision() { ren.night_vision_on = !ren.night_vision_on; }
+void show_forces() { scn.vis_math_level = intwrap(scn.vis_math_level + 1, 0, 4); }
+void show_hotspots() { msc.show_hotspots = !msc.show_hotspots; }
+void show_text() { stl.show_text_disp = !stl.show_text_disp; }
+void show_checklist() { stl.show_checklist = !stl.show_checklist; }
 void picture() { OGL_screenshot(); }
 void write_trace() { mnw.cyc_out = 1; }
 void kick_pitch() { msc.stab_ptch_test = 2; }
@@ -53,6 +57,10 @@ constexpr command_row commands[] = {
     {cmd_mouse_look, look_with_mouse},
     {cmd_sunglasses, wear_sunglasses},
     {cmd_night_vision, night_vision},
+    {cmd_forces, show_forces},
+    {cmd_hotspots, show_hotspots},
+    {cmd_show_text, show_text},
+    {cmd_show_checklist, show_checklist},
     {cmd_trace, write_trace},
     {cmd_screenshot, picture},
     {cmd_kick_pitch, kick_pitch},

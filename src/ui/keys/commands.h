@@ -18,6 +18,7 @@
     X(night_vision, 1534)                                                                        \
     X(replay, 1535)                                                                              \
     X(flight_path, 1536)                                                                         \
+    X(forces, 1802)                                                                              \
     X(trace, 1803)                                                                               \
     X(screenshot, 1805)                                                                          \
     X(hotspots, 1807)                                                                            \
