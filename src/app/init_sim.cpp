@@ -281,11 +281,12 @@ void init_gen() {
     default_net_and_view();
 }
 
-void init_sim(const std::string& install_folder) {
+void init_sim(const std::string& install_folder, void (*own_settings)()) {
     clear_atc_and_plan();
     MACIBM_init(install_folder);
     MACIBM_showinit("Will init gen.");
     init_gen();
+    if (own_settings) own_settings();
     MACIBM_showinit("Will init graphics world.");
     init_world_rendering();
     MACIBM_showinit("Will build display lists.");

@@ -4,8 +4,9 @@
 
 #include "core/program/logs.h"
 
-// Everything before the first frame, from the install folder (its path with a closing separator).
-void init_sim(const std::string& install_folder);
+// Everything before the first frame, from the install folder (its path with a closing separator). A tool's own
+// settings are made behind the defaults, before anything is loaded.
+void init_sim(const std::string& install_folder, void (*own_settings)() = nullptr);
 
 // The records, tables, paths and logs that everything else needs; first step of init_sim, and all that
 // tools need.

@@ -10,6 +10,7 @@ namespace test {
 
 struct picture {
     int dx = 0, dy = 0;
+    bool has_alpha = false;           // in the file
     std::vector<unsigned char> rgba;  // rows from above
 
     const unsigned char* texel(int x, int y) const {
@@ -27,6 +28,7 @@ inline picture read_png(const std::string& path) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     if (!png_image_begin_read_from_file(&image, path.c_str())) return p;
+    p.has_alpha = (image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
     image.format = PNG_FORMAT_RGBA;
     p.dx = static_cast<int>(image.width), p.dy = static_cast<int>(image.height);
     p.rgba.resize(PNG_IMAGE_SIZE(image));

@@ -62,10 +62,9 @@ order read_order(int argc, char** argv) {
 }
 
 void start_finest() {
-    start_simulator("tile_view");
-    constexpr int all_objects = 6, finest_textures = 5;
+    start_simulator("tile_view", true);
+    constexpr int all_objects = 6;
     stg.draw_objs_05 = all_objects;
-    mnw.tex_res = finest_textures;
     mnw.puff05 = 0;
     mnw.totl_time = 0.0f;
     object_calls.lites_on = [](int) { return 0; };
