@@ -34,7 +34,7 @@ TEST(fixed_art, every_picture_loads_in_its_form_without_a_word) {
     }
     // of the clouds nine, two and two files share a reference each
     EXPECT_EQ(refs.size() + 8 + 1 + 1, static_cast<size_t>(files));
-    EXPECT_EQ(files, 315);
+    EXPECT_EQ(files, 316);
     EXPECT_TRUE(test::alerts.empty());
 }
 
@@ -73,16 +73,16 @@ TEST(fixed_art, rows_of_a_runway_join_and_read_upright) {
         for (const test::picture* end : {&line, &seven, &semi}) {
             double apart = 0.0;
             for (int x = 0; x < line.dx; ++x) apart += std::abs(grey(*end, x, 0) - grey(line, x, line.dy - 1)) / 3.0;
-            EXPECT_LT(apart / line.dx, 8.0) << surface;
+            EXPECT_LT(apart / line.dx, 14.0) << surface;
         }
-        // the bar of the 7 lies high: more paint in its upper quarter than in its lower one
+        // the bar of the 7 lies high: at the digit's left edge, 23.5 m across, is paint above and none below
         int upper = 0, lower = 0;
-        for (int x = seven.dx / 2; x < seven.dx * 2 / 3; ++x)
+        for (int x = seven.dx * 235 / 450; x < seven.dx * 246 / 450; ++x)
             for (int y = 0; y < seven.dy / 3; ++y) {
                 upper += grey(seven, x, y) > 480;
                 lower += grey(seven, x, seven.dy - 1 - y) > 480;
             }
-        EXPECT_GT(upper, 2 * lower) << surface;
+        EXPECT_GT(upper, 100 + 4 * lower) << surface;
     }
 }
 

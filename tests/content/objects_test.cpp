@@ -35,7 +35,7 @@ TEST_F(default_objects, load_with_both_their_textures) {
             EXPECT_EQ(mod.vec_lod[L].dis_near_sqr, mod.vec_lod[L - 1].dis_far_sqr) << name << ": a gap";
         ++objects;
     }
-    EXPECT_EQ(objects, 12);
+    EXPECT_EQ(objects, 310);
     EXPECT_TRUE(test::alerts.empty());
 }
 

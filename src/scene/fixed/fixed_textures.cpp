@@ -153,6 +153,7 @@ void load_fixed_textures() {
     if (!cx) return;
     const faults_of_file gather("Resources/bitmaps");
     OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
+    if (!tman.tex_vram(tex_blank)) stand_in({tex_blank, filter_rgb, {}});  // pavement is bound to it first
     for (const fixed_texture& texture : list_fixed_textures()) {
         const int last = static_cast<int>(texture.paths.size()) - 1;
         const int lot = intlim(static_cast<int>(view_rand(0.0f, static_cast<float>(last + 1))), 0, last);
