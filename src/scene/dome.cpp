@@ -13,6 +13,7 @@
 #include "draw/gl/ogl.h"
 #include "scene/cockpit/cockpit_draw.h"
 #include "scene/effects/windshield.h"
+#include "scene/eye/view_turn.h"
 #include "scene/planet.h"
 #include "scene/scene_3d.h"
 #include "scene/sky_bodies.h"
@@ -25,15 +26,8 @@
 namespace {
 void set_view() {
     constexpr float beyond_dome = 1.05f;
-    OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix,
-                 mnw.y2_pix, skyc.near_dis, dome_radius() * beyond_dome, zoom.act_zoom());
+    look_through_eye(skyc.near_dis, dome_radius() * beyond_dome);
     xcam.SetFakeFarClippingPlane(skyc.far_land);
-    if (ren.vert1) xcam.Rotate(-90.0, 0.0, 0.0, 1.0);
-    if (ren.vert2) xcam.Rotate(90.0, 0.0, 0.0, 1.0);
-    xcam.Rotate(ren.final_phi, 0.0, 0.0, 1.0);
-    xcam.Rotate(ren.final_the, -1.0, 0.0, 0.0);
-    xcam.Rotate(ren.final_psi, 0.0, 1.0, 0.0);
-    LoadModelView();
 }
 
 }  // namespace

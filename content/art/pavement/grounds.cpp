@@ -47,19 +47,19 @@ struct patch_struct {
 };
 // Cut out and filled anew, over the years.
 constexpr patch_struct asphalt_patches[] = {
-    {6.5, 8.0, 3.0, 5.5, -0.055}, {31.0, 21.0, 5.0, 3.0, 0.05},  {13.5, 33.0, 2.5, 6.0, -0.04},
+    {6.5, 8.0, 3.0, 5.5, -0.055},  {31.0, 21.0, 5.0, 3.0, 0.05},  {13.5, 33.0, 2.5, 6.0, -0.04},
     {38.0, 36.0, 3.5, 4.0, 0.045}, {25.5, 5.0, 2.0, 3.5, -0.035}, {17.0, 17.5, 4.0, 2.5, 0.03},
 };
 
 texel asphalt_at(double x, double y, bool with_lanes) {
     constexpr double paver = 7.5;  // m, a lane of the machine that laid it
-    double v = 0.315 + 0.05 * (ground_noise(x, y, 9.0, 3, 11) - 0.5) + 0.055 * (ground_noise(x, y, 1.6, 3, 12) - 0.5) +
-               0.05 * fine_grain(x, y, 13);
+    double v = 0.315 + 0.05 * (ground_noise(x, y, 9.0, 3, 11) - 0.5) +
+               0.055 * (ground_noise(x, y, 1.6, 3, 12) - 0.5) + 0.05 * fine_grain(x, y, 13);
     v += 0.018 * (noise::hash(static_cast<int>(x / paver), 1, 14) - 0.5);
     for (const patch_struct& p : asphalt_patches) {
         const double off = std::max(fabs(x - p.x) - 0.5 * p.dx, fabs(y - p.y) - 0.5 * p.dy);
         v += p.tone * (1.0 - smooth(-0.05, 0.12, off));
-        v -= 0.07 * (1.0 - smooth(0.05, 0.22, fabs(off)));  // tar along its edge
+        v -= 0.04 * (1.0 - smooth(0.05, 0.22, fabs(off)));  // tar along its edge
     }
     double tar = crack(to_joint(x, paver), y, 0.24, 0.25, 21);
     for (const double at : {9.0, 24.5, 39.0}) {
@@ -67,13 +67,13 @@ texel asphalt_at(double x, double y, bool with_lanes) {
         const double part = smooth(from, from + 1.0, x) * (1.0 - smooth(from + 27.0, from + 28.0, x));
         tar = std::max(tar, part * crack(y - at, x, 0.26, 2.4, 23 + static_cast<unsigned>(at)));
     }
-    v -= 0.075 * tar * (0.6 + 0.4 * ground_noise(x, y, 1.2, 2, 24));
+    v -= 0.05 * tar * (0.6 + 0.4 * ground_noise(x, y, 1.2, 2, 24));
     const double oil = smooth(0.68, 0.8, ground_noise(x, y, 3.5, 2, 25));
     v -= 0.03 * oil;
     if (with_lanes) {
         const double worn = lanes(x);
         v += 0.025 * worn * (1.0 - tar);  // polished stone
-        v -= 0.16 * worn * smooth(0.3, 0.8, streaks(x, y, 26));
+        v -= 0.11 * worn * smooth(0.25, 0.95, streaks(x, y, 26));
     }
     return grey(std::clamp(v, 0.06, 0.6), 0.02 + 0.03 * (ground_noise(x, y, 12.0, 2, 27) - 0.5));
 }
@@ -81,27 +81,30 @@ texel asphalt_at(double x, double y, bool with_lanes) {
 texel concrete_at(double x, double y, bool with_lanes) {
     constexpr double slab = 7.5;  // m
     constexpr int slabs = 6;
-    const int column = std::min(static_cast<int>(x / slab), slabs - 1), line = std::min(static_cast<int>(y / slab), slabs - 1);
+    const int column = std::min(static_cast<int>(x / slab), slabs - 1),
+              line = std::min(static_cast<int>(y / slab), slabs - 1);
     const double lot = noise::hash(column, line, 41);
     double v = 0.575 + 0.05 * (lot - 0.5) + (lot > 0.9 ? 0.06 : 0.0) - (lot < 0.08 ? 0.05 : 0.0);
     v += 0.06 * (ground_noise(x, y, 7.0, 3, 42) - 0.5) + 0.04 * (ground_noise(x, y, 1.1, 3, 43) - 0.5) +
          0.035 * fine_grain(x, y, 44);
     const double joint_x = fabs(to_joint(x, slab)), joint_y = fabs(to_joint(y, slab));
     const double joint = std::max(1.0 - smooth(0.06, 0.17, joint_x), 1.0 - smooth(0.06, 0.17, joint_y));
-    v -= 0.17 * joint * (0.6 + 0.4 * ground_noise(x, y, 2.0, 2, 45));
+    v -= 0.11 * joint * (0.6 + 0.4 * ground_noise(x, y, 2.0, 2, 45));
     // corners break first
     const double corner = joint_x + joint_y;
     const double side_x = x / slab - column - 0.5, side_y = y / slab - line - 0.5;
     const int quarter = (side_x > 0.0 ? 1 : 0) + (side_y > 0.0 ? 2 : 0);
-    if (noise::hash(column, line, 46) > 0.65 && quarter == static_cast<int>(3.99 * noise::hash(column, line, 51))) {
-        const double broken = 1.0 - smooth(0.05, 0.16, fabs(corner - 1.2 - 0.8 * ground_noise(x, y, 2.0, 2, 47)));
+    if (noise::hash(column, line, 46) > 0.65 &&
+        quarter == static_cast<int>(3.99 * noise::hash(column, line, 51))) {
+        const double broken =
+            1.0 - smooth(0.05, 0.16, fabs(corner - 1.2 - 0.8 * ground_noise(x, y, 2.0, 2, 47)));
         v -= 0.13 * broken;
     }
     const double stain = smooth(0.62, 0.85, ground_noise(x, y, 4.0, 3, 48));
     v -= 0.05 * stain;
     if (with_lanes) {
         const double worn = lanes(x);
-        v -= 0.24 * worn * smooth(0.35, 0.85, streaks(x, y, 49)) + 0.03 * worn;
+        v -= 0.15 * worn * smooth(0.25, 0.95, streaks(x, y, 49)) + 0.03 * worn;
     }
     const double rust = 0.05 * smooth(0.75, 0.9, ground_noise(x, y, 2.6, 2, 50));
     return grey(std::clamp(v, 0.08, 0.8), 0.035 + rust);
@@ -128,7 +131,8 @@ texel natural_colour(natural_surface kind, double x, double y) {
     switch (kind) {
         case grass: {
             const double mown = static_cast<int>(floor(x / 3.75)) % 2 ? 0.025 : -0.025;
-            const texel green = {0.31, 0.36, 0.20, 1.0}, straw = {0.46, 0.44, 0.25, 1.0}, soil = {0.40, 0.33, 0.22, 1.0};
+            const texel green = {0.31, 0.36, 0.20, 1.0}, straw = {0.46, 0.44, 0.25, 1.0},
+                        soil = {0.40, 0.33, 0.22, 1.0};
             texel c = mix(green, straw, 0.55 * smooth(0.45, 0.75, wide));
             c = shade(c, 0.82 + 0.36 * fine + mown);
             return mix(c, shade(soil, 0.85 + 0.3 * fine), 0.6 * track);

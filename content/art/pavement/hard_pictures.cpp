@@ -68,7 +68,12 @@ void helipad(paint_mask* m) {
 }
 
 void turn_line(paint_mask* m) {
-    m->line({{middle, 0.0}, {middle + 1.5, 8.0}, {middle + 6.0, 16.0}, {middle + 13.0, 21.0}, {runway_metres, middle}}, 0.45);
+    m->line({{middle, 0.0},
+             {middle + 1.5, 8.0},
+             {middle + 6.0, 16.0},
+             {middle + 13.0, 21.0},
+             {runway_metres, middle}},
+            0.45);
 }
 
 // -- wear
@@ -86,7 +91,8 @@ struct row_struct {
     double metres;  // along
 };
 constexpr row_struct square = {fine, fine, runway_metres}, rough = {coarse, coarse, runway_metres},
-                     quarter = {fine, fine / 4, runway_metres / 4}, half = {fine, fine / 2, runway_metres / 2};
+                     quarter = {fine, fine / 4, runway_metres / 4},
+                     half = {fine, fine / 2, runway_metres / 2};
 
 // A short row ends as the next begins.
 texel ground_of(const ground& from, const row_struct& row, int s, int t) {
@@ -102,14 +108,14 @@ texel_picture painted(const ground& from, const row_struct& row, const marks& dr
     draw(&mask);
     draw(&around);
     mask.soften(row.side == fine ? soft : soft - 2);
-    around.soften(row.side == fine ? 4 * soft + 1 : 2 * soft + 1);
+    around.soften(row.side == fine ? 3 * soft : 2 * soft - 1);
     texel_picture picture(row.side, row.dy);
     for (int t = 0; t < row.dy; ++t)
         for (int s = 0; s < row.side; ++s) {
             const double x = (s + 0.5) / row.side * runway_metres, y = (t + 0.5) / row.dy * row.metres;
             texel c = ground_of(from, row, s, t);
             // on light concrete paint has a dark rim
-            if (with_outline) c = mix(c, shade(c, 0.45), smooth(0.05, 0.35, around.coverage(s, t)));
+            if (with_outline) c = mix(c, shade(c, 0.66), smooth(0.05, 0.5, around.coverage(s, t)));
             const double cover = mask.coverage(s, t) * wear(x, y, gone);
             picture.at(s, t) = mix(c, shade(paint, 0.88 + 0.2 * (c.r + c.g + c.b) / 3.0), cover);
         }
@@ -127,12 +133,14 @@ texel_picture shoulder(hard_surface kind, unsigned seed) {
         for (int s = 0; s < coarse; ++s) {
             const double x = (s + 0.5) / coarse * deep, y = (t + 0.5) / coarse * runway_metres;
             const double dust = smooth(1.0, deep, x + 4.0 * (ground_noise(x, y, 3.0, 3, seed) - 0.5));
-            const texel soil = shade({0.42, 0.37, 0.27, 1.0}, 0.8 + 0.4 * ground_noise(x, y, 1.2, 3, seed + 1));
+            const texel soil =
+                shade({0.42, 0.37, 0.27, 1.0}, 0.8 + 0.4 * ground_noise(x, y, 1.2, 3, seed + 1));
             texel c = shade(bare.at(s / 4, t), kind == asphalt ? 0.86 : 0.9);
             const double weeds = smooth(0.6, 0.8, ground_noise(x, y, 1.6, 3, seed + 2)) * smooth(2.0, 9.0, x);
             c = mix(c, soil, 0.25 + 0.7 * dust * dust);
-            picture.at(s, t) = mix(c, shade({0.30, 0.36, 0.17, 1.0}, 0.8 + 0.4 * ground_noise(x, y, 0.7, 2, seed + 3)),
-                                   0.7 * weeds);
+            picture.at(s, t) =
+                mix(c, shade({0.30, 0.36, 0.17, 1.0}, 0.8 + 0.4 * ground_noise(x, y, 0.7, 2, seed + 3)),
+                    0.7 * weeds);
         }
     return picture;
 }
@@ -145,7 +153,8 @@ void draw_characters(const std::string& folder, const surface& on) {
             edge_stripes(m, quarter.metres);
             if (!text.empty()) m->text(text.c_str(), middle, 1.1);
         };
-        painted(on.worn_fine, quarter, draw, white, on.kind == concrete).save(folder + "rway_" + name + ".png", false);
+        painted(on.worn_fine, quarter, draw, white, on.kind == concrete)
+            .save(folder + "rway_" + name + ".png", false);
     };
     for (const char* letter : {"L", "C", "R"}) row(letter, letter);
     row("space", "");
@@ -194,12 +203,14 @@ void draw_hard_pictures(const std::string& runways, hard_surface kind) {
         picture.save(folder + row.name + ".png", false);
     }
     // the displaced area begins behind a yellow bar
-    texel_picture first = painted(on.worn_coarse, rough, [](paint_mask* m) { edge_stripes(m), arrow(m); }, white, light);
+    texel_picture first = painted(
+        on.worn_coarse, rough, [](paint_mask* m) { edge_stripes(m), arrow(m); }, white, light);
     paint_mask bar(coarse, coarse, runway_metres);
     bar.box(1.8, 0.0, runway_metres - 3.6, 0.9);
     bar.soften(3);
     for (int t = 0; t < coarse; ++t)
-        for (int s = 0; s < coarse; ++s) first.at(s, t) = mix(first.at(s, t), yellow, 0.8 * bar.coverage(s, t));
+        for (int s = 0; s < coarse; ++s)
+            first.at(s, t) = mix(first.at(s, t), yellow, 0.8 * bar.coverage(s, t));
     first.save(folder + "rway_dis1.png", false);
     shoulder(kind, 401).save(folder + "rway_shoulder_l.png", false);
     shoulder(kind, 451).save(folder + "rway_shoulder_r.png", false);

@@ -7,10 +7,9 @@
 #include "core/math/random.h"
 #include "core/records/records.h"
 #include "draw/camera/xcam.h"
-#include "draw/gl/camera_load.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
-#include "ui/views/zoom.h"
+#include "scene/eye/view_turn.h"
 #include "weather/wind.h"
 
 namespace {
@@ -35,7 +34,8 @@ void scatter() {
 
 // Some outside views stand still while the aircraft flies.
 bool eye_stands() {
-    return ren.view_type_act == view_tower || ren.view_type_act == view_runway || ren.view_type_act == view_still_spot;
+    return ren.view_type_act == view_tower || ren.view_type_act == view_runway ||
+           ren.view_type_act == view_still_spot;
 }
 
 void find_speed() {
@@ -81,20 +81,8 @@ light_struct find_light() {
     return light;
 }
 
-void begin_view() {
-    constexpr float near_clip = 0.04f, far_clip = 40.0f;  // m
-    OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix,
-                 mnw.y2_pix, near_clip, far_clip, zoom.act_zoom());
-    if (ren.vert1) xcam.Rotate(-90.0, 0.0, 0.0, 1.0);
-    if (ren.vert2) xcam.Rotate(90.0, 0.0, 0.0, 1.0);
-    xcam.Rotate(ren.final_phi, 0.0, 0.0, 1.0);
-    xcam.Rotate(ren.final_the, -1.0, 0.0, 0.0);
-    xcam.Rotate(ren.final_psi, 0.0, 1.0, 0.0);
-    LoadModelView();
-}
-
-// The first of the two cubes, along an axis, that hold what can be seen along it: 10 m around a point half way
-// into the view.
+// The first of the two cubes, along an axis, that hold what can be seen along it: 10 m around a point half
+// way into the view.
 float first_cube(float offset, float ahead) { return offset + side * floorf((half * ahead - offset) / side); }
 
 // A drop leaves a streak as long as it moves while a picture is seen; a flake is short.
@@ -110,7 +98,8 @@ void send_cube(const float (&middle)[3], int count, const light_struct& light) {
     constexpr float fade = 0.05f;  // per m
     const double* const m = xcam.ModelView();
     for (int i = 0; i < count; ++i) {
-        const float at[3] = {middle[0] + rain.xyz[i][0], middle[1] + rain.xyz[i][1], middle[2] + rain.xyz[i][2]};
+        const float at[3] = {middle[0] + rain.xyz[i][0], middle[1] + rain.xyz[i][1],
+                             middle[2] + rain.xyz[i][2]};
         const float z = static_cast<float>(m[2] * at[0] + m[6] * at[1] + m[10] * at[2]);
         if (z > 0.0f || z < -side || !xcam.SphereInView(at[0], at[1], at[2], 1.0)) continue;
         send_drop(at, light, fltlim(1.0f + z * fade, 0.0f, 1.0f));
@@ -121,7 +110,8 @@ void send_cube(const float (&middle)[3], int count, const light_struct& light) {
 void OGL_rain() {
     constexpr float least = 0.1f;
     if (!rain.has_points) scatter();
-    begin_view();
+    constexpr float near_clip = 0.04f, far_clip = 40.0f;  // m
+    look_through_eye(near_clip, far_clip);
     OGL_setstate(fog_off, 0, lit_off, al_blend, depth_no_read, depth_no_write);
     const light_struct light = find_light();
     const float ratio = fltlim(is_snow() ? atm.snow_rat_acf : atm.rain_rat_acf, least, 1.0f);

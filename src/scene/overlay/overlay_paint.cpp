@@ -3,6 +3,7 @@
 
 #include <GL/gl.h>
 
+#include "core/math/num.h"
 #include "core/records/mnw.h"
 #include "draw/gl/colours.h"
 #include "draw/gl/ogl.h"
@@ -24,9 +25,19 @@ void cover_screen_with(float r, float g, float b, float alpha) {
     glEnd();
 }
 
-void gray_string(int color, float x, float y, const std::string& text) {
+void gray_strings(int color, float x, float y, float step, const std::vector<std::string>& lines) {
     constexpr float pad = 5.0f, below = 3.0f, high = 9.0f, shade = 0.5f;
-    const float half = 0.5f * str_dx(text);
-    OGL_grayrect(x - half - pad, y - below, x + half + pad, y + high, shade);
-    OGL_string(color, x - half, y, text, no_wrap, charset_text);
+    if (lines.empty()) return;
+    float half = 0.0f;
+    for (const std::string& line : lines) half = fltmax2(half, 0.5f * str_dx(line));
+    const float lowest = y - step * static_cast<float>(lines.size() - 1);
+    OGL_grayrect(x - half - pad, lowest - below, x + half + pad, y + high, shade);
+    for (const std::string& line : lines) {
+        OGL_string(color, x - 0.5f * str_dx(line), y, line, no_wrap, charset_text);
+        y -= step;
+    }
+}
+
+void gray_string(int color, float x, float y, const std::string& text) {
+    gray_strings(color, x, y, 0.0f, {text});
 }

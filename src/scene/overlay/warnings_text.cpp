@@ -1,10 +1,10 @@
 // The sixteen warnings.
 #include "scene/overlay/warnings_text.h"
 
-#include <algorithm>
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
 #include <iterator>
 
 #include "core/disk/text_numbers.h"
@@ -40,15 +40,15 @@ struct warning_row {
 
 warnings_struct find_warnings() {
     const warning_row wrong[] = {
-        {text_warn_disk, mnw.disk_out != 0},       {text_warn_gear, has_gear_failure()},
+        {text_warn_disk, mnw.disk_out != 0},         {text_warn_gear, has_gear_failure()},
         {text_warn_carb_ice, has_carburettor_ice()}, {text_warn_over_g, stg.over_g != 0},
-        {text_warn_over_vne, stg.over_vne != 0},   {text_warn_over_vfe, stg.over_vfe != 0},
+        {text_warn_over_vne, stg.over_vne != 0},     {text_warn_over_vfe, stg.over_vfe != 0},
         {text_warn_over_vle, stg.over_vle != 0},
     };
     const warning_row going_on[] = {
-        {text_warn_cat, stg.cat_waiting != 0},       {text_warn_tow_waiting, stg.tow_waiting != 0},
-        {text_warn_tow, stg.tow_inprog != 0},        {text_warn_winch_waiting, stg.win_waiting != 0},
-        {text_warn_winch, stg.win_inprog != 0},      {text_warn_carried, stg.car_inprog != 0},
+        {text_warn_cat, stg.cat_waiting != 0},  {text_warn_tow_waiting, stg.tow_waiting != 0},
+        {text_warn_tow, stg.tow_inprog != 0},   {text_warn_winch_waiting, stg.win_waiting != 0},
+        {text_warn_winch, stg.win_inprog != 0}, {text_warn_carried, stg.car_inprog != 0},
         {text_paused, mnw.paused != 0},
     };
     warnings_struct found;
@@ -58,8 +58,9 @@ warnings_struct find_warnings() {
     for (const warning_row& row : going_on)
         if (row.holds) found.middle.push_back(stl.text[row.text]);
     if (mnw.typing_message)
-        found.middle.push_back(stl.text[text_warn_message] +
-                               std::string(net.str_mess_snd, strnlen(net.str_mess_snd, sizeof net.str_mess_snd)) + "_");
+        found.middle.push_back(
+            stl.text[text_warn_message] +
+            std::string(net.str_mess_snd, strnlen(net.str_mess_snd, sizeof net.str_mess_snd)) + "_");
     return found;
 }
 
@@ -69,13 +70,7 @@ void draw_warnings() {
     const bool is_filmed = mnw.replay_mode && mnw.movie_in_prog;
     if (!stg.warn_text || is_filmed) return;
     const warnings_struct found = find_warnings();
-    const auto column = [&](const std::vector<std::string>& lines, float x, int color) {
-        float y = mnw.y2_pix - below_top;
-        for (const std::string& line : lines) {
-            gray_string(color, x, y, line);
-            y -= step;
-        }
-    };
-    column(found.right, right_x, red);
-    column(found.middle, middle_x, yellow);
+    const float y = mnw.y2_pix - below_top;
+    gray_strings(red, right_x, y, step, found.right);
+    gray_strings(yellow, middle_x, y, step, found.middle);
 }

@@ -35,7 +35,6 @@ void look_with_mouse() { ren.mouse_look = !ren.mouse_look; }
 void wear_sunglasses() { ren.sunglasses_on = !ren.sunglasses_on; }
 void night_vision() { ren.night_vision_on = !ren.night_vision_on; }
 void show_forces() { scn.vis_math_level = intwrap(scn.vis_math_level + 1, 0, 4); }
-void show_hotspots() { msc.show_hotspots = !msc.show_hotspots; }
 void show_text() { stl.show_text_disp = !stl.show_text_disp; }
 void show_checklist() { stl.show_checklist = !stl.show_checklist; }
 void picture() { OGL_screenshot(); }
@@ -58,7 +57,6 @@ constexpr command_row commands[] = {
     {cmd_sunglasses, wear_sunglasses},
     {cmd_night_vision, night_vision},
     {cmd_forces, show_forces},
-    {cmd_hotspots, show_hotspots},
     {cmd_show_text, show_text},
     {cmd_show_checklist, show_checklist},
     {cmd_trace, write_trace},
@@ -71,6 +69,8 @@ constexpr command_row commands[] = {
 
 int command_exists(int item) {
     if (start_command_exists(item) || view_command_exists(item)) return 1;
+    if (item == cmd_show_text) return stl.has_text_disp;
+    if (item == cmd_show_checklist) return stl.has_checklist;
     for (const command_row& command : commands)
         if (command.code == item) return 1;
     return 0;
@@ -234,6 +234,11 @@ constexpr control_row control_keys[] = {
 // Counters and times of the frame, on the screen and in files.
 constexpr int profile_key = ';';
 
+void show_or_hide_boards() {
+    for (const int command : {cmd_show_text, cmd_show_checklist})
+        if (command_exists(command)) APP_handlemenu(command);
+}
+
 void control_key(int key) {
     if (key == profile_key) return toggle(mnw.track_cpu);
     for (const control_row& row : control_keys)
@@ -243,6 +248,7 @@ void control_key(int key) {
 }  // namespace
 
 void APP_handlekey(int use_code, int key) {
+    if (use_code == key_use_special && key == special_tab) return show_or_hide_boards();
     if (use_code == key_use_special) return zoom.poke_zoom(key);
     if (use_code == key_use_ctrl) return control_key(key);
     if (use_code == key_use_function) return lever_key(key);
