@@ -3,7 +3,7 @@
 #include "aircraft/deflect.h"
 
 #include "aircraft/design/location.h"
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/math/axes.h"
 #include "core/math/num.h"
 #include "core/math/random.h"

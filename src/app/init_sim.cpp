@@ -87,7 +87,7 @@ void default_joystick() {
 void default_settings() {
     stg.text_out = stg.warn_bb = stg.num_acf = 1;
     stg.draw_objs_05 = stg.draw_vecs_03 = stg.draw_planet = stg.draw_boats = stg.draw_misc = 1;
-    stg.draw_fires = stg.draw_gload = stg.auto_coord_helos = stg.start_running = 1;
+    stg.draw_texlites = stg.draw_fires = stg.draw_gload = stg.auto_coord_helos = stg.start_running = 1;
     stg.reset_on_crash = stg.warn_text = stg.warn_frame = 1;
     stg.LOD_bias_rat = 1.0f;
     stg.draw_reso_04 = 2;

@@ -3,7 +3,7 @@
 
 #include "aircraft/deflect.h"
 #include "aircraft/design/exists.h"
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "app/slots/plane_puffs.h"
 #include "app/slots/warnings.h"
 #include "core/craft/engn_kinds.h"

@@ -1,7 +1,7 @@
 // Air data, turn, slip, compass and gyros.
 #include "flight/instruments.h"
 
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/math/num.h"
 #include "core/math/random.h"
 #include "core/records/records.h"

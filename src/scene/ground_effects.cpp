@@ -1,7 +1,7 @@
 // Landing light and shadows of the frame.
 #include "scene/ground_effects.h"
 
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/records/records.h"
 #include "weather/clouds.h"
 #include "weather/sky/skyc.h"

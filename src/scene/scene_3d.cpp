@@ -1,7 +1,7 @@
 // Effects, clouds, aids of the flight path, rain and the inside of the aircraft, in their order.
 #include "scene/scene_3d.h"
 
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "draw/gl/frame_counts.h"

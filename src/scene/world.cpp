@@ -1,7 +1,7 @@
 // The flying view's order, with a window and without.
 #include "scene/world.h"
 
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "cockpit/panel.h"
 #include "core/craft/veh.h"
 #include "core/math/num.h"

@@ -4,7 +4,7 @@
 #include <limits.h>
 #include <math.h>
 
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/math/axes.h"
 #include "core/math/geo3.h"
 #include "core/math/globe.h"

@@ -6,7 +6,7 @@
 
 #include "aircraft/deflect.h"
 #include "aircraft/design/exists.h"
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "flight/half_step.h"
 #include "flying.h"
 #include "random_aircraft.h"

@@ -10,6 +10,8 @@
 #include "core/math/num.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
+#include "draw/gl/ogl.h"
+#include "draw/images/tman.h"
 #include "scene/dome.h"
 #include "scene/world.h"
 #include "ui/views/zoom.h"
@@ -102,6 +104,86 @@ TEST_F(plane_scene_test, spans_what_its_designer_wrote) {
     EXPECT_TRUE(inside == picture());
 }
 
+// What differs between two pictures, as the sums of red, green and blue gained left and right of the middle.
+struct gain {
+    long left[3] = {}, right[3] = {};
+};
+gain gained(const std::vector<unsigned char>& from, const std::vector<unsigned char>& to) {
+    gain sum;
+    for (int i = 0; i < 1024 * 768; ++i)
+        for (int c = 0; c < 3; ++c)
+            (i % 1024 < 512 ? sum.left : sum.right)[c] += to[3 * i + c] - from[3 * i + c];
+    return sum;
+}
+
+TEST_F(plane_scene_test, lamps_are_red_left_green_right_and_need_power_and_switch) {
+    OGL_setstate(fog_off, 1, lit_off, al_none, depth_no_read, depth_no_write);
+    ASSERT_TRUE(tman.load_texture(1, load_ogl, tex_lights, filter_rgba, "world:lites:lights.png"));
+    seen_from(0.0f, 50.0f);  // from behind the wings would hide them
+    stg.battery = 1;
+    for (flt_engn_struct& engine : flt[0].engn) engine.bat_volt = 1.0f;
+    const auto dark = picture();
+    for (const int textured : {0, 1}) {
+        stg.draw_texlites = textured;
+        flt[0].nav_lite = 1;
+        const gain nav = gained(dark, picture());
+        EXPECT_GT(nav.left[0], 0) << textured;
+        EXPECT_LT(nav.left[1], nav.left[0]);
+        EXPECT_GT(nav.right[1], 0);
+        EXPECT_LT(nav.right[0], nav.right[1]);
+        flt[0].str_inflash = 1;
+        const gain flash = gained(dark, picture());
+        EXPECT_GT(flash.left[2], 0);
+        EXPECT_GT(flash.right[2], 0);
+        flt[0].str_inflash = flt[0].nav_lite = 0;
+        EXPECT_TRUE(picture() == dark);
+    }
+    flt[0].nav_lite = 1;
+    flt[0].fail_stat[fail_esys] = fail_active;
+    EXPECT_TRUE(picture() == dark);
+}
+
+// Where a picture differs from another: how many pixels, their mean, the highest row.
+struct change {
+    int count = 0, top = 0;
+    double x = 0.0, y = 0.0;
+};
+change changed(const std::vector<unsigned char>& from, const std::vector<unsigned char>& to) {
+    change sum;
+    for (int i = 0; i < 1024 * 768; ++i)
+        if (!std::equal(&from[3 * i], &from[3 * i] + 3, &to[3 * i]))
+            ++sum.count, sum.top = i / 1024, sum.x += i % 1024, sum.y += i / 1024;
+    return {sum.count, sum.top, sum.x / sum.count, sum.y / sum.count};
+}
+
+TEST_F(plane_scene_test, controls_turn_as_they_are_deflected_and_a_lost_flap_is_not_there) {
+    seen_from(0.0f, 0.0f);
+    const auto rest = picture();
+    constexpr int right_wing = 9, fin = 18;
+    flt[0].wing[right_wing].ail1_def = 40.0f;  // up
+    const change up = changed(rest, picture());
+    flt[0].wing[right_wing].ail1_def = -40.0f;
+    const change down = changed(rest, picture());
+    EXPECT_GT(up.count, 100);
+    EXPECT_GT(up.x, 512.0 + 0.25 * span * per_metre);
+    EXPECT_GT(up.top, down.top);
+    flt[0].wing[right_wing].ail1_def = 0.0f;
+    flt[0].wing[fin].rud1_def = -40.0f;  // right
+    const change right = changed(rest, picture());
+    flt[0].wing[fin].rud1_def = 40.0f;
+    EXPECT_GT(right.x, changed(rest, picture()).x + 0.1 * per_metre);
+    flt[0].wing[fin].rud1_def = 0.0f;
+    for (const int en : {right_wing - 1, right_wing}) flt[0].wing[en].fla1_def = 30.0f;
+    const change flaps = changed(rest, picture());
+    EXPECT_NEAR(flaps.x, 512.0, 5.0);
+    const auto both = picture();
+    flt[0].fail_stat[fail_R_flp_off] = fail_active;
+    EXPECT_GT(changed(both, picture()).x, 512.0) << "the right one is gone";
+    flt[0].fail_stat[fail_R_flp_off] = 0;
+    for (const int en : {right_wing - 1, right_wing}) flt[0].wing[en].fla1_def = 0.0f;
+    EXPECT_TRUE(picture() == rest);
+}
+
 TEST_F(plane_scene_test, follows_legs_and_sweep) {
     float lowest = 0.0f;
     for (int g = 0; g < gearDIM; ++g) {
@@ -115,8 +197,7 @@ TEST_F(plane_scene_test, follows_legs_and_sweep) {
     for (veh_gear_struct& leg : veh[0].gear) leg.dep_rat = 0.0f;
     EXPECT_GT(seen_from(-90.0f, 0.0f).y1, out.y1 + 0.3 * per_metre);
     // swept back after it was seen, it is narrower; its tips are nearer to the eye
-    for (flt_wing_struct& wing : flt[0].wing)
-        wing.sin_act_sweep = sin_deg(40.0f), wing.cos_act_sweep = cos_deg(40.0f);
+    for (flt_wing_struct& wing : flt[0].wing) wing.foil_swe_inc = 40.0f;
     const double nearer = 60.0 / (60.0 - 0.5 * span * sin(40.0 * con.degtorad));
     const double width = span * cos(40.0 * con.degtorad) * per_metre * nearer;
     EXPECT_NEAR(seen_from(0.0f, 0.0f).dx(), width, 0.05 * width);

@@ -3,7 +3,10 @@
 
 #include <GL/gl.h>
 
+#include "aircraft/draw/lamps.h"
 #include "aircraft/draw/outline.h"
+#include "aircraft/draw/surface_draw.h"
+#include "aircraft/mesh/surface_mesh.h"
 #include "core/program/upward.h"
 #include "core/records/records.h"
 #include "draw/camera/xcam.h"
@@ -26,6 +29,7 @@ geometry_state state;
 void forget_lists_of_another_window() {
     if (state.generation == window_generation) return;
     state = {};
+    forget_surface_lists();
     state.generation = window_generation;
 }
 
@@ -52,24 +56,28 @@ void go_to_plane(const flt_struct& f) {
     glLoadMatrixd(camera.ModelView());
 }
 
-// Grey paint, dark legs, discs that one sees through.
+// Grey paint, dark legs, discs that one sees through, lamps.
 void draw_plane(int p) {
     glPushMatrix();
     go_to_plane(flt[p]);
     OGL_setstate(fog_on, 0, lit_on, al_none, depth_read, depth_write);
     OGL_setcolorRGBA(0.86f, 0.87f, 0.88f, 1.0f, 1);
     draw_airframe(p);
+    draw_surfaces(p);
     OGL_setcolorRGBA(0.22f, 0.22f, 0.23f, 1.0f, 1);
     emit_legs(p);
     OGL_setstate(fog_on, 0, lit_on, al_blend, depth_read, depth_no_write);
     OGL_setcolorRGBA(0.15f, 0.15f, 0.16f, 0.25f, 1);
     emit_discs(p);
+    draw_lamps(p);
     glPopMatrix();
 }
 }  // namespace
 
-void load_plane_geo(int reset_geo, int, int is_wpn, int p) {
-    if (reset_geo && !is_wpn) state.airframe[p].is_old = true;
+void load_plane_geo(int, int, int, int p) {
+    for (int en = 0; en < wingDIM; ++en) build_surface_mesh(p, en);
+    state.airframe[p].is_old = true;
+    surfaces_are_old(p);
 }
 
 void plot_airplanes(int is_map) {
@@ -83,5 +91,8 @@ void plot_airplanes(int is_map) {
 }
 
 void reset_plane_geo() {
-    for (list_struct& list : state.airframe) list.is_old = true;
+    for (int p = 0; p < vehDIM; ++p) {
+        state.airframe[p].is_old = true;
+        surfaces_are_old(p);
+    }
 }

@@ -4,11 +4,9 @@
 #include <GL/gl.h>
 #include <math.h>
 
-#include <bit>
 #include <initializer_list>
 
 #include "aircraft/design/exists.h"
-#include "aircraft/design/location.h"
 #include "core/math/axes.h"
 #include "core/math/geo3.h"
 #include "core/math/num.h"
@@ -16,103 +14,6 @@
 namespace {
 void normal(const Vector3& n) { glNormal3d(n.dx, n.dy, n.dz); }
 void vertex(const Point3& p) { glVertex3d(p.x, p.y, p.z); }
-
-// -- wings
-
-// Round a section from the trailing edge over the top and back below: shares of the chord aft of the leading
-// edge and above the chord, and the outward normal in the same two directions.
-constexpr double from_leading[] = {1.0, 0.75, 0.5, 0.3, 0.15, 0.06, 0.015, 0.0};
-constexpr int half_section = std::size(from_leading), section_points = 2 * half_section - 1;
-struct section_point {
-    double x, y, nx, ny;
-};
-
-// Half thickness of the symmetric four-digit section of 11 percent (Jacobs, Ward, Pinkerton, NACA TR 460).
-double half_thickness(double x) {
-    return 0.55 *
-           (0.2969 * sqrt(x) - 0.1260 * x - 0.3516 * x * x + 0.2843 * x * x * x - 0.1036 * x * x * x * x);
-}
-
-section_point section_at(int i) {
-    const int n = i < half_section ? i : section_points - 1 - i;
-    const double x = from_leading[n], side = i < half_section ? 1.0 : -1.0, step = 0.005;
-    if (n == half_section - 1) return {x, 0.0, -1.0, 0.0};
-    const double slope = (half_thickness(x) - half_thickness(x - step)) / step,
-                 length = sqrt(1.0 + slope * slope);
-    return {x, side * half_thickness(x), -slope / length, side / length};
-}
-
-// One rib: its quarter chord and the directions of its section.
-struct rib_struct {
-    Point3 quarter;
-    Vector3 aft, up;
-    double chord;
-    Point3 at(const section_point& s) const {
-        return quarter + aft * ((s.x - 0.25) * chord) + up * (s.y * chord);
-    }
-};
-
-Point3 quarter_chord(int p, int en, int el) {
-    const auto at = static_cast<float>(el);
-    return {get_el_base_loc(p, en, at, 'X'), get_el_base_loc(p, en, at, 'Y'),
-            get_el_base_loc(p, en, at, 'Z')};
-}
-
-// Along the span; and right or up of it, whichever the wing's upper side is.
-Vector3 span_of(int p, int en) {
-    Vector3 span = quarter_chord(p, en, veh[p].wing[en].els) - quarter_chord(p, en, 0);
-    span.normalize();
-    return span;
-}
-Vector3 upper_side(const Vector3& span) {
-    Vector3 up = Vector3{0.0, 0.0, 1.0}.cross(span);
-    up.normalize();
-    return up.dy < 0.0 ? up * -1.0 : up;
-}
-
-// The root reaches a bit into the panel before it: ribs of panels that meet at an angle leave a crack.
-rib_struct rib_at(int p, int en, int el) {
-    constexpr double overlap = 0.01;  // of the chord
-    const veh_wing_struct& wing = veh[p].wing[en];
-    const double along = static_cast<double>(el) / wing.els;
-    const double angle =
-        0.5 * con.degtorad * (wing.incidence[intmin2(el, wing.els - 1)] + wing.incidence[intmax2(el - 1, 0)]);
-    const Vector3 span = span_of(p, en), up = upper_side(span), aft = {0.0, 0.0, 1.0};
-    const double chord = wing.Croot + (wing.Ctip - wing.Croot) * along;
-    return {quarter_chord(p, en, el) + span * (el == 0 ? -overlap * chord : 0.0),
-            aft * cos(angle) + up * -sin(angle), up * cos(angle) + aft * sin(angle), chord};
-}
-
-// A bit thinner than the rib, so that its rim stays below the surface where the next panel goes on.
-void emit_cap(const rib_struct& rib, const Vector3& outward) {
-    constexpr double thinner = 0.97;
-    glBegin(GL_POLYGON);
-    normal(outward);
-    for (int i = 0; i < section_points; ++i) {
-        section_point s = section_at(i);
-        s.y *= thinner;
-        vertex(rib.at(s));
-    }
-    glEnd();
-}
-
-void emit_wing(int p, int en) {
-    const int els = veh[p].wing[en].els;
-    for (int el = 0; el < els; ++el) {
-        const rib_struct ribs[] = {rib_at(p, en, el), rib_at(p, en, el + 1)};
-        glBegin(GL_QUAD_STRIP);
-        for (int i = 0; i < section_points; ++i)
-            for (const rib_struct& rib : ribs) {
-                const section_point s = section_at(i);
-                normal(rib.aft * s.nx + rib.up * s.ny);
-                vertex(rib.at(s));
-            }
-        glEnd();
-    }
-    const Vector3 span = span_of(p, en);
-    emit_cap(rib_at(p, en, 0), span * -1.0);
-    emit_cap(rib_at(p, en, els), span);
-}
 
 // -- bodies
 
@@ -304,8 +205,6 @@ void emit_disc(int p, int en) {
 }  // namespace
 
 void emit_airframe(int p) {
-    for (int en = part_wing_first; en < wingDIM; ++en)
-        if (has_this_wing(p, en)) emit_wing(p, en);
     for (int en = part_body_first; en < partDIM; ++en)
         if (has_this_body(p, en)) emit_body(veh[p].part[en]);
 }
@@ -323,12 +222,6 @@ void emit_discs(int p) {
 unsigned long long shape_now(int p) {
     unsigned long long sum = 0;
     const auto add = [&sum](unsigned bits) { sum = sum * 31 + bits; };
-    for (int en = part_wing_first; en < wingDIM; ++en) {
-        const flt_wing_struct& now = flt[p].wing[en];
-        add(static_cast<unsigned>(has_this_wing(p, en)));
-        for (const float part : {now.sin_act_sweep, now.sin_act_dihed, now.cos_act_sweep, now.cos_act_dihed})
-            add(std::bit_cast<unsigned>(part));
-    }
     for (int en = part_body_first; en < partDIM; ++en) add(static_cast<unsigned>(has_this_body(p, en)));
     return sum;
 }

@@ -1,4 +1,4 @@
-// The shape of an aircraft as its parts tell it, without paint: wings as slabs, bodies as tubes, legs,
+// The shape of an aircraft as its parts tell it, without paint, but for its surfaces: bodies as tubes, legs,
 // wheels, discs. Role: what is seen from outside. Emits vertices with unit normals; state, colour and place
 // are the caller's.
 #pragma once
@@ -10,5 +10,5 @@ void emit_airframe(int p);
 void emit_legs(int p);
 // Discs of propellers and rotors as they are tilted now.
 void emit_discs(int p);
-// Changes with what emit_airframe gives: with a part that comes off, with sweep and dihedral of this moment.
+// Changes with what emit_airframe gives: with a body that comes off.
 unsigned long long shape_now(int p);

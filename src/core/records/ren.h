@@ -61,6 +61,7 @@ struct ren_struct {
     float joy_look_os_psi, joy_look_os_the;      // where the button asks it to go, degrees; joystick
     float viewer_x, viewer_y, viewer_z;          // eye of a view station, world frame, m
     float viewer_psi, viewer_the;                // its heading and pitch, degrees; mouse
+    int tex_lites;              // 0 or 1: the lamps of this run are pictures; point_lights
     int sunglasses_on, night_vision_on;  // 0 or 1; commands
     int show_path;              // drawing of flown paths, 0 none; commands
     float current_alpha;        // of all that is drawn in one colour now, 0 to 1; frame

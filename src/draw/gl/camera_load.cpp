@@ -8,6 +8,10 @@
 #include "draw/camera/xcam.h"
 #include "draw/gl/ogl.h"
 
+static float zoom_now = 1.0f;
+
+float OGL_zoom() { return zoom_now; }
+
 static void load_projection() {
     glMatrixMode(GL_PROJECTION);
     glLoadMatrixd(xcam.Perspective());
@@ -32,6 +36,7 @@ void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_
         xcam.SetupOrtho(mnw.x1_pix / zoom, mnw.x2_pix / zoom, mnw.y1_pix / zoom, mnw.y2_pix / zoom, -1.0,
                         1.0);
     } else {
+        zoom_now = zoom;
         const float width = pix_x2 - pix_x1, height = pix_y2 - pix_y1;
         glViewport(intround((pix_x1 + mnw.x_off) * mnw.xy_scale), intround(pix_y1 * mnw.xy_scale),
                    intround(width * mnw.xy_scale), intround(height * mnw.xy_scale));

@@ -12,3 +12,5 @@ void LoadModelView();
 // as high as wide.
 void OGL_viewport(int dims, float rat_x1, float rat_y1, float rat_x2, float rat_y2, float pix_x1,
                   float pix_y1, float pix_x2, float pix_y2, float near_clip, float far_clip, float zoom);
+// The zoom of the last one with dims 3; 1 before any.
+float OGL_zoom();

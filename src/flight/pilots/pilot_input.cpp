@@ -1,7 +1,7 @@
 // From joystick axes, or the AI that flies the user's aircraft, to yoke, levers and handles of slot 0.
 #include "flight/pilots/pilot_input.h"
 
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/craft/engn_kinds.h"
 #include "core/math/num.h"
 #include "core/math/random.h"

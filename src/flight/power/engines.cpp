@@ -2,7 +2,7 @@
 #include "flight/power/engines.h"
 
 #include "aircraft/design/exists.h"
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 #include "core/math/num.h"
 #include "core/records/records.h"
 #include "flight/force/trace.h"

@@ -14,10 +14,10 @@
 #include "draw/gl/gl_facts.h"
 #include "draw/gl/ogl.h"
 #include "draw/images/tman.h"
-#include "draw/point_lights.h"
 #include "platform/window_x11.h"
 #include "scenery/objects/objects.h"
 #include "weather/puffs.h"
+#include "weather/draw/point_lights.h"
 #include "weather/sky/skyc.h"
 
 object_calls_struct object_calls = {

@@ -1,5 +1,5 @@
 // Bus state.
-#include "aircraft/electrics.h"
+#include "aircraft/systems/electrics.h"
 
 #include "core/math/num.h"
 #include "core/records/records.h"
