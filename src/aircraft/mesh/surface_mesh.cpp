@@ -35,22 +35,14 @@ rib_struct rib_at(int p, int en, int el, int end, int r) {
 }
 
 // Of an element's end: the mean with its neighbour, at root and tip as much beyond the element as the other
-// end is on this side.
-float incidence_at(const veh_wing_struct& wing, int el, int end) {
-    const float here = wing.incidence[el];
-    const auto mean = [&](int other) { return 0.5f * (here + wing.incidence[other]); };
-    const bool has_inner = el > 0, has_outer = el + 1 < wing.els;
-    if (end == 0) return has_inner ? mean(el - 1) : has_outer ? 2.0f * here - mean(el + 1) : here;
-    return has_outer ? mean(el + 1) : has_inner ? 2.0f * here - mean(el - 1) : here;
-}
-float sweep_at(int p, int en, int el, int end) {
-    const float* sweep = veh[p].engn[en].bladesweep;
-    const int els = veh[p].wing[en].els;
-    const float here = sweep[el];
-    const auto mean = [&](int other) { return 0.5f * (here + sweep[other]); };
-    const bool has_inner = el > 0, has_outer = el + 1 < els;
-    if (end == 0) return has_inner ? mean(el - 1) : has_outer ? 2.0f * here - mean(el + 1) : here;
-    return has_outer ? mean(el + 1) : has_inner ? 2.0f * here - mean(el - 1) : here;
+// end is on this side. values: one for each of els elements.
+float at_end(const float* values, int els, int el, int end) {
+    const float here = values[el];
+    const int inner = el - 1, outer = el + 1;
+    const auto mean = [&](int other) { return 0.5f * (here + values[other]); };
+    const bool has_inner = inner >= 0, has_outer = outer < els;
+    if (end == 0) return has_inner ? mean(inner) : has_outer ? 2.0f * here - mean(outer) : here;
+    return has_outer ? mean(outer) : has_inner ? 2.0f * here - mean(inner) : here;
 }
 
 // Quarter chord at rest, whatever sweep and dihedral are now.
@@ -69,9 +61,10 @@ void build_station(int p, int en, int el, int end) {
     const bool is_blade = en <= part_thru_last;
     const float at = static_cast<float>(el + end), els = static_cast<float>(wing.els);
     const float turn = is_blade ? veh[p].engn[en].prop_dir : 1.0f;
-    const float angle = incidence_at(wing, el, end) * turn;
+    const float angle = at_end(wing.incidence, intmin2(wing.els, elDIM), el, end) * turn;
     const float sin_i = sin_deg(angle), cos_i = cos_deg(angle);
-    const float sweep = is_blade ? sweep_at(p, en, el, end) : 0.0f;
+    const float sweep =
+        is_blade ? at_end(veh[p].engn[en].bladesweep, intmin2(wing.els, elDIM), el, end) : 0.0f;
     const float dihedral = is_blade ? 0.0f : wing.dihed1 * wing.lat_sign;
     const float* t_rat = veh[p].afl[en].t_rat;
     const d3_struct base = base_at_rest(p, en, at);

@@ -34,20 +34,16 @@ struct run_struct {
 frame_struct frame;
 run_struct run;
 
-d3_struct to_world(const d3_struct& v) {
+// Turns by the frame's attitude: any_to_wrl or wrl_to_any.
+d3_struct turned(const d3_struct& v, decltype(any_to_wrl) turn) {
     if (!frame.tilted) return v;
     const float* const s = frame.sines;
     d3_struct out;
-    any_to_wrl(v.x, v.y, v.z, &out.x, &out.y, &out.z, s[0], s[1], s[2], s[3], s[4], s[5]);
+    turn(v.x, v.y, v.z, &out.x, &out.y, &out.z, s[0], s[1], s[2], s[3], s[4], s[5]);
     return out;
 }
-d3_struct from_world(const d3_struct& v) {
-    if (!frame.tilted) return v;
-    const float* const s = frame.sines;
-    d3_struct out;
-    wrl_to_any(v.x, v.y, v.z, &out.x, &out.y, &out.z, s[0], s[1], s[2], s[3], s[4], s[5]);
-    return out;
-}
+d3_struct to_world(const d3_struct& v) { return turned(v, any_to_wrl); }
+d3_struct from_world(const d3_struct& v) { return turned(v, wrl_to_any); }
 
 // The picture's cells: lamp, its glow on the ground, lamp with a halo.
 struct cell_struct {
